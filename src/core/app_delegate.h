@@ -1,0 +1,151 @@
+#pragma once
+
+#include "core/cursor_ring.h"
+#include "core/overlay.h"
+#include "core/repeating_timer.h"
+#include "core/user_defaults.h"
+#include "drawing/color.h"
+#include "drawing/shape.h"
+#include "drawing/tool.h"
+#include "platform/desktop.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace zeigewerk {
+
+inline constexpr char kAutoFadeKey[] = "ZeigewerkAutoFade";
+inline constexpr char kDarkUIKey[] = "ZeigewerkDarkUI";
+inline constexpr char kSpotRadiusKey[] = "ZeigewerkSpotRadius";
+
+/// The spotlight's radius in points until the user chooses another.
+inline constexpr double kDefaultSpotRadius = 90.0;
+
+/// The controller: it owns the overlays, the hot keys, the timers and every mode flag for the whole run.
+/// Each action changes flags and calls `refreshAll`, which turns the flags into what is on the screen.
+///
+/// Declared once, here; each subsystem implements its operations in its own folder.
+class AppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Clock = std::function<TimePoint()>;
+
+    /// Reads the settings; creates no window. `desktop` and `defaults` must outlive the controller.
+    AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock = &WallClock::now);
+    ~AppDelegate() override;
+
+    /// The launch sequence: overlays, hot keys, the watch over the screens. Called once.
+    void applicationDidFinishLaunching();
+
+    // Modes: core/modes.cpp
+
+    bool drawOn() const { return m_drawOn; }
+    bool whiteboardOn() const { return m_whiteboardOn; }
+    bool spotlightOn() const { return m_spotlightOn; }
+    bool clicksOn() const { return m_clicksOn; }
+    bool pinnedOn() const { return m_pinnedOn; }
+    bool cursorRingOn() const { return m_cursorRingOn; }
+    bool autoFadeOn() const { return m_autoFadeOn; }
+    bool toolbarVisible() const { return m_toolbarVisible; }
+    bool darkUI() const { return m_darkUI; }
+    /// Whether the overlays take the pointer and the keyboard.
+    bool interactionOn() const { return m_drawOn || m_whiteboardOn; }
+
+    /// Turns drawing on or off; while pinned it ends the pin and resumes drawing.
+    void toggleDraw();
+    void toggleBoard();
+    void toggleSpot();
+    void toggleClicks();
+    void toggleRing();
+    /// Pins what is drawn and ends drawing and whiteboard, or unpins and resumes drawing. Without either it
+    /// changes nothing.
+    void togglePin();
+    /// Ends drawing, whiteboard, spotlight and pin together.
+    void escapePressed();
+    void quit();
+
+    // Turning the flags into what is on the screen: core/refresh.cpp
+
+    /// The only place that shows, hides and activates the overlays and discards drawings.
+    void refreshAll();
+    /// One step of what follows the pointer: the spotlight's hole and the cursor ring.
+    void followPointer();
+
+    // What is drawn next
+
+    Tool tool() const { return m_tool; }
+    Color color() const { return m_color; }
+    double lineWidth() const { return m_lineWidth; }
+    void setTool(Tool tool);
+    void setColor(const Color &color);
+    void setLineWidth(double width);
+    /// Radius of the spotlight's hole in points: anything above zero, infinity included.
+    double spotRadius() const { return m_spotRadius; }
+
+    TimePoint now() const { return m_clock(); }
+
+    // Drawings across the screens: drawing/history.cpp
+
+    /// One overlay per screen, the primary first.
+    const std::vector<std::unique_ptr<Overlay>> &overlays() const { return m_overlays; }
+    /// The canvas of each finished shape, oldest first: the order in which shapes are taken back.
+    const std::vector<DrawingView *> &shapeOrder() const { return m_shapeOrder; }
+    /// A shape was finished on that canvas.
+    void noteShapeAdded(DrawingView &view);
+
+    // Hot keys: commands/hot_keys.cpp
+
+    /// The action of a global hot key; an unknown number does nothing.
+    void hotKey(std::uint32_t number);
+
+private:
+    void buildOverlays();
+    void discardDrawings();
+    void showOverlays(bool interactive, bool visible);
+    void makeOverlayUnderPointerKey();
+    void updateFollowTimer();
+    void updateCursorRing();
+    void updateEscHotKey();
+    void invert(bool &flag);
+    void registerHotKeys();
+    void toggleToolbarVisibility();
+
+    platform::Desktop &m_desktop;
+    UserDefaults &m_defaults;
+    Clock m_clock;
+
+    std::vector<std::unique_ptr<Overlay>> m_overlays;
+    Tool m_tool = Tool::pen;
+    Color m_color = kOrange;
+    double m_lineWidth = 5.0;
+    bool m_drawOn = false;
+    bool m_whiteboardOn = false;
+    bool m_spotlightOn = false;
+    bool m_clicksOn = false;
+    bool m_pinnedOn = false;
+    bool m_cursorRingOn = false;
+    bool m_autoFadeOn;
+    bool m_toolbarVisible = true;
+    bool m_darkUI;
+    double m_spotRadius;
+    /// There only while the spotlight or the cursor ring is on.
+    std::unique_ptr<RepeatingTimer> m_spotTimer;
+    std::unique_ptr<CursorRing> m_ringWindow;
+    std::vector<DrawingView *> m_shapeOrder;
+    /// In the order of their registration; empty where another program has the combination.
+    std::vector<std::unique_ptr<platform::HotKey>> m_hotKeyRefs;
+    /// Esc, registered only while the spotlight is on.
+    std::unique_ptr<platform::HotKey> m_escHotKeyRef;
+};
+
+/// The controller of the running program, for callbacks that are given no object.
+extern QPointer<AppDelegate> gApp;
+
+} // namespace zeigewerk

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/desktop.h"
+
+#include <memory>
+
+namespace zeigewerk {
+
+/// The ring that stays round the pointer: a small surface above everything of ours, painted once and then
+/// only moved.
+class CursorRing : private platform::SurfaceContent
+{
+public:
+    /// The side of its square surface, in points.
+    static constexpr double kSide = 56.0;
+
+    explicit CursorRing(platform::Desktop &desktop);
+
+    /// Puts the middle of the ring there: points, global coordinates, y up.
+    void moveTo(QPointF mouseLocation);
+    void orderFrontRegardless();
+    void orderOut() { m_surface->orderOut(); }
+
+private:
+    void draw(QPainter &painter, const platform::Damage &damage) override;
+
+    std::unique_ptr<platform::Surface> m_surface;
+};
+
+} // namespace zeigewerk

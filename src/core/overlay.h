@@ -1,0 +1,51 @@
+#pragma once
+
+#include "canvas/drawing_view.h"
+#include "platform/desktop.h"
+
+#include <memory>
+
+namespace zeigewerk {
+
+class AppDelegate;
+
+/// The transparent window over one screen: a surface of the desktop and the canvas that it shows. Created
+/// hidden and click-through; `AppDelegate::refreshAll` alone changes that.
+class OverlayWindow
+{
+public:
+    OverlayWindow(platform::Desktop &desktop, const platform::Screen &screen);
+
+    /// `view` must outlive the window.
+    void setContentView(DrawingView *view);
+
+    /// Points, global coordinates, y up.
+    QRectF frame() const { return m_surface->frame(); }
+    void setIgnoresMouseEvents(bool ignores) { m_surface->setIgnoresMouseEvents(ignores); }
+    void orderFrontRegardless();
+    void orderOut() { m_surface->orderOut(); }
+    void makeKeyAndOrderFront();
+
+private:
+    std::unique_ptr<platform::Surface> m_surface;
+    DrawingView *m_view = nullptr;
+};
+
+/// What one screen has: a canvas, and the window that shows it.
+class Overlay
+{
+public:
+    Overlay(platform::Desktop &desktop, const platform::Screen &screen, AppDelegate &app);
+
+    DrawingView &view() { return m_view; }
+    const DrawingView &view() const { return m_view; }
+    OverlayWindow &window() { return m_window; }
+    const OverlayWindow &window() const { return m_window; }
+
+private:
+    // The window refers to the view, so it goes first.
+    DrawingView m_view;
+    OverlayWindow m_window;
+};
+
+} // namespace zeigewerk

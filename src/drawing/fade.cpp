@@ -1,0 +1,17 @@
+#include "drawing/fade.h"
+
+#include <algorithm>
+
+namespace zeigewerk {
+
+double fadeAlpha(const Shape &shape, bool fading, TimePoint now)
+{
+    if (!fading)
+        return 1.0;
+    const double age = std::chrono::duration<double>(now - shape.created).count();
+    if (age < kFadeHold)
+        return 1.0;
+    return std::max(0.0, 1.0 - (age - kFadeHold) / kFadeDuration);
+}
+
+} // namespace zeigewerk

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+namespace zeigewerk {
+
+/// Which kind of mark the user makes. A small value around an enumeration, so that it can carry its accessors
+/// and still be switched over.
+class Tool
+{
+public:
+    enum Value : int { pen, highlighter, line, arrow, rect, ellipse, text };
+
+    constexpr Tool(Value value) // NOLINT(google-explicit-constructor): a Tool is its value
+        : m_value(value)
+    {
+    }
+
+    /// The tool with that raw value; none for any integer that no tool has.
+    static constexpr std::optional<Tool> fromRawValue(int rawValue)
+    {
+        if (rawValue < pen || rawValue > text)
+            return std::nullopt;
+        return Tool(static_cast<Value>(rawValue));
+    }
+
+    constexpr operator Value() const { return m_value; } // NOLINT(google-explicit-constructor)
+    constexpr int rawValue() const { return m_value; }
+
+    /// The name of the symbol on the tool's button.
+    QString symbol() const;
+    /// The tooltip of the tool's button.
+    QString tip() const;
+
+    /// Every tool by rising raw value, which is the order of the toolbar.
+    static const std::array<Tool, 7> allCases;
+
+private:
+    Value m_value;
+};
+
+inline constexpr std::array<Tool, 7> Tool::allCases = {pen, highlighter, line, arrow, rect, ellipse, text};
+
+} // namespace zeigewerk
+
+template <>
+struct std::hash<zeigewerk::Tool>
+{
+    std::size_t operator()(zeigewerk::Tool tool) const noexcept { return std::hash<int>{}(tool.rawValue()); }
+};

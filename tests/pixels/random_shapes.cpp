@@ -1,0 +1,112 @@
+#include "pixels/random_shapes.h"
+
+#include <QDebug>
+#include <QtMath>
+
+#include <array>
+#include <cmath>
+
+namespace zeigewerk::test {
+
+namespace {
+
+std::uint64_t chosenSeed()
+{
+    bool isNumber = false;
+    const std::uint64_t seed = qEnvironmentVariable("ZEIGEWERK_TEST_SEED").toULongLong(&isNumber);
+    return isNumber ? seed : std::random_device()();
+}
+
+} // namespace
+
+RandomShapes::RandomShapes()
+    : RandomShapes(chosenSeed())
+{
+    qInfo().noquote() << QStringLiteral("ZEIGEWERK_TEST_SEED=%1").arg(m_seed);
+}
+
+RandomShapes::RandomShapes(std::uint64_t seed)
+    : m_seed(seed)
+    , m_engine(seed)
+{
+}
+
+bool RandomShapes::chance(double probability)
+{
+    return real(0.0, 1.0) < probability;
+}
+
+int RandomShapes::integer(int low, int high)
+{
+    return std::uniform_int_distribution<int>(low, high)(m_engine);
+}
+
+double RandomShapes::real(double low, double high)
+{
+    return std::uniform_real_distribution<double>(low, high)(m_engine);
+}
+
+QPointF RandomShapes::point(QSizeF view)
+{
+    const QPointF point(real(-0.2, 1.2) * view.width(), real(-0.2, 1.2) * view.height());
+    return chance(0.4) ? QPointF(point.toPoint()) : point;
+}
+
+double RandomShapes::scale()
+{
+    return oneOf(std::array{1.0, 1.25, 1.5, 2.0});
+}
+
+Shape RandomShapes::shape(QSizeF view)
+{
+    Shape shape;
+    shape.tool = oneOf(Tool::allCases);
+    shape.color = oneOf(kPalette);
+    shape.width = oneOf(std::array{3.0, 5.0, 9.0});
+    shape.start = point(view);
+    shape.end = chance(0.1) ? shape.start : point(view);
+    if (chance(0.1))
+        shape.end.setX(shape.start.x());
+    if (shape.tool == Tool::pen || shape.tool == Tool::highlighter)
+        shape.points = stroke(view);
+    if (shape.tool == Tool::text)
+        shape.text = oneOf(std::array{QStringLiteral("Jagd"), QStringLiteral("f"), QStringLiteral(" "),
+                                      QStringLiteral("Übergröße, jäh!"), QStringLiteral("➜ 漢字 ぁ")});
+    return shape;
+}
+
+std::vector<QPointF> RandomShapes::stroke(QSizeF view)
+{
+    const int count = chance(0.2) ? integer(1, 3) : integer(4, 150);
+    const double step = std::exp(real(std::log(0.05), std::log(120.0)));
+    const double turn = oneOf(std::array{0.1, 0.5, M_PI});
+    const bool whole = chance(0.3);
+    std::vector<QPointF> points = {point(view)};
+    double direction = real(-M_PI, M_PI);
+    while (static_cast<int>(points.size()) < count) {
+        direction += chance(0.05) ? M_PI : real(-turn, turn);
+        const double length = step * real(0.2, 1.8);
+        QPointF next = points.back() + length * QPointF(std::cos(direction), std::sin(direction));
+        // Now and then the pen rests, or comes back to a place where it has been.
+        if (chance(0.05))
+            next = chance(0.5) ? points.back() : oneOf(points);
+        if (chance(0.03))
+            next = point(view);
+        points.push_back(whole ? QPointF(next.toPoint()) : next);
+    }
+    if (chance(0.15))
+        points.push_back(points.front());
+    return points;
+}
+
+QRegion RandomShapes::pixels(QSize size)
+{
+    QRegion region;
+    for (int i = integer(1, 3); i > 0; --i) {
+        const QPoint corner(integer(0, size.width() - 1), integer(0, size.height() - 1));
+        region += QRect(corner, QSize(integer(1, 60), integer(1, 60)));
+    }
+    return region & QRect(QPoint(0, 0), size);
+}
+
+} // namespace zeigewerk::test

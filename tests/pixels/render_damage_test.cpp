@@ -1,0 +1,102 @@
+#include "drawing/render_shape.h"
+#include "pixels/picture.h"
+#include "pixels/random_shapes.h"
+
+#include <QTest>
+
+namespace zeigewerk::test {
+
+namespace {
+
+constexpr int kCases = 4000;
+constexpr QSize kPixels(200, 150);
+
+/// What a failing case needs to be understood.
+QByteArray report(const RandomShapes &random, int index, const Shape &shape, const QString &difference)
+{
+    return QStringLiteral("seed %1, case %2, tool %3 of width %4 with %5 points: %6")
+        .arg(random.seed())
+        .arg(index)
+        .arg(shape.tool.rawValue())
+        .arg(shape.width)
+        .arg(shape.points.size())
+        .arg(difference)
+        .toUtf8();
+}
+
+} // namespace
+
+class RenderDamageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void leavingOutWhatIsUndamagedChangesNoPixelInside();
+    void everyPaintedPixelLiesInThePaintedArea();
+    void appendingAPointChangesOnlyWhatDependsOnIt();
+};
+
+void RenderDamageTest::leavingOutWhatIsUndamagedChangesNoPixelInside()
+{
+    RandomShapes random;
+    for (int i = 0; i < kCases; ++i) {
+        const double scale = random.scale();
+        Picture whole(kPixels, scale);
+        Picture part(kPixels, scale);
+        const Shape shape = random.shape(QSizeF(kPixels) / scale);
+        const double fade = random.chance(0.5) ? 1.0 : random.real(0.0, 1.0);
+        const QRegion damaged = random.pixels(kPixels);
+
+        whole.repaintAll([&](QPainter &painter) { renderShape(painter, shape, fade); });
+        part.repaint(damaged, [&](QPainter &painter) {
+            renderShape(painter, shape, fade, part.damageOf(damaged));
+        });
+
+        const QString difference = firstDifference(part.image(), whole.image(), damaged);
+        QVERIFY2(difference.isEmpty(), report(random, i, shape, difference));
+    }
+}
+
+void RenderDamageTest::everyPaintedPixelLiesInThePaintedArea()
+{
+    RandomShapes random;
+    for (int i = 0; i < kCases; ++i) {
+        Picture picture(kPixels, random.scale());
+        const Picture blank = picture;
+        const Shape shape = random.shape(QSizeF(kPixels) / 1.5);
+
+        picture.repaintAll([&](QPainter &painter) { renderShape(painter, shape, 1.0); });
+
+        const QString difference = firstDifferenceOutside(blank.image(), picture.image(),
+                                                          picture.damagedPixels(paintedArea(shape)));
+        QVERIFY2(difference.isEmpty(), report(random, i, shape, difference));
+    }
+}
+
+void RenderDamageTest::appendingAPointChangesOnlyWhatDependsOnIt()
+{
+    RandomShapes random;
+    for (int i = 0; i < kCases; ++i) {
+        const double scale = random.scale();
+        const QSizeF view = QSizeF(kPixels) / scale;
+        Shape shape = random.shape(view);
+        if (shape.points.empty())
+            continue;
+        Picture before(kPixels, scale);
+        Picture after(kPixels, scale);
+
+        before.repaintAll([&](QPainter &painter) { renderShape(painter, shape, 1.0); });
+        const std::size_t firstNew = shape.points.size();
+        shape.points.push_back(random.chance(0.2) ? shape.points.front() : random.point(view));
+        after.repaintAll([&](QPainter &painter) { renderShape(painter, shape, 1.0); });
+
+        const QRegion changed = after.damagedPixels(paintedArea(shape, firstNew));
+        const QString difference = firstDifferenceOutside(before.image(), after.image(), changed);
+        QVERIFY2(difference.isEmpty(), report(random, i, shape, difference));
+    }
+}
+
+} // namespace zeigewerk::test
+
+QTEST_MAIN(zeigewerk::test::RenderDamageTest)
+#include "render_damage_test.moc"

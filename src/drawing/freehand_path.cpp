@@ -117,7 +117,7 @@ private:
 template <typename Test>
 QPainterPath pathThrough(const std::vector<QPointF> &points, const Test &wanted)
 {
-    auto next = std::find_if(points.begin(), points.end(), isFinite);
+    auto next = std::find_if(points.begin(), points.end(), isDrawablePoint);
     if (next == points.end())
         return {};
     const QPointF first = *next;
@@ -132,7 +132,7 @@ QPainterPath pathThrough(const std::vector<QPointF> &points, const Test &wanted)
         if (point == first && last != first)
             point.rx() += kSeamGap;
         // The stroker drops a segment without length; dropping it here keeps it from counting as a spare.
-        if (!isFinite(point) || point == last)
+        if (!isDrawablePoint(point) || point == last)
             continue;
         runs.lineTo(point, wanted(last, point));
         last = point;

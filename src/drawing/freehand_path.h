@@ -7,7 +7,7 @@
 
 namespace zeigewerk {
 
-/// The polyline through the points, to be stroked with round caps and joins. Points that are not finite are
+/// The polyline through the points, to be stroked with round caps and joins. Points that cannot be drawn are
 /// left out. A line without length has no stroke, so a single point becomes a very short dash: its round
 /// caps are the dot.
 QPainterPath freehandPath(const std::vector<QPointF> &points);

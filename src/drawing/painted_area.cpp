@@ -29,11 +29,12 @@ Damage areaOfFreehand(const Shape &shape, std::size_t firstPoint)
     const auto firstChanged =
         points.begin() + static_cast<std::ptrdiff_t>(std::min(firstPoint, points.size()));
     // The segment that leads to the first changed point belongs to it, and with it the cap that was there.
-    const auto before = std::find_if(std::make_reverse_iterator(firstChanged), points.rend(), &isFinite);
+    const auto before =
+        std::find_if(std::make_reverse_iterator(firstChanged), points.rend(), &isDrawablePoint);
     const QPointF *last = before == points.rend() ? nullptr : &*before;
     Damage area;
     std::for_each(firstChanged, points.end(), [&](const QPointF &point) {
-        if (!isFinite(point))
+        if (!isDrawablePoint(point))
             return;
         area.addStroke(last ? *last : point, point, halfWidth);
         last = &point;
@@ -94,15 +95,15 @@ Damage paintedArea(const Shape &shape)
 Damage paintedArea(const Shape &shape, std::size_t firstPoint)
 {
     if (shape.tool == Tool::text) {
-        if (shape.text.isEmpty() || !isFinite(shape.start))
+        if (shape.text.isEmpty() || !isDrawablePoint(shape.start))
             return {};
         return Damage::of(textLineArea(shape.start, shape.text));
     }
-    if (!isStrokeWidth(shape.width))
+    if (!isDrawableWidth(shape.width))
         return {};
     if (isFreehand(shape.tool))
         return areaOfFreehand(shape, firstPoint);
-    if (!isFinite(shape.start) || !isFinite(shape.end))
+    if (!isDrawablePoint(shape.start) || !isDrawablePoint(shape.end))
         return {};
     switch (shape.tool) {
     case Tool::rect:

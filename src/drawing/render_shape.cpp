@@ -34,7 +34,7 @@ void strokeFreehand(QPainter &painter, const Shape &shape, const Color &color, c
 
 void strokeLine(QPainter &painter, const Shape &shape, const Color &color)
 {
-    if (!isFinite(shape.start) || !isFinite(shape.end))
+    if (!isDrawablePoint(shape.start) || !isDrawablePoint(shape.end))
         return;
     const QPen pen = roundPen(color, shape.width);
     QPainterPath shaft = dotPath(shape.start);
@@ -54,7 +54,7 @@ void strokeLine(QPainter &painter, const Shape &shape, const Color &color)
 
 void strokeBox(QPainter &painter, const Shape &shape, const Color &color)
 {
-    if (!isFinite(shape.start) || !isFinite(shape.end))
+    if (!isDrawablePoint(shape.start) || !isDrawablePoint(shape.end))
         return;
     QPainterPath outline;
     if (shape.tool == Tool::rect)
@@ -66,7 +66,7 @@ void strokeBox(QPainter &painter, const Shape &shape, const Color &color)
 
 void drawText(QPainter &painter, const Shape &shape, const Color &color)
 {
-    if (shape.text.isEmpty() || !isFinite(shape.start))
+    if (shape.text.isEmpty() || !isDrawablePoint(shape.start))
         return;
     painter.setPen(toQColor(color));
     drawTextLine(painter, shape.start, shape.text);
@@ -82,7 +82,7 @@ void renderShape(QPainter &painter, const Shape &shape, double fade)
 void renderShape(QPainter &painter, const Shape &shape, double fade, const Damage &damage)
 {
     // Comparing this way round refuses what is no number, too.
-    if (!(fade > 0.0) || (shape.tool != Tool::text && !isStrokeWidth(shape.width)))
+    if (!(fade > 0.0) || (shape.tool != Tool::text && !isDrawableWidth(shape.width)))
         return;
     const Color color = shape.color.withAlpha(std::min(fade, 1.0));
     painter.setRenderHint(QPainter::Antialiasing);

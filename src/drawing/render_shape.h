@@ -11,8 +11,8 @@ namespace zeigewerk {
 
 /// Draws one shape with its opacity replaced by `fade` (0 to 1). The painter's world transform maps view
 /// coordinates (points, y up) to the target; nothing else of the painter's state is assumed, and it is left
-/// with another pen, brush and antialiasing. What is not finite, or a stroke without a positive width, paints
-/// nothing.
+/// with another pen, brush and antialiasing. A point that is not finite or beyond every
+/// desktop, or a stroke without a positive width, paints nothing.
 void renderShape(QPainter &painter, const Shape &shape, double fade);
 
 /// The same, leaving out what cannot touch `damage`. Inside the damage the pixels are exactly those of the

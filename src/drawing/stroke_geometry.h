@@ -14,9 +14,15 @@ inline constexpr double kHighlighterWidthFactor = 4.0;
 /// … and this opaque.
 inline constexpr double kHighlighterAlpha = 0.4;
 
-inline bool isFinite(QPointF point)
+/// The farthest that anything is drawn from a canvas's origin, in points: beyond every desktop, and near
+/// enough that stroking what lies there costs little.
+inline constexpr double kFarthest = 32768.0;
+
+/// Whether the point can be drawn. A shape that was not made by the user's hand may hold anything; what is no
+/// number is not drawable either.
+inline bool isDrawablePoint(QPointF point)
 {
-    return std::isfinite(point.x()) && std::isfinite(point.y());
+    return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
 }
 
 inline bool isFreehand(Tool tool)
@@ -30,11 +36,10 @@ inline double strokeWidth(const Shape &shape)
     return shape.tool == Tool::highlighter ? kHighlighterWidthFactor * shape.width : shape.width;
 }
 
-/// Whether a stroke of that width can be painted at all; a shape that was not made by the user's hand may
-/// hold anything.
-inline bool isStrokeWidth(double width)
+/// Whether a stroke of that width can be drawn.
+inline bool isDrawableWidth(double width)
 {
-    return std::isfinite(width) && width > 0.0;
+    return width > 0.0 && width <= kFarthest;
 }
 
 /// The rectangle that `start` and `end` span, whichever way it was dragged out.

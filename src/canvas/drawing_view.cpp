@@ -9,4 +9,14 @@ DrawingView::DrawingView(QSizeF size)
 {
 }
 
+void DrawingView::setSurface(platform::Surface *surface)
+{
+    m_surface = surface;
+}
+
+void DrawingView::commitTextField()
+{
+    // There is no text field yet to commit.
+}
+
 } // namespace zeigewerk

@@ -70,6 +70,8 @@ public:
     /// Ends drawing, whiteboard, spotlight and pin together.
     void escapePressed();
     void quit();
+    /// Shows or hides the toolbar, which keeps its place.
+    void toggleToolbar();
 
     // Turning the flags into what is on the screen: core/refresh.cpp
 
@@ -115,7 +117,6 @@ private:
     void updateEscHotKey();
     void invert(bool &flag);
     void registerHotKeys();
-    void toggleToolbarVisibility();
 
     platform::Desktop &m_desktop;
     UserDefaults &m_defaults;

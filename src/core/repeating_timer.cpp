@@ -25,8 +25,8 @@ RepeatingTimer::RepeatingTimer(std::chrono::nanoseconds interval, std::function<
     m_timer.callOnTimeout([this] {
         arm();
         // The tick may end this timer, so nothing of it is used afterwards.
-        const auto tick = m_tick;
-        tick();
+        const auto tickNow = m_tick;
+        tickNow();
     });
     arm();
 }

@@ -56,11 +56,10 @@ public:
     double scaleAt(QPointF point) const;
 
 private:
-    const Screen *nearestByPixel(QPointF native) const;
-    const Screen *nearestByPoint(QPointF point) const;
-
     std::vector<Screen> m_screens;
-    double m_primaryHeight = 0.0;
+    /// The lower left corner of the primary screen in the server's direction of y, which is the origin.
+    double m_left = 0.0;
+    double m_baseline = 0.0;
 };
 
 /// Between the pixels of one surface (origin top left, y down) and its view coordinates (points, origin

@@ -1,0 +1,12 @@
+#include "canvas/drawing_view.h"
+#include "core/app_delegate.h"
+
+namespace zeigewerk {
+
+void DrawingView::keyDown(const platform::KeyEvent &event)
+{
+    if (app && event.isEscape)
+        app->escapePressed();
+}
+
+} // namespace zeigewerk

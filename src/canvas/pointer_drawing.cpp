@@ -1,0 +1,90 @@
+// How a press, a drag and a release become a shape.
+
+#include "canvas/constraint.h"
+#include "canvas/drawing_view.h"
+#include "core/app_delegate.h"
+#include "drawing/render_shape.h"
+
+namespace zeigewerk {
+
+using platform::Modifier;
+using platform::PointerEvent;
+
+namespace {
+
+bool isFreehand(Tool tool)
+{
+    return tool == Tool::pen || tool == Tool::highlighter;
+}
+
+} // namespace
+
+template <typename Change>
+void DrawingView::changeCurrent(std::size_t firstPoint, Change change)
+{
+    platform::Damage damage;
+    if (m_current)
+        damage.add(paintedArea(*m_current, firstPoint));
+    change();
+    if (m_current)
+        damage.add(paintedArea(*m_current, firstPoint));
+    needsDisplay(damage);
+}
+
+void DrawingView::mouseDown(const PointerEvent &event)
+{
+    if (!app || !app->interactionOn())
+        return;
+    if (m_surface)
+        m_surface->makeKey();
+    const Tool tool = app->tool();
+    commitTextField();
+    if (tool == Tool::text)
+        return;
+    changeCurrent(0, [&] {
+        m_current = Shape{.tool = tool,
+                          .points = {event.position},
+                          .start = event.position,
+                          .end = event.position,
+                          .color = app->color(),
+                          .width = app->lineWidth(),
+                          .text = {},
+                          .created = app->now()};
+    });
+}
+
+void DrawingView::mouseDragged(const PointerEvent &event)
+{
+    if (!m_current)
+        return;
+    const bool isConstrained = event.modifiers.testFlag(Modifier::Shift);
+    const QPointF point =
+        isConstrained ? constrained(m_current->tool, m_current->start, event.position) : event.position;
+    if (isConstrained && isFreehand(m_current->tool)) {
+        // The whole path becomes a straight line; what was drawn before stays lost when Shift is released.
+        changeCurrent(0, [&] {
+            m_current->points = {m_current->start, point};
+            m_current->end = point;
+        });
+        return;
+    }
+    changeCurrent(m_current->points.size() - 1, [&] {
+        m_current->points.push_back(point);
+        m_current->end = point;
+    });
+}
+
+void DrawingView::mouseUp(const PointerEvent &)
+{
+    if (!m_current)
+        return;
+    // The shape looks the same before and after, so nothing is repainted: it only changes lists. Where the
+    // list is not empty it was above every finished shape before, and is so now.
+    m_current->created = app ? app->now() : WallClock::now();
+    m_shapes.push_back(std::move(*m_current));
+    m_current.reset();
+    if (app)
+        app->noteShapeAdded(*this);
+}
+
+} // namespace zeigewerk

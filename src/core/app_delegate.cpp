@@ -1,0 +1,59 @@
+#include "core/app_delegate.h"
+
+#include <utility>
+
+namespace zeigewerk {
+
+QPointer<AppDelegate> gApp;
+
+AppDelegate::AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock)
+    : m_desktop(desktop)
+    , m_defaults(defaults)
+    , m_clock(std::move(clock))
+    , m_autoFadeOn(defaults.boolForKey(kAutoFadeKey).value_or(false))
+    , m_darkUI(defaults.boolForKey(kDarkUIKey).value_or(true))
+    , m_spotRadius(defaults.doubleForKey(kSpotRadiusKey).value_or(kDefaultSpotRadius))
+{
+    if (!(m_spotRadius > 0.0))
+        m_spotRadius = kDefaultSpotRadius;
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    gApp = this;
+    buildOverlays();
+    registerHotKeys();
+    connect(&m_desktop, &platform::Desktop::screensChanged, this, &AppDelegate::buildOverlays);
+    refreshAll();
+}
+
+void AppDelegate::buildOverlays()
+{
+    for (const auto &overlay : m_overlays)
+        overlay->window().orderOut();
+    // The undo order names canvases of the old overlays, so it must not outlive them.
+    m_shapeOrder.clear();
+    m_overlays.clear();
+    for (const platform::Screen &screen : m_desktop.screens())
+        m_overlays.push_back(std::make_unique<Overlay>(m_desktop, screen, *this));
+    refreshAll();
+}
+
+void AppDelegate::setTool(Tool tool)
+{
+    m_tool = tool;
+}
+
+void AppDelegate::setColor(const Color &color)
+{
+    m_color = color;
+}
+
+void AppDelegate::setLineWidth(double width)
+{
+    m_lineWidth = width;
+}
+
+} // namespace zeigewerk

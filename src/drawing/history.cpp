@@ -1,0 +1,10 @@
+#include "core/app_delegate.h"
+
+namespace zeigewerk {
+
+void AppDelegate::noteShapeAdded(DrawingView &view)
+{
+    m_shapeOrder.push_back(&view);
+}
+
+} // namespace zeigewerk

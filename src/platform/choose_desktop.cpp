@@ -1,0 +1,35 @@
+#include "platform/choose_desktop.h"
+
+#include "platform/x11/x11_desktop.h"
+
+namespace zeigewerk::platform {
+
+namespace {
+
+class X11DesktopConnection : public DesktopConnection
+{
+public:
+    explicit X11DesktopConnection(std::unique_ptr<x11::Connection> connection)
+        : m_connection(std::move(connection))
+    {
+    }
+
+    QByteArray qtPlatform() const override { return QByteArrayLiteral("xcb"); }
+    std::unique_ptr<Desktop> makeDesktop() override
+    {
+        return std::make_unique<x11::X11Desktop>(std::move(m_connection));
+    }
+
+private:
+    std::unique_ptr<x11::Connection> m_connection;
+};
+
+} // namespace
+
+std::unique_ptr<DesktopConnection> connectToDesktop(QString *problem)
+{
+    auto connection = x11::Connection::open(problem);
+    return connection ? std::make_unique<X11DesktopConnection>(std::move(connection)) : nullptr;
+}
+
+} // namespace zeigewerk::platform

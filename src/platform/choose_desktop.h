@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/desktop.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace zeigewerk::platform {
+
+/// What the program found to run on, before there is an application object.
+class DesktopConnection
+{
+public:
+    virtual ~DesktopConnection() = default;
+
+    /// The name of Qt's platform plugin that belongs to it.
+    virtual QByteArray qtPlatform() const = 0;
+    /// The desktop; needs the application object. Called once.
+    virtual std::unique_ptr<Desktop> makeDesktop() = 0;
+};
+
+/// Connects to the desktop that the process was started on: the one place that knows which there are. When
+/// none can be reached it returns none and says in `problem`, in one line, why.
+std::unique_ptr<DesktopConnection> connectToDesktop(QString *problem);
+
+} // namespace zeigewerk::platform

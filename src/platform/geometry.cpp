@@ -1,0 +1,123 @@
+#include "platform/geometry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace zeigewerk::platform {
+
+namespace {
+
+QRectF scaledFrame(const Screen &screen)
+{
+    return {QPointF(screen.nativeFrame.topLeft()), QSizeF(screen.nativeFrame.size()) / screen.scale};
+}
+
+/// How far the point lies outside the rectangle; 0 inside.
+double distance(const QRectF &rect, QPointF point)
+{
+    const double dx = std::max({rect.left() - point.x(), 0.0, point.x() - rect.right()});
+    const double dy = std::max({rect.top() - point.y(), 0.0, point.y() - rect.bottom()});
+    return std::hypot(dx, dy);
+}
+
+template <typename FrameOf>
+const Screen *nearest(const std::vector<Screen> &screens, QPointF point, FrameOf frameOf)
+{
+    const auto closer = [&](const Screen &a, const Screen &b) {
+        return distance(frameOf(a), point) < distance(frameOf(b), point);
+    };
+    const auto found = std::min_element(screens.begin(), screens.end(), closer);
+    return found == screens.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+ScreenLayout::ScreenLayout(std::vector<Screen> screens)
+{
+    for (Screen &screen : screens) {
+        const auto isMirror = [&](const Screen &other) { return other.nativeFrame == screen.nativeFrame; };
+        if (std::none_of(m_screens.begin(), m_screens.end(), isMirror))
+            m_screens.push_back(std::move(screen));
+    }
+    if (m_screens.empty())
+        return;
+    const QRectF primary = scaledFrame(m_screens.front());
+    m_baseline = primary.bottom();
+    m_left = primary.left();
+    for (Screen &screen : m_screens) {
+        const QRectF below = scaledFrame(screen);
+        screen.frame = {QPointF(below.left() - m_left, m_baseline - below.bottom()), below.size()};
+    }
+}
+
+QPointF ScreenLayout::pointOfPixel(QPointF nativePosition) const
+{
+    const Screen *screen =
+        nearest(m_screens, nativePosition, [](const Screen &s) { return QRectF(s.nativeFrame); });
+    if (!screen)
+        return nativePosition;
+    const QPointF middle = nativePosition + QPointF(0.5, 0.5) - QPointF(screen->nativeFrame.topLeft());
+    return {screen->frame.left() + middle.x() / screen->scale,
+            screen->frame.bottom() - middle.y() / screen->scale};
+}
+
+QRect ScreenLayout::nativeRect(const QRectF &frame) const
+{
+    const Screen *screen = nearest(m_screens, frame.center(), [](const Screen &s) { return s.frame; });
+    if (!screen)
+        return frame.toAlignedRect();
+    const double scale = screen->scale;
+    const QPointF middle((frame.center().x() - screen->frame.left()) * scale,
+                         (screen->frame.bottom() - frame.center().y()) * scale);
+    // A hair less than the next whole pixel is rounding noise of the division that made the frame.
+    constexpr double kNoise = 1e-6;
+    const QSize size(static_cast<int>(std::ceil(frame.width() * scale - kNoise)),
+                     static_cast<int>(std::ceil(frame.height() * scale - kNoise)));
+    const QPointF corner = middle - QPointF(size.width(), size.height()) / 2;
+    return {screen->nativeFrame.topLeft() + QPoint(qRound(corner.x()), qRound(corner.y())), size};
+}
+
+double ScreenLayout::scaleAt(QPointF point) const
+{
+    const Screen *screen = nearest(m_screens, point, [](const Screen &s) { return s.frame; });
+    return screen ? screen->scale : 1.0;
+}
+
+QPointF ViewGeometry::toView(QPointF pixel) const
+{
+    return {pixel.x() / m_scale, (m_pixels.height() - pixel.y()) / m_scale};
+}
+
+QPointF ViewGeometry::toPixels(QPointF viewPoint) const
+{
+    return {viewPoint.x() * m_scale, m_pixels.height() - viewPoint.y() * m_scale};
+}
+
+QRect ViewGeometry::damagedPixels(const QRectF &viewRect) const
+{
+    // Clamped before the conversion: a whole number cannot hold every coordinate that a drag can reach.
+    const auto pixel = [](double value, int limit) {
+        return static_cast<int>(std::clamp(value, -2.0, limit + 2.0));
+    };
+    const QPointF topLeft = toPixels({viewRect.left(), viewRect.bottom()});
+    const QPointF bottomRight = toPixels({viewRect.right(), viewRect.top()});
+    const int left = pixel(std::floor(topLeft.x()), m_pixels.width()) - 1;
+    const int top = pixel(std::floor(topLeft.y()), m_pixels.height()) - 1;
+    const int right = pixel(std::ceil(bottomRight.x()), m_pixels.width()) + 1;
+    const int bottom = pixel(std::ceil(bottomRight.y()), m_pixels.height()) + 1;
+    return QRect(left, top, right - left, bottom - top) & QRect(QPoint(0, 0), m_pixels);
+}
+
+QRectF ViewGeometry::toView(const QRect &pixels) const
+{
+    const QPointF bottomLeft = toView(QPointF(pixels.left(), pixels.top() + pixels.height()));
+    return {bottomLeft, QSizeF(pixels.size()) / m_scale};
+}
+
+QTransform ViewGeometry::painterTransform() const
+{
+    return {m_scale, 0, 0, -m_scale, 0, static_cast<double>(m_pixels.height())};
+}
+
+} // namespace zeigewerk::platform

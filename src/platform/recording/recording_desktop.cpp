@@ -1,0 +1,107 @@
+#include "platform/recording/recording_desktop.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zeigewerk::platform {
+
+namespace {
+
+/// Gives the combination back when it is destroyed.
+class RecordedHotKey : public HotKey
+{
+public:
+    explicit RecordedHotKey(std::function<void()> release)
+        : m_release(std::move(release))
+    {
+    }
+    ~RecordedHotKey() override { m_release(); }
+
+private:
+    std::function<void()> m_release;
+};
+
+} // namespace
+
+RecordingDesktop::RecordingDesktop()
+    : RecordingDesktop(
+          {Screen{.name = QStringLiteral("A"), .nativeFrame = {0, 0, 1000, 800}, .scale = 1, .frame = {}}})
+{
+}
+
+RecordingDesktop::RecordingDesktop(std::vector<Screen> screens)
+    : m_layout(std::move(screens))
+{
+}
+
+std::unique_ptr<Surface> RecordingDesktop::makeSurface(SurfaceRole role, const QRectF &frame)
+{
+    const QString name = QStringLiteral("%1 %2").arg(role == SurfaceRole::Overlay ? QStringLiteral("overlay")
+                                                                                  : QStringLiteral("effect"),
+                                                     QString::number(m_surfacesMade[role]++));
+    note(name + QStringLiteral(": made"));
+    auto surface = std::make_unique<RecordingSurface>(*this, name, frame);
+    m_surfaces[role].push_back(surface.get());
+    return surface;
+}
+
+void RecordingDesktop::activate()
+{
+    note(QStringLiteral("activate"));
+}
+
+void RecordingDesktop::deactivate()
+{
+    note(QStringLiteral("deactivate"));
+}
+
+QStringList RecordingDesktop::takeLog()
+{
+    return std::exchange(m_log, {});
+}
+
+void RecordingDesktop::changeScreens(std::vector<Screen> screens)
+{
+    m_layout = ScreenLayout(std::move(screens));
+    Q_EMIT screensChanged();
+}
+
+std::vector<RecordingSurface *> RecordingDesktop::surfaces(SurfaceRole role) const
+{
+    const auto found = m_surfaces.find(role);
+    return found == m_surfaces.end() ? std::vector<RecordingSurface *>{} : found->second;
+}
+
+void RecordingDesktop::pressHotKey(HotKeyId id)
+{
+    if (timesRegistered(id) > 0)
+        deliverHotKey(id);
+}
+
+void RecordingDesktop::deliverHotKey(HotKeyId id)
+{
+    if (m_hotKeys.m_handler)
+        m_hotKeys.m_handler(id);
+}
+
+int RecordingDesktop::timesRegistered(HotKeyId id) const
+{
+    return static_cast<int>(std::count(m_hotKeys.m_registered.begin(), m_hotKeys.m_registered.end(), id));
+}
+
+std::unique_ptr<HotKey> RecordingDesktop::RecordingHotKeys::registerHotKey(PhysicalKey, Modifiers,
+                                                                           HotKeyId id)
+{
+    if (std::count(m_refused.begin(), m_refused.end(), id) > 0) {
+        m_desktop.note(QStringLiteral("hot key %1: refused").arg(id.number));
+        return nullptr;
+    }
+    m_desktop.note(QStringLiteral("hot key %1: registered").arg(id.number));
+    m_registered.push_back(id);
+    return std::make_unique<RecordedHotKey>([this, id] {
+        m_desktop.note(QStringLiteral("hot key %1: released").arg(id.number));
+        m_registered.erase(std::find(m_registered.begin(), m_registered.end(), id));
+    });
+}
+
+} // namespace zeigewerk::platform

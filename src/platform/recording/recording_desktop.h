@@ -1,0 +1,121 @@
+#pragma once
+
+#include "platform/desktop.h"
+
+#include <QImage>
+#include <QStringList>
+
+#include <map>
+#include <optional>
+#include <set>
+
+namespace zeigewerk::platform {
+
+class RecordingDesktop;
+
+/// A surface whose picture is an image in memory.
+class RecordingSurface : public Surface
+{
+public:
+    RecordingSurface(RecordingDesktop &desktop, QString name, const QRectF &frame);
+    ~RecordingSurface() override;
+
+    void setContent(SurfaceContent *content) override { m_content = content; }
+    QRectF frame() const override { return m_frame; }
+    void setFrameOrigin(QPointF origin) override;
+    bool isVisible() const override { return m_visible; }
+    void orderFrontRegardless() override;
+    void orderOut() override;
+    void setIgnoresMouseEvents(bool ignores) override;
+    void makeKey() override;
+    void setNeedsDisplay(const Damage &damage) override;
+
+    bool ignoresMouseEvents() const { return m_ignoresMouseEvents; }
+    SurfaceContent *content() { return m_content; }
+
+    /// Paints what was damaged, as the event loop would do at its next turn. Returns whether anything was.
+    bool display();
+    /// The picture as it stands; null while the surface is ordered out.
+    const QImage &image() const { return m_image; }
+    /// How many pixels `display` has painted since the surface was made.
+    qint64 paintedPixels() const { return m_paintedPixels; }
+
+private:
+    RecordingDesktop &m_desktop;
+    QString m_name;
+    QRectF m_frame;
+    SurfaceContent *m_content = nullptr;
+    bool m_visible = false;
+    bool m_ignoresMouseEvents = true;
+    bool m_isDisplayWanted = false;
+    Damage m_damage;
+    QImage m_image;
+    qint64 m_paintedPixels = 0;
+};
+
+/// A desktop for tests: it has the screens and the pointer that the test says, and notes in order what it is
+/// asked.
+class RecordingDesktop : public Desktop
+{
+    Q_OBJECT
+
+public:
+    /// One screen of 1000 x 800 points at scale 1.
+    RecordingDesktop();
+    /// `screens` as `ScreenLayout` takes them.
+    explicit RecordingDesktop(std::vector<Screen> screens);
+
+    std::vector<Screen> screens() const override { return m_layout.screens(); }
+    std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) override;
+    QPointF mouseLocation() const override { return m_mouseLocation; }
+    HotKeys &hotKeys() override { return m_hotKeys; }
+    void activate() override;
+    void deactivate() override;
+
+    /// What was asked, in order, such as "overlay 0: order front"; taking it empties it.
+    QStringList takeLog();
+    void setMouseLocation(QPointF location) { m_mouseLocation = location; }
+    /// Changes the screens and tells so.
+    void changeScreens(std::vector<Screen> screens);
+    /// The living surfaces of that role, oldest first.
+    std::vector<RecordingSurface *> surfaces(SurfaceRole role) const;
+
+    /// Makes a combination one that another program has.
+    void refuseHotKey(HotKeyId id) { m_hotKeys.m_refused.push_back(id); }
+    void allowHotKeys() { m_hotKeys.m_refused.clear(); }
+    /// A press of a registered hot key; unregistered ones do nothing, as on a real desktop.
+    void pressHotKey(HotKeyId id);
+    /// What the handler would be told if the desktop delivered that id, registered or not.
+    void deliverHotKey(HotKeyId id);
+    int timesRegistered(HotKeyId id) const;
+
+private:
+    friend class RecordingSurface;
+
+    class RecordingHotKeys : public HotKeys
+    {
+    public:
+        explicit RecordingHotKeys(RecordingDesktop &desktop)
+            : m_desktop(desktop)
+        {
+        }
+        std::unique_ptr<HotKey> registerHotKey(PhysicalKey key, Modifiers modifiers, HotKeyId id) override;
+        void setHandler(std::function<void(HotKeyId)> handler) override { m_handler = std::move(handler); }
+
+        RecordingDesktop &m_desktop;
+        std::function<void(HotKeyId)> m_handler;
+        std::vector<HotKeyId> m_refused;
+        std::vector<HotKeyId> m_registered;
+    };
+
+    void note(const QString &what) { m_log.append(what); }
+
+    ScreenLayout m_layout;
+    QPointF m_mouseLocation;
+    QStringList m_log;
+    std::map<SurfaceRole, std::vector<RecordingSurface *>> m_surfaces;
+    std::map<SurfaceRole, int> m_surfacesMade;
+    RecordingHotKeys m_hotKeys{*this};
+};
+
+} // namespace zeigewerk::platform

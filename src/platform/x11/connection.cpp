@@ -1,0 +1,181 @@
+#include "platform/x11/connection.h"
+
+#include <QAbstractEventDispatcher>
+#include <QSocketNotifier>
+
+#include <xcb/shape.h>
+#include <xcb/shm.h>
+#include <xcb/xcb_cursor.h>
+#include <xcb/xinput.h>
+#include <xkbcommon/xkbcommon-x11.h>
+
+#include <cstring>
+#include <string>
+#include <utility>
+
+namespace zeigewerk::platform::x11 {
+
+Q_LOGGING_CATEGORY(logX11, "zeigewerk.x11", QtWarningMsg)
+
+std::unique_ptr<Connection> Connection::open(QString *problem)
+{
+    int screenNumber = 0;
+    xcb_connection_t *xcb = xcb_connect(nullptr, &screenNumber);
+    if (xcb_connection_has_error(xcb)) {
+        const QByteArray display = qgetenv("DISPLAY");
+        *problem =
+            display.isEmpty()
+                ? QStringLiteral("no X11 display: DISPLAY is not set")
+                : QStringLiteral("cannot reach the X11 display %1").arg(QString::fromLocal8Bit(display));
+        xcb_disconnect(xcb);
+        return nullptr;
+    }
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(xcb));
+    while (screenNumber-- > 0 && screens.rem > 1)
+        xcb_screen_next(&screens);
+    std::unique_ptr<Connection> connection(new Connection(xcb, screens.data));
+    *problem = connection->prepareExtensions();
+    return problem->isEmpty() ? std::move(connection) : nullptr;
+}
+
+Connection::Connection(xcb_connection_t *xcb, xcb_screen_t *screen)
+    : m_xcb(xcb)
+    , m_screen(screen)
+    , m_own(rangeOf(xcb))
+{
+}
+
+Connection::~Connection()
+{
+    m_notifier.reset();
+    xcb_disconnect(m_xcb);
+}
+
+QString Connection::prepareExtensions()
+{
+    if (!findArgbVisual())
+        return QStringLiteral("the X11 display has no visual with transparency");
+
+    xcb_prefetch_extension_data(m_xcb, &xcb_input_id);
+    xcb_prefetch_extension_data(m_xcb, &xcb_shm_id);
+    xcb_prefetch_extension_data(m_xcb, &xcb_shape_id);
+
+    const auto *input = xcb_get_extension_data(m_xcb, &xcb_input_id);
+    if (!input->present)
+        return QStringLiteral("the X11 display lacks the X Input extension");
+    m_xinputOpcode = input->major_opcode;
+    // A client that announces less than 2.1 gets no raw events during other programs' grabs.
+    const auto version =
+        owned(xcb_input_xi_query_version_reply(m_xcb, xcb_input_xi_query_version(m_xcb, 2, 3), nullptr));
+    if (!version || version->major_version < 2)
+        return QStringLiteral("the X11 display lacks X Input 2");
+    if (!xcb_get_extension_data(m_xcb, &xcb_shape_id)->present)
+        return QStringLiteral("the X11 display lacks the Shape extension");
+
+    if (!xkb_x11_setup_xkb_extension(m_xcb, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+                                     XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &m_xkbEvent,
+                                     nullptr))
+        return QStringLiteral("the X11 display lacks the XKB extension");
+
+    const auto *shm = xcb_get_extension_data(m_xcb, &xcb_shm_id);
+    if (shm->present) {
+        m_shmCompletionEvent = static_cast<std::uint8_t>(shm->first_event + XCB_SHM_COMPLETION);
+        const auto shmVersion =
+            owned(xcb_shm_query_version_reply(m_xcb, xcb_shm_query_version(m_xcb), nullptr));
+        // Descriptors are passed since 1.2.
+        m_hasSharedMemory = shmVersion && (shmVersion->major_version > 1 || shmVersion->minor_version >= 2);
+    }
+    loadArrow();
+    return {};
+}
+
+bool Connection::findArgbVisual()
+{
+    for (auto depth = xcb_screen_allowed_depths_iterator(m_screen); depth.rem; xcb_depth_next(&depth)) {
+        if (depth.data->depth != 32)
+            continue;
+        for (auto visual = xcb_depth_visuals_iterator(depth.data); visual.rem; xcb_visualtype_next(&visual)) {
+            if (visual.data->_class != XCB_VISUAL_CLASS_TRUE_COLOR)
+                continue;
+            m_argbVisual = visual.data->visual_id;
+            m_argbColormap = xcb_generate_id(m_xcb);
+            xcb_create_colormap(m_xcb, XCB_COLORMAP_ALLOC_NONE, m_argbColormap, root(), m_argbVisual);
+            return true;
+        }
+    }
+    return false;
+}
+
+void Connection::loadArrow()
+{
+    xcb_cursor_context_t *context = nullptr;
+    if (xcb_cursor_context_new(m_xcb, m_screen, &context) < 0)
+        return; // the surfaces then inherit the pointer of the root window
+    m_arrowCursor = xcb_cursor_load_cursor(context, "left_ptr");
+    xcb_cursor_context_free(context);
+}
+
+void Connection::start(std::function<void(const xcb_generic_event_t &)> handler,
+                       std::function<void()> beforeBlocking)
+{
+    m_handler = std::move(handler);
+    m_beforeBlocking = std::move(beforeBlocking);
+    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_xcb), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &Connection::readEvents);
+    // Waiting for a reply queues events inside xcb while the socket stays silent.
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &Connection::handleQueuedEvents);
+}
+
+void Connection::readEvents()
+{
+    while (const auto event = owned(xcb_poll_for_event(m_xcb)))
+        m_handler(*event);
+    if (xcb_connection_has_error(m_xcb)) {
+        m_notifier->setEnabled(false);
+        Q_EMIT lost();
+    }
+}
+
+void Connection::handleQueuedEvents()
+{
+    while (const auto event = owned(xcb_poll_for_queued_event(m_xcb)))
+        m_handler(*event);
+    m_beforeBlocking();
+    flush();
+}
+
+xcb_atom_t Connection::atom(const char *name)
+{
+    const auto known = m_atoms.find(std::string_view(name));
+    if (known != m_atoms.end())
+        return known->second;
+    const auto length = static_cast<std::uint16_t>(std::strlen(name));
+    const auto reply = owned(xcb_intern_atom_reply(m_xcb, xcb_intern_atom(m_xcb, 0, length, name), nullptr));
+    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    m_atoms.emplace(name, atom);
+    return atom;
+}
+
+Connection::ResourceRange Connection::rangeOf(xcb_connection_t *connection)
+{
+    const xcb_setup_t *setup = xcb_get_setup(connection);
+    return {setup->resource_id_base, setup->resource_id_mask};
+}
+
+bool Connection::isOurs(xcb_window_t window) const
+{
+    return m_own.holds(window) || (m_adopted.mask != 0 && m_adopted.holds(window));
+}
+
+void Connection::adoptWindowsOf(xcb_connection_t *other)
+{
+    m_adopted = rangeOf(other);
+}
+
+void Connection::roundTrip()
+{
+    owned(xcb_get_input_focus_reply(m_xcb, xcb_get_input_focus(m_xcb), nullptr));
+}
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "platform/x11/reply.h"
+
+#include <QLoggingCategory>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <map>
+
+class QSocketNotifier;
+
+namespace zeigewerk::platform::x11 {
+
+Q_DECLARE_LOGGING_CATEGORY(logX11)
+
+/// Our own connection to the X server, beside that of Qt: events come straight from its socket to the main
+/// thread, without a thread switch each.
+class Connection : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Connects to $DISPLAY and prepares the extensions that the program needs. `problem` says in one line
+    /// why there is no connection when none is returned.
+    static std::unique_ptr<Connection> open(QString *problem);
+    ~Connection() override;
+
+    /// Calls `handler` for every event from the event loop, and `beforeBlocking` each time before the loop
+    /// goes to sleep, when every event that has arrived has been handled. Needs the application object.
+    void start(std::function<void(const xcb_generic_event_t &)> handler,
+               std::function<void()> beforeBlocking);
+
+    xcb_connection_t *xcb() const { return m_xcb; }
+    xcb_window_t root() const { return m_screen->root; }
+    /// The visual with an alpha channel, 32 bits deep.
+    xcb_visualid_t argbVisual() const { return m_argbVisual; }
+    xcb_colormap_t argbColormap() const { return m_argbColormap; }
+    /// The theme's arrow.
+    xcb_cursor_t arrowCursor() const { return m_arrowCursor; }
+    bool hasSharedMemory() const { return m_hasSharedMemory; }
+
+    std::uint8_t xinputOpcode() const { return m_xinputOpcode; }
+    std::uint8_t shmCompletionEvent() const { return m_shmCompletionEvent; }
+    std::uint8_t xkbEvent() const { return m_xkbEvent; }
+
+    xcb_atom_t atom(const char *name);
+    bool isOurs(xcb_window_t window) const;
+    /// Marks the windows of another connection of this process (Qt's) as ours too.
+    void adoptWindowsOf(xcb_connection_t *other);
+
+    void flush() { xcb_flush(m_xcb); }
+    /// Waits until the server has done everything that was asked of it.
+    void roundTrip();
+
+Q_SIGNALS:
+    /// The server has gone away.
+    void lost();
+
+private:
+    Connection(xcb_connection_t *xcb, xcb_screen_t *screen);
+
+    QString prepareExtensions();
+    bool findArgbVisual();
+    void loadArrow();
+    void readEvents();
+    void handleQueuedEvents();
+
+    struct ResourceRange
+    {
+        std::uint32_t base = 0;
+        std::uint32_t mask = 0;
+        bool holds(std::uint32_t id) const { return (id & ~mask) == base; }
+    };
+    static ResourceRange rangeOf(xcb_connection_t *connection);
+
+    xcb_connection_t *m_xcb;
+    xcb_screen_t *m_screen;
+    xcb_visualid_t m_argbVisual = 0;
+    xcb_colormap_t m_argbColormap = 0;
+    xcb_cursor_t m_arrowCursor = 0;
+    bool m_hasSharedMemory = false;
+    std::uint8_t m_xinputOpcode = 0;
+    std::uint8_t m_shmCompletionEvent = 0;
+    std::uint8_t m_xkbEvent = 0;
+    ResourceRange m_own;
+    ResourceRange m_adopted;
+    std::map<std::string, xcb_atom_t, std::less<>> m_atoms;
+    std::function<void(const xcb_generic_event_t &)> m_handler;
+    std::function<void()> m_beforeBlocking;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+} // namespace zeigewerk::platform::x11

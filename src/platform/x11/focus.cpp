@@ -1,0 +1,139 @@
+#include "platform/x11/focus.h"
+
+#include <chrono>
+#include <span>
+
+namespace zeigewerk::platform::x11 {
+
+namespace {
+
+/// A window that opens takes the focus once it is mapped and, with some window managers, again a little
+/// later; whoever takes it back sooner loses it a second time.
+constexpr std::chrono::milliseconds kTakeAgainAfter(60);
+
+bool isWindow(xcb_window_t focus)
+{
+    return focus != XCB_NONE && focus != XCB_INPUT_FOCUS_POINTER_ROOT;
+}
+
+} // namespace
+
+Focus::Focus(Connection &connection)
+    : m_connection(connection)
+{
+    m_takeAgain.setSingleShot(true);
+    m_takeAgain.setInterval(kTakeAgainAfter);
+    m_takeAgain.callOnTimeout(this, &Focus::takeAgain);
+}
+
+xcb_window_t Focus::owner() const
+{
+    const auto reply = owned(
+        xcb_get_input_focus_reply(m_connection.xcb(), xcb_get_input_focus(m_connection.xcb()), nullptr));
+    return reply ? reply->focus : xcb_window_t{XCB_NONE};
+}
+
+void Focus::remember(xcb_window_t owner)
+{
+    if (isWindow(owner) && !m_connection.isOurs(owner))
+        m_previous = owner;
+}
+
+void Focus::borrow()
+{
+    if (m_isBorrowed)
+        return;
+    m_isBorrowed = true;
+    m_previous = XCB_NONE;
+    remember(owner());
+}
+
+void Focus::give(xcb_window_t window)
+{
+    m_takeAgain.stop();
+    if (m_hasKeyboard && m_key == window)
+        return;
+    m_key = window;
+    m_hasKeyboard = true;
+    // Should we be killed, the keyboard follows the pointer, which leaves a usable desktop.
+    xcb_set_input_focus(m_connection.xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+    m_connection.flush();
+}
+
+void Focus::handBack()
+{
+    if (!m_isBorrowed)
+        return;
+    m_isBorrowed = false;
+    m_takeAgain.stop();
+    m_hasKeyboard = false;
+    m_key = XCB_NONE;
+    const xcb_window_t now = owner();
+    if (isWindow(now) && !m_connection.isOurs(now))
+        return; // somebody took it meanwhile
+    if (m_previous != XCB_NONE && trySet(m_previous))
+        return;
+    const xcb_window_t client = topmostClient();
+    if (client == XCB_NONE || !trySet(client))
+        trySet(XCB_INPUT_FOCUS_POINTER_ROOT);
+}
+
+bool Focus::trySet(xcb_window_t window)
+{
+    const auto cookie =
+        xcb_set_input_focus_checked(m_connection.xcb(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+    return !owned(xcb_request_check(m_connection.xcb(), cookie));
+}
+
+void Focus::focusIn(const xcb_focus_in_event_t &event)
+{
+    if (event.event == m_key && event.mode != XCB_NOTIFY_MODE_GRAB && event.mode != XCB_NOTIFY_MODE_UNGRAB)
+        m_hasKeyboard = true;
+}
+
+void Focus::focusOut(const xcb_focus_out_event_t &event)
+{
+    // A grab, our own hot keys included, passes by itself.
+    if (!m_isBorrowed || event.event != m_key || event.mode != XCB_NOTIFY_MODE_NORMAL)
+        return;
+    m_hasKeyboard = false;
+    m_takeAgain.start();
+}
+
+void Focus::takeAgain()
+{
+    if (!m_isBorrowed || m_key == XCB_NONE)
+        return;
+    const xcb_window_t now = owner();
+    if (now == m_key)
+        return;
+    remember(now);
+    give(m_key);
+}
+
+xcb_window_t Focus::topmostClient()
+{
+    constexpr std::uint32_t kManyWindows = 4096;
+    const auto cookie =
+        xcb_get_property(m_connection.xcb(), 0, m_connection.root(),
+                         m_connection.atom("_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW, 0, kManyWindows);
+    const auto reply = owned(xcb_get_property_reply(m_connection.xcb(), cookie, nullptr));
+    if (!reply || reply->format != 32)
+        return XCB_NONE;
+    const std::span clients(static_cast<const xcb_window_t *>(xcb_get_property_value(reply.get())),
+                            reply->value_len);
+    for (auto client = clients.rbegin(); client != clients.rend(); ++client) {
+        if (!m_connection.isOurs(*client) && isViewable(*client))
+            return *client;
+    }
+    return XCB_NONE;
+}
+
+bool Focus::isViewable(xcb_window_t window) const
+{
+    const auto cookie = xcb_get_window_attributes(m_connection.xcb(), window);
+    const auto reply = owned(xcb_get_window_attributes_reply(m_connection.xcb(), cookie, nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+} // namespace zeigewerk::platform::x11

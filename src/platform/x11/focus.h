@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/x11/connection.h"
+
+#include <QTimer>
+
+namespace zeigewerk::platform::x11 {
+
+/// The keyboard, while we borrow it: who had it, that we keep it, and that it goes back.
+///
+/// What counts is the server's focus. Window managers that publish an active window lag behind it, and some
+/// ignore requests that carry an event's time, so the focus is always set with the current time.
+class Focus : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Focus(Connection &connection);
+
+    /// Interaction begins: remembers who has the keyboard.
+    void borrow();
+    /// Gives the keyboard to one of our windows, which must be mapped.
+    void give(xcb_window_t window);
+    /// Interaction has ended: hands the keyboard back, unless somebody else has taken it.
+    void handBack();
+
+    void focusIn(const xcb_focus_in_event_t &event);
+    void focusOut(const xcb_focus_out_event_t &event);
+
+private:
+    xcb_window_t owner() const;
+    void remember(xcb_window_t owner);
+    void takeAgain();
+    bool trySet(xcb_window_t window);
+    xcb_window_t topmostClient();
+    bool isViewable(xcb_window_t window) const;
+
+    Connection &m_connection;
+    bool m_isBorrowed = false;
+    xcb_window_t m_previous = XCB_NONE;
+    /// Ours that was given the keyboard last, and whether it still has it.
+    xcb_window_t m_key = XCB_NONE;
+    bool m_hasKeyboard = false;
+    QTimer m_takeAgain;
+};
+
+} // namespace zeigewerk::platform::x11

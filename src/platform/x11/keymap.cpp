@@ -1,0 +1,53 @@
+// The X server's header names a field `explicit`, which C++ keeps for itself.
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
+
+#include "platform/x11/keymap.h"
+#include "platform/x11/modifiers.h"
+
+#include <xkbcommon/xkbcommon-x11.h>
+
+namespace zeigewerk::platform::x11 {
+
+Keymap::Keymap(Connection &connection)
+    : m_connection(connection)
+{
+    constexpr std::uint16_t kNews = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
+    xcb_xkb_select_events(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD, kNews, 0, kNews, 0xFF, 0xFF, nullptr);
+    // A held key then repeats as presses only: a press after a release is a new press of the hand.
+    constexpr std::uint32_t kFlag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+    const auto cookie =
+        xcb_xkb_per_client_flags(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD, kFlag, kFlag, 0, 0, 0);
+    owned(xcb_xkb_per_client_flags_reply(connection.xcb(), cookie, nullptr));
+}
+
+void Keymap::load()
+{
+    m_isStale = false;
+    if (!m_context)
+        m_context.reset(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    const std::int32_t device = xkb_x11_get_core_keyboard_device_id(m_connection.xcb());
+    m_keymap.reset(xkb_x11_keymap_new_from_device(m_context.get(), m_connection.xcb(), device,
+                                                  XKB_KEYMAP_COMPILE_NO_FLAGS));
+    m_state.reset(m_keymap ? xkb_state_new(m_keymap.get()) : nullptr);
+}
+
+KeyEvent Keymap::keyEvent(const xcb_key_press_event_t &event)
+{
+    if (m_isStale)
+        load();
+    KeyEvent result{.modifiers = modifiersOf(event.state)};
+    if (!m_state)
+        return result;
+    // Shift and the locks choose the character; Ctrl, Alt and Super do not.
+    constexpr xkb_mod_mask_t kChoosing = 0xFF & ~(XCB_MOD_MASK_CONTROL | kAltMask | kSuperMask);
+    const xkb_layout_index_t layout = (event.state >> 13) & 3;
+    xkb_state_update_mask(m_state.get(), event.state & kChoosing, 0, 0, 0, 0, layout);
+    const xkb_keysym_t symbol = xkb_state_key_get_one_sym(m_state.get(), event.detail);
+    result.isEscape = symbol == XKB_KEY_Escape;
+    result.character = xkb_keysym_to_utf32(symbol);
+    return result;
+}
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/events.h"
+#include "platform/x11/connection.h"
+
+#include <xkbcommon/xkbcommon.h>
+
+namespace zeigewerk::platform::x11 {
+
+/// What the keys of the core keyboard stand for in the user's layout.
+class Keymap
+{
+public:
+    explicit Keymap(Connection &connection);
+
+    KeyEvent keyEvent(const xcb_key_press_event_t &event);
+    /// The layout changed; it is read again when the next key is pressed, since such news come in bursts.
+    void invalidate() { m_isStale = true; }
+
+private:
+    void load();
+
+    struct Unref
+    {
+        void operator()(xkb_context *context) const { xkb_context_unref(context); }
+        void operator()(xkb_keymap *keymap) const { xkb_keymap_unref(keymap); }
+        void operator()(xkb_state *state) const { xkb_state_unref(state); }
+    };
+
+    Connection &m_connection;
+    bool m_isStale = true;
+    std::unique_ptr<xkb_context, Unref> m_context;
+    std::unique_ptr<xkb_keymap, Unref> m_keymap;
+    std::unique_ptr<xkb_state, Unref> m_state;
+};
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,162 @@
+#include "platform/x11/stacking.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <span>
+#include <utility>
+
+namespace zeigewerk::platform::x11 {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Raising comes in bursts; one look answers a burst.
+constexpr auto kCheckAfter = 10ms;
+/// Some window managers restack once more when a new window has settled.
+constexpr auto kTrailingCheckAfter = 250ms;
+/// Another program that insists on the top must not draw us into an endless loop at full speed.
+constexpr auto kRestackAtMostEvery = 50ms;
+
+} // namespace
+
+Stacking::Stacking(Connection &connection, std::function<std::vector<xcb_window_t>()> windows,
+                   std::function<std::vector<QRect>()> screens)
+    : m_connection(connection)
+    , m_windows(std::move(windows))
+    , m_screens(std::move(screens))
+{
+    for (auto [timer, interval] :
+         {std::pair{&m_check, kCheckAfter}, {&m_trailingCheck, kTrailingCheckAfter}}) {
+        timer->setSingleShot(true);
+        timer->setInterval(interval);
+        timer->callOnTimeout(this, &Stacking::check);
+    }
+    const std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(connection.xcb(), connection.root(), XCB_CW_EVENT_MASK, &mask);
+}
+
+void Stacking::structureChanged(xcb_window_t window)
+{
+    if (!m_connection.isOurs(window) && !m_windows().empty())
+        checkSoon();
+}
+
+void Stacking::checkSoon()
+{
+    if (!m_check.isActive())
+        m_check.start();
+    m_trailingCheck.start();
+}
+
+void Stacking::check()
+{
+    if (m_windows().empty())
+        return;
+    const std::vector<Child> children = childrenFromTop();
+    if (isInOrder(children, highestForeign(children)))
+        return;
+    if (m_sinceRestack.isValid() && !m_sinceRestack.hasExpired(kRestackAtMostEvery.count())) {
+        m_trailingCheck.start();
+        return;
+    }
+    restack();
+}
+
+void Stacking::restack()
+{
+    m_sinceRestack.start();
+    xcb_window_t below = highestForeign(childrenFromTop());
+    for (const xcb_window_t window : m_windows()) {
+        place(window, below);
+        below = window;
+    }
+    m_connection.flush();
+}
+
+void Stacking::place(xcb_window_t window, xcb_window_t above)
+{
+    std::array<std::uint32_t, 2> values = {above, XCB_STACK_MODE_ABOVE};
+    if (above == XCB_NONE)
+        xcb_configure_window(m_connection.xcb(), window, XCB_CONFIG_WINDOW_STACK_MODE, &values[1]);
+    else
+        xcb_configure_window(m_connection.xcb(), window,
+                             XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values.data());
+}
+
+std::vector<Stacking::Child> Stacking::childrenFromTop() const
+{
+    xcb_connection_t *xcb = m_connection.xcb();
+    const auto tree = owned(xcb_query_tree_reply(xcb, xcb_query_tree(xcb, m_connection.root()), nullptr));
+    if (!tree)
+        return {};
+    const std::span windows(xcb_query_tree_children(tree.get()),
+                            static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
+    // All questions first, then all answers: one round trip for the lot.
+    std::vector<std::pair<xcb_get_window_attributes_cookie_t, xcb_get_geometry_cookie_t>> cookies;
+    for (const xcb_window_t window : windows)
+        cookies.emplace_back(xcb_get_window_attributes(xcb, window), xcb_get_geometry(xcb, window));
+
+    std::vector<Child> children;
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        const auto attributes = owned(xcb_get_window_attributes_reply(xcb, cookies[i].first, nullptr));
+        const auto geometry = owned(xcb_get_geometry_reply(xcb, cookies[i].second, nullptr));
+        if (!attributes || !geometry || attributes->_class != XCB_WINDOW_CLASS_INPUT_OUTPUT)
+            continue;
+        children.push_back({.window = windows[i],
+                            .isOurs = m_connection.isOurs(windows[i]),
+                            .isViewable = attributes->map_state == XCB_MAP_STATE_VIEWABLE,
+                            .isOverrideRedirect = attributes->override_redirect != 0,
+                            .frame = {geometry->x, geometry->y, geometry->width, geometry->height}});
+    }
+    std::reverse(children.begin(), children.end());
+    return children;
+}
+
+xcb_window_t Stacking::highestForeign(const std::vector<Child> &children) const
+{
+    const auto found = std::find_if(children.begin(), children.end(), [this](const Child &child) {
+        return !child.isOurs && child.isViewable && !isScreenLocker(child);
+    });
+    return found == children.end() ? xcb_window_t{XCB_NONE} : found->window;
+}
+
+bool Stacking::isInOrder(const std::vector<Child> &children, xcb_window_t highestForeign) const
+{
+    std::vector<xcb_window_t> expected = m_windows();
+    if (highestForeign != XCB_NONE)
+        expected.insert(expected.begin(), highestForeign);
+    std::vector<xcb_window_t> actual;
+    for (auto child = children.rbegin(); child != children.rend(); ++child) {
+        if (std::count(expected.begin(), expected.end(), child->window) > 0)
+            actual.push_back(child->window);
+    }
+    return actual == expected;
+}
+
+bool Stacking::isScreenLocker(const Child &child) const
+{
+    if (!child.isOverrideRedirect || belongsToWindowManager(child.window))
+        return false;
+    const std::vector<QRect> screens = m_screens();
+    return std::any_of(screens.begin(), screens.end(),
+                       [&](const QRect &screen) { return child.frame.contains(screen); });
+}
+
+bool Stacking::belongsToWindowManager(xcb_window_t window) const
+{
+    // Window managers make their frames override-redirect too, and a full-screen application's frame covers a
+    // screen. They name a window of their own on the root.
+    xcb_connection_t *xcb = m_connection.xcb();
+    const auto cookie = xcb_get_property(
+        xcb, 0, m_connection.root(), m_connection.atom("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 0, 1);
+    const auto reply = owned(xcb_get_property_reply(xcb, cookie, nullptr));
+    if (!reply || reply->format != 32 || reply->value_len != 1)
+        return false;
+    const auto check = *static_cast<const xcb_window_t *>(xcb_get_property_value(reply.get()));
+    const std::uint32_t mask = xcb_get_setup(xcb)->resource_id_mask; // the same for every client
+    return (check & ~mask) == (window & ~mask);
+}
+
+} // namespace zeigewerk::platform::x11

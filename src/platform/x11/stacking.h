@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/x11/connection.h"
+
+#include <QElapsedTimer>
+#include <QRect>
+#include <QTimer>
+
+#include <vector>
+
+namespace zeigewerk::platform::x11 {
+
+/// Keeps our windows in their order among themselves and above whatever other programs raise, save a screen
+/// locker.
+class Stacking : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `windows` tells which of our windows are to be shown, the lowest first; `screens` the screens in
+    /// pixels.
+    Stacking(Connection &connection, std::function<std::vector<xcb_window_t>()> windows,
+             std::function<std::vector<QRect>()> screens);
+
+    /// Puts our windows, mapped or not, in their order above the others.
+    void restack();
+    /// Something was raised or mapped: looks a little later whether our order still holds.
+    void checkSoon();
+    /// A structure event of the root window.
+    void structureChanged(xcb_window_t window);
+
+private:
+    /// A child of the root window, as much of it as matters here.
+    struct Child
+    {
+        xcb_window_t window;
+        bool isOurs;
+        bool isViewable;
+        bool isOverrideRedirect;
+        QRect frame;
+    };
+
+    std::vector<Child> childrenFromTop() const;
+    xcb_window_t highestForeign(const std::vector<Child> &children) const;
+    bool isInOrder(const std::vector<Child> &children, xcb_window_t highestForeign) const;
+    bool isScreenLocker(const Child &child) const;
+    bool belongsToWindowManager(xcb_window_t window) const;
+    void place(xcb_window_t window, xcb_window_t above);
+    void check();
+
+    Connection &m_connection;
+    std::function<std::vector<xcb_window_t>()> m_windows;
+    std::function<std::vector<QRect>()> m_screens;
+    QTimer m_check;
+    QTimer m_trailingCheck;
+    QElapsedTimer m_sinceRestack;
+};
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/surface.h"
+#include "platform/x11/connection.h"
+
+#include <QRect>
+
+namespace zeigewerk::platform::x11 {
+
+/// Makes the hidden window of a surface: override-redirect, transparent until painted on, delivering the
+/// pointer through X Input 2 (with sub-pixel positions) and the keyboard through the core protocol.
+xcb_window_t createSurfaceWindow(Connection &connection, SurfaceRole role, const QRect &nativeFrame);
+
+/// Moves and resizes a window.
+void configureWindow(Connection &connection, xcb_window_t window, const QRect &nativeFrame);
+
+} // namespace zeigewerk::platform::x11

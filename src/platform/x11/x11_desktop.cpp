@@ -1,0 +1,209 @@
+#include "platform/x11/x11_desktop.h"
+
+#include "platform/x11/x11_screens.h"
+#include "platform/x11/x11_surface.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <xcb/shm.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace zeigewerk::platform::x11 {
+
+namespace {
+
+constexpr int kExitCodeOfLostDisplay = 1;
+/// The high bit of an event's type says that a client sent it.
+constexpr std::uint8_t kEventType = 0x7F;
+
+template <typename Event>
+const Event &as(const xcb_generic_event_t &event)
+{
+    return reinterpret_cast<const Event &>(event);
+}
+
+} // namespace
+
+X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
+    : m_connection(std::move(connection))
+    , m_layout(readScreens(*m_connection))
+    , m_focus(*m_connection)
+    , m_keymap(*m_connection)
+    , m_stacking(
+          *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
+    , m_hotKeys(*m_connection)
+{
+    if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
+        m_connection->adoptWindowsOf(x11->connection());
+    connect(m_connection.get(), &Connection::lost, this, [] {
+        std::fputs("zeigewerk: the X11 display has gone away\n", stderr);
+        QCoreApplication::exit(kExitCodeOfLostDisplay);
+    });
+    watchScreens();
+    m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
+                        [this] { displayAll(); });
+}
+
+X11Desktop::~X11Desktop() = default;
+
+std::unique_ptr<Surface> X11Desktop::makeSurface(SurfaceRole role, const QRectF &frame)
+{
+    return std::make_unique<X11Surface>(*this, role, frame);
+}
+
+QPointF X11Desktop::mouseLocation() const
+{
+    const auto cookie = xcb_query_pointer(m_connection->xcb(), m_connection->root());
+    const auto reply = owned(xcb_query_pointer_reply(m_connection->xcb(), cookie, nullptr));
+    return reply ? m_layout.pointOfPixel(QPointF(reply->root_x, reply->root_y)) : QPointF();
+}
+
+void X11Desktop::watchScreens()
+{
+    // A change arrives as several signals, one for each property and screen; they end in one look.
+    m_screensChanged.setSingleShot(true);
+    m_screensChanged.callOnTimeout(this, &X11Desktop::readScreensAgain);
+    const auto changed = [this] { m_screensChanged.start(); };
+    const auto watch = [this, changed](QScreen *screen) {
+        connect(screen, &QScreen::geometryChanged, this, changed);
+        connect(screen, &QScreen::physicalDotsPerInchChanged, this, changed);
+        connect(screen, &QScreen::logicalDotsPerInchChanged, this, changed);
+    };
+    for (QScreen *screen : QGuiApplication::screens())
+        watch(screen);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, watch);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, changed);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, changed);
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, changed);
+}
+
+void X11Desktop::readScreensAgain()
+{
+    const ScreenLayout layout = readScreens(*m_connection);
+    if (layout.screens() == m_layout.screens())
+        return;
+    m_layout = layout;
+    Q_EMIT screensChanged();
+}
+
+void X11Desktop::handle(const xcb_generic_event_t &event)
+{
+    const std::uint8_t type = event.response_type & kEventType;
+    switch (type) {
+    case 0:
+        qCDebug(logX11, "error %u of request %u", as<xcb_generic_error_t>(event).error_code,
+                as<xcb_generic_error_t>(event).major_code);
+        return;
+    case XCB_GE_GENERIC:
+        return handleInput(as<xcb_ge_generic_event_t>(event));
+    case XCB_KEY_PRESS:
+    case XCB_KEY_RELEASE:
+        return handleKey(as<xcb_key_press_event_t>(event), type == XCB_KEY_PRESS);
+    case XCB_FOCUS_IN:
+        return m_focus.focusIn(as<xcb_focus_in_event_t>(event));
+    case XCB_FOCUS_OUT:
+        return m_focus.focusOut(as<xcb_focus_out_event_t>(event));
+    case XCB_CONFIGURE_NOTIFY:
+        return m_stacking.structureChanged(as<xcb_configure_notify_event_t>(event).window);
+    case XCB_MAP_NOTIFY:
+        return m_stacking.structureChanged(as<xcb_map_notify_event_t>(event).window);
+    case XCB_REPARENT_NOTIFY:
+        return m_stacking.structureChanged(as<xcb_reparent_notify_event_t>(event).window);
+    case XCB_CIRCULATE_NOTIFY:
+        return m_stacking.structureChanged(as<xcb_circulate_notify_event_t>(event).window);
+    case XCB_EXPOSE: {
+        const auto &expose = as<xcb_expose_event_t>(event);
+        if (X11Surface *surface = surfaceOf(expose.window))
+            surface->exposed({expose.x, expose.y, expose.width, expose.height});
+        return;
+    }
+    default:
+        break;
+    }
+    if (type == m_connection->xkbEvent())
+        m_keymap.invalidate();
+    else if (m_connection->hasSharedMemory() && type == m_connection->shmCompletionEvent()) {
+        if (X11Surface *surface = surfaceOf(as<xcb_shm_completion_event_t>(event).drawable))
+            surface->putCompleted();
+    }
+}
+
+void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
+{
+    if (event.extension != m_connection->xinputOpcode())
+        return;
+    const auto &input = reinterpret_cast<const xcb_input_button_press_event_t &>(event);
+    X11Surface *surface = surfaceOf(input.event);
+    if (!surface)
+        return;
+    switch (event.event_type) {
+    case XCB_INPUT_BUTTON_PRESS:
+        return surface->buttonPressed(input);
+    case XCB_INPUT_BUTTON_RELEASE:
+        return surface->buttonReleased(input);
+    case XCB_INPUT_MOTION:
+        return surface->pointerMoved(input);
+    default:
+        return;
+    }
+}
+
+void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
+{
+    if (X11Surface *surface = surfaceOf(event.event)) {
+        if (isPress)
+            surface->keyPressed(m_keymap.keyEvent(event));
+    } else if (isPress) {
+        m_hotKeys.keyPressed(event);
+    } else {
+        m_hotKeys.keyReleased(event);
+    }
+}
+
+void X11Desktop::displayAll()
+{
+    // By index: painting may not, but a content's last look could, make or drop a surface.
+    for (std::size_t i = 0; i < m_surfaces.size(); ++i)
+        m_surfaces[i]->display();
+}
+
+void X11Desktop::surfaceGone(X11Surface &surface)
+{
+    m_surfaces.erase(std::remove(m_surfaces.begin(), m_surfaces.end(), &surface), m_surfaces.end());
+}
+
+X11Surface *X11Desktop::surfaceOf(xcb_window_t window) const
+{
+    const auto isThat = [window](const X11Surface *surface) { return surface->window() == window; };
+    const auto found = std::find_if(m_surfaces.begin(), m_surfaces.end(), isThat);
+    return found == m_surfaces.end() ? nullptr : *found;
+}
+
+std::vector<xcb_window_t> X11Desktop::windowsFromBottom() const
+{
+    std::vector<const X11Surface *> shown;
+    std::copy_if(m_surfaces.begin(), m_surfaces.end(), std::back_inserter(shown),
+                 [](const X11Surface *surface) { return surface->isVisible(); });
+    std::sort(shown.begin(), shown.end(), [](const X11Surface *a, const X11Surface *b) {
+        return std::pair(levelOf(a->role()), a->orderedFront()) <
+               std::pair(levelOf(b->role()), b->orderedFront());
+    });
+    std::vector<xcb_window_t> windows;
+    for (const X11Surface *surface : shown)
+        windows.push_back(surface->window());
+    return windows;
+}
+
+std::vector<QRect> X11Desktop::nativeScreens() const
+{
+    std::vector<QRect> frames;
+    for (const Screen &screen : m_layout.screens())
+        frames.push_back(screen.nativeFrame);
+    return frames;
+}
+
+} // namespace zeigewerk::platform::x11

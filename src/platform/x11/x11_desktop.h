@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/levels.h"
+#include "platform/x11/connection.h"
+#include "platform/x11/focus.h"
+#include "platform/x11/keymap.h"
+#include "platform/x11/stacking.h"
+#include "platform/x11/x11_hot_keys.h"
+
+#include <QTimer>
+
+#include <xcb/xinput.h>
+
+namespace zeigewerk::platform::x11 {
+
+class X11Surface;
+
+/// The desktop of an X server: hands each event of our connection to whom it concerns, and has the surfaces
+/// paint once per turn of the event loop.
+class X11Desktop : public Desktop
+{
+    Q_OBJECT
+
+public:
+    /// Needs the application object, on the same display.
+    explicit X11Desktop(std::unique_ptr<Connection> connection);
+    ~X11Desktop() override;
+
+    std::vector<Screen> screens() const override { return m_layout.screens(); }
+    std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) override;
+    QPointF mouseLocation() const override;
+    HotKeys &hotKeys() override { return m_hotKeys; }
+    void activate() override { m_focus.borrow(); }
+    void deactivate() override { m_focus.handBack(); }
+
+    Connection &connection() { return *m_connection; }
+    const ScreenLayout &layout() const { return m_layout; }
+    Focus &focus() { return m_focus; }
+    Stacking &stacking() { return m_stacking; }
+
+    void surfaceMade(X11Surface &surface) { m_surfaces.push_back(&surface); }
+    void surfaceGone(X11Surface &surface);
+    /// Numbers the order-fronts of all surfaces.
+    quint64 nextOrder() { return ++m_lastOrder; }
+
+private:
+    void watchScreens();
+    void readScreensAgain();
+    void handle(const xcb_generic_event_t &event);
+    void handleInput(const xcb_ge_generic_event_t &event);
+    void handleKey(const xcb_key_press_event_t &event, bool isPress);
+    void displayAll();
+    X11Surface *surfaceOf(xcb_window_t window) const;
+    std::vector<xcb_window_t> windowsFromBottom() const;
+    std::vector<QRect> nativeScreens() const;
+
+    std::unique_ptr<Connection> m_connection;
+    ScreenLayout m_layout;
+    Focus m_focus;
+    Keymap m_keymap;
+    Stacking m_stacking;
+    X11HotKeys m_hotKeys;
+    std::vector<X11Surface *> m_surfaces;
+    quint64 m_lastOrder = 0;
+    QTimer m_screensChanged;
+};
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/x11/connection.h"
+
+#include <list>
+
+namespace zeigewerk::platform::x11 {
+
+/// Hot keys as passive grabs on the root window.
+class X11HotKeys : public QObject, public HotKeys
+{
+    Q_OBJECT
+
+public:
+    explicit X11HotKeys(Connection &connection)
+        : m_connection(connection)
+    {
+    }
+
+    std::unique_ptr<HotKey> registerHotKey(PhysicalKey key, Modifiers modifiers, HotKeyId id) override;
+    void setHandler(std::function<void(HotKeyId)> handler) override { m_handler = std::move(handler); }
+
+    /// A key event of the root window.
+    void keyPressed(const xcb_key_press_event_t &event);
+    void keyReleased(const xcb_key_release_event_t &event);
+
+private:
+    struct Grab
+    {
+        xcb_keycode_t keyCode;
+        std::uint16_t modifiers;
+        HotKeyId id;
+        bool isHeld = false;
+    };
+    class Registration;
+
+    bool grab(const Grab &grab);
+    void ungrab(const Grab &grab);
+
+    Connection &m_connection;
+    std::function<void(HotKeyId)> m_handler;
+    std::list<Grab> m_grabs;
+};
+
+} // namespace zeigewerk::platform::x11

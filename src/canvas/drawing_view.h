@@ -86,7 +86,9 @@ private:
     void needsDisplay(const platform::Damage &damage);
     void repaintAll(FullRepaint reason);
     void damageFadedShapes(const Scene &next);
-    void drawSpotlight(QPainter &painter, const Hole &hole) const;
+    platform::Damage shapesArea() const;
+    platform::Damage holesArea(const Hole &before, const Hole &after) const;
+    void drawSpotlight(QPainter &painter, const Hole &hole, const platform::Damage &damage) const;
     /// The one way to change the shape in progress: what its points from `firstPoint` on covered before and
     /// cover afterwards is repainted.
     template <typename Change>

@@ -101,7 +101,7 @@ Damage paintedArea(const Shape &shape, std::size_t firstPoint)
     }
     if (!isDrawableWidth(shape.width))
         return {};
-    if (isFreehand(shape.tool))
+    if (shape.tool.isFreehand())
         return areaOfFreehand(shape, firstPoint);
     if (!isDrawablePoint(shape.start) || !isDrawablePoint(shape.end))
         return {};

@@ -16,9 +16,29 @@ namespace {
 
 using platform::Damage;
 
+/// Antialiasing may touch the pixel beyond an outline.
+constexpr double kEdge = 1.0;
+
+QRectF withEdge(const QRectF &rect)
+{
+    return rect.adjusted(-kEdge, -kEdge, kEdge, kEdge);
+}
+
 QPen roundPen(const Color &color, double width)
 {
     return {toQColor(color), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+}
+
+/// Whether any part of the shape may lie in the damage. A freehand stroke is asked segment by segment when
+/// its path is built.
+bool mayTouch(const Shape &shape, const Damage &damage)
+{
+    if (damage.isEverything() || shape.tool.isFreehand())
+        return true;
+    const Damage area = paintedArea(shape);
+    return area.isEverything() ||
+           std::any_of(area.rects().begin(), area.rects().end(),
+                       [&](const QRectF &rect) { return damage.touches(withEdge(rect)); });
 }
 
 void strokeFreehand(QPainter &painter, const Shape &shape, const Color &color, const Damage &damage)
@@ -85,6 +105,8 @@ void renderShape(QPainter &painter, const Shape &shape, double fade, const Damag
     if (!(fade > 0.0) || (shape.tool != Tool::text && !isDrawableWidth(shape.width)))
         return;
     const Color color = shape.color.withAlpha(std::min(fade, 1.0));
+    if (!mayTouch(shape, damage))
+        return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     switch (shape.tool) {

@@ -25,11 +25,6 @@ inline bool isDrawablePoint(QPointF point)
     return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
 }
 
-inline bool isFreehand(Tool tool)
-{
-    return tool == Tool::pen || tool == Tool::highlighter;
-}
-
 /// How wide the shape is stroked, in points.
 inline double strokeWidth(const Shape &shape)
 {

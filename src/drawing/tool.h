@@ -31,6 +31,9 @@ public:
     constexpr operator Value() const { return m_value; } // NOLINT(google-explicit-constructor)
     constexpr int rawValue() const { return m_value; }
 
+    /// Whether the mark follows the pointer's path instead of spanning its start and end.
+    constexpr bool isFreehand() const { return m_value == pen || m_value == highlighter; }
+
     /// The name of the symbol on the tool's button.
     QString symbol() const;
     /// The tooltip of the tool's button.

@@ -1,0 +1,176 @@
+// How a canvas becomes a picture, and how little of it is painted again when something changes.
+
+#include "canvas/drawing_view.h"
+#include "core/app_delegate.h"
+#include "drawing/fade.h"
+#include "drawing/qt_color.h"
+#include "drawing/render_shape.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zeigewerk {
+
+using platform::Damage;
+
+namespace {
+
+constexpr double kDimmingAlpha = 0.55;
+/// What antialiasing may touch around an outline, in points.
+constexpr double kEdge = 1.0;
+
+QRectF withEdge(const QRectF &rect)
+{
+    return rect.adjusted(-kEdge, -kEdge, kEdge, kEdge);
+}
+
+QRectF square(QPointF middle, double radius)
+{
+    return {middle - QPointF(radius, radius), middle + QPointF(radius, radius)};
+}
+
+double distanceToFarthestCorner(const QRectF &rect, QPointF point)
+{
+    const double dx = std::max(point.x() - rect.left(), rect.right() - point.x());
+    const double dy = std::max(point.y() - rect.top(), rect.bottom() - point.y());
+    return std::hypot(dx, dy);
+}
+
+} // namespace
+
+void DrawingView::setCursorPoint(QPointF point)
+{
+    m_cursorPoint = point;
+    needsDisplay({});
+}
+
+void DrawingView::modesChanged()
+{
+    needsDisplay({});
+}
+
+void DrawingView::discardShapes()
+{
+    const Damage damage = shapesArea();
+    m_shapes.clear();
+    m_current.reset();
+    needsDisplay(damage);
+}
+
+void DrawingView::surfaceIsBlank()
+{
+    m_shown = {};
+    needsDisplay(shapesArea());
+}
+
+int DrawingView::fullRepaints(FullRepaint reason) const
+{
+    const auto found = m_fullRepaints.find(reason);
+    return found == m_fullRepaints.end() ? 0 : found->second;
+}
+
+void DrawingView::willDisplay()
+{
+    const Scene next = sceneNow();
+    if (next.whiteboard != m_shown.whiteboard)
+        repaintAll(FullRepaint::Whiteboard);
+    if (next.spotlight.has_value() != m_shown.spotlight.has_value())
+        repaintAll(FullRepaint::Spotlight);
+    else if (next.spotlight != m_shown.spotlight)
+        needsDisplay(holesArea(*m_shown.spotlight, *next.spotlight));
+    damageFadedShapes(next);
+    m_shown = next;
+}
+
+void DrawingView::draw(QPainter &painter, const Damage &damage)
+{
+    if (!app)
+        return;
+    if (m_shown.whiteboard)
+        painter.fillRect(withEdge(m_bounds), toQColor(kWhite));
+    for (const Shape &shape : m_shapes)
+        renderShape(painter, shape, fadeAlpha(shape, m_shown.fading, m_shown.time), damage);
+    if (m_current)
+        renderShape(painter, *m_current, 1.0, damage);
+    if (m_shown.spotlight)
+        drawSpotlight(painter, *m_shown.spotlight, damage);
+}
+
+DrawingView::Scene DrawingView::sceneNow() const
+{
+    Scene scene;
+    if (!app)
+        return scene;
+    scene.whiteboard = app->whiteboardOn();
+    scene.fading = app->autoFadeOn() && !scene.whiteboard;
+    if (app->spotlightOn())
+        scene.spotlight = Hole{m_cursorPoint, app->spotRadius()};
+    scene.time = app->now();
+    return scene;
+}
+
+void DrawingView::needsDisplay(const Damage &damage)
+{
+    if (m_surface)
+        m_surface->setNeedsDisplay(damage);
+}
+
+void DrawingView::repaintAll(FullRepaint reason)
+{
+    ++m_fullRepaints[reason];
+    needsDisplay(Damage::everything());
+}
+
+void DrawingView::damageFadedShapes(const Scene &next)
+{
+    if (!m_shown.fading && !next.fading)
+        return;
+    Damage damage;
+    for (const Shape &shape : m_shapes) {
+        if (fadeAlpha(shape, m_shown.fading, m_shown.time) != fadeAlpha(shape, next.fading, next.time))
+            damage.add(paintedArea(shape));
+    }
+    needsDisplay(damage);
+}
+
+Damage DrawingView::shapesArea() const
+{
+    Damage damage;
+    for (const Shape &shape : m_shapes)
+        damage.add(paintedArea(shape));
+    if (m_current)
+        damage.add(paintedArea(*m_current));
+    return damage;
+}
+
+Damage DrawingView::holesArea(const Hole &before, const Hole &after) const
+{
+    Damage damage;
+    for (const Hole &hole : {before, after}) {
+        // The radius may be infinite; beyond the bounds nothing shows.
+        const double radius = std::min(distanceToFarthestCorner(m_bounds, hole.middle), hole.radius);
+        const QRectF area = withEdge(square(hole.middle, radius)) & m_bounds;
+        if (!area.isEmpty())
+            damage.add(area);
+    }
+    return damage;
+}
+
+void DrawingView::drawSpotlight(QPainter &painter, const Hole &hole, const Damage &damage) const
+{
+    if (hole.radius > distanceToFarthestCorner(m_bounds, hole.middle) + kEdge)
+        return;
+    QPainterPath path;
+    // Odd-even filling leaves the circle out. A part of the circle beyond the rectangle would be filled, but
+    // nothing beyond the damage is painted.
+    path.setFillRule(Qt::OddEvenFill);
+    path.addRect(withEdge(damage.isEverything() ? m_bounds : damage.boundingRect()));
+    path.addEllipse(square(hole.middle, hole.radius));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(path, toQColor(kBlack.withAlpha(kDimmingAlpha)));
+}
+
+} // namespace zeigewerk

@@ -1,0 +1,226 @@
+// What painting costs: single shapes, one more sample of a stroke, a whole canvas, one step of the spotlight.
+// Each benchmark of a sample or a step paints only its damage, as a surface does.
+
+#include "core/app_delegate.h"
+#include "drawing/render_shape.h"
+#include "platform/paint_damage.h"
+#include "platform/recording/recording_desktop.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+
+namespace zeigewerk {
+
+namespace {
+
+using platform::Damage;
+using platform::ViewGeometry;
+
+constexpr QSize kScreen(3840, 2160);
+
+/// A pen that wanders over the whole screen in steps of a few points, as a hand does.
+QPointF penPoint(int sample)
+{
+    const double way = 3.0 * sample;
+    return {kScreen.width() * (0.5 + 0.45 * std::sin(way / 1100.0)) + 40.0 * std::sin(way / 60.0),
+            kScreen.height() * (0.5 + 0.45 * std::sin(way / 1700.0)) + 40.0 * std::cos(way / 60.0)};
+}
+
+Shape stroke(Tool tool, int points)
+{
+    Shape shape{
+        .tool = tool, .points = {}, .start = {}, .end = {}, .color = kOrange, .width = 5.0, .text = {}};
+    for (int i = 0; i < points; ++i)
+        shape.points.push_back(penPoint(i));
+    return shape;
+}
+
+Shape exampleOf(Tool tool)
+{
+    Shape shape = stroke(tool, tool == Tool::pen || tool == Tool::highlighter ? 200 : 0);
+    shape.start = {300, 300};
+    shape.end = {900, 700};
+    if (tool == Tool::text)
+        shape.text = QStringLiteral("Zwölf Boxkämpfer");
+    return shape;
+}
+
+QImage blankScreen()
+{
+    QImage image(kScreen, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+void renderOneShape(benchmark::State &state)
+{
+    const Tool tool = Tool::allCases.at(static_cast<std::size_t>(state.range(0)));
+    const Shape shape = exampleOf(tool);
+    QImage image = blankScreen();
+    QPainter painter(&image);
+    painter.setTransform(ViewGeometry(kScreen, 1.0).painterTransform());
+    for (auto _ : state)
+        renderShape(painter, shape, 1.0);
+    state.SetLabel(tool.symbol().toStdString());
+}
+BENCHMARK(renderOneShape)->DenseRange(0, 6)->Unit(benchmark::kMicrosecond);
+
+void paintedAreaOfShape(benchmark::State &state)
+{
+    const Tool tool = Tool::allCases.at(static_cast<std::size_t>(state.range(0)));
+    const Shape shape = exampleOf(tool);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(paintedArea(shape));
+    state.SetLabel(tool.symbol().toStdString());
+}
+BENCHMARK(paintedAreaOfShape)->DenseRange(0, 6)->Unit(benchmark::kMicrosecond);
+
+/// The program on a desktop in memory, with one screen of 3840 x 2160.
+class Program
+{
+public:
+    Program()
+        : m_desktop({{.name = QStringLiteral("A"), .nativeFrame = QRect(QPoint(0, 0), kScreen), .frame = {}}})
+        , m_defaults(m_home.filePath(QStringLiteral("settings.ini")))
+        , app(m_desktop, m_defaults)
+    {
+        app.applicationDidFinishLaunching();
+    }
+
+private:
+    QTemporaryDir m_home;
+    platform::RecordingDesktop m_desktop;
+    UserDefaults m_defaults;
+
+public:
+    AppDelegate app;
+
+    DrawingView &view() { return app.overlays().front()->view(); }
+    platform::RecordingSurface &surface()
+    {
+        return *m_desktop.surfaces(platform::SurfaceRole::Overlay).front();
+    }
+
+    void draw(Tool tool, QPointF from, QPointF to)
+    {
+        app.setTool(tool);
+        view().mouseDown({from, {}});
+        view().mouseDragged({to, {}});
+        view().mouseUp({to, {}});
+    }
+};
+
+void onePenSample(benchmark::State &state)
+{
+    Program program;
+    program.app.toggleDraw();
+    program.app.setTool(static_cast<Tool::Value>(state.range(0)));
+    const int points = static_cast<int>(state.range(1));
+    program.view().mouseDown({penPoint(0), {}});
+    int sample = 1;
+    while (sample < points)
+        program.view().mouseDragged({penPoint(sample++), {}});
+    program.surface().display();
+    for (auto _ : state) {
+        // Going on would make the stroke longer than it says, so the pen starts anew now and then.
+        if (sample == points + 100) {
+            state.PauseTiming();
+            program.view().mouseUp({penPoint(sample), {}});
+            program.view().discardShapes();
+            program.view().mouseDown({penPoint(0), {}});
+            sample = 1;
+            while (sample < points)
+                program.view().mouseDragged({penPoint(sample++), {}});
+            program.surface().display();
+            state.ResumeTiming();
+        }
+        program.view().mouseDragged({penPoint(sample++), {}});
+        program.surface().display();
+    }
+}
+BENCHMARK(onePenSample)
+    ->ArgsProduct({{Tool::pen, Tool::highlighter}, {100, 1'000, 20'000}})
+    ->Unit(benchmark::kMicrosecond);
+
+void onePenSampleAboveOtherShapes(benchmark::State &state)
+{
+    Program program;
+    program.app.toggleDraw();
+    for (int i = 0; i < state.range(0); ++i) {
+        const QPointF from = penPoint(97 * i);
+        program.draw(Tool::allCases.at(static_cast<std::size_t>(i % 6)), from, from + QPointF(300, 200));
+    }
+    program.app.setTool(Tool::pen);
+    program.view().mouseDown({penPoint(0), {}});
+    program.surface().display();
+    int sample = 1;
+    for (auto _ : state) {
+        program.view().mouseDragged({penPoint(sample++), {}});
+        program.surface().display();
+        if (sample == 200) {
+            state.PauseTiming();
+            program.app.toggleDraw();
+            program.app.toggleDraw();
+            for (int i = 0; i < state.range(0); ++i) {
+                const QPointF from = penPoint(97 * i);
+                program.draw(Tool::allCases.at(static_cast<std::size_t>(i % 6)), from,
+                             from + QPointF(300, 200));
+            }
+            program.app.setTool(Tool::pen);
+            program.view().mouseDown({penPoint(0), {}});
+            program.surface().display();
+            sample = 1;
+            state.ResumeTiming();
+        }
+    }
+}
+BENCHMARK(onePenSampleAboveOtherShapes)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);
+
+void wholeCanvas(benchmark::State &state)
+{
+    Program program;
+    program.app.toggleDraw();
+    for (int i = 0; i < 12; ++i) {
+        const QPointF from = penPoint(97 * i);
+        program.draw(Tool::allCases.at(static_cast<std::size_t>(i % 6)), from, from + QPointF(300, 200));
+    }
+    program.surface().display();
+    QImage image = blankScreen();
+    for (auto _ : state)
+        platform::paintDamage(image, 1.0, Damage::everything(), program.view());
+}
+BENCHMARK(wholeCanvas)->Unit(benchmark::kMillisecond);
+
+void oneSpotlightStep(benchmark::State &state)
+{
+    Program program;
+    program.app.toggleSpot();
+    program.surface().display();
+    int step = 0;
+    for (auto _ : state) {
+        program.view().setCursorPoint(penPoint(5 * step++));
+        program.surface().display();
+    }
+}
+BENCHMARK(oneSpotlightStep)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+} // namespace zeigewerk
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,207 @@
+#include "desktop_session.h"
+
+#include "eventually.h"
+#include "managed_probe.h"
+#include "process_stats.h"
+#include "rig_error.h"
+
+#include <QFile>
+
+#include <csignal>
+
+namespace zeigewerk::rig {
+
+namespace {
+
+constexpr std::chrono::seconds kStartDeadline{20};
+constexpr std::chrono::seconds kEndDeadline{3};
+
+/// The only variables of whoever runs the tests that reach the programs: where things are installed, and how
+/// instrumented builds report.
+constexpr QLatin1String kInherited[] = {
+    QLatin1String("PATH"),           QLatin1String("LD_LIBRARY_PATH"),
+    QLatin1String("QT_PLUGIN_PATH"), QLatin1String("QT_QPA_PLATFORM_PLUGIN_PATH"),
+    QLatin1String("ASAN_OPTIONS"),   QLatin1String("LSAN_OPTIONS"),
+    QLatin1String("UBSAN_OPTIONS"),  QLatin1String("LLVM_PROFILE_FILE"),
+    QLatin1String("GCOV_PREFIX"),    QLatin1String("GCOV_PREFIX_STRIP"),
+};
+
+void signalAll(const QList<qint64> &processes, int signal)
+{
+    for (const qint64 processId : processes)
+        kill(static_cast<pid_t>(processId), signal);
+}
+
+} // namespace
+
+DesktopSession::DesktopSession(const DesktopSetup &setup)
+    : m_display(setup.screens)
+    , m_pointer(m_display.client())
+    , m_keyboard(m_display.client())
+{
+    makeEnvironment(setup.environment);
+    m_bus = launch(QStringLiteral("dbus-daemon"),
+                   {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
+                    QStringLiteral("--address=") + busAddress()});
+    launchWindowManager(setup.windowManager);
+    if (setup.compositor == Compositor::Picom)
+        launchCompositor();
+    awaitManagers(setup);
+    livingSessions().append(this);
+}
+
+DesktopSession::~DesktopSession()
+{
+    livingSessions().removeOne(this);
+    m_compositor.reset();
+    m_windowManager.reset();
+    m_bus.reset();
+    endStrays();
+}
+
+QList<DesktopSession *> &DesktopSession::livingSessions()
+{
+    static QList<DesktopSession *> sessions;
+    return sessions;
+}
+
+QString DesktopSession::busAddress() const
+{
+    return QStringLiteral("unix:path=") + home().filePath(QStringLiteral("run/bus"));
+}
+
+void DesktopSession::makeEnvironment(const QMap<QString, QString> &extra)
+{
+    const QProcessEnvironment outer = QProcessEnvironment::systemEnvironment();
+    for (const QLatin1String name : kInherited)
+        if (outer.contains(name))
+            m_environment.insert(name, outer.value(name));
+
+    const auto folder = [&](const char *variable, const QString &name) {
+        if (!home().mkpath(name))
+            failRig(QStringLiteral("cannot make %1").arg(home().filePath(name)));
+        m_environment.insert(QLatin1String(variable), home().filePath(name));
+    };
+    folder("HOME", QStringLiteral("."));
+    folder("XDG_RUNTIME_DIR", QStringLiteral("run"));
+    folder("XDG_CONFIG_HOME", QStringLiteral(".config"));
+    folder("XDG_DATA_HOME", QStringLiteral(".local/share"));
+    folder("XDG_STATE_HOME", QStringLiteral(".local/state"));
+    folder("XDG_CACHE_HOME", QStringLiteral(".cache"));
+    folder("TMPDIR", QStringLiteral("tmp"));
+    // The runtime folder must be its owner's alone, or programs refuse it.
+    QFile::setPermissions(home().filePath(QStringLiteral("run")),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+
+    m_environment.insert(QStringLiteral("DISPLAY"), m_display.name());
+    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress());
+    m_environment.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("x11"));
+    m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    m_environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
+    for (auto it = extra.cbegin(); it != extra.cend(); ++it)
+        m_environment.insert(it.key(), *it);
+}
+
+QString DesktopSession::logOf(const QString &program) const
+{
+    return home().filePath(program + QStringLiteral(".log"));
+}
+
+std::unique_ptr<ChildProcess> DesktopSession::launch(const QString &program, const QStringList &arguments)
+{
+    return std::make_unique<ChildProcess>(ChildProcess::Command{
+        .program = program,
+        .arguments = arguments,
+        .environment = m_environment,
+        .logPath = logOf(program),
+    });
+}
+
+void DesktopSession::launchWindowManager(WindowManager kind)
+{
+    switch (kind) {
+    case WindowManager::Openbox:
+        m_windowManager = launch(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+        return;
+    case WindowManager::Xfwm4:
+        m_windowManager = launch(QStringLiteral("xfwm4"),
+                                 {QStringLiteral("--compositor=off"), QStringLiteral("--vblank=off")});
+        return;
+    case WindowManager::I3: {
+        // Without a configuration i3 opens a wizard.
+        QFile configuration(home().filePath(QStringLiteral("i3.conf")));
+        if (!configuration.open(QIODevice::WriteOnly) || configuration.write("# i3 config file (v4)\n") < 0)
+            failRig(QStringLiteral("cannot write to the home folder"));
+        m_windowManager = launch(QStringLiteral("i3"), {QStringLiteral("-c"), configuration.fileName()});
+        return;
+    }
+    case WindowManager::None:
+        return;
+    }
+}
+
+bool DesktopSession::hasWindowManager()
+{
+    // The root names a window, and that window names itself: a manager that died leaves only the first.
+    const QList<quint32> check = client().property(client().root(), "_NET_SUPPORTING_WM_CHECK");
+    return !check.isEmpty() && client().property(check.first(), "_NET_SUPPORTING_WM_CHECK") == check;
+}
+
+void DesktopSession::awaitManagers(const DesktopSetup &setup)
+{
+    if (!eventually([&] { return QFile::exists(home().filePath(QStringLiteral("run/bus"))); },
+                    kStartDeadline))
+        failRig(QStringLiteral("the session bus did not start"));
+    if (setup.windowManager != WindowManager::None)
+        awaitWindowManager();
+    if (setup.compositor != Compositor::None)
+        awaitCompositor();
+}
+
+void DesktopSession::awaitWindowManager()
+{
+    if (!eventually([&] { return hasWindowManager(); }, kStartDeadline))
+        failRig(QStringLiteral("the window manager did not start"));
+    ManagedProbe probe(client());
+    if (!eventually([&] { return probe.isManaged(); }, kStartDeadline) ||
+        !eventually([&] { return probe.isForgotten(); }, kStartDeadline))
+        failRig(QStringLiteral("the window manager does not manage windows"));
+}
+
+void DesktopSession::launchCompositor()
+{
+    // No vertical sync, since the monitors have none, and no user's configuration with shadows and fading.
+    m_compositor = launch(QStringLiteral("picom"), {QStringLiteral("--backend"), QStringLiteral("xrender"),
+                                                    QStringLiteral("--no-vsync"), QStringLiteral("--config"),
+                                                    QStringLiteral("/dev/null")});
+}
+
+void DesktopSession::startCompositor()
+{
+    launchCompositor();
+    awaitCompositor();
+}
+
+void DesktopSession::awaitCompositor()
+{
+    if (!eventually([&] { return isComposited(); }, kStartDeadline))
+        failRig(QStringLiteral("the compositor did not start"));
+}
+
+void DesktopSession::stopCompositor()
+{
+    m_compositor.reset();
+    if (!eventually([&] { return !isComposited(); }))
+        failRig(QStringLiteral("the compositor did not end"));
+}
+
+void DesktopSession::endStrays()
+{
+    // Helpers that the bus or a program started: they have another parent, but our home.
+    const QByteArray mark = "HOME=" + QFile::encodeName(m_environment.value(QStringLiteral("HOME")));
+    signalAll(processesWithEnvironment(mark), SIGTERM);
+    if (!eventually([&] { return processesWithEnvironment(mark).isEmpty(); }, kEndDeadline))
+        signalAll(processesWithEnvironment(mark), SIGKILL);
+}
+
+} // namespace zeigewerk::rig

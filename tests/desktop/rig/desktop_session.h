@@ -1,0 +1,94 @@
+// A whole desktop for one test: display, home, bus, window manager, compositor.
+#pragma once
+
+#include "keyboard.h"
+#include "pointer.h"
+#include "screenshot.h"
+#include "virtual_display.h"
+
+#include <QDir>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <vector>
+
+namespace zeigewerk::rig {
+
+enum class WindowManager { Openbox, Xfwm4, I3, None };
+enum class Compositor { Picom, None };
+
+/// What a session is made of; the defaults are the common desktop.
+struct DesktopSetup
+{
+    QList<QRect> screens = {VirtualDisplay::kFullHd};
+    WindowManager windowManager = WindowManager::Openbox;
+    Compositor compositor = Compositor::Picom;
+    /// Set for every process of the session, beside what the session itself sets.
+    QMap<QString, QString> environment = {};
+};
+
+/// Everything is private to the session and gone with it, also when the test fails; the settings, the bus and
+/// the display of whoever runs the tests are neither read nor written.
+class DesktopSession
+{
+public:
+    /// Comes back when the window manager and the compositor work. Throws RigError if one does not.
+    explicit DesktopSession(const DesktopSetup &setup = {});
+    /// Ends every process started in the session, the newest first, also those it did not start itself.
+    ~DesktopSession();
+    DesktopSession(const DesktopSession &) = delete;
+    DesktopSession &operator=(const DesktopSession &) = delete;
+
+    /// For a program that is to run on this desktop: nothing of the real session shines through.
+    QProcessEnvironment environment() const { return m_environment; }
+    /// The user's home folder in this session.
+    QDir home() const { return QDir(m_home.path()); }
+    /// The address of the session bus.
+    QString busAddress() const;
+
+    VirtualDisplay &display() { return m_display; }
+    Client &client() { return m_display.client(); }
+    Pointer &pointer() { return m_pointer; }
+    Keyboard &keyboard() { return m_keyboard; }
+    Screenshot screenshot() { return Screenshot::of(client()); }
+
+    /// Whether a compositing manager works on the display now.
+    bool isComposited() { return client().selectionHasOwner("_NET_WM_CM_S0"); }
+    /// Ends the compositor, or starts it again; comes back when that has happened.
+    void stopCompositor();
+    void startCompositor();
+
+    /// The window manager's process, or 0 without one.
+    qint64 windowManagerProcessId() const { return m_windowManager ? m_windowManager->processId() : 0; }
+
+    /// The sessions that exist now, the oldest first: for the picture that a failed expectation takes without
+    /// being handed a session.
+    static const QList<DesktopSession *> &living() { return livingSessions(); }
+
+private:
+    static QList<DesktopSession *> &livingSessions();
+
+    void makeEnvironment(const QMap<QString, QString> &extra);
+    std::unique_ptr<ChildProcess> launch(const QString &program, const QStringList &arguments);
+    void launchWindowManager(WindowManager kind);
+    void launchCompositor();
+    void awaitManagers(const DesktopSetup &setup);
+    void awaitWindowManager();
+    void awaitCompositor();
+    bool hasWindowManager();
+    QString logOf(const QString &program) const;
+    void endStrays();
+
+    VirtualDisplay m_display;
+    Pointer m_pointer;
+    Keyboard m_keyboard;
+    QTemporaryDir m_home;
+    QProcessEnvironment m_environment;
+    // In the order in which they start, so that they end in the opposite one.
+    std::unique_ptr<ChildProcess> m_bus;
+    std::unique_ptr<ChildProcess> m_windowManager;
+    std::unique_ptr<ChildProcess> m_compositor;
+};
+
+} // namespace zeigewerk::rig

@@ -1,0 +1,87 @@
+#include "eventually.h"
+
+#include "desktop_session.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+
+namespace zeigewerk::rig {
+
+namespace {
+
+/// Short beside the deadlines, long beside the cost of a question to the server.
+constexpr int kPollMilliseconds = 4;
+
+QString nameOfRunningTest()
+{
+    QString name = QFileInfo(QCoreApplication::applicationFilePath()).baseName();
+    if (const char *function = QTest::currentTestFunction())
+        name += u'_' + QString::fromUtf8(function);
+    if (const char *row = QTest::currentDataTag())
+        name += u'_' + QString::fromUtf8(row);
+    static const QRegularExpression kUnfitForFiles(QStringLiteral("[^A-Za-z0-9_.-]+"));
+    return name.replace(kUnfitForFiles, QStringLiteral("-"));
+}
+
+} // namespace
+
+bool eventually(const Condition &condition, std::chrono::milliseconds deadline)
+{
+    const QDeadlineTimer timer(deadline);
+    while (!condition()) {
+        if (timer.hasExpired())
+            return false;
+        QTest::qWait(kPollMilliseconds);
+    }
+    return true;
+}
+
+bool throughout(std::chrono::milliseconds duration, const Condition &condition)
+{
+    return !eventually([&] { return !condition(); }, duration);
+}
+
+void saveFailurePictures()
+{
+    const QDir folder(QStringLiteral(ZEIGEWERK_FAILURES_DIR));
+    if (!folder.mkpath(QStringLiteral(".")))
+        return;
+    int number = 0;
+    for (DesktopSession *session : DesktopSession::living()) {
+        const QString suffix = number++ == 0 ? QString() : QStringLiteral("_%1").arg(number);
+        const QString path = folder.filePath(nameOfRunningTest() + suffix + QStringLiteral(".png"));
+        if (session->screenshot().save(path))
+            qInfo().noquote() << "The screen at the failure:" << path;
+    }
+}
+
+namespace detail {
+
+namespace {
+
+bool verify(bool holds, const char *text, const QString &problem, const char *file, int line)
+{
+    if (!holds)
+        saveFailurePictures();
+    return QTest::qVerify(holds, text, problem.toUtf8().constData(), file, line);
+}
+
+} // namespace
+
+bool verifyEventually(const Condition &condition, std::chrono::milliseconds deadline, const char *text,
+                      const char *file, int line)
+{
+    const QString problem = QStringLiteral("did not hold within %1 ms").arg(deadline.count());
+    return verify(eventually(condition, deadline), text, problem, file, line);
+}
+
+bool verifyThroughout(std::chrono::milliseconds duration, const Condition &condition, const char *text,
+                      const char *file, int line)
+{
+    const QString problem = QStringLiteral("ceased to hold within %1 ms").arg(duration.count());
+    return verify(throughout(duration, condition), text, problem, file, line);
+}
+
+} // namespace detail
+
+} // namespace zeigewerk::rig

@@ -1,0 +1,43 @@
+#include "managed_probe.h"
+
+namespace zeigewerk::rig {
+
+ManagedProbe::ManagedProbe(Client &client)
+    : m_client(client)
+    , m_id(xcb_generate_id(client.connection()))
+{
+    xcb_create_window(m_client.connection(), XCB_COPY_FROM_PARENT, m_id, m_client.root(), 0, 0, 10, 10, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+}
+
+ManagedProbe::~ManagedProbe()
+{
+    if (!m_isDestroyed)
+        xcb_destroy_window(m_client.connection(), m_id);
+    m_client.roundTrip();
+}
+
+bool ManagedProbe::isManaged()
+{
+    const std::optional<WindowInfo> now = m_client.window(m_id);
+    if (now && now->viewable)
+        return isListed();
+    xcb_map_window(m_client.connection(), m_id);
+    m_client.roundTrip();
+    return false;
+}
+
+bool ManagedProbe::isForgotten()
+{
+    if (!m_isDestroyed)
+        xcb_destroy_window(m_client.connection(), m_id);
+    m_isDestroyed = true;
+    return !isListed();
+}
+
+bool ManagedProbe::isListed()
+{
+    return m_client.property(m_client.root(), "_NET_CLIENT_LIST").contains(m_id);
+}
+
+} // namespace zeigewerk::rig

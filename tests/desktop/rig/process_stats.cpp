@@ -1,0 +1,56 @@
+#include "process_stats.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <ctime>
+#include <functional>
+
+namespace zeigewerk::rig {
+
+namespace {
+
+QByteArray procFile(qint64 processId, const char *name)
+{
+    QFile file(QStringLiteral("/proc/%1/%2").arg(processId).arg(QLatin1String(name)));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+std::chrono::nanoseconds cpuTime(qint64 processId)
+{
+    // The clock counts nanoseconds; /proc/PID/stat only hundredths of a second.
+    clockid_t clock = 0;
+    timespec spent = {};
+    if (clock_getcpuclockid(static_cast<pid_t>(processId), &clock) != 0 || clock_gettime(clock, &spent) != 0)
+        return std::chrono::nanoseconds::zero();
+    return std::chrono::seconds(spent.tv_sec) + std::chrono::nanoseconds(spent.tv_nsec);
+}
+
+qint64 residentBytes(qint64 processId)
+{
+    // "size resident shared ...", in pages.
+    const QList<QByteArray> fields = procFile(processId, "statm").split(' ');
+    return fields.size() > 1 ? fields.at(1).toLongLong() * sysconf(_SC_PAGESIZE) : 0;
+}
+
+QList<qint64> processesWithEnvironment(const QByteArray &entry)
+{
+    QList<qint64> found;
+    const QStringList names = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &name : names) {
+        bool isProcess = false;
+        const qint64 processId = name.toLongLong(&isProcess);
+        // A zombie has no environment any more, so only the living are found.
+        if (isProcess && procFile(processId, "environ").split('\0').contains(entry))
+            found.append(processId);
+    }
+    std::sort(found.begin(), found.end(), std::greater<>());
+    return found;
+}
+
+} // namespace zeigewerk::rig

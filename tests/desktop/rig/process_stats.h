@@ -1,0 +1,21 @@
+// What the kernel tells about processes other than our own.
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+
+#include <chrono>
+
+namespace zeigewerk::rig {
+
+/// Processor time of all threads since the process started, user and system together; zero if it is gone.
+std::chrono::nanoseconds cpuTime(qint64 processId);
+
+/// Resident memory in bytes, shared pages included; zero if the process is gone.
+qint64 residentBytes(qint64 processId);
+
+/// The living processes that were started with exactly this "NAME=value" in their environment, newest first.
+/// It finds grandchildren too, whatever parent they have by now.
+QList<qint64> processesWithEnvironment(const QByteArray &entry);
+
+} // namespace zeigewerk::rig

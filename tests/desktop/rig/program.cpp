@@ -1,0 +1,92 @@
+#include "program.h"
+
+#include "desktop_session.h"
+#include "eventually.h"
+#include "hot_key_thief.h"
+#include "process_stats.h"
+#include "rig_error.h"
+
+namespace zeigewerk::rig {
+
+namespace {
+
+QString binaryUnderTest()
+{
+    const QString binary = qEnvironmentVariable("ZEIGEWERK_BINARY", QStringLiteral(ZEIGEWERK_BINARY));
+    if (!QFileInfo(binary).isExecutable())
+        failRig(QStringLiteral("no program to test at \"%1\"; set ZEIGEWERK_BINARY").arg(binary));
+    return binary;
+}
+
+ChildProcess::Command commandOf(const DesktopSession &session, const QMap<QString, QString> &environment,
+                                const QStringList &arguments)
+{
+    ChildProcess::Command command{
+        .program = binaryUnderTest(),
+        .arguments = arguments,
+        .environment = session.environment(),
+    };
+    for (auto it = environment.cbegin(); it != environment.cend(); ++it)
+        command.environment.insert(it.key(), *it);
+    return command;
+}
+
+} // namespace
+
+Program::Program(DesktopSession &session, const QMap<QString, QString> &environment,
+                 const QStringList &arguments)
+    : m_session(session)
+    , m_child(commandOf(session, environment, arguments))
+{
+}
+
+Program::~Program()
+{
+    m_child.end();
+    if (QTest::currentTestFailed())
+        qInfo().noquote() << "The program wrote:\n" << output();
+}
+
+bool Program::waitUntilReady(std::chrono::milliseconds deadline)
+{
+    const bool settled = eventually(
+        [&] {
+            return !isRunning() || isGrabbedByAnother(m_session, {Key::Ctrl, Key::Alt}, Key::P);
+        },
+        deadline);
+    return settled && isRunning();
+}
+
+std::optional<int> Program::terminate(std::chrono::milliseconds deadline)
+{
+    if (isRunning())
+        m_child.process().terminate();
+    return waitForExit(deadline);
+}
+
+std::optional<int> Program::waitForExit(std::chrono::milliseconds deadline)
+{
+    if (!eventually([&] { return !isRunning(); }, deadline))
+        return std::nullopt;
+    if (m_child.process().exitStatus() != QProcess::NormalExit)
+        return std::nullopt;
+    return m_child.process().exitCode();
+}
+
+QByteArray Program::output()
+{
+    m_output += m_child.process().readAll();
+    return m_output;
+}
+
+std::chrono::nanoseconds Program::cpuTime() const
+{
+    return rig::cpuTime(processId());
+}
+
+qint64 Program::residentBytes() const
+{
+    return rig::residentBytes(processId());
+}
+
+} // namespace zeigewerk::rig

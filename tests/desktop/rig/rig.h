@@ -1,0 +1,10 @@
+// Everything that a scenario needs.
+#pragma once
+
+#include "desktop_session.h" // IWYU pragma: export
+#include "eventually.h"      // IWYU pragma: export
+#include "hot_key_thief.h"   // IWYU pragma: export
+#include "process_stats.h"   // IWYU pragma: export
+#include "program.h"         // IWYU pragma: export
+#include "rig_error.h"       // IWYU pragma: export
+#include "window_beneath.h"  // IWYU pragma: export

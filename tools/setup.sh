@@ -1,0 +1,90 @@
+# Shared by run and test: what the project needs, and how it is built. Sourced by bash from the project's
+# top folder.
+
+set -euo pipefail
+
+# To build the program, its tests and its benchmarks.
+build_packages=(
+    cmake ninja-build g++ pkg-config
+    qt6-base-dev libgl-dev
+    libxcb1-dev libxcb-shm0-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-shape0-dev libxcb-cursor-dev
+    libxcb-xkb-dev libxcb-randr0-dev libxcb-xtest0-dev libxcb-res0-dev libxkbcommon-dev libxkbcommon-x11-dev
+    libbenchmark-dev
+)
+# A virtual desktop: display, window manager, compositor, session bus, keyboard maps, a font.
+desktop_packages=(
+    xserver-xorg-core xserver-xorg-video-dummy xkb-data x11-xkb-utils x11-xserver-utils
+    openbox picom dbus dbus-daemon fonts-dejavu-core
+)
+
+say() { printf '%s\n' "$*"; }
+fail() { printf '%s\n' "$*" >&2; exit 1; }
+
+is_debian() {
+    [ -r /etc/os-release ] && command -v apt-get >/dev/null &&
+        (. /etc/os-release && case " ${ID:-} ${ID_LIKE:-} " in *" debian "*) true ;; *) false ;; esac)
+}
+
+# The named packages that are not installed.
+missing_packages() {
+    local package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}\n' "$package" 2>/dev/null | grep -q ' installed$' || printf '%s\n' "$package"
+    done
+}
+
+# install_packages WHY PACKAGE...: installs what is missing of them, as root or through sudo.
+install_packages() {
+    local why=$1 missing as_root=()
+    shift
+    if ! is_debian; then
+        name_missing_tools "$@"
+        return
+    fi
+    mapfile -t missing < <(missing_packages "$@")
+    [ ${#missing[@]} -gt 0 ] || return 0
+    say "Needed $why, and not installed yet: ${missing[*]}"
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null ||
+            fail "Installing packages needs root, and there is no sudo here. As root: apt-get install ${missing[*]}"
+        say "Installing them with sudo, which may ask for your password."
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
+        >build/install.log 2>&1 || { tail -n 20 build/install.log >&2; fail "Installing failed; see build/install.log"; }
+}
+
+# name_missing_tools PACKAGE...: on other distributions the packages have other names, so it says which of
+# their tools and libraries are missing, and stops.
+name_missing_tools() {
+    local missing=() tool module
+    for tool in cmake ninja g++ pkg-config; do
+        command -v "$tool" >/dev/null || missing+=("$tool")
+    done
+    for module in Qt6Widgets xcb xcb-shm xcb-xinput xcb-xfixes xcb-shape xcb-cursor xcb-xkb xcb-randr xcb-xtest xcb-res \
+        xkbcommon xkbcommon-x11 benchmark; do
+        pkg-config --exists "$module" 2>/dev/null || missing+=("$module (development files)")
+    done
+    if [[ " $* " == *" openbox "* ]]; then
+        for tool in Xorg openbox picom dbus-daemon xkbcomp; do
+            command -v "$tool" >/dev/null || [ -x "/usr/lib/xorg/$tool" ] || missing+=("$tool")
+        done
+    fi
+    [ ${#missing[@]} -eq 0 ] || fail "This is not Debian, so please install these yourself: $(printf '\n  %s' "${missing[@]}")"
+}
+
+# build PRESET TARGET...: configures once, and builds; silent when there is nothing to do.
+build() {
+    local preset=$1 folder=build/$1
+    shift
+    mkdir -p "$folder"
+    if [ ! -f "$folder/build.ninja" ]; then
+        say "Configuring $folder …"
+        cmake --preset "$preset" -DZEIGEWERK_WERROR="${ZEIGEWERK_WERROR:-OFF}" >"$folder/configure.log" 2>&1 ||
+            { tail -n 30 "$folder/configure.log" >&2; fail "Configuring failed; see $folder/configure.log"; }
+    fi
+    ninja -C "$folder" -n "$@" | grep -q 'no work to do' && return 0
+    say "Building $folder …"
+    ninja -C "$folder" "$@"
+}

@@ -3,6 +3,7 @@
 #include <QAbstractEventDispatcher>
 #include <QSocketNotifier>
 
+#include <xcb/randr.h>
 #include <xcb/shape.h>
 #include <xcb/shm.h>
 #include <xcb/xcb_cursor.h>
@@ -59,6 +60,7 @@ QString Connection::prepareExtensions()
     xcb_prefetch_extension_data(m_xcb, &xcb_input_id);
     xcb_prefetch_extension_data(m_xcb, &xcb_shm_id);
     xcb_prefetch_extension_data(m_xcb, &xcb_shape_id);
+    xcb_prefetch_extension_data(m_xcb, &xcb_randr_id);
 
     const auto *input = xcb_get_extension_data(m_xcb, &xcb_input_id);
     if (!input->present)
@@ -71,6 +73,9 @@ QString Connection::prepareExtensions()
         return QStringLiteral("the X11 display lacks X Input 2");
     if (!xcb_get_extension_data(m_xcb, &xcb_shape_id)->present)
         return QStringLiteral("the X11 display lacks the Shape extension");
+
+    if (!xcb_get_extension_data(m_xcb, &xcb_randr_id)->present)
+        return QStringLiteral("the X11 display lacks the RandR extension");
 
     if (!xkb_x11_setup_xkb_extension(m_xcb, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
                                      XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &m_xkbEvent,

@@ -7,8 +7,7 @@
 #include "platform/x11/keymap.h"
 #include "platform/x11/stacking.h"
 #include "platform/x11/x11_hot_keys.h"
-
-#include <QTimer>
+#include "platform/x11/x11_screens.h"
 
 #include <xcb/xinput.h>
 
@@ -27,7 +26,7 @@ public:
     explicit X11Desktop(std::unique_ptr<Connection> connection);
     ~X11Desktop() override;
 
-    std::vector<Screen> screens() const override { return m_layout.screens(); }
+    std::vector<Screen> screens() const override { return layout().screens(); }
     std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) override;
     QPointF mouseLocation() const override;
     HotKeys &hotKeys() override { return m_hotKeys; }
@@ -35,7 +34,7 @@ public:
     void deactivate() override { m_focus.handBack(); }
 
     Connection &connection() { return *m_connection; }
-    const ScreenLayout &layout() const { return m_layout; }
+    const ScreenLayout &layout() const { return m_screens.layout(); }
     Focus &focus() { return m_focus; }
     Stacking &stacking() { return m_stacking; }
 
@@ -45,8 +44,6 @@ public:
     quint64 nextOrder() { return ++m_lastOrder; }
 
 private:
-    void watchScreens();
-    void readScreensAgain();
     void handle(const xcb_generic_event_t &event);
     void handleInput(const xcb_ge_generic_event_t &event);
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
@@ -56,14 +53,13 @@ private:
     std::vector<QRect> nativeScreens() const;
 
     std::unique_ptr<Connection> m_connection;
-    ScreenLayout m_layout;
+    X11Screens m_screens;
     Focus m_focus;
     Keymap m_keymap;
     Stacking m_stacking;
     X11HotKeys m_hotKeys;
     std::vector<X11Surface *> m_surfaces;
     quint64 m_lastOrder = 0;
-    QTimer m_screensChanged;
 };
 
 } // namespace zeigewerk::platform::x11

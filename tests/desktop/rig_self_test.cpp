@@ -31,7 +31,8 @@ private Q_SLOTS:
     void translucencyComesAndGoesWithTheCompositor();
     void desktopWithoutManagersWorks();
     void sessionEndsAllItsProcesses();
-    void failedConditionsAreReported();
+    void conditionsAreAskedUntilTheyAreSettled();
+    void pictureOfAFailureShowsTheScreen();
 };
 
 void RigSelfTest::initTestCase()
@@ -206,7 +207,7 @@ void RigSelfTest::sessionEndsAllItsProcesses()
     QVERIFY(DesktopSession::living().isEmpty());
 }
 
-void RigSelfTest::failedConditionsAreReported()
+void RigSelfTest::conditionsAreAskedUntilTheyAreSettled()
 {
     int asked = 0;
     QVERIFY(eventually([&] { return ++asked == 3; }));
@@ -216,6 +217,20 @@ void RigSelfTest::failedConditionsAreReported()
     asked = 0;
     QVERIFY(!throughout(1s, [&] { return ++asked < 3; }));
     QCOMPARE(asked, 3);
+}
+
+void RigSelfTest::pictureOfAFailureShowsTheScreen()
+{
+    QVERIFY(saveFailurePictures().isEmpty());
+    DesktopSession session;
+    WindowBeneath beneath(session, kBeneath, kBlue);
+    EVENTUALLY(session.screenshot().isFilled(kBlue, kBeneath));
+    const QStringList saved = saveFailurePictures();
+    QCOMPARE(saved.size(), 1);
+    const QString name = QFileInfo(saved.first()).fileName();
+    QCOMPARE(name, QStringLiteral("rig_self_test_pictureOfAFailureShowsTheScreen.png"));
+    QCOMPARE(QImage(saved.first()).pixelColor(kBeneath.center()), kBlue);
+    QVERIFY(QFile::remove(saved.first()));
 }
 
 QTEST_GUILESS_MAIN(RigSelfTest)

@@ -22,8 +22,8 @@ bool eventually(const Condition &condition, std::chrono::milliseconds deadline =
 bool throughout(std::chrono::milliseconds duration, const Condition &condition);
 
 /// Saves a screenshot of each living session to the build's folder "failures", under the name of the running
-/// test, and says where.
-void saveFailurePictures();
+/// test, says where on the log, and returns the files.
+QStringList saveFailurePictures();
 
 namespace detail {
 

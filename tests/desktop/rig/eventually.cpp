@@ -43,7 +43,7 @@ bool throughout(std::chrono::milliseconds duration, const Condition &condition)
 
 QStringList saveFailurePictures()
 {
-    const QDir folder(QStringLiteral(ZEIGEWERK_FAILURES_DIR));
+    const QDir folder(qEnvironmentVariable("ZEIGEWERK_FAILURES_DIR", QStringLiteral(ZEIGEWERK_FAILURES_DIR)));
     QStringList saved;
     if (!folder.mkpath(QStringLiteral(".")))
         return saved;

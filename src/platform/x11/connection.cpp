@@ -32,16 +32,17 @@ std::unique_ptr<Connection> Connection::open(QString *problem)
         return nullptr;
     }
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(xcb));
-    while (screenNumber-- > 0 && screens.rem > 1)
+    for (int i = 0; i < screenNumber && screens.rem > 1; ++i)
         xcb_screen_next(&screens);
-    std::unique_ptr<Connection> connection(new Connection(xcb, screens.data));
+    std::unique_ptr<Connection> connection(new Connection(xcb, screens.data, screenNumber));
     *problem = connection->prepareExtensions();
     return problem->isEmpty() ? std::move(connection) : nullptr;
 }
 
-Connection::Connection(xcb_connection_t *xcb, xcb_screen_t *screen)
+Connection::Connection(xcb_connection_t *xcb, xcb_screen_t *screen, int screenNumber)
     : m_xcb(xcb)
     , m_screen(screen)
+    , m_screenNumber(screenNumber)
     , m_own(rangeOf(xcb))
 {
 }

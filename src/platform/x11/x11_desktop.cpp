@@ -31,6 +31,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_screens(*m_connection)
     , m_focus(*m_connection)
     , m_keymap(*m_connection)
+    , m_compositing(*m_connection)
     , m_stacking(
           *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
     , m_hotKeys(*m_connection)
@@ -40,6 +41,10 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     connect(m_connection.get(), &Connection::lost, this, [] {
         std::fputs("zeigewerk: the X11 display has gone away\n", stderr);
         QCoreApplication::exit(kExitCodeOfLostDisplay);
+    });
+    connect(&m_compositing, &Compositing::changed, this, [this] {
+        for (X11Surface *surface : m_surfaces)
+            surface->compositingChanged();
     });
     connect(&m_screens, &X11Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
@@ -101,6 +106,8 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
         m_keymap.invalidate();
     else if (m_screens.isChangeEvent(type))
         m_screens.changeAnnounced();
+    else if (m_compositing.isChangeEvent(type))
+        m_compositing.ownerChanged();
     else if (m_connection->hasSharedMemory() && type == m_connection->shmCompletionEvent()) {
         if (X11Surface *surface = surfaceOf(as<xcb_shm_completion_event_t>(event).drawable))
             surface->putCompleted();
@@ -153,7 +160,7 @@ void X11Desktop::surfaceGone(X11Surface &surface)
 
 X11Surface *X11Desktop::surfaceOf(xcb_window_t window) const
 {
-    const auto isThat = [window](const X11Surface *surface) { return surface->window() == window; };
+    const auto isThat = [window](const X11Surface *surface) { return surface->owns(window); };
     const auto found = std::find_if(m_surfaces.begin(), m_surfaces.end(), isThat);
     return found == m_surfaces.end() ? nullptr : *found;
 }
@@ -168,8 +175,10 @@ std::vector<xcb_window_t> X11Desktop::windowsFromBottom() const
                std::pair(levelOf(b->role()), b->orderedFront());
     });
     std::vector<xcb_window_t> windows;
-    for (const X11Surface *surface : shown)
-        windows.push_back(surface->window());
+    for (const X11Surface *surface : shown) {
+        const std::vector<xcb_window_t> ofSurface = surface->shownWindows();
+        windows.insert(windows.end(), ofSurface.begin(), ofSurface.end());
+    }
     return windows;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/desktop.h"
 #include "platform/levels.h"
+#include "platform/x11/compositing.h"
 #include "platform/x11/connection.h"
 #include "platform/x11/focus.h"
 #include "platform/x11/keymap.h"
@@ -37,6 +38,7 @@ public:
     const ScreenLayout &layout() const { return m_screens.layout(); }
     Focus &focus() { return m_focus; }
     Stacking &stacking() { return m_stacking; }
+    const Compositing &compositing() const { return m_compositing; }
 
     void surfaceMade(X11Surface &surface) { m_surfaces.push_back(&surface); }
     void surfaceGone(X11Surface &surface);
@@ -56,6 +58,7 @@ private:
     X11Screens m_screens;
     Focus m_focus;
     Keymap m_keymap;
+    Compositing m_compositing;
     Stacking m_stacking;
     X11HotKeys m_hotKeys;
     std::vector<X11Surface *> m_surfaces;

@@ -18,7 +18,7 @@ class X11Desktop;
 
 /// A surface on X11: an override-redirect window with an alpha channel, so that stacking and focus are in
 /// our hands and no window manager moves or decorates it.
-class X11Surface : public Surface
+class X11Surface final : public Surface
 {
 public:
     X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame);

@@ -1,57 +1,77 @@
 #include "pixels/picture.h"
 
+#include "platform/paint_damage.h"
+
 #include <QtMath>
 
-#include <cstring>
+#include <utility>
 
 namespace zeigewerk::test {
 
 using platform::Damage;
 
+namespace {
+
+class PaintedByFunction : public platform::SurfaceContent
+{
+public:
+    explicit PaintedByFunction(const Picture::Paint &paint)
+        : m_paint(paint)
+    {
+    }
+
+    void draw(QPainter &painter, const Damage &damage) override { m_paint(painter, damage); }
+
+private:
+    const Picture::Paint &m_paint;
+};
+
+QString describe(QRgb actual, QRgb expected, int x, int y)
+{
+    return QStringLiteral("pixel (%1, %2) is %3, not %4")
+        .arg(x)
+        .arg(y)
+        .arg(actual, 8, 16, QLatin1Char('0'))
+        .arg(expected, 8, 16, QLatin1Char('0'));
+}
+
+} // namespace
+
 Picture::Picture(QSize pixels, double scale)
-    : m_image(pixels, QImage::Format_ARGB32_Premultiplied)
-    , m_viewToPixels(scale, 0, 0, -scale, 0, pixels.height())
+    : m_geometry(pixels, scale)
+    , m_image(pixels, QImage::Format_ARGB32_Premultiplied)
 {
     m_image.fill(Qt::transparent);
 }
 
 QColor Picture::at(QPointF viewPoint) const
 {
-    const QPointF pixel = m_viewToPixels.map(viewPoint);
-    return m_image.pixelColor(qFloor(pixel.x()), qFloor(pixel.y()));
+    return colorAt(m_image, m_geometry.scale(), viewPoint);
 }
 
 QRegion Picture::damagedPixels(const Damage &damage) const
 {
-    if (damage.isEverything())
-        return QRegion(m_image.rect());
-    QRegion pixels;
-    for (const QRectF &rect : damage.rects())
-        pixels += m_viewToPixels.mapRect(rect).toAlignedRect().adjusted(-1, -1, 1, 1);
-    return pixels & m_image.rect();
+    return platform::damagedRegion(m_geometry, damage);
 }
 
-Damage Picture::damageOf(const QRegion &pixels) const
+QRegion Picture::repaint(const Damage &damage, const Paint &paint)
 {
-    Damage damage;
-    const QTransform pixelsToView = m_viewToPixels.inverted();
-    for (const QRect &rect : pixels)
-        damage.add(pixelsToView.mapRect(QRectF(rect)));
-    return damage;
+    PaintedByFunction content(paint);
+    return platform::paintDamage(m_image, m_geometry.scale(), damage, content);
 }
 
-namespace {
-
-QString describe(const QImage &actual, const QImage &expected, int x, int y)
+QColor colorAt(const QImage &image, double scale, QPointF viewPoint)
 {
-    return QStringLiteral("pixel (%1, %2) is %3, not %4")
-        .arg(x)
-        .arg(y)
-        .arg(actual.pixel(x, y), 8, 16, QLatin1Char('0'))
-        .arg(expected.pixel(x, y), 8, 16, QLatin1Char('0'));
+    const QPointF pixel = platform::ViewGeometry(image.size(), scale).toPixels(viewPoint);
+    return image.pixelColor(qFloor(pixel.x()), qFloor(pixel.y()));
 }
 
-} // namespace
+bool isBlank(const QImage &image)
+{
+    QImage blank(image.size(), image.format());
+    blank.fill(Qt::transparent);
+    return image == blank;
+}
 
 QString firstDifference(const QImage &actual, const QImage &expected, const QRegion &region)
 {
@@ -61,11 +81,18 @@ QString firstDifference(const QImage &actual, const QImage &expected, const QReg
             const auto *expectedLine = reinterpret_cast<const QRgb *>(expected.constScanLine(y));
             for (int x = rect.left(); x <= rect.right(); ++x) {
                 if (actualLine[x] != expectedLine[x])
-                    return describe(actual, expected, x, y);
+                    return describe(actualLine[x], expectedLine[x], x, y);
             }
         }
     }
     return {};
+}
+
+QString firstDifference(const QImage &actual, const QImage &expected)
+{
+    if (actual.size() != expected.size())
+        return QStringLiteral("the pictures have different sizes");
+    return firstDifference(actual, expected, QRegion(actual.rect()));
 }
 
 QString firstDifferenceOutside(const QImage &before, const QImage &after, const QRegion &region)

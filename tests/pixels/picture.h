@@ -1,60 +1,50 @@
 #pragma once
 
 #include "platform/damage.h"
+#include "platform/geometry.h"
 
 #include <QColor>
 #include <QImage>
 #include <QPainter>
 #include <QRegion>
-#include <QTransform>
+
+#include <functional>
 
 namespace zeigewerk::test {
 
-/// An image in memory that is painted as a surface is: view coordinates (points, y up) at some scale, and
-/// only within a damage that is turned into whole pixels.
+/// An image in memory that is painted as a surface is: in view coordinates (points, y up) at some scale, and
+/// only where it is damaged.
 class Picture
 {
 public:
+    using Paint = std::function<void(QPainter &, const platform::Damage &)>;
+
     Picture(QSize pixels, double scale);
 
     const QImage &image() const { return m_image; }
-    /// The pixel that contains that view point.
+    const platform::ViewGeometry &geometry() const { return m_geometry; }
+    /// The colour of the pixel that contains that view point.
     QColor at(QPointF viewPoint) const;
-
-    /// Every pixel that the damage may touch.
     QRegion damagedPixels(const platform::Damage &damage) const;
-    /// Those pixels as view rectangles, which is what a surface has drawn.
-    platform::Damage damageOf(const QRegion &pixels) const;
 
-    /// Clears those pixels and has them painted: `paint` is given a painter in view coordinates that is
-    /// clipped to them.
-    template <typename Paint>
-    void repaint(const QRegion &pixels, Paint paint)
-    {
-        if (pixels.isEmpty())
-            return;
-        QPainter painter(&m_image);
-        painter.setClipRegion(pixels);
-        painter.setCompositionMode(QPainter::CompositionMode_Clear);
-        painter.fillRect(m_image.rect(), Qt::transparent);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        painter.setTransform(m_viewToPixels);
-        paint(painter);
-    }
-
-    template <typename Paint>
-    void repaintAll(Paint paint)
-    {
-        repaint(QRegion(m_image.rect()), paint);
-    }
+    /// Returns the pixels that were painted.
+    QRegion repaint(const platform::Damage &damage, const Paint &paint);
+    void repaintAll(const Paint &paint) { repaint(platform::Damage::everything(), paint); }
 
 private:
+    platform::ViewGeometry m_geometry;
     QImage m_image;
-    QTransform m_viewToPixels;
 };
+
+/// The colour of a picture's pixel that contains that view point.
+QColor colorAt(const QImage &image, double scale, QPointF viewPoint);
+
+/// Whether no pixel has any colour.
+bool isBlank(const QImage &image);
 
 /// The first pixel of `region` in which the two images differ, told with both values; empty when none does.
 QString firstDifference(const QImage &actual, const QImage &expected, const QRegion &region);
+QString firstDifference(const QImage &actual, const QImage &expected);
 
 /// The first pixel outside `region` in which the two images differ; empty when none does.
 QString firstDifferenceOutside(const QImage &before, const QImage &after, const QRegion &region);

@@ -1,10 +1,10 @@
 #include "pixels/random_shapes.h"
 
 #include <QDebug>
-#include <QtMath>
 
 #include <array>
 #include <cmath>
+#include <numbers>
 
 namespace zeigewerk::test {
 
@@ -79,12 +79,12 @@ std::vector<QPointF> RandomShapes::stroke(QSizeF view)
 {
     const int count = chance(0.2) ? integer(1, 3) : integer(4, 150);
     const double step = std::exp(real(std::log(0.05), std::log(120.0)));
-    const double turn = oneOf(std::array{0.1, 0.5, M_PI});
+    const double turn = oneOf(std::array{0.1, 0.5, std::numbers::pi});
     const bool whole = chance(0.3);
     std::vector<QPointF> points = {point(view)};
-    double direction = real(-M_PI, M_PI);
+    double direction = real(-std::numbers::pi, std::numbers::pi);
     while (static_cast<int>(points.size()) < count) {
-        direction += chance(0.05) ? M_PI : real(-turn, turn);
+        direction += chance(0.05) ? std::numbers::pi : real(-turn, turn);
         const double length = step * real(0.2, 1.8);
         QPointF next = points.back() + length * QPointF(std::cos(direction), std::sin(direction));
         // Now and then the pen rests, or comes back to a place where it has been.
@@ -99,14 +99,12 @@ std::vector<QPointF> RandomShapes::stroke(QSizeF view)
     return points;
 }
 
-QRegion RandomShapes::pixels(QSize size)
+platform::Damage RandomShapes::damage(QSizeF view)
 {
-    QRegion region;
-    for (int i = integer(1, 3); i > 0; --i) {
-        const QPoint corner(integer(0, size.width() - 1), integer(0, size.height() - 1));
-        region += QRect(corner, QSize(integer(1, 60), integer(1, 60)));
-    }
-    return region & QRect(QPoint(0, 0), size);
+    platform::Damage damage;
+    for (int i = integer(1, 3); i > 0; --i)
+        damage.add(QRectF(point(view), QSizeF(real(0.0, 60.0), real(0.0, 60.0))));
+    return damage;
 }
 
 } // namespace zeigewerk::test

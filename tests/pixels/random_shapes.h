@@ -1,9 +1,9 @@
 #pragma once
 
 #include "drawing/shape.h"
+#include "platform/damage.h"
 
-#include <QRegion>
-#include <QSize>
+#include <QSizeF>
 
 #include <random>
 
@@ -34,8 +34,8 @@ public:
     double scale();
     /// A shape of any tool, with points dense and far apart, doubled, turning sharply, coming back.
     Shape shape(QSizeF view);
-    /// One to three rectangles of whole pixels.
-    QRegion pixels(QSize size);
+    /// One to three rectangles, mostly small ones.
+    platform::Damage damage(QSizeF view);
 
 private:
     std::vector<QPointF> stroke(QSizeF view);

@@ -1,0 +1,109 @@
+// Whatever happens on a canvas, in whatever order: what stands on its surface is what painting everything
+// would give. Every pixel that changed was therefore reported as damaged.
+
+#include "pixels/canvas.h"
+#include "pixels/picture.h"
+#include "pixels/random_shapes.h"
+
+#include <QTest>
+
+#include <array>
+
+namespace zeigewerk::test {
+
+namespace {
+
+constexpr int kCanvases = 15;
+constexpr int kStepsEach = 60;
+constexpr QSize kPixels(240, 180);
+
+/// One thing that a user, a timer or another part of the program does. Returns what it was.
+QString takeStep(Canvas &canvas, RandomShapes &random)
+{
+    const QSizeF view = canvas.view().bounds().size();
+    switch (random.integer(0, 11)) {
+    case 0:
+        canvas.app().toggleDraw();
+        return QStringLiteral("toggleDraw");
+    case 1:
+        canvas.app().toggleBoard();
+        return QStringLiteral("toggleBoard");
+    case 2:
+        canvas.app().toggleSpot();
+        return QStringLiteral("toggleSpot");
+    case 3:
+        canvas.app().togglePin();
+        return QStringLiteral("togglePin");
+    case 4:
+        canvas.movePointer(random.point(view));
+        return QStringLiteral("pointer moved");
+    case 5:
+        canvas.pass(random.real(0.0, 1.5));
+        return QStringLiteral("time passed");
+    case 6:
+        canvas.view().mouseUp({random.point(view), {}});
+        return QStringLiteral("released");
+    case 7:
+        canvas.view().mouseDragged(
+            {random.point(view), random.chance(0.5) ? platform::Modifier::Shift : platform::Modifiers()});
+        return QStringLiteral("dragged");
+    case 8:
+        canvas.drag(random.shape(view));
+        return QStringLiteral("drag begun");
+    case 9:
+        if (random.chance(0.2)) {
+            canvas.view().discardShapes();
+            return QStringLiteral("discarded");
+        }
+        [[fallthrough]];
+    default:
+        canvas.draw(random.shape(view));
+        return QStringLiteral("drawn");
+    }
+}
+
+} // namespace
+
+class CanvasDamageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void paintingOnlyTheDamageLeavesWhatPaintingEverythingWould_data();
+    void paintingOnlyTheDamageLeavesWhatPaintingEverythingWould();
+};
+
+void CanvasDamageTest::paintingOnlyTheDamageLeavesWhatPaintingEverythingWould_data()
+{
+    QTest::addColumn<double>("scale");
+    for (const double scale : {1.0, 1.25, 1.5, 2.0})
+        QTest::addRow("scale %g", scale) << scale;
+}
+
+void CanvasDamageTest::paintingOnlyTheDamageLeavesWhatPaintingEverythingWould()
+{
+    QFETCH(const double, scale);
+    RandomShapes random;
+    for (int i = 0; i < kCanvases; ++i) {
+        const double radius = random.oneOf(std::array{35.0, 60.5, 90.0, 400.0, 1e9, qInf()});
+        Canvas canvas(kPixels, scale, {.autoFade = random.chance(0.5), .spotRadius = radius});
+        QStringList steps;
+        for (int step = 0; step < kStepsEach; ++step) {
+            steps.append(takeStep(canvas, random));
+            if (!canvas.surface().isVisible() || random.chance(0.3))
+                continue;
+            canvas.display();
+            const QString difference = firstDifference(canvas.image(), canvas.wholePicture());
+            QVERIFY2(difference.isEmpty(),
+                     qPrintable(QStringLiteral("seed %1, canvas %2, after %3: %4")
+                                    .arg(random.seed())
+                                    .arg(i)
+                                    .arg(steps.join(QStringLiteral(", ")), difference)));
+        }
+    }
+}
+
+} // namespace zeigewerk::test
+
+QTEST_MAIN(zeigewerk::test::CanvasDamageTest)
+#include "canvas_damage_test.moc"

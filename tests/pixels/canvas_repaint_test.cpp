@@ -1,0 +1,125 @@
+#include "pixels/canvas.h"
+#include "pixels/example_shapes.h"
+
+#include <QTest>
+
+#include <cmath>
+
+namespace zeigewerk::test {
+
+class CanvasRepaintTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anEmptyCanvasIsNotPaintedAtAll();
+    void aSurfaceShownAgainIsPaintedAgain();
+    void fullRepaintsHaveTheirReasons();
+    void movingTheSpotlightPaintsItsTwoCirclesOnly();
+    void aSampleOfALongStrokePaintsOnlyItsNeighbourhood();
+    void aFadingShapePaintsOnlyItself();
+};
+
+void CanvasRepaintTest::anEmptyCanvasIsNotPaintedAtAll()
+{
+    Canvas canvas;
+    canvas.app().toggleDraw();
+    QVERIFY(!canvas.display());
+    QVERIFY(isBlank(canvas.image()));
+}
+
+void CanvasRepaintTest::aSurfaceShownAgainIsPaintedAgain()
+{
+    Canvas canvas;
+    canvas.app().toggleDraw();
+    canvas.draw(thickLine({50, 50}, {350, 250}));
+    canvas.app().toggleSpot();
+    canvas.display();
+    const QImage before = canvas.image();
+    canvas.surface().orderOut();
+    canvas.surface().orderFrontRegardless();
+    QVERIFY(isBlank(canvas.image()));
+    canvas.view().surfaceIsBlank();
+    canvas.display();
+    QCOMPARE(canvas.image(), before);
+}
+
+void CanvasRepaintTest::fullRepaintsHaveTheirReasons()
+{
+    Canvas canvas(QSize(400, 300), 1.0, {.autoFade = true});
+    const auto counts = [&] {
+        return std::pair(canvas.view().fullRepaints(FullRepaint::Whiteboard),
+                         canvas.view().fullRepaints(FullRepaint::Spotlight));
+    };
+    canvas.app().toggleDraw();
+    canvas.draw(thickLine({50, 50}, {350, 250}));
+    canvas.display();
+    canvas.pass(4.2);
+    canvas.display();
+    QCOMPARE(counts(), std::pair(0, 0));
+    canvas.app().toggleBoard();
+    canvas.display();
+    QCOMPARE(counts(), std::pair(1, 0));
+    canvas.app().toggleSpot();
+    canvas.display();
+    canvas.movePointer({100, 100});
+    canvas.display();
+    QCOMPARE(counts(), std::pair(1, 1));
+    canvas.app().toggleBoard();
+    canvas.app().toggleSpot();
+    canvas.display();
+    QCOMPARE(counts(), std::pair(2, 2));
+}
+
+void CanvasRepaintTest::movingTheSpotlightPaintsItsTwoCirclesOnly()
+{
+    Canvas canvas(QSize(1600, 1200), 1.0, {.spotRadius = 50});
+    canvas.desktop().setMouseLocation({300, 300});
+    canvas.app().toggleSpot();
+    canvas.display();
+    canvas.movePointer({1200, 900});
+    canvas.display();
+    // Two squares of the circle's diameter, with a few pixels around them.
+    constexpr qint64 kSide = 100 + 6;
+    QVERIFY(canvas.lastPaintedPixels() <= 2 * kSide * kSide);
+    canvas.display();
+    QCOMPARE(canvas.lastPaintedPixels(), 0);
+}
+
+void CanvasRepaintTest::aSampleOfALongStrokePaintsOnlyItsNeighbourhood()
+{
+    Canvas canvas(QSize(1600, 1200));
+    canvas.app().toggleDraw();
+    canvas.app().setLineWidth(5);
+    canvas.view().mouseDown({{100, 100}, {}});
+    for (int i = 1; i <= 500; ++i)
+        canvas.view().mouseDragged({{100.0 + 2 * i, 100.0 + i}, {}});
+    canvas.display();
+    canvas.view().mouseDragged({{1104, 602}, {}});
+    canvas.display();
+    QVERIFY(canvas.lastPaintedPixels() > 0);
+    QVERIFY(canvas.lastPaintedPixels() <= 20 * 20);
+}
+
+void CanvasRepaintTest::aFadingShapePaintsOnlyItself()
+{
+    Canvas canvas(QSize(1600, 1200), 1.0, {.autoFade = true});
+    canvas.app().toggleDraw();
+    canvas.draw(thickLine({100, 100}, {1500, 1100}));
+    canvas.pass(3.0);
+    canvas.draw(thickLine({100, 1100}, {700, 1100}));
+    canvas.display();
+    canvas.pass(0.9);
+    QVERIFY(!canvas.display());
+    canvas.pass(0.3);
+    canvas.display();
+    QVERIFY(canvas.lastPaintedPixels() > 0);
+    QVERIFY(canvas.lastPaintedPixels() < 1600 * 1200 / 10);
+    QVERIFY(canvas.at({800, 600}).alpha() < 255);
+    QCOMPARE(canvas.at({400, 1100}), kInk);
+}
+
+} // namespace zeigewerk::test
+
+QTEST_MAIN(zeigewerk::test::CanvasRepaintTest)
+#include "canvas_repaint_test.moc"

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "drawing/shape.h"
+#include "pixels/picture.h"
+
+#include <array>
+#include <vector>
+
+namespace zeigewerk::test {
+
+inline const QColor kInk(0xF2, 0x9A, 0x00);
+inline const QColor kNothing(0, 0, 0, 0);
+inline constexpr std::array kScales = {1.0, 1.25, 1.5, 2.0};
+
+using Points = std::vector<QPointF>;
+
+// Shapes in the colour of `kInk`.
+Shape freehand(Tool tool, Points points, double width = 5.0);
+Shape spanning(Tool tool, QPointF start, QPointF end, double width = 5.0);
+Shape writing(const QString &text, QPointF start, double width = 5.0);
+/// A line nine points wide.
+Shape thickLine(QPointF from, QPointF to, const Color &color = kOrange);
+
+/// A picture of 160 x 120 points with the shapes on it, the first one lowest.
+Picture pictureOf(const std::vector<Shape> &shapes, double scale = 1.0, double fade = 1.0);
+
+} // namespace zeigewerk::test

@@ -1,0 +1,124 @@
+#include "pixels/example_shapes.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <limits>
+
+namespace zeigewerk::test {
+
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+
+} // namespace
+
+class RenderFreehandTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aSinglePointIsARoundDotOfTheStrokesWidth_data();
+    void aSinglePointIsARoundDotOfTheStrokesWidth();
+    void restingOnOnePointLeavesTheSameDot();
+    void withoutPointsNothingIsDrawn();
+    void theHighlighterIsFourTimesAsWideAndSeeThrough();
+    void aPenStrokeShowsThroughTheHighlighter();
+    void aHighlighterThatCrossesItselfIsOneCoat();
+    void aHalfFadedHighlighterHasAFifthOfItsAlpha();
+    void pointsThatCannotBeDrawnAreLeftOut();
+};
+
+void RenderFreehandTest::aSinglePointIsARoundDotOfTheStrokesWidth_data()
+{
+    QTest::addColumn<Tool>("tool");
+    QTest::addColumn<double>("width");
+    QTest::addColumn<double>("diameter");
+    for (const double width : {3.0, 5.0, 9.0}) {
+        QTest::addRow("pen %g", width) << Tool(Tool::pen) << width << width;
+        QTest::addRow("highlighter %g", width) << Tool(Tool::highlighter) << width << 4.0 * width;
+    }
+}
+
+void RenderFreehandTest::aSinglePointIsARoundDotOfTheStrokesWidth()
+{
+    QFETCH(const Tool, tool);
+    QFETCH(const double, width);
+    QFETCH(const double, diameter);
+    constexpr double kScale = 2.0;
+    const Picture picture = pictureOf({freehand(tool, {{80, 60}}, width)}, kScale);
+    double area = 0.0;
+    double extent = 0.0;
+    const double full = picture.at({80, 60}).alphaF();
+    for (int y = 0; y < picture.image().height(); ++y) {
+        for (int x = 0; x < picture.image().width(); ++x) {
+            const double coverage = picture.image().pixelColor(x, y).alphaF() / full;
+            area += coverage / (kScale * kScale);
+            const QPointF away = picture.geometry().toView(QPointF(x + 0.5, y + 0.5)) - QPointF(80.05, 60);
+            extent = coverage > 0.5 ? std::max(extent, std::hypot(away.x(), away.y())) : extent;
+        }
+    }
+    // Of a circle's area and reaching as far as a circle, so it is one.
+    const double expected = M_PI * diameter * diameter / 4.0 + 0.1 * diameter;
+    QVERIFY2(std::abs(area - expected) < 0.05 * expected, QByteArray::number(area));
+    QVERIFY2(extent < diameter / 2.0 + 0.3, QByteArray::number(extent));
+}
+
+void RenderFreehandTest::restingOnOnePointLeavesTheSameDot()
+{
+    const Points resting(7, QPointF(40, 40));
+    QCOMPARE(pictureOf({freehand(Tool::pen, resting)}).image(),
+             pictureOf({freehand(Tool::pen, {{40, 40}})}).image());
+}
+
+void RenderFreehandTest::withoutPointsNothingIsDrawn()
+{
+    QVERIFY(isBlank(pictureOf({freehand(Tool::pen, {}), freehand(Tool::highlighter, {})}).image()));
+}
+
+void RenderFreehandTest::theHighlighterIsFourTimesAsWideAndSeeThrough()
+{
+    for (const double width : {3.0, 5.0, 9.0}) {
+        const Picture picture = pictureOf({freehand(Tool::highlighter, {{30, 60}, {120, 60}}, width)}, 1.5);
+        for (const double side : {-1.0, 1.0}) {
+            QCOMPARE(picture.at({75, 60 + side * (2 * width - 1.0)}).alpha(), 102);
+            QCOMPARE(picture.at({75, 60 + side * (2 * width + 1.0)}), kNothing);
+        }
+    }
+}
+
+void RenderFreehandTest::aPenStrokeShowsThroughTheHighlighter()
+{
+    const Points way = {{30, 60}, {120, 60}};
+    const Picture picture = pictureOf({freehand(Tool::pen, way, 5), freehand(Tool::highlighter, way, 5)});
+    QCOMPARE(picture.at({75, 60}), kInk);
+    QCOMPARE(picture.at({75, 67}).alpha(), 102);
+}
+
+void RenderFreehandTest::aHighlighterThatCrossesItselfIsOneCoat()
+{
+    const Picture picture = pictureOf(
+        {freehand(Tool::highlighter, {{30, 60}, {120, 60}, {120, 100}, {75, 100}, {75, 20}, {30, 60}})});
+    for (const QPointF crossing : {QPointF(75, 60), QPointF(30, 60), QPointF(120, 61), QPointF(75, 99)})
+        QCOMPARE(picture.at(crossing).alpha(), 102);
+}
+
+void RenderFreehandTest::aHalfFadedHighlighterHasAFifthOfItsAlpha()
+{
+    const Picture picture = pictureOf({freehand(Tool::highlighter, {{30, 60}, {120, 60}})}, 1.0, 0.5);
+    QCOMPARE(picture.at({75, 60}).alpha(), 51);
+}
+
+void RenderFreehandTest::pointsThatCannotBeDrawnAreLeftOut()
+{
+    QCOMPARE(
+        pictureOf({freehand(Tool::pen, {{kNotANumber, 1}, {20, 20}, {kInfinity, 50}, {1e200, 3}, {90, 70}})})
+            .image(),
+        pictureOf({freehand(Tool::pen, {{20, 20}, {90, 70}})}).image());
+}
+
+} // namespace zeigewerk::test
+
+QTEST_MAIN(zeigewerk::test::RenderFreehandTest)
+#include "render_freehand_test.moc"

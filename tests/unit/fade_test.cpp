@@ -1,0 +1,75 @@
+#include "drawing/fade.h"
+
+#include <QTest>
+
+using zeigewerk::fadeAlpha;
+using zeigewerk::Shape;
+using zeigewerk::TimePoint;
+using zeigewerk::WallClock;
+
+class FadeTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void opacityFollowsTheAge_data();
+    void opacityFollowsTheAge();
+    void opacityNeverRises();
+};
+
+namespace {
+
+TimePoint afterSeconds(double seconds)
+{
+    return TimePoint(std::chrono::seconds(1'000'000)) +
+           std::chrono::duration_cast<WallClock::duration>(std::chrono::duration<double>(seconds));
+}
+
+Shape madeAtZero()
+{
+    Shape shape;
+    shape.created = afterSeconds(0.0);
+    return shape;
+}
+
+} // namespace
+
+void FadeTest::opacityFollowsTheAge_data()
+{
+    QTest::addColumn<bool>("fading");
+    QTest::addColumn<double>("age");
+    QTest::addColumn<double>("opacity");
+    QTest::newRow("fresh") << true << 0.0 << 1.0;
+    QTest::newRow("held") << true << 3.999 << 1.0;
+    QTest::newRow("begins") << true << 4.0 << 1.0;
+    QTest::newRow("a quarter gone") << true << 4.2 << 0.75;
+    QTest::newRow("half gone") << true << 4.4 << 0.5;
+    QTest::newRow("gone") << true << 4.8 << 0.0;
+    QTest::newRow("long gone") << true << 1e6 << 0.0;
+    QTest::newRow("clock set back") << true << -10.0 << 1.0;
+    QTest::newRow("nothing fades") << false << 1e6 << 1.0;
+}
+
+void FadeTest::opacityFollowsTheAge()
+{
+    QFETCH(const bool, fading);
+    QFETCH(const double, age);
+    QFETCH(const double, opacity);
+    QVERIFY(std::abs(fadeAlpha(madeAtZero(), fading, afterSeconds(age)) - opacity) < 1e-6);
+}
+
+void FadeTest::opacityNeverRises()
+{
+    double last = 1.0;
+    for (double age = 3.9; age < 5.0; age += 1.0 / 128) {
+        const double opacity = fadeAlpha(madeAtZero(), true, afterSeconds(age));
+        QVERIFY(opacity <= last && opacity >= 0.0);
+        // Linear: no step is larger than the time that passed.
+        QVERIFY(last - opacity <= 1.0 / 128 / 0.8 + 1e-6);
+        last = opacity;
+    }
+    QCOMPARE(last, 0.0);
+}
+
+QTEST_APPLESS_MAIN(FadeTest)
+#include "fade_test.moc"

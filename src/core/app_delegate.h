@@ -77,6 +77,8 @@ public:
 
     /// The only place that shows, hides and activates the overlays and discards drawings.
     void refreshAll();
+    /// Whether the timer runs that has the spotlight and the cursor ring follow the pointer.
+    bool isFollowing() const { return m_spotTimer != nullptr; }
     /// One step of what follows the pointer: the spotlight's hole and the cursor ring.
     void followPointer();
 

@@ -53,13 +53,12 @@ ScreenLayout::ScreenLayout(std::vector<Screen> screens)
 
 QPointF ScreenLayout::pointOfPixel(QPointF nativePosition) const
 {
-    const Screen *screen =
-        nearest(m_screens, nativePosition, [](const Screen &s) { return QRectF(s.nativeFrame); });
+    const QPointF middle = nativePosition + QPointF(0.5, 0.5);
+    const Screen *screen = nearest(m_screens, middle, [](const Screen &s) { return QRectF(s.nativeFrame); });
     if (!screen)
         return nativePosition;
-    const QPointF middle = nativePosition + QPointF(0.5, 0.5) - QPointF(screen->nativeFrame.topLeft());
-    return {screen->frame.left() + middle.x() / screen->scale,
-            screen->frame.bottom() - middle.y() / screen->scale};
+    const QPointF within = (middle - QPointF(screen->nativeFrame.topLeft())) / screen->scale;
+    return {screen->frame.left() + within.x(), screen->frame.bottom() - within.y()};
 }
 
 QRect ScreenLayout::nativeRect(const QRectF &frame) const

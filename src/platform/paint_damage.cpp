@@ -17,7 +17,7 @@ QRegion damagedRegion(const ViewGeometry &geometry, const Damage &damage)
 QRegion paintDamage(QImage &image, double scale, const Damage &damage, SurfaceContent &content)
 {
     const ViewGeometry geometry(image.size(), scale);
-    const QRegion region = damagedRegion(geometry, damage);
+    QRegion region = damagedRegion(geometry, damage);
     if (region.isEmpty())
         return region;
 

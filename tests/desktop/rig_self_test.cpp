@@ -31,7 +31,8 @@ private Q_SLOTS:
     void translucencyComesAndGoesWithTheCompositor();
     void desktopWithoutManagersWorks();
     void sessionEndsAllItsProcesses();
-    void failedConditionsAreReported();
+    void conditionsAreAskedUntilTheyAreSettled();
+    void pictureOfAFailureShowsTheScreen();
 };
 
 void RigSelfTest::initTestCase()
@@ -202,11 +203,12 @@ void RigSelfTest::sessionEndsAllItsProcesses()
     }
     QVERIFY(processesWithEnvironment(mark).isEmpty());
     QCOMPARE(kill(static_cast<pid_t>(server), 0), -1);
+    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("no connection to display")));
     QVERIFY_THROWS_EXCEPTION(RigError, Client{display});
     QVERIFY(DesktopSession::living().isEmpty());
 }
 
-void RigSelfTest::failedConditionsAreReported()
+void RigSelfTest::conditionsAreAskedUntilTheyAreSettled()
 {
     int asked = 0;
     QVERIFY(eventually([&] { return ++asked == 3; }));
@@ -216,6 +218,24 @@ void RigSelfTest::failedConditionsAreReported()
     asked = 0;
     QVERIFY(!throughout(1s, [&] { return ++asked < 3; }));
     QCOMPARE(asked, 3);
+}
+
+void RigSelfTest::pictureOfAFailureShowsTheScreen()
+{
+    // A folder of its own, so that the same test may run twice at a time.
+    const QTemporaryDir folder;
+    qputenv("ZEIGEWERK_FAILURES_DIR", QFile::encodeName(folder.path()));
+    const auto restored = qScopeGuard([] { qunsetenv("ZEIGEWERK_FAILURES_DIR"); });
+    QVERIFY(saveFailurePictures().isEmpty());
+    DesktopSession session;
+    WindowBeneath beneath(session, kBeneath, kBlue);
+    EVENTUALLY(session.screenshot().isFilled(kBlue, kBeneath));
+    const QStringList saved = saveFailurePictures();
+    QCOMPARE(saved.size(), 1);
+    QCOMPARE(saved.first(),
+             folder.filePath(
+                 QStringLiteral("rig_self_test_%1.png").arg(QLatin1String(QTest::currentTestFunction()))));
+    QCOMPARE(QImage(saved.first()).pixelColor(kBeneath.center()), kBlue);
 }
 
 QTEST_GUILESS_MAIN(RigSelfTest)

@@ -3,6 +3,7 @@
 #include <QAbstractEventDispatcher>
 #include <QSocketNotifier>
 
+#include <xcb/randr.h>
 #include <xcb/shape.h>
 #include <xcb/shm.h>
 #include <xcb/xcb_cursor.h>
@@ -31,16 +32,17 @@ std::unique_ptr<Connection> Connection::open(QString *problem)
         return nullptr;
     }
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(xcb));
-    while (screenNumber-- > 0 && screens.rem > 1)
+    for (int i = 0; i < screenNumber && screens.rem > 1; ++i)
         xcb_screen_next(&screens);
-    std::unique_ptr<Connection> connection(new Connection(xcb, screens.data));
+    std::unique_ptr<Connection> connection(new Connection(xcb, screens.data, screenNumber));
     *problem = connection->prepareExtensions();
     return problem->isEmpty() ? std::move(connection) : nullptr;
 }
 
-Connection::Connection(xcb_connection_t *xcb, xcb_screen_t *screen)
+Connection::Connection(xcb_connection_t *xcb, xcb_screen_t *screen, int screenNumber)
     : m_xcb(xcb)
     , m_screen(screen)
+    , m_screenNumber(screenNumber)
     , m_own(rangeOf(xcb))
 {
 }
@@ -59,6 +61,7 @@ QString Connection::prepareExtensions()
     xcb_prefetch_extension_data(m_xcb, &xcb_input_id);
     xcb_prefetch_extension_data(m_xcb, &xcb_shm_id);
     xcb_prefetch_extension_data(m_xcb, &xcb_shape_id);
+    xcb_prefetch_extension_data(m_xcb, &xcb_randr_id);
 
     const auto *input = xcb_get_extension_data(m_xcb, &xcb_input_id);
     if (!input->present)
@@ -71,6 +74,9 @@ QString Connection::prepareExtensions()
         return QStringLiteral("the X11 display lacks X Input 2");
     if (!xcb_get_extension_data(m_xcb, &xcb_shape_id)->present)
         return QStringLiteral("the X11 display lacks the Shape extension");
+
+    if (!xcb_get_extension_data(m_xcb, &xcb_randr_id)->present)
+        return QStringLiteral("the X11 display lacks the RandR extension");
 
     if (!xkb_x11_setup_xkb_extension(m_xcb, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
                                      XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &m_xkbEvent,

@@ -34,6 +34,8 @@ public:
 
     xcb_connection_t *xcb() const { return m_xcb; }
     xcb_window_t root() const { return m_screen->root; }
+    /// Which of the server's screens, in the sense of ":0.1", this is.
+    int screenNumber() const { return m_screenNumber; }
     /// The visual with an alpha channel, 32 bits deep.
     xcb_visualid_t argbVisual() const { return m_argbVisual; }
     xcb_colormap_t argbColormap() const { return m_argbColormap; }
@@ -59,7 +61,7 @@ Q_SIGNALS:
     void lost();
 
 private:
-    Connection(xcb_connection_t *xcb, xcb_screen_t *screen);
+    Connection(xcb_connection_t *xcb, xcb_screen_t *screen, int screenNumber);
 
     QString prepareExtensions();
     bool findArgbVisual();
@@ -77,6 +79,7 @@ private:
 
     xcb_connection_t *m_xcb;
     xcb_screen_t *m_screen;
+    int m_screenNumber;
     xcb_visualid_t m_argbVisual = 0;
     xcb_colormap_t m_argbColormap = 0;
     xcb_cursor_t m_arrowCursor = 0;

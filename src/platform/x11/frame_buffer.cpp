@@ -34,7 +34,7 @@ FrameBuffer::FrameBuffer(Connection &connection, QSize size)
 {
     if (connection.hasSharedMemory() && shareMemory())
         m_image = QImage(static_cast<uchar *>(m_address), size.width(), size.height(),
-                         size.width() * kBytesPerPixel, QImage::Format_ARGB32_Premultiplied);
+                         QImage::Format_ARGB32_Premultiplied);
 }
 
 FrameBuffer::~FrameBuffer()

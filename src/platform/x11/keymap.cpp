@@ -1,5 +1,5 @@
 // The X server's header names a field `explicit`, which C++ keeps for itself.
-#define explicit explicit_
+#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 

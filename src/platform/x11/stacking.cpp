@@ -102,10 +102,13 @@ std::vector<Stacking::Child> Stacking::childrenFromTop() const
     for (std::size_t i = 0; i < windows.size(); ++i) {
         const auto attributes = owned(xcb_get_window_attributes_reply(xcb, cookies[i].first, nullptr));
         const auto geometry = owned(xcb_get_geometry_reply(xcb, cookies[i].second, nullptr));
-        if (!attributes || !geometry || attributes->_class != XCB_WINDOW_CLASS_INPUT_OUTPUT)
+        if (!attributes || !geometry)
             continue;
+        const bool isOurs = m_connection.isOurs(windows[i]);
+        if (!isOurs && attributes->_class != XCB_WINDOW_CLASS_INPUT_OUTPUT)
+            continue; // invisible, so nothing that could cover us
         children.push_back({.window = windows[i],
-                            .isOurs = m_connection.isOurs(windows[i]),
+                            .isOurs = isOurs,
                             .isViewable = attributes->map_state == XCB_MAP_STATE_VIEWABLE,
                             .isOverrideRedirect = attributes->override_redirect != 0,
                             .frame = {geometry->x, geometry->y, geometry->width, geometry->height}});

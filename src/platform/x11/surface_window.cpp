@@ -80,6 +80,20 @@ xcb_window_t createSurfaceWindow(Connection &connection, SurfaceRole role, const
     return window;
 }
 
+xcb_window_t createInputWindow(Connection &connection, const QRect &nativeFrame)
+{
+    const xcb_window_t window = xcb_generate_id(connection.xcb());
+    constexpr std::uint32_t kOverrideRedirect = 1;
+    const std::array<std::uint32_t, 2> values = {kOverrideRedirect, connection.arrowCursor()};
+    xcb_create_window(connection.xcb(), XCB_COPY_FROM_PARENT, window, connection.root(),
+                      static_cast<std::int16_t>(nativeFrame.x()), static_cast<std::int16_t>(nativeFrame.y()),
+                      static_cast<std::uint16_t>(nativeFrame.width()),
+                      static_cast<std::uint16_t>(nativeFrame.height()), 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT | XCB_CW_CURSOR, values.data());
+    selectPointer(connection, window);
+    return window;
+}
+
 void configureWindow(Connection &connection, xcb_window_t window, const QRect &nativeFrame)
 {
     const std::array<std::uint32_t, 4> values = {

@@ -1,11 +1,9 @@
 #include "platform/x11/x11_desktop.h"
 
-#include "platform/x11/x11_screens.h"
 #include "platform/x11/x11_surface.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
-#include <QScreen>
 
 #include <xcb/shm.h>
 
@@ -30,9 +28,10 @@ const Event &as(const xcb_generic_event_t &event)
 
 X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     : m_connection(std::move(connection))
-    , m_layout(readScreens(*m_connection))
+    , m_screens(*m_connection)
     , m_focus(*m_connection)
     , m_keymap(*m_connection)
+    , m_compositing(*m_connection)
     , m_stacking(
           *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
     , m_hotKeys(*m_connection)
@@ -43,12 +42,19 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
         std::fputs("zeigewerk: the X11 display has gone away\n", stderr);
         QCoreApplication::exit(kExitCodeOfLostDisplay);
     });
-    watchScreens();
+    connect(&m_compositing, &Compositing::changed, this, [this] {
+        for (X11Surface *surface : m_surfaces)
+            surface->compositingChanged();
+    });
+    connect(&m_screens, &X11Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
                         [this] { displayAll(); });
 }
 
-X11Desktop::~X11Desktop() = default;
+X11Desktop::~X11Desktop()
+{
+    m_focus.handBack();
+}
 
 std::unique_ptr<Surface> X11Desktop::makeSurface(SurfaceRole role, const QRectF &frame)
 {
@@ -59,35 +65,7 @@ QPointF X11Desktop::mouseLocation() const
 {
     const auto cookie = xcb_query_pointer(m_connection->xcb(), m_connection->root());
     const auto reply = owned(xcb_query_pointer_reply(m_connection->xcb(), cookie, nullptr));
-    return reply ? m_layout.pointOfPixel(QPointF(reply->root_x, reply->root_y)) : QPointF();
-}
-
-void X11Desktop::watchScreens()
-{
-    // A change arrives as several signals, one for each property and screen; they end in one look.
-    m_screensChanged.setSingleShot(true);
-    m_screensChanged.callOnTimeout(this, &X11Desktop::readScreensAgain);
-    const auto changed = [this] { m_screensChanged.start(); };
-    const auto watch = [this, changed](QScreen *screen) {
-        connect(screen, &QScreen::geometryChanged, this, changed);
-        connect(screen, &QScreen::physicalDotsPerInchChanged, this, changed);
-        connect(screen, &QScreen::logicalDotsPerInchChanged, this, changed);
-    };
-    for (QScreen *screen : QGuiApplication::screens())
-        watch(screen);
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, watch);
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, changed);
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, changed);
-    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, changed);
-}
-
-void X11Desktop::readScreensAgain()
-{
-    const ScreenLayout layout = readScreens(*m_connection);
-    if (layout.screens() == m_layout.screens())
-        return;
-    m_layout = layout;
-    Q_EMIT screensChanged();
+    return reply ? layout().pointOfPixel(QPointF(reply->root_x, reply->root_y)) : QPointF();
 }
 
 void X11Desktop::handle(const xcb_generic_event_t &event)
@@ -126,6 +104,10 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
     }
     if (type == m_connection->xkbEvent())
         m_keymap.invalidate();
+    else if (m_screens.isChangeEvent(type))
+        m_screens.changeAnnounced();
+    else if (m_compositing.isChangeEvent(type))
+        m_compositing.ownerChanged();
     else if (m_connection->hasSharedMemory() && type == m_connection->shmCompletionEvent()) {
         if (X11Surface *surface = surfaceOf(as<xcb_shm_completion_event_t>(event).drawable))
             surface->putCompleted();
@@ -178,7 +160,7 @@ void X11Desktop::surfaceGone(X11Surface &surface)
 
 X11Surface *X11Desktop::surfaceOf(xcb_window_t window) const
 {
-    const auto isThat = [window](const X11Surface *surface) { return surface->window() == window; };
+    const auto isThat = [window](const X11Surface *surface) { return surface->owns(window); };
     const auto found = std::find_if(m_surfaces.begin(), m_surfaces.end(), isThat);
     return found == m_surfaces.end() ? nullptr : *found;
 }
@@ -193,15 +175,17 @@ std::vector<xcb_window_t> X11Desktop::windowsFromBottom() const
                std::pair(levelOf(b->role()), b->orderedFront());
     });
     std::vector<xcb_window_t> windows;
-    for (const X11Surface *surface : shown)
-        windows.push_back(surface->window());
+    for (const X11Surface *surface : shown) {
+        const std::vector<xcb_window_t> ofSurface = surface->shownWindows();
+        windows.insert(windows.end(), ofSurface.begin(), ofSurface.end());
+    }
     return windows;
 }
 
 std::vector<QRect> X11Desktop::nativeScreens() const
 {
     std::vector<QRect> frames;
-    for (const Screen &screen : m_layout.screens())
+    for (const Screen &screen : layout().screens())
         frames.push_back(screen.nativeFrame);
     return frames;
 }

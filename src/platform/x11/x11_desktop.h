@@ -2,13 +2,13 @@
 
 #include "platform/desktop.h"
 #include "platform/levels.h"
+#include "platform/x11/compositing.h"
 #include "platform/x11/connection.h"
 #include "platform/x11/focus.h"
 #include "platform/x11/keymap.h"
 #include "platform/x11/stacking.h"
 #include "platform/x11/x11_hot_keys.h"
-
-#include <QTimer>
+#include "platform/x11/x11_screens.h"
 
 #include <xcb/xinput.h>
 
@@ -27,7 +27,7 @@ public:
     explicit X11Desktop(std::unique_ptr<Connection> connection);
     ~X11Desktop() override;
 
-    std::vector<Screen> screens() const override { return m_layout.screens(); }
+    std::vector<Screen> screens() const override { return layout().screens(); }
     std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) override;
     QPointF mouseLocation() const override;
     HotKeys &hotKeys() override { return m_hotKeys; }
@@ -35,9 +35,10 @@ public:
     void deactivate() override { m_focus.handBack(); }
 
     Connection &connection() { return *m_connection; }
-    const ScreenLayout &layout() const { return m_layout; }
+    const ScreenLayout &layout() const { return m_screens.layout(); }
     Focus &focus() { return m_focus; }
     Stacking &stacking() { return m_stacking; }
+    const Compositing &compositing() const { return m_compositing; }
 
     void surfaceMade(X11Surface &surface) { m_surfaces.push_back(&surface); }
     void surfaceGone(X11Surface &surface);
@@ -45,8 +46,6 @@ public:
     quint64 nextOrder() { return ++m_lastOrder; }
 
 private:
-    void watchScreens();
-    void readScreensAgain();
     void handle(const xcb_generic_event_t &event);
     void handleInput(const xcb_ge_generic_event_t &event);
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
@@ -56,14 +55,14 @@ private:
     std::vector<QRect> nativeScreens() const;
 
     std::unique_ptr<Connection> m_connection;
-    ScreenLayout m_layout;
+    X11Screens m_screens;
     Focus m_focus;
     Keymap m_keymap;
+    Compositing m_compositing;
     Stacking m_stacking;
     X11HotKeys m_hotKeys;
     std::vector<X11Surface *> m_surfaces;
     quint64 m_lastOrder = 0;
-    QTimer m_screensChanged;
 };
 
 } // namespace zeigewerk::platform::x11

@@ -6,52 +6,126 @@
 #include <xcb/randr.h>
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace zeigewerk::platform::x11 {
 
+using namespace std::chrono_literals;
+
 namespace {
 
-QString atomName(Connection &connection, xcb_atom_t atom)
-{
-    const auto reply =
-        owned(xcb_get_atom_name_reply(connection.xcb(), xcb_get_atom_name(connection.xcb(), atom), nullptr));
-    return reply ? QString::fromUtf8(xcb_get_atom_name_name(reply.get()),
-                                     xcb_get_atom_name_name_length(reply.get()))
-                 : QString();
-}
+/// Far longer than Qt takes to learn of a screen; only for a monitor that it never makes one of.
+constexpr auto kWaitForQtAtMost = 250ms;
 
-double scaleOf(const QString &name)
+QScreen *qtScreen(const QString &name)
 {
     const QList<QScreen *> screens = QGuiApplication::screens();
     const auto found =
         std::find_if(screens.begin(), screens.end(), [&](QScreen *screen) { return screen->name() == name; });
-    if (found != screens.end())
-        return (*found)->devicePixelRatio();
-    const QScreen *primary = QGuiApplication::primaryScreen();
-    return primary ? primary->devicePixelRatio() : 1.0;
+    return found == screens.end() ? nullptr : *found;
+}
+
+double scaleOf(const QString &name)
+{
+    const QScreen *screen = qtScreen(name);
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    return screen ? screen->devicePixelRatio() : 1.0;
+}
+
+bool areKnownToQt(const ScreenLayout &layout)
+{
+    return std::all_of(layout.screens().begin(), layout.screens().end(),
+                       [](const Screen &screen) { return qtScreen(screen.name) != nullptr; });
 }
 
 } // namespace
 
-ScreenLayout readScreens(Connection &connection)
+X11Screens::X11Screens(Connection &connection)
+    : m_connection(connection)
+    , m_layout(read())
+{
+    m_readAgain.setSingleShot(true);
+    m_readAgain.callOnTimeout(this, &X11Screens::readAgain);
+
+    // Qt does not tell when the last output goes off, so the server is asked as well.
+    m_firstEvent = xcb_get_extension_data(connection.xcb(), &xcb_randr_id)->first_event;
+    xcb_randr_select_input(connection.xcb(), connection.root(),
+                           XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
+                               XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
+    for (QScreen *screen : QGuiApplication::screens())
+        watch(screen);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &X11Screens::watch);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &X11Screens::changeAnnounced);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11Screens::changeAnnounced);
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &X11Screens::changeAnnounced);
+}
+
+void X11Screens::watch(QScreen *screen)
+{
+    connect(screen, &QScreen::geometryChanged, this, &X11Screens::changeAnnounced);
+    connect(screen, &QScreen::physicalDotsPerInchChanged, this, &X11Screens::changeAnnounced);
+    connect(screen, &QScreen::logicalDotsPerInchChanged, this, &X11Screens::changeAnnounced);
+}
+
+bool X11Screens::isChangeEvent(std::uint8_t eventType) const
+{
+    return eventType == m_firstEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
+           eventType == m_firstEvent + XCB_RANDR_NOTIFY;
+}
+
+void X11Screens::changeAnnounced()
+{
+    m_readAgain.start(0ms);
+}
+
+void X11Screens::readAgain()
+{
+    const ScreenLayout layout(read());
+    if (!areKnownToQt(layout)) {
+        if (!m_waitForQt)
+            m_waitForQt.emplace(kWaitForQtAtMost);
+        if (!m_waitForQt->hasExpired()) {
+            m_readAgain.start(static_cast<int>(m_waitForQt->remainingTime()));
+            return;
+        }
+    }
+    m_waitForQt.reset();
+    if (layout.screens() == m_layout.screens())
+        return;
+    m_layout = layout;
+    Q_EMIT changed();
+}
+
+std::vector<Screen> X11Screens::read()
 {
     constexpr std::uint8_t kActiveOnly = 1;
-    const auto cookie = xcb_randr_get_monitors(connection.xcb(), connection.root(), kActiveOnly);
-    const auto reply = owned(xcb_randr_get_monitors_reply(connection.xcb(), cookie, nullptr));
+    const auto cookie = xcb_randr_get_monitors(m_connection.xcb(), m_connection.root(), kActiveOnly);
+    const auto reply = owned(xcb_randr_get_monitors_reply(m_connection.xcb(), cookie, nullptr));
     std::vector<Screen> screens;
     if (!reply)
-        return {};
+        return screens;
     for (auto monitor = xcb_randr_get_monitors_monitors_iterator(reply.get()); monitor.rem;
          xcb_randr_monitor_info_next(&monitor)) {
         const xcb_randr_monitor_info_t &info = *monitor.data;
-        const QString name = atomName(connection, info.name);
+        const QString name = atomName(info.name);
         const Screen screen{.name = name,
                             .nativeFrame = {info.x, info.y, info.width, info.height},
                             .scale = scaleOf(name),
                             .frame = {}};
         screens.insert(info.primary ? screens.begin() : screens.end(), screen);
     }
-    return ScreenLayout(std::move(screens));
+    return screens;
+}
+
+QString X11Screens::atomName(xcb_atom_t atom)
+{
+    const auto cookie = xcb_get_atom_name(m_connection.xcb(), atom);
+    const auto reply = owned(xcb_get_atom_name_reply(m_connection.xcb(), cookie, nullptr));
+    return reply ? QString::fromUtf8(xcb_get_atom_name_name(reply.get()),
+                                     xcb_get_atom_name_name_length(reply.get()))
+                 : QString();
 }
 
 } // namespace zeigewerk::platform::x11

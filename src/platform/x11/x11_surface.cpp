@@ -2,6 +2,7 @@
 
 #include "platform/paint_damage.h"
 #include "platform/x11/modifiers.h"
+#include "platform/x11/painted_shape.h"
 #include "platform/x11/surface_window.h"
 #include "platform/x11/x11_desktop.h"
 
@@ -43,6 +44,8 @@ X11Surface::~X11Surface()
     m_desktop.surfaceGone(*this);
     xcb_free_gc(m_connection.xcb(), m_context);
     xcb_destroy_window(m_connection.xcb(), m_window);
+    if (m_inputWindow)
+        xcb_destroy_window(m_connection.xcb(), m_inputWindow);
 }
 
 void X11Surface::setFrameOrigin(QPointF origin)
@@ -76,8 +79,10 @@ void X11Surface::orderFrontRegardless()
         return;
     }
     m_visible = true;
+    compositingChanged();
     m_desktop.stacking().restack();
     xcb_map_window(m_connection.xcb(), m_window);
+    updateInputWindow();
 }
 
 void X11Surface::orderOut()
@@ -92,6 +97,7 @@ void X11Surface::orderOut()
     m_inked = {};
     if (m_buffer)
         m_buffer->release();
+    updateInputWindow();
 }
 
 void X11Surface::setIgnoresMouseEvents(bool ignores)
@@ -105,6 +111,7 @@ void X11Surface::setIgnoresMouseEvents(bool ignores)
                              0, 0, 0, nullptr);
     else
         xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, m_window, 0, 0, XCB_PIXMAP_NONE);
+    updateInputWindow();
     // So that the very next click, whoever makes it, goes to the right window.
     m_connection.roundTrip();
 }
@@ -135,7 +142,48 @@ void X11Surface::display()
         m_buffer.emplace(m_connection, m_nativeFrame.size());
     const QRegion region = paintDamage(m_buffer->image(), m_scale, std::exchange(m_damage, {}), *m_content);
     m_inked |= region.boundingRect();
+    if (!m_desktop.compositing().isOn())
+        showPainted(m_connection, m_window, m_buffer->image(), region);
     put(region);
+}
+
+void X11Surface::compositingChanged()
+{
+    if (!m_visible)
+        return;
+    if (m_desktop.compositing().isOn()) {
+        showWhole(m_connection, m_window);
+    } else {
+        showNothing(m_connection, m_window);
+        if (!m_inked.isEmpty())
+            showPainted(m_connection, m_window, m_buffer->image(), m_inked);
+    }
+    // Its contents went with the place where the server kept them.
+    put(m_inked);
+    updateInputWindow();
+}
+
+void X11Surface::updateInputWindow()
+{
+    const bool isNeeded = m_visible && !m_ignoresMouseEvents && !m_desktop.compositing().isOn();
+    if (isNeeded == m_isInputWindowShown)
+        return;
+    m_isInputWindowShown = isNeeded;
+    if (!isNeeded) {
+        xcb_unmap_window(m_connection.xcb(), m_inputWindow);
+        return;
+    }
+    if (!m_inputWindow)
+        m_inputWindow = createInputWindow(m_connection, m_nativeFrame);
+    m_desktop.stacking().restack();
+    xcb_map_window(m_connection.xcb(), m_inputWindow);
+}
+
+std::vector<xcb_window_t> X11Surface::shownWindows() const
+{
+    if (m_isInputWindowShown)
+        return {m_window, m_inputWindow};
+    return {m_window};
 }
 
 void X11Surface::put(const QRegion &region)

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace zeigewerk::platform::x11 {
 
@@ -17,7 +18,7 @@ class X11Desktop;
 
 /// A surface on X11: an override-redirect window with an alpha channel, so that stacking and focus are in
 /// our hands and no window manager moves or decorates it.
-class X11Surface : public Surface
+class X11Surface final : public Surface
 {
 public:
     X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame);
@@ -33,7 +34,12 @@ public:
     void makeKey() override;
     void setNeedsDisplay(const Damage &damage) override;
 
-    xcb_window_t window() const { return m_window; }
+    bool owns(xcb_window_t window) const
+    {
+        return window == m_window || (m_inputWindow && window == m_inputWindow);
+    }
+    /// The windows that are to be on the screen, the lowest first.
+    std::vector<xcb_window_t> shownWindows() const;
     SurfaceRole role() const { return m_role; }
     /// Counts up with every order-front: within a level the last one is in front.
     quint64 orderedFront() const { return m_orderedFront; }
@@ -42,6 +48,8 @@ public:
     void display();
     /// The server has read the picture.
     void putCompleted() { m_isPutInFlight = false; }
+    /// The compositor came or went.
+    void compositingChanged();
     /// That part of the window was uncovered and shows nothing.
     void exposed(const QRect &pixels);
     void buttonPressed(const xcb_input_button_press_event_t &event);
@@ -51,6 +59,7 @@ public:
 
 private:
     void adoptScale(double scale);
+    void updateInputWindow();
     void put(const QRegion &region);
     PointerEvent pointerEvent(const xcb_input_button_press_event_t &event) const;
 
@@ -61,6 +70,9 @@ private:
     double m_scale;
     QRect m_nativeFrame;
     xcb_window_t m_window = 0;
+    /// Made when there is no compositor: a shaped window takes the pointer only where it is painted on.
+    xcb_window_t m_inputWindow = 0;
+    bool m_isInputWindowShown = false;
     xcb_gcontext_t m_context = 0;
     SurfaceContent *m_content = nullptr;
     bool m_visible = false;

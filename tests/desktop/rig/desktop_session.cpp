@@ -1,5 +1,6 @@
 #include "desktop_session.h"
 
+#include "composited_probe.h"
 #include "eventually.h"
 #include "managed_probe.h"
 #include "process_stats.h"
@@ -186,6 +187,10 @@ void DesktopSession::awaitCompositor()
 {
     if (!eventually([&] { return isComposited(); }, kStartDeadline))
         failRig(QStringLiteral("the compositor did not start"));
+    CompositedProbe probe(client(), m_display.screens().value(0).topLeft());
+    if (!eventually([&] { return probe.isMixed(); }, kStartDeadline) ||
+        !eventually([&] { return probe.isGone(); }, kStartDeadline))
+        failRig(QStringLiteral("the compositor does not paint"));
 }
 
 void DesktopSession::stopCompositor()

@@ -41,18 +41,21 @@ bool throughout(std::chrono::milliseconds duration, const Condition &condition)
     return !eventually([&] { return !condition(); }, duration);
 }
 
-void saveFailurePictures()
+QStringList saveFailurePictures()
 {
-    const QDir folder(QStringLiteral(ZEIGEWERK_FAILURES_DIR));
+    const QDir folder(qEnvironmentVariable("ZEIGEWERK_FAILURES_DIR", QStringLiteral(ZEIGEWERK_FAILURES_DIR)));
+    QStringList saved;
     if (!folder.mkpath(QStringLiteral(".")))
-        return;
-    int number = 0;
+        return saved;
     for (DesktopSession *session : DesktopSession::living()) {
-        const QString suffix = number++ == 0 ? QString() : QStringLiteral("_%1").arg(number);
+        const QString suffix = saved.isEmpty() ? QString() : QStringLiteral("_%1").arg(saved.size() + 1);
         const QString path = folder.filePath(nameOfRunningTest() + suffix + QStringLiteral(".png"));
-        if (session->screenshot().save(path))
-            qInfo().noquote() << "The screen at the failure:" << path;
+        if (!session->screenshot().save(path))
+            continue;
+        qInfo().noquote() << "The screen now:" << path;
+        saved.append(path);
     }
+    return saved;
 }
 
 namespace detail {

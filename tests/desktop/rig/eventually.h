@@ -21,9 +21,10 @@ bool eventually(const Condition &condition, std::chrono::milliseconds deadline =
 /// must not happen, which only watching for a while can show; say in the test why that while is long enough.
 bool throughout(std::chrono::milliseconds duration, const Condition &condition);
 
-/// Saves a screenshot of each living session to the build's folder "failures", under the name of the running
-/// test, and says where.
-void saveFailurePictures();
+/// Saves a screenshot of each living session under the name of the running test, says where on the log, and
+/// returns the files. The folder is the build's "failures", or what the environment variable
+/// ZEIGEWERK_FAILURES_DIR says.
+QStringList saveFailurePictures();
 
 namespace detail {
 

@@ -1,0 +1,58 @@
+#include "presentation.h"
+
+using namespace zeigewerk::rig;
+
+class CompositorScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutACompositorTheDesktopShowsThrough();
+    void withoutACompositorTheWhiteboardIsWhite();
+    void drawingsOutliveTheCompositor();
+};
+
+void CompositorScenarios::withoutACompositorTheDesktopShowsThrough()
+{
+    Presentation on({.compositor = Compositor::None});
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.isUntouched({0, 0, 1920, 1080}));
+    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 320}, {600, 300}}));
+    EVENTUALLY(on.pixel({500, 320}) == kInk);
+    QVERIFY(on.isUntouched({400, 340, 300, 300}));
+    on.beneath.forget();
+    QVERIFY(on.session.pointer().clickAt({800, 700}));
+    EVENTUALLY(on.pixel({800, 700}) == kInk);
+    QVERIFY(on.beneath.presses().isEmpty());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
+}
+
+void CompositorScenarios::withoutACompositorTheWhiteboardIsWhite()
+{
+    Presentation on({.compositor = Compositor::None});
+    on.hotKey(Key::W);
+    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, {0, 0, 1920, 1080}));
+    on.hotKey(Key::D);
+    on.hotKey(Key::W);
+    EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
+}
+
+void CompositorScenarios::drawingsOutliveTheCompositor()
+{
+    Presentation on;
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 320}, {600, 300}}));
+    EVENTUALLY(on.pixel({500, 320}) == kInk);
+    on.session.stopCompositor();
+    EVENTUALLY(on.pixel({500, 320}) == kInk && on.isUntouched({400, 340, 300, 300}));
+    QVERIFY(on.session.pointer().drag({{400, 500}, {500, 500}}));
+    EVENTUALLY(on.pixel({450, 500}) == kInk);
+    on.session.startCompositor();
+    EVENTUALLY(on.pixel({500, 320}) == kInk && on.pixel({450, 500}) == kInk && on.isUntouched({400, 340, 300, 140}));
+}
+
+QTEST_GUILESS_MAIN(CompositorScenarios)
+#include "compositor_scenarios.moc"

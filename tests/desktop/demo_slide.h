@@ -1,0 +1,32 @@
+#pragma once
+
+#include "rig.h"
+
+namespace zeigewerk::rig {
+
+/// What is presented in the demonstration: a slide with a title, a chart and a button that shows when it has
+/// been clicked. Places are native root pixels on a screen of 1920 x 1080.
+class DemoSlide
+{
+public:
+    DemoSlide(DesktopSession &session, const QRect &rect);
+
+    bool isShown();
+    bool hasFocus() { return m_window.hasFocus(); }
+    /// Whether a click reached the button; the slide shows it from then on.
+    bool isButtonPressed();
+
+private:
+    void show(const QImage &picture);
+
+    DesktopSession &m_session;
+    QRect m_rect;
+    WindowBeneath m_window;
+};
+
+QPoint slideTitleLeft();
+/// The middle of the best quarter's column.
+QPoint slideChartTop();
+QPoint slideButton();
+
+} // namespace zeigewerk::rig

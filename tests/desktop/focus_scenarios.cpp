@@ -1,0 +1,110 @@
+#include "presentation.h"
+
+using namespace zeigewerk::rig;
+
+class FocusScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theKeyboardGoesBackToWhoHadIt_data();
+    void theKeyboardGoesBackToWhoHadIt();
+    void whenWhoHadItIsGoneTheNextWindowGetsIt();
+    void aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards();
+    void aPressOnACanvasTakesTheKeyboard();
+    void endingDrawingWithoutHavingTheKeyboardLeavesItAlone();
+};
+
+void FocusScenarios::theKeyboardGoesBackToWhoHadIt_data()
+{
+    QTest::addColumn<QList<Key>>("into");
+    QTest::addColumn<QList<Key>>("out");
+
+    // Esc is the key itself, the letters are hot keys.
+    QTest::newRow("drawing, hot key") << QList<Key>{Key::D} << QList<Key>{Key::D};
+    QTest::newRow("drawing, Esc") << QList<Key>{Key::D} << QList<Key>{Key::Escape};
+    QTest::newRow("drawing, pin") << QList<Key>{Key::D} << QList<Key>{Key::P};
+    QTest::newRow("whiteboard, hot key") << QList<Key>{Key::W} << QList<Key>{Key::W};
+    QTest::newRow("whiteboard, Esc") << QList<Key>{Key::W} << QList<Key>{Key::Escape};
+    QTest::newRow("both, one after the other") << QList<Key>{Key::D, Key::W} << QList<Key>{Key::D, Key::W};
+    QTest::newRow("drawing with spotlight, Esc") << QList<Key>{Key::D, Key::S} << QList<Key>{Key::Escape};
+    QTest::newRow("pinned, drawn on again, Esc")
+        << QList<Key>{Key::D, Key::P, Key::D} << QList<Key>{Key::Escape};
+}
+
+void FocusScenarios::theKeyboardGoesBackToWhoHadIt()
+{
+    QFETCH(QList<Key>, into);
+    QFETCH(QList<Key>, out);
+    Presentation on;
+    const WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
+    QVERIFY(on.beneath.takeFocus());
+    for (const Key key : into)
+        on.hotKey(key);
+    EVENTUALLY(on.hasKeyboard());
+    for (const Key key : out) {
+        if (key == Key::Escape)
+            on.session.keyboard().tap(key);
+        else
+            on.hotKey(key);
+    }
+    EVENTUALLY(on.beneath.hasFocus());
+    on.beneath.forget();
+    on.session.keyboard().tap(Key::A);
+    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
+}
+
+void FocusScenarios::whenWhoHadItIsGoneTheNextWindowGetsIt()
+{
+    Presentation on;
+    auto other = std::make_unique<WindowBeneath>(on.session, QRect(100, 100, 300, 300), Qt::red);
+    QVERIFY(other->takeFocus());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    other.reset();
+    on.hotKey(Key::D);
+    EVENTUALLY(on.beneath.hasFocus());
+}
+
+void FocusScenarios::aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards()
+{
+    Presentation on;
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    WindowBeneath later(on.session, {100, 100, 300, 300}, Qt::red);
+    QVERIFY(later.takeFocus() || on.hasKeyboard());
+    EVENTUALLY(on.hasKeyboard());
+    on.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(later.hasFocus());
+    QVERIFY(on.shownWindows().isEmpty());
+}
+
+void FocusScenarios::aPressOnACanvasTakesTheKeyboard()
+{
+    const QList<QRect> screens = {{0, 0, 1280, 1024}, {1280, 0, 1280, 1024}};
+    Presentation on({.screens = screens});
+    QVERIFY(on.session.pointer().moveTo({100, 100}));
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    const xcb_window_t first = on.session.client().inputFocus();
+    QVERIFY(on.session.pointer().clickAt({1800, 500}));
+    EVENTUALLY(on.hasKeyboard() && on.session.client().inputFocus() != first);
+    on.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(on.beneath.hasFocus());
+}
+
+void FocusScenarios::endingDrawingWithoutHavingTheKeyboardLeavesItAlone()
+{
+    Presentation on;
+    WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
+    QVERIFY(on.beneath.takeFocus());
+    on.hotKey(Key::S);
+    EVENTUALLY(on.pixel({1000, 1000}) == dimmed(on.beneathColor()));
+    QVERIFY(other.takeFocus());
+    on.hotKey(Key::S);
+    EVENTUALLY(on.shownWindows().isEmpty());
+    QVERIFY(other.hasFocus());
+}
+
+QTEST_GUILESS_MAIN(FocusScenarios)
+#include "focus_scenarios.moc"

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "rig.h"
+
+namespace zeigewerk::rig {
+
+/// The pen as the program starts with it.
+inline const QColor kInk(0xF2, 0x9A, 0x00);
+inline constexpr double kDimming = 0.55;
+
+/// What the spotlight's dimming makes of a colour.
+inline QColor dimmed(const QColor &color)
+{
+    const auto dim = [](int component) { return qRound(component * (1 - kDimming)); };
+    return {dim(color.red()), dim(color.green()), dim(color.blue())};
+}
+
+/// What every scenario begins with: somebody presents an ordinary window, which has the keyboard, and the
+/// program waits for its hot keys.
+class Presentation
+{
+public:
+    explicit Presentation(const DesktopSetup &setup = {}, const QMap<QString, QString> &environment = {})
+        : session(setup)
+        , beneath(session, setup.screens.constFirst(), QColor(0x20, 0x60, 0xA0))
+        , program(session, environment)
+    {
+        if (!beneath.takeFocus() || !program.waitUntilReady())
+            throw RigError("the presentation does not start");
+    }
+
+    void hotKey(Key key) { session.keyboard().chord({Key::Ctrl, Key::Alt}, key); }
+    QColor pixel(QPoint place) { return session.screenshot().pixel(place); }
+    QColor beneathColor() const { return {0x20, 0x60, 0xA0}; }
+    /// Whether anything but the window beneath shows in that rectangle.
+    bool isUntouched(const QRect &rect) { return session.screenshot().isFilled(beneathColor(), rect); }
+
+    /// The program's windows on the screen.
+    QList<WindowInfo> shownWindows()
+    {
+        QList<WindowInfo> shown;
+        for (const WindowInfo &window : session.client().windowsOfProcess(program.processId())) {
+            if (window.viewable && !window.inputOnly)
+                shown.append(window);
+        }
+        return shown;
+    }
+    /// Whether one of the program's windows has the keyboard: the last thing that happens when interaction
+    /// begins.
+    bool hasKeyboard()
+    {
+        const xcb_window_t focus = session.client().inputFocus();
+        for (const WindowInfo &window : shownWindows()) {
+            if (window.id == focus)
+                return true;
+        }
+        return false;
+    }
+
+    DesktopSession session;
+    WindowBeneath beneath;
+    Program program;
+};
+
+} // namespace zeigewerk::rig

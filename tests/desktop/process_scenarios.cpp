@@ -1,0 +1,115 @@
+#include "presentation.h"
+
+#include <signal.h>
+
+using namespace zeigewerk::rig;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// How often any thread of the process has woken up from waiting.
+int wakeups(qint64 processId)
+{
+    int sum = 0;
+    const QDir threads(QString("/proc/%1/task").arg(processId));
+    for (const QString &thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile status(threads.filePath(thread + "/status"));
+        if (!status.open(QFile::ReadOnly))
+            continue;
+        const QList<QByteArray> lines = status.readAll().split('\n');
+        for (const QByteArray &line : lines) {
+            if (line.startsWith("voluntary_ctxt_switches:"))
+                sum += line.mid(line.indexOf(':') + 1).trimmed().toInt();
+        }
+    }
+    return sum;
+}
+
+bool sleepsFor(qint64 processId, std::chrono::milliseconds duration)
+{
+    const int before = wakeups(processId);
+    return before > 0 && throughout(duration, [&] { return wakeups(processId) == before; });
+}
+
+} // namespace
+
+class ProcessScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutADisplayItSaysSoAndEnds_data();
+    void withoutADisplayItSaysSoAndEnds();
+    void signalsEndItInOrder_data();
+    void signalsEndItInOrder();
+    void afterAKillTheDesktopIsUsable();
+    void waitingItSleeps();
+};
+
+void ProcessScenarios::withoutADisplayItSaysSoAndEnds_data()
+{
+    QTest::addColumn<QString>("display");
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("none") << QString("") << QByteArray("zeigewerk: no X11 display: DISPLAY is not set\n");
+    QTest::newRow("unreachable") << QString(":64999")
+                                 << QByteArray("zeigewerk: cannot reach the X11 display :64999\n");
+}
+
+void ProcessScenarios::withoutADisplayItSaysSoAndEnds()
+{
+    QFETCH(QString, display);
+    QFETCH(QByteArray, line);
+    DesktopSession session;
+    Program program(session, {{"DISPLAY", display}});
+    QCOMPARE(program.waitForExit(), std::optional(1));
+    QCOMPARE(program.output(), line);
+}
+
+void ProcessScenarios::signalsEndItInOrder_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
+void ProcessScenarios::signalsEndItInOrder()
+{
+    QFETCH(int, signal);
+    Presentation on;
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    QCOMPARE(kill(static_cast<pid_t>(on.program.processId()), signal), 0);
+    QCOMPARE(on.program.waitForExit(), std::optional(0));
+    QVERIFY(on.program.output().isEmpty());
+    QVERIFY(!isGrabbedByAnother(on.session, {Key::Ctrl, Key::Alt}, Key::D));
+    EVENTUALLY(on.beneath.hasFocus());
+}
+
+void ProcessScenarios::afterAKillTheDesktopIsUsable()
+{
+    Presentation on;
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    QCOMPARE(kill(static_cast<pid_t>(on.program.processId()), SIGKILL), 0);
+    EVENTUALLY(!on.program.isRunning());
+    on.beneath.forget();
+    QVERIFY(on.session.pointer().clickAt({500, 500}));
+    EVENTUALLY(on.beneath.presses().size() == 1);
+    on.session.keyboard().tap(Key::A);
+    EVENTUALLY(on.beneath.pressedKeys().contains(Key::A));
+}
+
+void ProcessScenarios::waitingItSleeps()
+{
+    Presentation on;
+    // Everything on and off again, so that whatever could keep a timer has run.
+    for (const Key key : {Key::D, Key::S, Key::S, Key::D})
+        on.hotKey(key);
+    EVENTUALLY(on.beneath.hasFocus() && on.shownWindows().isEmpty());
+    // Long enough for a follow timer left behind to wake it 60 times.
+    EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
+}
+
+QTEST_GUILESS_MAIN(ProcessScenarios)
+#include "process_scenarios.moc"

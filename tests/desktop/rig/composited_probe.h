@@ -1,0 +1,37 @@
+// Whether a compositor really paints by now.
+#pragma once
+
+#include "client.h"
+
+#include <QPoint>
+
+namespace zeigewerk::rig {
+
+/// A half-transparent window over an opaque one. Only a compositor mixes their colours; one that merely
+/// announced itself has not painted yet, and a picture taken then would show a screen that nobody sees.
+class CompositedProbe
+{
+public:
+    /// The windows cover a few pixels to the right of and below that place (native root pixels).
+    CompositedProbe(Client &client, QPoint place);
+    /// Destroys the windows if isGone() was never asked.
+    ~CompositedProbe();
+    CompositedProbe(const CompositedProbe &) = delete;
+    CompositedProbe &operator=(const CompositedProbe &) = delete;
+
+    /// True once the screen shows the mixed colour.
+    bool isMixed();
+    /// Destroys the windows; true once the screen no longer shows them.
+    bool isGone();
+
+private:
+    xcb_window_t show(std::uint8_t depth, xcb_visualid_t visual, std::uint32_t pixel);
+    void destroy();
+
+    Client &m_client;
+    QPoint m_place;
+    xcb_window_t m_lower = XCB_WINDOW_NONE;
+    xcb_window_t m_upper = XCB_WINDOW_NONE;
+};
+
+} // namespace zeigewerk::rig

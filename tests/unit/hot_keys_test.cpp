@@ -1,0 +1,156 @@
+#include "commands/hot_key_table.h"
+#include "controller_fixture.h"
+
+#include <QTest>
+
+using namespace zeigewerk;
+using platform::HotKeyId;
+using test::Controller;
+
+class HotKeysTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theTableIsRegisteredInItsOrder();
+    void hotKeysActLikeTheToggles_data();
+    void hotKeysActLikeTheToggles();
+    void foreignAndUnknownIdsDoNothing_data();
+    void foreignAndUnknownIdsDoNothing();
+    void aRefusedHotKeyLeavesTheOthers();
+    void drawingWhilePinnedMakesThePinnedDrawingEditable();
+    void escEndsTheModesAndLeavesClicksAndRing();
+    void theToolbarHotKeyTogglesItsFlagWithoutARefresh();
+    void hotKeysDoNothingOnceTheControllerIsGone();
+};
+
+void HotKeysTest::theTableIsRegisteredInItsOrder()
+{
+    Controller controller;
+    controller.app();
+    const QStringList registered = controller.desktop.takeLog().filter("hot key");
+    QCOMPARE(registered,
+             QStringList({"hot key 1: registered", "hot key 2: registered", "hot key 3: registered",
+                          "hot key 4: registered", "hot key 5: registered", "hot key 6: registered"}));
+    QCOMPARE(kHotKeySignature, ('Z' << 24) + ('G' << 16) + ('W' << 8) + 'K' + 0U);
+}
+
+void HotKeysTest::hotKeysActLikeTheToggles_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<quint32>("number");
+    QTest::addColumn<bool>("drawOn");
+    QTest::addColumn<bool>("spotlightOn");
+    QTest::addColumn<bool>("whiteboardOn");
+    QTest::addColumn<bool>("clicksOn");
+    QTest::addColumn<bool>("pinnedOn");
+
+    QTest::newRow("D turns drawing on") << "" << 1U << true << false << false << false << false;
+    QTest::newRow("D turns drawing off") << "d" << 1U << false << false << false << false << false;
+    QTest::newRow("S") << "" << 2U << false << true << false << false << false;
+    QTest::newRow("W") << "" << 3U << false << false << true << false << false;
+    QTest::newRow("K") << "" << 4U << false << false << false << true << false;
+    QTest::newRow("P without drawing") << "" << 6U << false << false << false << false << false;
+    QTest::newRow("P while drawing") << "d" << 6U << false << false << false << false << true;
+    QTest::newRow("P while pinned") << "dp" << 6U << true << false << false << false << false;
+}
+
+void HotKeysTest::hotKeysActLikeTheToggles()
+{
+    QFETCH(QString, before);
+    QFETCH(quint32, number);
+    Controller controller;
+    controller.perform(before);
+    controller.desktop.pressHotKey({kHotKeySignature, number});
+    QTEST(controller.app().drawOn(), "drawOn");
+    QTEST(controller.app().spotlightOn(), "spotlightOn");
+    QTEST(controller.app().whiteboardOn(), "whiteboardOn");
+    QTEST(controller.app().clicksOn(), "clicksOn");
+    QTEST(controller.app().pinnedOn(), "pinnedOn");
+}
+
+void HotKeysTest::foreignAndUnknownIdsDoNothing_data()
+{
+    QTest::addColumn<quint32>("signature");
+    QTest::addColumn<quint32>("number");
+
+    QTest::newRow("an id that could not be read") << kHotKeySignature << 0U;
+    QTest::newRow("a number that nobody has") << kHotKeySignature << 7U;
+    QTest::newRow("somebody else's signature") << 0x41414141U << 1U;
+}
+
+void HotKeysTest::foreignAndUnknownIdsDoNothing()
+{
+    QFETCH(quint32, signature);
+    QFETCH(quint32, number);
+    Controller controller;
+    controller.app();
+    controller.desktop.takeLog();
+    controller.desktop.deliverHotKey({signature, number});
+    QCOMPARE(controller.desktop.takeLog(), QStringList());
+    QVERIFY(!controller.app().drawOn());
+}
+
+void HotKeysTest::aRefusedHotKeyLeavesTheOthers()
+{
+    Controller controller;
+    controller.desktop.refuseHotKey({kHotKeySignature, 1});
+    controller.app();
+    controller.desktop.pressHotKey({kHotKeySignature, 1});
+    QVERIFY(!controller.app().drawOn());
+    controller.desktop.pressHotKey({kHotKeySignature, 3});
+    QVERIFY(controller.app().whiteboardOn());
+}
+
+void HotKeysTest::drawingWhilePinnedMakesThePinnedDrawingEditable()
+{
+    Controller controller;
+    controller.app().toggleDraw();
+    controller.draw(controller.view());
+    controller.app().togglePin();
+    controller.desktop.pressHotKey({kHotKeySignature, 1});
+    QVERIFY(controller.app().drawOn());
+    QVERIFY(!controller.app().pinnedOn());
+    QCOMPARE(controller.view().shapes().size(), 1U);
+}
+
+void HotKeysTest::escEndsTheModesAndLeavesClicksAndRing()
+{
+    Controller controller;
+    controller.perform("dwskr");
+    controller.desktop.pressHotKey(kEscHotKey.id());
+    QVERIFY(!controller.app().interactionOn());
+    QVERIFY(!controller.app().spotlightOn());
+    QVERIFY(controller.app().clicksOn());
+    QVERIFY(controller.app().cursorRingOn());
+}
+
+void HotKeysTest::theToolbarHotKeyTogglesItsFlagWithoutARefresh()
+{
+    Controller controller;
+    controller.app();
+    controller.desktop.takeLog();
+    controller.desktop.pressHotKey({kHotKeySignature, 5});
+    QVERIFY(!controller.app().toolbarVisible());
+    controller.desktop.pressHotKey({kHotKeySignature, 5});
+    QVERIFY(controller.app().toolbarVisible());
+    QCOMPARE(controller.desktop.takeLog(), QStringList());
+}
+
+void HotKeysTest::hotKeysDoNothingOnceTheControllerIsGone()
+{
+    platform::RecordingDesktop desktop;
+    QTemporaryDir home;
+    UserDefaults defaults(home.filePath("settings.ini"));
+    {
+        AppDelegate app(desktop, defaults);
+        app.applicationDidFinishLaunching();
+        QVERIFY(gApp == &app);
+    }
+    QVERIFY(!gApp);
+    desktop.deliverHotKey({kHotKeySignature, 1});
+    QVERIFY(desktop.surfaces(platform::SurfaceRole::Overlay).empty());
+}
+
+QTEST_MAIN(HotKeysTest)
+#include "hot_keys_test.moc"

@@ -1,0 +1,234 @@
+#include "commands/hot_key_table.h"
+#include "controller_fixture.h"
+
+#include <QTest>
+
+using namespace zeigewerk;
+using platform::SurfaceRole;
+using test::Controller;
+
+class RefreshTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void stepsComeInTheirOrder_data();
+    void stepsComeInTheirOrder();
+    void theOverlayUnderThePointerBecomesKey_data();
+    void theOverlayUnderThePointerBecomesKey();
+    void withoutScreensNothingHappens();
+    void escIsRegisteredOnceAndReleasedWithTheSpotlight();
+    void escIsTriedAgainAtTheNextRefresh();
+    void everyCanvasIsToldWhereThePointerIs();
+    void theRingStaysCentredOnThePointer();
+    void theRingIsMadeOnceAndKept();
+    void theSpotlightFollowsByItself();
+    void nothingFollowsOnceSpotlightAndRingAreOff();
+    void aStrokeUnderWayIsDroppedWhenDrawingEnds();
+    void aStrokeUnderWaySurvivesPinningAndIsFinishedByTheRelease();
+};
+
+void RefreshTest::stepsComeInTheirOrder_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QStringList>("steps");
+
+    QTest::newRow("drawing on") << ""
+                                << "d"
+                                << QStringList{"overlay 0: take the mouse",
+                                               "overlay 0: order front",
+                                               "overlay 1: take the mouse",
+                                               "overlay 1: order front",
+                                               "activate",
+                                               "overlay 0: order front",
+                                               "overlay 0: make key"};
+    QTest::newRow("drawing off") << "d"
+                                 << "d"
+                                 << QStringList{"deactivate", "overlay 0: ignore the mouse",
+                                                "overlay 0: order out", "overlay 1: ignore the mouse",
+                                                "overlay 1: order out"};
+    QTest::newRow("pin") << "d"
+                         << "p"
+                         << QStringList{"deactivate", "overlay 0: ignore the mouse", "overlay 0: order front",
+                                        "overlay 1: ignore the mouse", "overlay 1: order front"};
+    QTest::newRow("spotlight") << ""
+                               << "s"
+                               << QStringList{"deactivate",
+                                              "overlay 0: ignore the mouse",
+                                              "overlay 0: order front",
+                                              "overlay 1: ignore the mouse",
+                                              "overlay 1: order front",
+                                              "hot key 99: registered"};
+    QTest::newRow("ring with the spotlight on") << "s"
+                                                << "r"
+                                                << QStringList{"deactivate",
+                                                               "overlay 0: ignore the mouse",
+                                                               "overlay 0: order front",
+                                                               "overlay 1: ignore the mouse",
+                                                               "overlay 1: order front",
+                                                               "effect 0: made",
+                                                               "effect 0: ignore the mouse",
+                                                               "effect 0: move to 472, 372",
+                                                               "effect 0: order front"};
+    QTest::newRow("spotlight off with the ring on") << "sr"
+                                                    << "s"
+                                                    << QStringList{"deactivate",
+                                                                   "overlay 0: ignore the mouse",
+                                                                   "overlay 0: order out",
+                                                                   "overlay 1: ignore the mouse",
+                                                                   "overlay 1: order out",
+                                                                   "effect 0: move to 472, 372",
+                                                                   "effect 0: move to 472, 372",
+                                                                   "effect 0: order front",
+                                                                   "hot key 99: released"};
+}
+
+void RefreshTest::stepsComeInTheirOrder()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, operation);
+    QFETCH(QStringList, steps);
+    Controller controller(test::twoScreens());
+    controller.desktop.setMouseLocation({500, 400});
+    controller.perform(before);
+    controller.desktop.takeLog();
+    controller.perform(operation);
+    QCOMPARE(controller.desktop.takeLog(), steps);
+}
+
+void RefreshTest::theOverlayUnderThePointerBecomesKey_data()
+{
+    QTest::addColumn<QPointF>("mouse");
+    QTest::addColumn<QString>("key");
+
+    QTest::newRow("on the first screen") << QPointF(500, 400) << "overlay 0: make key";
+    QTest::newRow("on the second screen") << QPointF(1400, 500) << "overlay 1: make key";
+    QTest::newRow("a left edge belongs to the screen") << QPointF(1000, 500) << "overlay 1: make key";
+    QTest::newRow("below the second, on none") << QPointF(1400, 100) << "overlay 0: make key";
+    QTest::newRow("the second screen's lower edge belongs to it")
+        << QPointF(1400, 200) << "overlay 1: make key";
+    QTest::newRow("far away") << QPointF(-5000, 9000) << "overlay 0: make key";
+}
+
+void RefreshTest::theOverlayUnderThePointerBecomesKey()
+{
+    QFETCH(QPointF, mouse);
+    QFETCH(QString, key);
+    Controller controller(test::twoScreens());
+    controller.desktop.setMouseLocation(mouse);
+    controller.app().toggleDraw();
+    QCOMPARE(controller.desktop.takeLog().constLast(), key);
+}
+
+void RefreshTest::withoutScreensNothingHappens()
+{
+    Controller controller(std::vector<platform::Screen>{});
+    controller.perform(QStringLiteral("dsrp"));
+    QVERIFY(controller.app().overlays().empty());
+    QVERIFY(controller.app().pinnedOn());
+}
+
+void RefreshTest::escIsRegisteredOnceAndReleasedWithTheSpotlight()
+{
+    Controller controller;
+    controller.app().toggleSpot();
+    controller.app().refreshAll();
+    controller.app().refreshAll();
+    QCOMPARE(controller.desktop.timesRegistered(kEscHotKey.id()), 1);
+
+    controller.desktop.pressHotKey(kEscHotKey.id());
+    QVERIFY(!controller.app().spotlightOn());
+    QCOMPARE(controller.desktop.timesRegistered(kEscHotKey.id()), 0);
+}
+
+void RefreshTest::escIsTriedAgainAtTheNextRefresh()
+{
+    Controller controller;
+    controller.desktop.refuseHotKey(kEscHotKey.id());
+    controller.app().toggleSpot();
+    QCOMPARE(controller.desktop.timesRegistered(kEscHotKey.id()), 0);
+    controller.desktop.allowHotKeys();
+    controller.app().refreshAll();
+    QCOMPARE(controller.desktop.timesRegistered(kEscHotKey.id()), 1);
+}
+
+void RefreshTest::everyCanvasIsToldWhereThePointerIs()
+{
+    Controller controller(test::twoScreens());
+    controller.desktop.setMouseLocation({1100, 300});
+    controller.app().toggleSpot();
+    QCOMPARE(controller.view(0).cursorPoint(), QPointF(1100, 300));
+    QCOMPARE(controller.view(1).cursorPoint(), QPointF(100, 100));
+}
+
+void RefreshTest::theRingStaysCentredOnThePointer()
+{
+    Controller controller;
+    controller.desktop.setMouseLocation({300, 200});
+    controller.app().toggleRing();
+    const platform::RecordingSurface &ring = *controller.desktop.surfaces(SurfaceRole::Effect).at(0);
+    QCOMPARE(ring.frame(), QRectF(272, 172, 56, 56));
+    controller.desktop.setMouseLocation({0, 0});
+    controller.app().followPointer();
+    QCOMPARE(ring.frame(), QRectF(-28, -28, 56, 56));
+}
+
+void RefreshTest::theRingIsMadeOnceAndKept()
+{
+    Controller controller;
+    controller.perform(QStringLiteral("rrr"));
+    QCOMPARE(controller.desktop.surfaces(SurfaceRole::Effect).size(), 1U);
+    QVERIFY(controller.desktop.surfaces(SurfaceRole::Effect).at(0)->isVisible());
+    controller.app().toggleRing();
+    QCOMPARE(controller.desktop.surfaces(SurfaceRole::Effect).size(), 1U);
+    QVERIFY(!controller.desktop.surfaces(SurfaceRole::Effect).at(0)->isVisible());
+}
+
+void RefreshTest::theSpotlightFollowsByItself()
+{
+    Controller controller;
+    controller.app().toggleSpot();
+    controller.desktop.setMouseLocation({640, 480});
+    QTRY_COMPARE(controller.view().cursorPoint(), QPointF(640, 480));
+}
+
+void RefreshTest::nothingFollowsOnceSpotlightAndRingAreOff()
+{
+    Controller controller;
+    controller.perform(QStringLiteral("sr"));
+    QVERIFY(controller.app().isFollowing());
+    controller.app().toggleSpot();
+    QVERIFY(controller.app().isFollowing());
+    controller.app().toggleRing();
+    QVERIFY(!controller.app().isFollowing());
+}
+
+void RefreshTest::aStrokeUnderWayIsDroppedWhenDrawingEnds()
+{
+    Controller controller;
+    controller.app().toggleDraw();
+    controller.view().mouseDown({{10, 10}, {}});
+    controller.view().mouseDragged({{20, 20}, {}});
+    controller.app().toggleDraw();
+    QVERIFY(!controller.view().current());
+    controller.view().mouseUp({{20, 20}, {}});
+    QVERIFY(controller.view().shapes().empty());
+    QVERIFY(controller.app().shapeOrder().empty());
+}
+
+void RefreshTest::aStrokeUnderWaySurvivesPinningAndIsFinishedByTheRelease()
+{
+    Controller controller;
+    controller.app().toggleDraw();
+    controller.view().mouseDown({{10, 10}, {}});
+    controller.app().togglePin();
+    controller.view().mouseDragged({{20, 20}, {}});
+    controller.view().mouseUp({{20, 20}, {}});
+    QCOMPARE(controller.view().shapes().size(), 1U);
+    QCOMPARE(controller.view().shapes().front().points.size(), 2U);
+    QCOMPARE(controller.app().shapeOrder().size(), 1U);
+}
+
+QTEST_MAIN(RefreshTest)
+#include "refresh_test.moc"

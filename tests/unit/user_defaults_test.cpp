@@ -1,0 +1,108 @@
+#include "controller_fixture.h"
+
+#include <QFile>
+#include <QTest>
+
+#include <limits>
+
+using namespace zeigewerk;
+
+namespace {
+
+/// A controller that starts with that settings file.
+class Started
+{
+public:
+    explicit Started(const QByteArray &settings)
+    {
+        QFile file(m_home.filePath("settings.ini"));
+        if (!file.open(QFile::WriteOnly) || file.write(settings) != settings.size())
+            qFatal("cannot write the settings");
+    }
+
+    const AppDelegate &app()
+    {
+        if (!m_app) {
+            m_defaults.emplace(m_home.filePath("settings.ini"));
+            m_app.emplace(m_desktop, *m_defaults);
+        }
+        return *m_app;
+    }
+
+private:
+    QTemporaryDir m_home;
+    platform::RecordingDesktop m_desktop;
+    std::optional<UserDefaults> m_defaults;
+    std::optional<AppDelegate> m_app;
+};
+
+} // namespace
+
+class UserDefaultsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void settingsAreReadAtStart_data();
+    void settingsAreReadAtStart();
+    void whatIsWrittenIsReadAgain();
+};
+
+void UserDefaultsTest::settingsAreReadAtStart_data()
+{
+    QTest::addColumn<QByteArray>("settings");
+    QTest::addColumn<bool>("autoFadeOn");
+    QTest::addColumn<bool>("darkUI");
+    QTest::addColumn<double>("spotRadius");
+
+    const double infinity = std::numeric_limits<double>::infinity();
+    const auto row = [](const char *name, const char *settings, bool autoFadeOn, bool darkUI,
+                        double spotRadius) {
+        QTest::newRow(name) << QByteArray(settings) << autoFadeOn << darkUI << spotRadius;
+    };
+    row("first launch", "", false, true, 90.0);
+    row("auto-fade on", "ZeigewerkAutoFade=true\n", true, true, 90.0);
+    row("auto-fade as a number", "ZeigewerkAutoFade=1\n", true, true, 90.0);
+    row("auto-fade as text", "ZeigewerkAutoFade=perhaps\n", false, true, 90.0);
+    row("light toolbar", "ZeigewerkDarkUI=false\n", false, false, 90.0);
+    row("toolbar look as text", "ZeigewerkDarkUI=banana\n", false, true, 90.0);
+    row("radius 120", "ZeigewerkSpotRadius=120\n", false, true, 120.0);
+    row("radius 0", "ZeigewerkSpotRadius=0\n", false, true, 90.0);
+    row("radius below 0", "ZeigewerkSpotRadius=-5\n", false, true, 90.0);
+    row("radius nan", "ZeigewerkSpotRadius=nan\n", false, true, 90.0);
+    row("radius as text", "ZeigewerkSpotRadius=wide\n", false, true, 90.0);
+    row("radius as a list", "ZeigewerkSpotRadius=1, 2\n", false, true, 90.0);
+    row("huge radius", "ZeigewerkSpotRadius=1e9\n", false, true, 1e9);
+    row("infinite radius", "ZeigewerkSpotRadius=inf\n", false, true, infinity);
+    row("tiny radius", "ZeigewerkSpotRadius=1e-300\n", false, true, 1e-300);
+    row("infinite below 0", "ZeigewerkSpotRadius=-inf\n", false, true, 90.0);
+    row("no settings at all", "\x01\xff[[[=\n\0", false, true, 90.0);
+}
+
+void UserDefaultsTest::settingsAreReadAtStart()
+{
+    QFETCH(QByteArray, settings);
+    Started started(settings);
+    QTEST(started.app().autoFadeOn(), "autoFadeOn");
+    QTEST(started.app().darkUI(), "darkUI");
+    QTEST(started.app().spotRadius(), "spotRadius");
+}
+
+void UserDefaultsTest::whatIsWrittenIsReadAgain()
+{
+    QTemporaryDir home;
+    const QString file = home.filePath("settings.ini");
+    UserDefaults written(file);
+    written.setBool("a", true);
+    written.setBool("b", false);
+    written.setDouble("c", 123.5);
+    const UserDefaults read(file);
+    QCOMPARE(read.boolForKey("a"), std::optional(true));
+    QCOMPARE(read.boolForKey("b"), std::optional(false));
+    QCOMPARE(read.doubleForKey("c"), std::optional(123.5));
+    QVERIFY(!read.boolForKey("d"));
+    QVERIFY(!read.doubleForKey("d"));
+}
+
+QTEST_MAIN(UserDefaultsTest)
+#include "user_defaults_test.moc"

@@ -170,6 +170,11 @@ void DrawingView::drawSpotlight(QPainter &painter, const Hole &hole, const Damag
     path.addRect(withEdge(damage.isEverything() ? m_bounds : damage.boundingRect()));
     path.addEllipse(square(hole.middle, hole.radius));
     painter.setRenderHint(QPainter::Antialiasing);
+    // Over nothing, replacing is the same as blending; but for blending Qt hands the work out to other
+    // threads in pieces so small that waking them takes several times as long.
+    const bool isCanvasEmpty = !m_shown.whiteboard && m_shapes.empty() && !m_current;
+    painter.setCompositionMode(isCanvasEmpty ? QPainter::CompositionMode_Source
+                                             : QPainter::CompositionMode_SourceOver);
     painter.fillPath(path, toQColor(kBlack.withAlpha(kDimmingAlpha)));
 }
 

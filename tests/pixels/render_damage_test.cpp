@@ -34,6 +34,7 @@ class RenderDamageTest : public QObject
 
 private Q_SLOTS:
     void leavingOutWhatIsUndamagedChangesNoPixelInside();
+    void everyPaintedPixelLiesInThePaintedArea_data();
     void everyPaintedPixelLiesInThePaintedArea();
     void appendingAPointChangesOnlyWhatDependsOnIt();
 };
@@ -60,11 +61,22 @@ void RenderDamageTest::leavingOutWhatIsUndamagedChangesNoPixelInside()
     }
 }
 
+void RenderDamageTest::everyPaintedPixelLiesInThePaintedArea_data()
+{
+    QTest::addColumn<QSize>("pixels");
+    QTest::addColumn<int>("cases");
+    QTest::newRow("small shapes") << kPixels << kCases;
+    // Here a chord of an ellipse leaves the arc by several pixels, and a stroke has many pieces.
+    QTest::newRow("large shapes") << kPixels * 12 << 40;
+}
+
 void RenderDamageTest::everyPaintedPixelLiesInThePaintedArea()
 {
+    QFETCH(const QSize, pixels);
+    QFETCH(const int, cases);
     RandomShapes random;
-    for (int i = 0; i < kCases; ++i) {
-        Picture picture(kPixels, random.scale());
+    for (int i = 0; i < cases; ++i) {
+        Picture picture(pixels, random.scale());
         const Picture blank = picture;
         const Shape shape = random.shape(picture.geometry().points());
 

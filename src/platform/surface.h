@@ -22,7 +22,7 @@ public:
     virtual ~SurfaceContent() = default;
 
     /// The last moment to report damage before the surface paints what has been reported; always called
-    /// before `draw`.
+    /// before `draw`. It must not make or drop a surface.
     virtual void willDisplay() {}
     /// Paints the picture in view coordinates (points, y up). The painter is clipped to `damage`, whose
     /// pixels have been made transparent; nothing outside it needs painting.

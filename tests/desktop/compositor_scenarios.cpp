@@ -9,6 +9,7 @@ class CompositorScenarios : public QObject
 private Q_SLOTS:
     void withoutACompositorTheDesktopShowsThrough();
     void withoutACompositorTheWhiteboardIsWhite();
+    void withoutACompositorPinningInADragLetsItBeFinished();
     void drawingsOutliveTheCompositor();
 };
 
@@ -39,6 +40,29 @@ void CompositorScenarios::withoutACompositorTheWhiteboardIsWhite()
     EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
 }
 
+void CompositorScenarios::withoutACompositorPinningInADragLetsItBeFinished()
+{
+    Presentation on({.compositor = Compositor::None});
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    on.beneath.forget();
+    QVERIFY(on.session.pointer().moveTo({400, 300}));
+    QVERIFY(on.session.pointer().press());
+    QVERIFY(on.session.pointer().moveTo({450, 300}));
+    on.hotKey(Key::P);
+    EVENTUALLY(on.beneath.hasFocus());
+    QVERIFY(on.session.pointer().moveTo({500, 300}));
+    QVERIFY(on.session.pointer().release());
+    EVENTUALLY(on.pixel({490, 300}) == kInk);
+    QVERIFY(on.beneath.releases().isEmpty());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.session.pointer().moveTo({700, 600}));
+    QVERIFY(on.session.pointer().clickAt({800, 600}));
+    EVENTUALLY(on.pixel({800, 600}) == kInk);
+    QVERIFY(on.isUntouched({600, 350, 150, 300}));
+}
+
 void CompositorScenarios::drawingsOutliveTheCompositor()
 {
     Presentation on;
@@ -51,7 +75,8 @@ void CompositorScenarios::drawingsOutliveTheCompositor()
     QVERIFY(on.session.pointer().drag({{400, 500}, {500, 500}}));
     EVENTUALLY(on.pixel({450, 500}) == kInk);
     on.session.startCompositor();
-    EVENTUALLY(on.pixel({500, 320}) == kInk && on.pixel({450, 500}) == kInk && on.isUntouched({400, 340, 300, 140}));
+    EVENTUALLY(on.pixel({500, 320}) == kInk && on.pixel({450, 500}) == kInk &&
+               on.isUntouched({400, 340, 300, 140}));
 }
 
 QTEST_GUILESS_MAIN(CompositorScenarios)

@@ -19,8 +19,6 @@ private Q_SLOTS:
     void theWhiteboardIsWhiteAndCanBeDrawnOn();
     void aPinnedDrawingStaysAndLetsClicksThrough();
     void aPinnedDrawingCanBeDrawnOnAgain();
-    void inkStaysAboveAWindowRaisedLater();
-    void inkStaysAboveAFullScreenWindow();
     void aHiddenOverlayHoldsNoFrameBuffer();
 };
 
@@ -172,32 +170,6 @@ void DrawingScenarios::aPinnedDrawingCanBeDrawnOnAgain()
     QVERIFY(on.session.pointer().drag({{400, 500}, {500, 500}}));
     EVENTUALLY(on.pixel({450, 500}) == kInk);
     QCOMPARE(on.pixel({450, 300}), kInk);
-}
-
-void DrawingScenarios::inkStaysAboveAWindowRaisedLater()
-{
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    on.hotKey(Key::P);
-    EVENTUALLY(on.beneath.hasFocus());
-    const WindowBeneath later(on.session, {300, 200, 400, 300}, Qt::green);
-    EVENTUALLY(on.pixel({350, 250}) == QColor(Qt::green));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-}
-
-void DrawingScenarios::inkStaysAboveAFullScreenWindow()
-{
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    on.hotKey(Key::P);
-    EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(on.beneath.setFullScreen(true));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    EVENTUALLY(on.pixel({2, 2}) == on.beneathColor());
 }
 
 void DrawingScenarios::aHiddenOverlayHoldsNoFrameBuffer()

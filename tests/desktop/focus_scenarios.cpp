@@ -1,6 +1,39 @@
 #include "presentation.h"
 
 using namespace zeigewerk::rig;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Another program that holds on to the keyboard, as a window switcher does.
+class KeyboardGrab
+{
+public:
+    explicit KeyboardGrab(DesktopSession &session)
+        : m_client(session.display().name())
+    {
+        const auto cookie = xcb_grab_keyboard(m_client.connection(), 0, m_client.root(), XCB_CURRENT_TIME,
+                                              XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        const auto reply = owned(xcb_grab_keyboard_reply(m_client.connection(), cookie, nullptr));
+        if (!reply || reply->status != XCB_GRAB_STATUS_SUCCESS)
+            throw RigError("the keyboard is grabbed already");
+    }
+
+private:
+    Client m_client;
+};
+
+bool isKeyboardFree(DesktopSession &session)
+{
+    try {
+        const KeyboardGrab grab(session);
+        return true;
+    } catch (const RigError &) {
+        return false;
+    }
+}
+
+} // namespace
 
 class FocusScenarios : public QObject
 {
@@ -12,7 +45,10 @@ private Q_SLOTS:
     void whenWhoHadItIsGoneTheNextWindowGetsIt();
     void aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards();
     void aPressOnACanvasTakesTheKeyboard();
-    void endingDrawingWithoutHavingTheKeyboardLeavesItAlone();
+    void theSpotlightLeavesTheKeyboardAlone();
+    void theKeyboardIsTakenAgainAfterItMovedUnderAGrab();
+    void whoTookTheKeyboardMeanwhileKeepsIt();
+    void aHeldEscReachesNobodyElse();
 };
 
 void FocusScenarios::theKeyboardGoesBackToWhoHadIt_data()
@@ -37,7 +73,8 @@ void FocusScenarios::theKeyboardGoesBackToWhoHadIt()
     QFETCH(QList<Key>, into);
     QFETCH(QList<Key>, out);
     Presentation on;
-    const WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
+    WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
+    EVENTUALLY(other.hasFocus()); // as every window that has just opened
     QVERIFY(on.beneath.takeFocus());
     for (const Key key : into)
         on.hotKey(key);
@@ -93,17 +130,63 @@ void FocusScenarios::aPressOnACanvasTakesTheKeyboard()
     EVENTUALLY(on.beneath.hasFocus());
 }
 
-void FocusScenarios::endingDrawingWithoutHavingTheKeyboardLeavesItAlone()
+void FocusScenarios::theSpotlightLeavesTheKeyboardAlone()
 {
     Presentation on;
     WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
-    QVERIFY(on.beneath.takeFocus());
+    EVENTUALLY(other.hasFocus());
     on.hotKey(Key::S);
     EVENTUALLY(on.pixel({1000, 1000}) == dimmed(on.beneathColor()));
-    QVERIFY(other.takeFocus());
+    QVERIFY(on.beneath.takeFocus());
     on.hotKey(Key::S);
     EVENTUALLY(on.shownWindows().isEmpty());
+    QVERIFY(on.beneath.hasFocus());
+}
+
+void FocusScenarios::theKeyboardIsTakenAgainAfterItMovedUnderAGrab()
+{
+    Presentation on;
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    {
+        const KeyboardGrab grab(on.session);
+        on.session.client().setInputFocus(on.beneath.id());
+        QVERIFY(on.beneath.hasFocus());
+    }
+    EVENTUALLY(on.hasKeyboard());
+    on.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(on.beneath.hasFocus());
+}
+
+void FocusScenarios::whoTookTheKeyboardMeanwhileKeepsIt()
+{
+    Presentation on;
+    WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
+    EVENTUALLY(other.hasFocus());
+    QVERIFY(on.beneath.takeFocus());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    // The hot key comes before the program takes the keyboard again.
+    on.session.client().setInputFocus(other.id());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.shownWindows().isEmpty());
     QVERIFY(other.hasFocus());
+}
+
+void FocusScenarios::aHeldEscReachesNobodyElse()
+{
+    Presentation on;
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    on.beneath.forget();
+    on.session.keyboard().press(Key::Escape);
+    EVENTUALLY(on.beneath.hasFocus());
+    // The server repeats a held key after 660 ms.
+    THROUGHOUT(1000ms, on.beneath.pressedKeys().isEmpty());
+    on.session.keyboard().release(Key::Escape);
+    EVENTUALLY(isKeyboardFree(on.session));
+    on.session.keyboard().tap(Key::A);
+    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
 }
 
 QTEST_GUILESS_MAIN(FocusScenarios)

@@ -107,8 +107,9 @@ void ProcessScenarios::waitingItSleeps()
     for (const Key key : {Key::D, Key::S, Key::S, Key::D})
         on.hotKey(key);
     EVENTUALLY(on.beneath.hasFocus() && on.shownWindows().isEmpty());
-    // Long enough for a follow timer left behind to wake it 60 times.
+    // What was under way ends; from then on nothing happens any more.
     EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
+    QVERIFY(sleepsFor(on.program.processId(), 4s));
 }
 
 QTEST_GUILESS_MAIN(ProcessScenarios)

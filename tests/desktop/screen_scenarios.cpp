@@ -106,6 +106,14 @@ void ScreenScenarios::mirroredScreensShareAnOverlay()
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());
     QCOMPARE(shownRects(on), QList<QRect>{kLeft});
+
+    // One of the two goes: the picture is the same, and so is what was drawn.
+    QVERIFY(on.session.pointer().drag({{300, 500}, {400, 500}}));
+    EVENTUALLY(on.pixel({350, 500}) == kInk);
+    on.session.display().unplug(0);
+    QVERIFY(on.session.pointer().drag({{300, 600}, {400, 600}}));
+    EVENTUALLY(on.pixel({350, 600}) == kInk);
+    QCOMPARE(on.pixel({350, 500}), kInk);
 }
 
 void ScreenScenarios::mixedScalesKeepTheInkUnderThePointer()

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void escIsTriedAgainAtTheNextRefresh();
     void everyCanvasIsToldWhereThePointerIs();
     void theRingStaysCentredOnThePointer();
+    void theRingIsPaintedAgainAtTheScaleThatItComesTo();
     void theRingIsMadeOnceAndKept();
     void theSpotlightFollowsByItself();
     void nothingFollowsOnceSpotlightAndRingAreOff();
@@ -172,6 +173,32 @@ void RefreshTest::theRingStaysCentredOnThePointer()
     controller.desktop.setMouseLocation({0, 0});
     controller.app().followPointer();
     QCOMPARE(ring.frame(), QRectF(-28, -28, 56, 56));
+}
+
+void RefreshTest::theRingIsPaintedAgainAtTheScaleThatItComesTo()
+{
+    Controller controller({{.name = "A", .nativeFrame = {0, 0, 1000, 800}, .scale = 1, .frame = {}},
+                           {.name = "B", .nativeFrame = {1000, 0, 1600, 1200}, .scale = 2, .frame = {}}});
+    controller.desktop.setMouseLocation({300, 200});
+    controller.app().toggleRing();
+    platform::RecordingSurface &ring = *controller.desktop.surfaces(SurfaceRole::Effect).at(0);
+    QVERIFY(ring.display());
+    QCOMPARE(ring.image().size(), QSize(56, 56));
+    const qint64 painted = ring.paintedPixels();
+
+    controller.desktop.setMouseLocation({310, 200});
+    controller.app().followPointer();
+    QVERIFY(!ring.display());
+    QCOMPARE(ring.paintedPixels(), painted);
+
+    controller.desktop.setMouseLocation({1200, 400});
+    controller.app().followPointer();
+    QVERIFY(ring.display());
+    QCOMPARE(ring.image().size(), QSize(112, 112));
+    // The stroke runs 24 points from the middle, the fill is faint, the corner clear.
+    QCOMPARE(qAlpha(ring.image().pixel(56 + 48, 56)), qRound(0.9 * 255));
+    QCOMPARE(qAlpha(ring.image().pixel(56, 56)), qRound(0.2 * 255));
+    QCOMPARE(qAlpha(ring.image().pixel(2, 2)), 0);
 }
 
 void RefreshTest::theRingIsMadeOnceAndKept()

@@ -41,9 +41,13 @@ public:
     qint64 paintedPixels() const { return m_paintedPixels; }
 
 private:
+    void adoptScale();
+    QImage blankImage() const;
+
     RecordingDesktop &m_desktop;
     QString m_name;
     QRectF m_frame;
+    double m_scale;
     SurfaceContent *m_content = nullptr;
     bool m_visible = false;
     bool m_ignoresMouseEvents = true;

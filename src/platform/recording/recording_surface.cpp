@@ -10,6 +10,7 @@ RecordingSurface::RecordingSurface(RecordingDesktop &desktop, QString name, cons
     : m_desktop(desktop)
     , m_name(std::move(name))
     , m_frame(frame)
+    , m_scale(desktop.m_layout.scaleAt(frame.center()))
 {
 }
 
@@ -23,6 +24,26 @@ void RecordingSurface::setFrameOrigin(QPointF origin)
 {
     m_frame.moveTopLeft(origin);
     m_desktop.note(QStringLiteral("%1: move to %2, %3").arg(m_name).arg(origin.x()).arg(origin.y()));
+    adoptScale();
+}
+
+void RecordingSurface::adoptScale()
+{
+    const double scale = m_desktop.m_layout.scaleAt(m_frame.center());
+    if (scale == m_scale)
+        return;
+    m_scale = scale;
+    if (!m_visible)
+        return;
+    m_image = blankImage();
+    setNeedsDisplay(Damage::everything());
+}
+
+QImage RecordingSurface::blankImage() const
+{
+    QImage image(m_desktop.m_layout.nativeRect(m_frame).size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
 }
 
 void RecordingSurface::orderFrontRegardless()
@@ -31,8 +52,7 @@ void RecordingSurface::orderFrontRegardless()
     if (m_visible)
         return;
     m_visible = true;
-    m_image = QImage(m_desktop.m_layout.nativeRect(m_frame).size(), QImage::Format_ARGB32_Premultiplied);
-    m_image.fill(Qt::transparent);
+    m_image = blankImage();
 }
 
 void RecordingSurface::orderOut()
@@ -69,8 +89,7 @@ bool RecordingSurface::display()
     if (!m_content || !m_isDisplayWanted)
         return false;
     m_content->willDisplay();
-    const QRegion painted =
-        paintDamage(m_image, m_desktop.m_layout.scaleAt(m_frame.center()), m_damage, *m_content);
+    const QRegion painted = paintDamage(m_image, m_scale, m_damage, *m_content);
     m_damage = {};
     m_isDisplayWanted = false;
     for (const QRect &rect : painted)

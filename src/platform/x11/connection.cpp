@@ -85,6 +85,7 @@ QString Connection::prepareExtensions()
 
     const auto *shm = xcb_get_extension_data(m_xcb, &xcb_shm_id);
     if (shm->present) {
+        m_shmOpcode = shm->major_opcode;
         m_shmCompletionEvent = static_cast<std::uint8_t>(shm->first_event + XCB_SHM_COMPLETION);
         const auto shmVersion =
             owned(xcb_shm_query_version_reply(m_xcb, xcb_shm_query_version(m_xcb), nullptr));
@@ -130,7 +131,7 @@ void Connection::start(std::function<void(const xcb_generic_event_t &)> handler,
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &Connection::readEvents);
     // Waiting for a reply queues events inside xcb while the socket stays silent.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
-            &Connection::handleQueuedEvents);
+            &Connection::endTurn);
 }
 
 void Connection::readEvents()
@@ -143,12 +144,43 @@ void Connection::readEvents()
     }
 }
 
-void Connection::handleQueuedEvents()
+void Connection::endTurn()
 {
-    while (const auto event = owned(xcb_poll_for_queued_event(m_xcb)))
+    // Painting and flushing may read from the socket too, and what they leave in the queue would wait there
+    // until something else arrives.
+    do {
+        handleQueuedEvents();
+        m_beforeBlocking();
+        flush();
+    } while (handleQueuedEvents());
+}
+
+bool Connection::handleQueuedEvents()
+{
+    bool hasHandled = false;
+    while (const auto event = owned(xcb_poll_for_queued_event(m_xcb))) {
         m_handler(*event);
-    m_beforeBlocking();
-    flush();
+        hasHandled = true;
+    }
+    return hasHandled;
+}
+
+void Connection::listenToRoot(std::uint32_t eventMask)
+{
+    selectRootEvents(m_rootEventMask | eventMask);
+}
+
+void Connection::ignoreRoot(std::uint32_t eventMask)
+{
+    selectRootEvents(m_rootEventMask & ~eventMask);
+}
+
+void Connection::selectRootEvents(std::uint32_t eventMask)
+{
+    if (eventMask == m_rootEventMask)
+        return;
+    m_rootEventMask = eventMask;
+    xcb_change_window_attributes(m_xcb, root(), XCB_CW_EVENT_MASK, &m_rootEventMask);
 }
 
 xcb_atom_t Connection::atom(const char *name)

@@ -27,8 +27,8 @@ public:
     static std::unique_ptr<Connection> open(QString *problem);
     ~Connection() override;
 
-    /// Calls `handler` for every event from the event loop, and `beforeBlocking` each time before the loop
-    /// goes to sleep, when every event that has arrived has been handled. Needs the application object.
+    /// Calls `handler` for every event from the event loop, and `beforeBlocking` at the end of each turn of
+    /// the loop, after the events that have been read by then. Needs the application object.
     void start(std::function<void(const xcb_generic_event_t &)> handler,
                std::function<void()> beforeBlocking);
 
@@ -44,6 +44,7 @@ public:
     bool hasSharedMemory() const { return m_hasSharedMemory; }
 
     std::uint8_t xinputOpcode() const { return m_xinputOpcode; }
+    std::uint8_t shmOpcode() const { return m_shmOpcode; }
     std::uint8_t shmCompletionEvent() const { return m_shmCompletionEvent; }
     std::uint8_t xkbEvent() const { return m_xkbEvent; }
 
@@ -51,6 +52,10 @@ public:
     bool isOurs(xcb_window_t window) const;
     /// Marks the windows of another connection of this process (Qt's) as ours too.
     void adoptWindowsOf(xcb_connection_t *other);
+
+    /// Has the server tell of those events of the root window, or no longer. Each kind has one listener.
+    void listenToRoot(std::uint32_t eventMask);
+    void ignoreRoot(std::uint32_t eventMask);
 
     void flush() { xcb_flush(m_xcb); }
     /// Waits until the server has done everything that was asked of it.
@@ -67,7 +72,9 @@ private:
     bool findArgbVisual();
     void loadArrow();
     void readEvents();
-    void handleQueuedEvents();
+    void endTurn();
+    bool handleQueuedEvents();
+    void selectRootEvents(std::uint32_t eventMask);
 
     struct ResourceRange
     {
@@ -85,8 +92,10 @@ private:
     xcb_cursor_t m_arrowCursor = 0;
     bool m_hasSharedMemory = false;
     std::uint8_t m_xinputOpcode = 0;
+    std::uint8_t m_shmOpcode = 0;
     std::uint8_t m_shmCompletionEvent = 0;
     std::uint8_t m_xkbEvent = 0;
+    std::uint32_t m_rootEventMask = 0;
     ResourceRange m_own;
     ResourceRange m_adopted;
     std::map<std::string, xcb_atom_t, std::less<>> m_atoms;

@@ -10,6 +10,8 @@ namespace {
 /// A window that opens takes the focus once it is mapped and, with some window managers, again a little
 /// later; whoever takes it back sooner loses it a second time.
 constexpr std::chrono::milliseconds kTakeAgainAfter(60);
+/// A program that insists on the keyboard gets it in the end.
+constexpr int kRetries = 20;
 
 bool isWindow(xcb_window_t focus)
 {
@@ -50,14 +52,25 @@ void Focus::borrow()
 
 void Focus::give(xcb_window_t window)
 {
+    m_retriesLeft = kRetries;
+    set(window);
+}
+
+void Focus::set(xcb_window_t window)
+{
     m_takeAgain.stop();
-    if (m_hasKeyboard && m_key == window)
-        return;
     m_key = window;
-    m_hasKeyboard = true;
     // Should we be killed, the keyboard follows the pointer, which leaves a usable desktop.
     xcb_set_input_focus(m_connection.xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
     m_connection.flush();
+}
+
+void Focus::forget(xcb_window_t window)
+{
+    if (m_key != window)
+        return;
+    m_key = XCB_NONE;
+    m_takeAgain.stop();
 }
 
 void Focus::handBack()
@@ -66,11 +79,12 @@ void Focus::handBack()
         return;
     m_isBorrowed = false;
     m_takeAgain.stop();
-    m_hasKeyboard = false;
     m_key = XCB_NONE;
     const xcb_window_t now = owner();
     if (isWindow(now) && !m_connection.isOurs(now))
         return; // somebody took it meanwhile
+    if (m_heldKey && isDown(m_heldKey))
+        holdUntilRelease();
     if (m_previous != XCB_NONE && trySet(m_previous))
         return;
     const xcb_window_t client = topmostClient();
@@ -85,19 +99,39 @@ bool Focus::trySet(xcb_window_t window)
     return !owned(xcb_request_check(m_connection.xcb(), cookie));
 }
 
-void Focus::focusIn(const xcb_focus_in_event_t &event)
+void Focus::holdUntilRelease()
 {
-    if (event.event == m_key && event.mode != XCB_NOTIFY_MODE_GRAB && event.mode != XCB_NOTIFY_MODE_UNGRAB)
-        m_hasKeyboard = true;
+    // The key that ended interaction repeats while it is held, and the repeats are not meant for whoever gets
+    // the keyboard next: one Esc too many ends a slide show.
+    const auto cookie = xcb_grab_keyboard(m_connection.xcb(), false, m_connection.root(), XCB_CURRENT_TIME,
+                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const auto reply = owned(xcb_grab_keyboard_reply(m_connection.xcb(), cookie, nullptr));
+    m_isHolding = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+bool Focus::isDown(xcb_keycode_t key) const
+{
+    const auto reply =
+        owned(xcb_query_keymap_reply(m_connection.xcb(), xcb_query_keymap(m_connection.xcb()), nullptr));
+    return reply && (reply->keys[key / 8] & (1U << (key % 8))) != 0;
+}
+
+void Focus::keyReleased(xcb_keycode_t key)
+{
+    if (key != m_heldKey)
+        return;
+    m_heldKey = 0;
+    if (m_isHolding)
+        xcb_ungrab_keyboard(m_connection.xcb(), XCB_CURRENT_TIME);
+    m_isHolding = false;
 }
 
 void Focus::focusOut(const xcb_focus_out_event_t &event)
 {
-    // A grab, our own hot keys included, passes by itself.
-    if (!m_isBorrowed || event.event != m_key || event.mode != XCB_NOTIFY_MODE_NORMAL)
-        return;
-    m_hasKeyboard = false;
-    m_takeAgain.start();
+    // A grab by itself, that of our own hot keys included, passes; what moves under a grab stays moved.
+    const bool isPassing = event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
+    if (m_isBorrowed && event.event == m_key && !isPassing)
+        m_takeAgain.start();
 }
 
 void Focus::takeAgain()
@@ -105,10 +139,11 @@ void Focus::takeAgain()
     if (!m_isBorrowed || m_key == XCB_NONE)
         return;
     const xcb_window_t now = owner();
-    if (now == m_key)
+    if (now == m_key || m_retriesLeft == 0)
         return;
+    --m_retriesLeft;
     remember(now);
-    give(m_key);
+    set(m_key);
 }
 
 xcb_window_t Focus::topmostClient()

@@ -24,13 +24,21 @@ public:
     /// Interaction has ended: hands the keyboard back, unless somebody else has taken it.
     void handBack();
 
-    void focusIn(const xcb_focus_in_event_t &event);
+    /// One of our windows is no longer there to have the keyboard.
+    void forget(xcb_window_t window);
+
     void focusOut(const xcb_focus_out_event_t &event);
+    /// A key of one of our windows, or of the keyboard that we hold on to.
+    void keyPressed(xcb_keycode_t key) { m_heldKey = key; }
+    void keyReleased(xcb_keycode_t key);
 
 private:
     xcb_window_t owner() const;
     void remember(xcb_window_t owner);
     void takeAgain();
+    void set(xcb_window_t window);
+    void holdUntilRelease();
+    bool isDown(xcb_keycode_t key) const;
     bool trySet(xcb_window_t window);
     xcb_window_t topmostClient();
     bool isViewable(xcb_window_t window) const;
@@ -38,10 +46,13 @@ private:
     Connection &m_connection;
     bool m_isBorrowed = false;
     xcb_window_t m_previous = XCB_NONE;
-    /// Ours that was given the keyboard last, and whether it still has it.
+    /// Ours that was given the keyboard last.
     xcb_window_t m_key = XCB_NONE;
-    bool m_hasKeyboard = false;
     QTimer m_takeAgain;
+    int m_retriesLeft = 0;
+    /// The key pressed last while the keyboard was ours, until it is released; 0 for none.
+    xcb_keycode_t m_heldKey = 0;
+    bool m_isHolding = false;
 };
 
 } // namespace zeigewerk::platform::x11

@@ -26,6 +26,9 @@ public:
     /// event for the window when it has read it; until then the picture must not be painted on.
     bool put(xcb_window_t window, xcb_gcontext_t context, const QRegion &region);
 
+    /// The server's name for the memory; 0 where none is shared.
+    xcb_shm_seg_t segment() const { return m_segment; }
+
     /// Gives the memory back, on both sides; the picture is transparent again.
     void release();
 

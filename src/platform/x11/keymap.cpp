@@ -26,7 +26,9 @@ void Keymap::load()
 {
     m_isStale = false;
     if (!m_context)
-        m_context.reset(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+        m_context.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES)); // the server has the keymap
+    if (!m_context)
+        return;
     const std::int32_t device = xkb_x11_get_core_keyboard_device_id(m_connection.xcb());
     m_keymap.reset(xkb_x11_keymap_new_from_device(m_context.get(), m_connection.xcb(), device,
                                                   XKB_KEYMAP_COMPILE_NO_FLAGS));

@@ -9,7 +9,9 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-constexpr int kHalfOpaque = 128;
+/// Less than the highlighter's opacity (102), more than the faint outer pixels of an antialiased edge, which
+/// are dark where nothing blends them.
+constexpr int kVisibleAlpha = 64;
 
 xcb_rectangle_t rectangle(const QRect &rect)
 {
@@ -24,17 +26,24 @@ void change(Connection &connection, xcb_window_t window, xcb_shape_op_t operatio
                          window, 0, 0, static_cast<std::uint32_t>(rects.size()), rects.data());
 }
 
-/// Adds the stretches of one row of `rect` that are painted on.
-void addSpans(const QImage &picture, const QRect &rect, int row, std::vector<xcb_rectangle_t> &spans)
+struct Spans
+{
+    std::vector<xcb_rectangle_t> painted;
+    std::vector<xcb_rectangle_t> clear;
+};
+
+/// Adds the stretches of one row of `rect`.
+void addRow(const QImage &picture, const QRect &rect, int row, Spans &spans)
 {
     const auto *pixels = reinterpret_cast<const QRgb *>(picture.constScanLine(row));
-    const auto isPainted = [](QRgb pixel) { return qAlpha(pixel) >= kHalfOpaque; };
+    const auto isPainted = [](QRgb pixel) { return qAlpha(pixel) >= kVisibleAlpha; };
     const QRgb *const end = pixels + rect.x() + rect.width();
-    const QRgb *from = std::find_if(pixels + rect.x(), end, isPainted);
-    while (from != end) {
-        const QRgb *to = std::find_if_not(from, end, isPainted);
-        spans.push_back(rectangle({static_cast<int>(from - pixels), row, static_cast<int>(to - from), 1}));
-        from = std::find_if(to, end, isPainted);
+    for (const QRgb *from = pixels + rect.x(); from != end;) {
+        const bool painted = isPainted(*from);
+        const QRgb *to = std::find_if(from, end, [&](QRgb pixel) { return isPainted(pixel) != painted; });
+        (painted ? spans.painted : spans.clear)
+            .push_back(rectangle({static_cast<int>(from - pixels), row, static_cast<int>(to - from), 1}));
+        from = to;
     }
 }
 
@@ -52,15 +61,14 @@ void showNothing(Connection &connection, xcb_window_t window)
 
 void showPainted(Connection &connection, xcb_window_t window, const QImage &picture, const QRegion &region)
 {
-    std::vector<xcb_rectangle_t> changed;
-    std::vector<xcb_rectangle_t> painted;
+    Spans spans;
     for (const QRect &rect : region) {
-        changed.push_back(rectangle(rect));
         for (int row = rect.top(); row <= rect.bottom(); ++row)
-            addSpans(picture, rect, row, painted);
+            addRow(picture, rect, row, spans);
     }
-    change(connection, window, XCB_SHAPE_SO_SUBTRACT, changed);
-    change(connection, window, XCB_SHAPE_SO_UNION, painted);
+    // In this order, so that what stays painted is never uncovered in between.
+    change(connection, window, XCB_SHAPE_SO_UNION, spans.painted);
+    change(connection, window, XCB_SHAPE_SO_SUBTRACT, spans.clear);
 }
 
 } // namespace zeigewerk::platform::x11

@@ -14,7 +14,7 @@ namespace zeigewerk::platform::x11 {
 void showWhole(Connection &connection, xcb_window_t window);
 /// Makes the window nothing at all.
 void showNothing(Connection &connection, xcb_window_t window);
-/// Within `region`, makes the window what is at least half opaque in the picture.
+/// Within `region`, makes the window what can be seen in the picture.
 void showPainted(Connection &connection, xcb_window_t window, const QImage &picture, const QRegion &region);
 
 } // namespace zeigewerk::platform::x11

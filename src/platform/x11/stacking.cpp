@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <iterator>
 #include <span>
 #include <utility>
 
@@ -14,6 +15,8 @@ namespace {
 
 /// Raising comes in bursts; one look answers a burst.
 constexpr auto kCheckAfter = 10ms;
+/// A window that is being moved tells so a hundred times a second.
+constexpr auto kCheckAtMostEvery = 100ms;
 /// Some window managers restack once more when a new window has settled.
 constexpr auto kTrailingCheckAfter = 250ms;
 /// Another program that insists on the top must not draw us into an endless loop at full speed.
@@ -27,47 +30,61 @@ Stacking::Stacking(Connection &connection, std::function<std::vector<xcb_window_
     , m_windows(std::move(windows))
     , m_screens(std::move(screens))
 {
-    for (auto [timer, interval] :
-         {std::pair{&m_check, kCheckAfter}, {&m_trailingCheck, kTrailingCheckAfter}}) {
+    for (QTimer *timer : {&m_check, &m_trailingCheck}) {
         timer->setSingleShot(true);
-        timer->setInterval(interval);
         timer->callOnTimeout(this, &Stacking::check);
     }
-    const std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
-    xcb_change_window_attributes(connection.xcb(), connection.root(), XCB_CW_EVENT_MASK, &mask);
 }
 
 void Stacking::structureChanged(xcb_window_t window)
 {
-    if (!m_connection.isOurs(window) && !m_windows().empty())
+    if (!m_connection.isOurs(window))
         checkSoon();
+}
+
+void Stacking::windowHidden()
+{
+    // With nothing to keep on top, what the others do is no concern of ours and must not wake us.
+    if (m_windows().empty()) {
+        m_connection.ignoreRoot(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+        m_check.stop();
+        m_trailingCheck.stop();
+    }
 }
 
 void Stacking::checkSoon()
 {
+    const bool isCheckedOften = m_sinceCheck.isValid() && !m_sinceCheck.hasExpired(kCheckAtMostEvery.count());
     if (!m_check.isActive())
-        m_check.start();
-    m_trailingCheck.start();
+        m_check.start(isCheckedOften ? kCheckAtMostEvery : kCheckAfter);
+    m_trailingCheck.start(kTrailingCheckAfter);
 }
 
 void Stacking::check()
 {
     if (m_windows().empty())
         return;
+    m_sinceCheck.start();
     const std::vector<Child> children = childrenFromTop();
-    if (isInOrder(children, highestForeign(children)))
+    const xcb_window_t below = highestForeign(children);
+    if (isInOrder(children, below))
         return;
-    if (m_sinceRestack.isValid() && !m_sinceRestack.hasExpired(kRestackAtMostEvery.count())) {
-        m_trailingCheck.start();
-        return;
-    }
-    restack();
+    if (m_sinceRestack.isValid() && !m_sinceRestack.hasExpired(kRestackAtMostEvery.count()))
+        m_trailingCheck.start(kRestackAtMostEvery);
+    else
+        restackAbove(below);
 }
 
 void Stacking::restack()
 {
+    m_connection.listenToRoot(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    restackAbove(highestForeign(childrenFromTop()));
+}
+
+void Stacking::restackAbove(xcb_window_t highestForeign)
+{
     m_sinceRestack.start();
-    xcb_window_t below = highestForeign(childrenFromTop());
+    xcb_window_t below = highestForeign;
     for (const xcb_window_t window : m_windows()) {
         place(window, below);
         below = window;
@@ -119,7 +136,9 @@ std::vector<Stacking::Child> Stacking::childrenFromTop() const
 
 xcb_window_t Stacking::highestForeign(const std::vector<Child> &children) const
 {
-    const auto found = std::find_if(children.begin(), children.end(), [this](const Child &child) {
+    // What stands above a screen locker is the locker's own.
+    const auto locker = lowestLocker(children);
+    const auto found = std::find_if(locker, children.end(), [&](const Child &child) {
         return !child.isOurs && child.isViewable && !isScreenLocker(child);
     });
     return found == children.end() ? xcb_window_t{XCB_NONE} : found->window;
@@ -130,6 +149,9 @@ bool Stacking::isInOrder(const std::vector<Child> &children, xcb_window_t highes
     std::vector<xcb_window_t> expected = m_windows();
     if (highestForeign != XCB_NONE)
         expected.insert(expected.begin(), highestForeign);
+    const auto locker = lowestLocker(children);
+    if (locker != children.end() && isScreenLocker(*locker))
+        expected.push_back(locker->window);
     std::vector<xcb_window_t> actual;
     for (auto child = children.rbegin(); child != children.rend(); ++child) {
         if (std::count(expected.begin(), expected.end(), child->window) > 0)
@@ -138,9 +160,17 @@ bool Stacking::isInOrder(const std::vector<Child> &children, xcb_window_t highes
     return actual == expected;
 }
 
+std::vector<Stacking::Child>::const_iterator Stacking::lowestLocker(const std::vector<Child> &children) const
+{
+    const auto found = std::find_if(children.rbegin(), children.rend(),
+                                    [this](const Child &child) { return isScreenLocker(child); });
+    return found == children.rend() ? children.begin() : std::prev(found.base());
+}
+
 bool Stacking::isScreenLocker(const Child &child) const
 {
-    if (!child.isOverrideRedirect || belongsToWindowManager(child.window))
+    if (child.isOurs || !child.isViewable || !child.isOverrideRedirect ||
+        belongsToWindowManager(child.window))
         return false;
     const std::vector<QRect> screens = m_screens();
     return std::any_of(screens.begin(), screens.end(),

@@ -26,6 +26,8 @@ public:
     void restack();
     /// Something was raised or mapped: looks a little later whether our order still holds.
     void checkSoon();
+    /// One of our windows was hidden.
+    void windowHidden();
     /// A structure event of the root window.
     void structureChanged(xcb_window_t window);
 
@@ -42,9 +44,12 @@ private:
 
     std::vector<Child> childrenFromTop() const;
     xcb_window_t highestForeign(const std::vector<Child> &children) const;
+    /// The lowest screen locker, or the first child when there is none.
+    std::vector<Child>::const_iterator lowestLocker(const std::vector<Child> &children) const;
     bool isInOrder(const std::vector<Child> &children, xcb_window_t highestForeign) const;
     bool isScreenLocker(const Child &child) const;
     bool belongsToWindowManager(xcb_window_t window) const;
+    void restackAbove(xcb_window_t highestForeign);
     void place(xcb_window_t window, xcb_window_t above);
     void check();
 
@@ -53,6 +58,7 @@ private:
     std::function<std::vector<QRect>()> m_screens;
     QTimer m_check;
     QTimer m_trailingCheck;
+    QElapsedTimer m_sinceCheck;
     QElapsedTimer m_sinceRestack;
 };
 

@@ -66,7 +66,7 @@ xcb_window_t createSurfaceWindow(Connection &connection, SurfaceRole role, const
                                                  kBorder,
                                                  kOverrideRedirect,
                                                  XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_KEY_PRESS |
-                                                     XCB_EVENT_MASK_FOCUS_CHANGE,
+                                                     XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_FOCUS_CHANGE,
                                                  connection.argbColormap(),
                                                  connection.arrowCursor()};
     xcb_create_window(connection.xcb(), kDepth, window, connection.root(),

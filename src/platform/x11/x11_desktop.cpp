@@ -73,6 +73,8 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
     const std::uint8_t type = event.response_type & kEventType;
     switch (type) {
     case 0:
+        if (as<xcb_generic_error_t>(event).major_code == m_connection->shmOpcode())
+            putFailed();
         qCDebug(logX11, "error %u of request %u", as<xcb_generic_error_t>(event).error_code,
                 as<xcb_generic_error_t>(event).major_code);
         return;
@@ -81,8 +83,6 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
     case XCB_KEY_PRESS:
     case XCB_KEY_RELEASE:
         return handleKey(as<xcb_key_press_event_t>(event), type == XCB_KEY_PRESS);
-    case XCB_FOCUS_IN:
-        return m_focus.focusIn(as<xcb_focus_in_event_t>(event));
     case XCB_FOCUS_OUT:
         return m_focus.focusOut(as<xcb_focus_out_event_t>(event));
     case XCB_CONFIGURE_NOTIFY:
@@ -110,7 +110,7 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
         m_compositing.ownerChanged();
     else if (m_connection->hasSharedMemory() && type == m_connection->shmCompletionEvent()) {
         if (X11Surface *surface = surfaceOf(as<xcb_shm_completion_event_t>(event).drawable))
-            surface->putCompleted();
+            surface->putCompleted(as<xcb_shm_completion_event_t>(event).shmseg);
     }
 }
 
@@ -136,21 +136,29 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
 
 void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
 {
-    if (X11Surface *surface = surfaceOf(event.event)) {
-        if (isPress)
-            surface->keyPressed(m_keymap.keyEvent(event));
-    } else if (isPress) {
-        m_hotKeys.keyPressed(event);
-    } else {
+    X11Surface *surface = surfaceOf(event.event);
+    if (!isPress) {
+        m_focus.keyReleased(event.detail);
         m_hotKeys.keyReleased(event);
+    } else if (surface) {
+        m_focus.keyPressed(event.detail);
+        surface->keyPressed(m_keymap.keyEvent(event));
+    } else if (event.event == m_connection->root()) {
+        m_hotKeys.keyPressed(event);
     }
+}
+
+void X11Desktop::putFailed()
+{
+    // A put that failed is not reported as completed, and nothing tells whose it was.
+    for (X11Surface *surface : m_surfaces)
+        surface->putFailed();
 }
 
 void X11Desktop::displayAll()
 {
-    // By index: painting may not, but a content's last look could, make or drop a surface.
-    for (std::size_t i = 0; i < m_surfaces.size(); ++i)
-        m_surfaces[i]->display();
+    for (X11Surface *surface : m_surfaces)
+        surface->display();
 }
 
 void X11Desktop::surfaceGone(X11Surface &surface)

@@ -49,6 +49,7 @@ private:
     void handle(const xcb_generic_event_t &event);
     void handleInput(const xcb_ge_generic_event_t &event);
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
+    void putFailed();
     void displayAll();
     X11Surface *surfaceOf(xcb_window_t window) const;
     std::vector<xcb_window_t> windowsFromBottom() const;

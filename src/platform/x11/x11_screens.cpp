@@ -40,6 +40,15 @@ bool areKnownToQt(const ScreenLayout &layout)
                        [](const Screen &screen) { return qtScreen(screen.name) != nullptr; });
 }
 
+/// Names do not count: of two mirrored outputs the other one may go.
+bool haveSameGeometry(const ScreenLayout &a, const ScreenLayout &b)
+{
+    return std::equal(a.screens().begin(), a.screens().end(), b.screens().begin(), b.screens().end(),
+                      [](const Screen &one, const Screen &other) {
+                          return one.nativeFrame == other.nativeFrame && one.scale == other.scale;
+                      });
+}
+
 } // namespace
 
 X11Screens::X11Screens(Connection &connection)
@@ -92,10 +101,10 @@ void X11Screens::readAgain()
         }
     }
     m_waitForQt.reset();
-    if (layout.screens() == m_layout.screens())
-        return;
+    const bool isChange = !haveSameGeometry(layout, m_layout);
     m_layout = layout;
-    Q_EMIT changed();
+    if (isChange)
+        Q_EMIT changed();
 }
 
 std::vector<Screen> X11Screens::read()

@@ -22,6 +22,11 @@ double fromFixed(xcb_input_fp1616_t value)
     return value / 65536.0;
 }
 
+bool holdsLeftButton(const xcb_input_button_press_event_t &event)
+{
+    return event.buttons_len > 0 && (*xcb_input_button_press_button_mask(&event) & (1U << kLeftButton)) != 0;
+}
+
 } // namespace
 
 X11Surface::X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame)
@@ -42,6 +47,7 @@ X11Surface::X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &fram
 X11Surface::~X11Surface()
 {
     m_desktop.surfaceGone(*this);
+    m_desktop.focus().forget(m_window);
     xcb_free_gc(m_connection.xcb(), m_context);
     xcb_destroy_window(m_connection.xcb(), m_window);
     if (m_inputWindow)
@@ -66,7 +72,7 @@ void X11Surface::adoptScale(double scale)
     m_scale = scale;
     // The buffer has the wrong size now; the window forgets its picture when it is resized.
     m_buffer.reset();
-    m_isPutInFlight = false;
+    m_putsInFlight = 0;
     m_inked = {};
     setNeedsDisplay(Damage::everything());
 }
@@ -83,6 +89,8 @@ void X11Surface::orderFrontRegardless()
     m_desktop.stacking().restack();
     xcb_map_window(m_connection.xcb(), m_window);
     updateInputWindow();
+    // A window that we were put above may have gone meanwhile.
+    m_desktop.stacking().checkSoon();
 }
 
 void X11Surface::orderOut()
@@ -98,6 +106,8 @@ void X11Surface::orderOut()
     if (m_buffer)
         m_buffer->release();
     updateInputWindow();
+    m_desktop.focus().forget(m_window);
+    m_desktop.stacking().windowHidden();
 }
 
 void X11Surface::setIgnoresMouseEvents(bool ignores)
@@ -132,7 +142,7 @@ void X11Surface::setNeedsDisplay(const Damage &damage)
 
 void X11Surface::display()
 {
-    if (!m_isDisplayWanted || m_isPutInFlight || !m_content)
+    if (!m_isDisplayWanted || m_putsInFlight > 0 || !m_content)
         return;
     m_content->willDisplay();
     m_isDisplayWanted = false;
@@ -165,7 +175,9 @@ void X11Surface::compositingChanged()
 
 void X11Surface::updateInputWindow()
 {
-    const bool isNeeded = m_visible && !m_ignoresMouseEvents && !m_desktop.compositing().isOn();
+    // Hiding it in mid-drag would hand the release to the application beneath.
+    const bool takesPointer = !m_ignoresMouseEvents || m_isLeftButtonHeld;
+    const bool isNeeded = m_visible && takesPointer && !m_desktop.compositing().isOn();
     if (isNeeded == m_isInputWindowShown)
         return;
     m_isInputWindowShown = isNeeded;
@@ -189,7 +201,13 @@ std::vector<xcb_window_t> X11Surface::shownWindows() const
 void X11Surface::put(const QRegion &region)
 {
     if (m_buffer && m_buffer->put(m_window, m_context, region))
-        m_isPutInFlight = true;
+        ++m_putsInFlight;
+}
+
+void X11Surface::putCompleted(xcb_shm_seg_t segment)
+{
+    if (m_buffer && m_buffer->segment() == segment && m_putsInFlight > 0)
+        --m_putsInFlight;
 }
 
 void X11Surface::exposed(const QRect &pixels)
@@ -208,16 +226,25 @@ void X11Surface::buttonPressed(const xcb_input_button_press_event_t &event)
 
 void X11Surface::buttonReleased(const xcb_input_button_press_event_t &event)
 {
-    if (event.detail != kLeftButton || !m_content)
-        return;
+    if (event.detail == kLeftButton && m_content)
+        endDrag(event);
+}
+
+void X11Surface::endDrag(const xcb_input_button_press_event_t &event)
+{
     m_isLeftButtonHeld = false;
     m_content->mouseUp(pointerEvent(event));
+    updateInputWindow();
 }
 
 void X11Surface::pointerMoved(const xcb_input_button_press_event_t &event)
 {
-    if (m_isLeftButtonHeld && m_content)
+    if (!m_isLeftButtonHeld || !m_content)
+        return;
+    if (holdsLeftButton(event))
         m_content->mouseDragged(pointerEvent(event));
+    else
+        endDrag(event); // somebody else got the release
 }
 
 void X11Surface::keyPressed(const KeyEvent &event)

@@ -46,8 +46,9 @@ public:
 
     /// Paints and shows what was damaged, unless the server is still reading the picture.
     void display();
-    /// The server has read the picture.
-    void putCompleted() { m_isPutInFlight = false; }
+    /// The server has read the picture in that memory.
+    void putCompleted(xcb_shm_seg_t segment);
+    void putFailed() { m_putsInFlight = 0; }
     /// The compositor came or went.
     void compositingChanged();
     /// That part of the window was uncovered and shows nothing.
@@ -61,6 +62,7 @@ private:
     void adoptScale(double scale);
     void updateInputWindow();
     void put(const QRegion &region);
+    void endDrag(const xcb_input_button_press_event_t &event);
     PointerEvent pointerEvent(const xcb_input_button_press_event_t &event) const;
 
     X11Desktop &m_desktop;
@@ -81,7 +83,8 @@ private:
     quint64 m_orderedFront = 0;
     Damage m_damage;
     bool m_isDisplayWanted = false;
-    bool m_isPutInFlight = false;
+    /// Puts that the server may still be reading the picture for.
+    int m_putsInFlight = 0;
     /// Encloses all that was put since the window was shown; beyond it the window is transparent.
     QRect m_inked;
     std::optional<FrameBuffer> m_buffer;

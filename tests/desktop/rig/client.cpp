@@ -83,6 +83,12 @@ xcb_window_t Client::inputFocus()
     return reply ? reply->focus : xcb_window_t(XCB_INPUT_FOCUS_NONE);
 }
 
+void Client::setInputFocus(xcb_window_t window)
+{
+    xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+    roundTrip();
+}
+
 std::optional<WindowInfo> Client::window(xcb_window_t id)
 {
     const auto classCookie =

@@ -57,6 +57,8 @@ public:
 
     /// The window whose keys these are now, or XCB_INPUT_FOCUS_NONE or XCB_INPUT_FOCUS_POINTER_ROOT.
     xcb_window_t inputFocus();
+    /// Gives the keyboard to a window past the window manager, as some programs do.
+    void setInputFocus(xcb_window_t window);
     /// Nothing if there is no such window (any more).
     std::optional<WindowInfo> window(xcb_window_t id);
     /// The children of a window from the bottom to the top. Those of the root are the stacking order;

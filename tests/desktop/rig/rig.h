@@ -4,6 +4,7 @@
 #include "desktop_session.h" // IWYU pragma: export
 #include "eventually.h"      // IWYU pragma: export
 #include "hot_key_thief.h"   // IWYU pragma: export
+#include "popup.h"           // IWYU pragma: export
 #include "process_stats.h"   // IWYU pragma: export
 #include "program.h"         // IWYU pragma: export
 #include "rig_error.h"       // IWYU pragma: export

@@ -1,0 +1,109 @@
+#include "presentation.h"
+
+using namespace zeigewerk::rig;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QRect kScreen(0, 0, 1920, 1080);
+
+} // namespace
+
+class StackingScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void inkStaysAboveAWindowRaisedLater();
+    void inkStaysAboveAFullScreenWindow();
+    void inkStaysAboveAPopup();
+    void inkStaysAboveAPopupThatIsRaisedAgainAndAgain();
+    void aScreenLockerIsNeverCovered();
+    void nothingIsRestackedWithoutNeed();
+
+private:
+    /// A pinned stroke from (400, 300) to (500, 300).
+    static bool pinAStroke(Presentation &on)
+    {
+        on.hotKey(Key::D);
+        if (!eventually([&] { return on.hasKeyboard(); }) ||
+            !on.session.pointer().drag({{400, 300}, {500, 300}}))
+            return false;
+        on.hotKey(Key::P);
+        return eventually([&] { return on.beneath.hasFocus() && on.pixel({450, 300}) == kInk; });
+    }
+};
+
+void StackingScenarios::inkStaysAboveAWindowRaisedLater()
+{
+    Presentation on;
+    QVERIFY(pinAStroke(on));
+    const WindowBeneath later(on.session, {300, 200, 400, 300}, Qt::green);
+    EVENTUALLY(on.pixel({350, 250}) == QColor(Qt::green));
+    EVENTUALLY(on.pixel({450, 300}) == kInk);
+}
+
+void StackingScenarios::inkStaysAboveAFullScreenWindow()
+{
+    Presentation on;
+    QVERIFY(pinAStroke(on));
+    QVERIFY(on.beneath.setFullScreen(true));
+    EVENTUALLY(on.pixel({450, 300}) == kInk);
+    EVENTUALLY(on.pixel({2, 2}) == on.beneathColor());
+}
+
+void StackingScenarios::inkStaysAboveAPopup()
+{
+    // No window manager helps here: the popup is on top until the program has looked.
+    Presentation on;
+    QVERIFY(pinAStroke(on));
+    const Popup popup(on.session, {300, 200, 400, 300}, Qt::green);
+    EVENTUALLY(on.pixel({350, 250}) == QColor(Qt::green) && on.pixel({450, 300}) == kInk);
+    const Popup second(on.session, {310, 210, 300, 200}, Qt::red);
+    EVENTUALLY(on.pixel({350, 250}) == QColor(Qt::red) && on.pixel({450, 300}) == kInk);
+}
+
+void StackingScenarios::inkStaysAboveAPopupThatIsRaisedAgainAndAgain()
+{
+    Presentation on;
+    QVERIFY(pinAStroke(on));
+    Popup popup(on.session, {300, 200, 400, 300}, Qt::green);
+    for (int i = 0; i < 100; ++i)
+        popup.raise();
+    EVENTUALLY(on.pixel({350, 250}) == QColor(Qt::green) && on.pixel({450, 300}) == kInk);
+}
+
+void StackingScenarios::aScreenLockerIsNeverCovered()
+{
+    Presentation on;
+    QVERIFY(pinAStroke(on));
+    const xcb_window_t overlay = on.shownWindows().constFirst().id;
+    const Popup locker(on.session, kScreen, Qt::black);
+    // Something happens that makes the program look again; the locker's own popup among it.
+    const Popup ofLocker(on.session, {300, 200, 400, 300}, Qt::green);
+    const Popup popup(on.session, {800, 200, 100, 100}, Qt::red);
+    popup.lowerBelow(locker);
+    EVENTUALLY(on.session.client().isAbove(overlay, popup.id()));
+    QVERIFY(on.session.client().isAbove(locker.id(), overlay));
+    QVERIFY(on.session.client().isAbove(ofLocker.id(), overlay));
+
+    // A mode that is switched on meanwhile stays below it, too.
+    on.hotKey(Key::W);
+    EVENTUALLY(on.hasKeyboard());
+    THROUGHOUT(400ms, on.session.client().isAbove(locker.id(), overlay));
+}
+
+void StackingScenarios::nothingIsRestackedWithoutNeed()
+{
+    Presentation on;
+    QVERIFY(pinAStroke(on));
+    const Popup popup(on.session, {300, 200, 400, 300}, Qt::green);
+    const xcb_window_t overlay = on.shownWindows().constFirst().id;
+    EVENTUALLY(on.session.client().isAbove(overlay, popup.id()));
+    const QList<xcb_window_t> order = on.session.client().stackedChildren(on.session.client().root());
+    // Longer than the last look after a change.
+    THROUGHOUT(600ms, on.session.client().stackedChildren(on.session.client().root()) == order);
+}
+
+QTEST_GUILESS_MAIN(StackingScenarios)
+#include "stacking_scenarios.moc"

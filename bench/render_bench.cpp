@@ -64,7 +64,7 @@ void renderOneShape(benchmark::State &state)
     QImage image = blankScreen();
     QPainter painter(&image);
     painter.setTransform(ViewGeometry(kScreen, 1.0).painterTransform());
-    for (auto _ : state)
+    while (state.KeepRunning())
         renderShape(painter, shape, 1.0);
     state.SetLabel(tool.symbol().toStdString());
 }
@@ -74,7 +74,7 @@ void paintedAreaOfShape(benchmark::State &state)
 {
     const Tool tool = Tool::allCases.at(static_cast<std::size_t>(state.range(0)));
     const Shape shape = exampleOf(tool);
-    for (auto _ : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(paintedArea(shape));
     state.SetLabel(tool.symbol().toStdString());
 }
@@ -92,14 +92,6 @@ public:
         app.applicationDidFinishLaunching();
     }
 
-private:
-    QTemporaryDir m_home;
-    platform::RecordingDesktop m_desktop;
-    UserDefaults m_defaults;
-
-public:
-    AppDelegate app;
-
     DrawingView &view() { return app.overlays().front()->view(); }
     platform::RecordingSurface &surface()
     {
@@ -113,71 +105,66 @@ public:
         view().mouseDragged({to, {}});
         view().mouseUp({to, {}});
     }
+
+private:
+    QTemporaryDir m_home;
+    platform::RecordingDesktop m_desktop;
+    UserDefaults m_defaults;
+
+public:
+    AppDelegate app;
 };
 
-void onePenSample(benchmark::State &state)
+/// A few of every tool that is dragged out, all over the screen.
+void drawShapes(Program &program, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        const QPointF from = penPoint(97 * i);
+        program.draw(Tool::allCases.at(static_cast<std::size_t>(i % 6)), from, from + QPointF(300, 200));
+    }
+}
+
+/// Adds samples to a stroke of `points` points above `others` other shapes.
+void samplePen(benchmark::State &state, Tool tool, int points, int others)
 {
     Program program;
     program.app.toggleDraw();
-    program.app.setTool(static_cast<Tool::Value>(state.range(0)));
-    const int points = static_cast<int>(state.range(1));
-    program.view().mouseDown({penPoint(0), {}});
-    int sample = 1;
-    while (sample < points)
+    int sample = 0;
+    const auto begin = [&] {
+        program.view().discardShapes();
+        drawShapes(program, others);
+        program.app.setTool(tool);
+        program.view().mouseDown({penPoint(0), {}});
+        for (sample = 1; sample < points; ++sample)
+            program.view().mouseDragged({penPoint(sample), {}});
+        program.surface().display();
+    };
+    begin();
+    while (state.KeepRunning()) {
         program.view().mouseDragged({penPoint(sample++), {}});
-    program.surface().display();
-    for (auto _ : state) {
-        // Going on would make the stroke longer than it says, so the pen starts anew now and then.
+        program.surface().display();
+        // Going on would make the stroke longer than it says.
         if (sample == points + 100) {
             state.PauseTiming();
             program.view().mouseUp({penPoint(sample), {}});
-            program.view().discardShapes();
-            program.view().mouseDown({penPoint(0), {}});
-            sample = 1;
-            while (sample < points)
-                program.view().mouseDragged({penPoint(sample++), {}});
-            program.surface().display();
+            begin();
             state.ResumeTiming();
         }
-        program.view().mouseDragged({penPoint(sample++), {}});
-        program.surface().display();
     }
 }
+
+void onePenSample(benchmark::State &state)
+{
+    samplePen(state, static_cast<Tool::Value>(state.range(0)), static_cast<int>(state.range(1)), 0);
+}
 BENCHMARK(onePenSample)
+    ->ArgNames({"tool", "points"})
     ->ArgsProduct({{Tool::pen, Tool::highlighter}, {100, 1'000, 20'000}})
     ->Unit(benchmark::kMicrosecond);
 
 void onePenSampleAboveOtherShapes(benchmark::State &state)
 {
-    Program program;
-    program.app.toggleDraw();
-    for (int i = 0; i < state.range(0); ++i) {
-        const QPointF from = penPoint(97 * i);
-        program.draw(Tool::allCases.at(static_cast<std::size_t>(i % 6)), from, from + QPointF(300, 200));
-    }
-    program.app.setTool(Tool::pen);
-    program.view().mouseDown({penPoint(0), {}});
-    program.surface().display();
-    int sample = 1;
-    for (auto _ : state) {
-        program.view().mouseDragged({penPoint(sample++), {}});
-        program.surface().display();
-        if (sample == 200) {
-            state.PauseTiming();
-            program.app.toggleDraw();
-            program.app.toggleDraw();
-            for (int i = 0; i < state.range(0); ++i) {
-                const QPointF from = penPoint(97 * i);
-                program.draw(Tool::allCases.at(static_cast<std::size_t>(i % 6)), from,
-                             from + QPointF(300, 200));
-            }
-            program.app.setTool(Tool::pen);
-            program.view().mouseDown({penPoint(0), {}});
-            program.surface().display();
-            sample = 1;
-            state.ResumeTiming();
-        }
-    }
+    samplePen(state, Tool::pen, 100, static_cast<int>(state.range(0)));
 }
 BENCHMARK(onePenSampleAboveOtherShapes)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);
 
@@ -185,13 +172,10 @@ void wholeCanvas(benchmark::State &state)
 {
     Program program;
     program.app.toggleDraw();
-    for (int i = 0; i < 12; ++i) {
-        const QPointF from = penPoint(97 * i);
-        program.draw(Tool::allCases.at(static_cast<std::size_t>(i % 6)), from, from + QPointF(300, 200));
-    }
+    drawShapes(program, 12);
     program.surface().display();
     QImage image = blankScreen();
-    for (auto _ : state)
+    while (state.KeepRunning())
         platform::paintDamage(image, 1.0, Damage::everything(), program.view());
 }
 BENCHMARK(wholeCanvas)->Unit(benchmark::kMillisecond);
@@ -202,7 +186,7 @@ void oneSpotlightStep(benchmark::State &state)
     program.app.toggleSpot();
     program.surface().display();
     int step = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         program.view().setCursorPoint(penPoint(5 * step++));
         program.surface().display();
     }

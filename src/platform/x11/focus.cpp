@@ -83,8 +83,8 @@ void Focus::handBack()
     const xcb_window_t now = owner();
     if (isWindow(now) && !m_connection.isOurs(now))
         return; // somebody took it meanwhile
-    if (m_heldKey && isDown(m_heldKey))
-        holdUntilRelease();
+    if (m_handledKey && isDown(m_handledKey))
+        holdUntilRelease(m_handledKey);
     if (m_previous != XCB_NONE && trySet(m_previous))
         return;
     const xcb_window_t client = topmostClient();
@@ -99,14 +99,15 @@ bool Focus::trySet(xcb_window_t window)
     return !owned(xcb_request_check(m_connection.xcb(), cookie));
 }
 
-void Focus::holdUntilRelease()
+void Focus::holdUntilRelease(xcb_keycode_t key)
 {
     // The key that ended interaction repeats while it is held, and the repeats are not meant for whoever gets
     // the keyboard next: one Esc too many ends a slide show.
     const auto cookie = xcb_grab_keyboard(m_connection.xcb(), false, m_connection.root(), XCB_CURRENT_TIME,
                                           XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     const auto reply = owned(xcb_grab_keyboard_reply(m_connection.xcb(), cookie, nullptr));
-    m_isHolding = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+    if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS)
+        m_heldKey = key;
 }
 
 bool Focus::isDown(xcb_keycode_t key) const
@@ -118,12 +119,10 @@ bool Focus::isDown(xcb_keycode_t key) const
 
 void Focus::keyReleased(xcb_keycode_t key)
 {
-    if (key != m_heldKey)
+    if (m_heldKey == 0 || key != m_heldKey)
         return;
     m_heldKey = 0;
-    if (m_isHolding)
-        xcb_ungrab_keyboard(m_connection.xcb(), XCB_CURRENT_TIME);
-    m_isHolding = false;
+    xcb_ungrab_keyboard(m_connection.xcb(), XCB_CURRENT_TIME);
 }
 
 void Focus::focusOut(const xcb_focus_out_event_t &event)

@@ -28,8 +28,9 @@ public:
     void forget(xcb_window_t window);
 
     void focusOut(const xcb_focus_out_event_t &event);
-    /// A key of one of our windows, or of the keyboard that we hold on to.
-    void keyPressed(xcb_keycode_t key) { m_heldKey = key; }
+    /// Whether a press of that key, of one of our windows, is being handled: it may end interaction.
+    void keyIsHandled(xcb_keycode_t key) { m_handledKey = key; }
+    void noKeyIsHandled() { m_handledKey = 0; }
     void keyReleased(xcb_keycode_t key);
 
 private:
@@ -37,7 +38,7 @@ private:
     void remember(xcb_window_t owner);
     void takeAgain();
     void set(xcb_window_t window);
-    void holdUntilRelease();
+    void holdUntilRelease(xcb_keycode_t key);
     bool isDown(xcb_keycode_t key) const;
     bool trySet(xcb_window_t window);
     xcb_window_t topmostClient();
@@ -50,9 +51,9 @@ private:
     xcb_window_t m_key = XCB_NONE;
     QTimer m_takeAgain;
     int m_retriesLeft = 0;
-    /// The key pressed last while the keyboard was ours, until it is released; 0 for none.
+    xcb_keycode_t m_handledKey = 0;
+    /// The key until whose release we hold on to the keyboard; 0 for none.
     xcb_keycode_t m_heldKey = 0;
-    bool m_isHolding = false;
 };
 
 } // namespace zeigewerk::platform::x11

@@ -141,8 +141,9 @@ void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
         m_focus.keyReleased(event.detail);
         m_hotKeys.keyReleased(event);
     } else if (surface) {
-        m_focus.keyPressed(event.detail);
+        m_focus.keyIsHandled(event.detail);
         surface->keyPressed(m_keymap.keyEvent(event));
+        m_focus.noKeyIsHandled();
     } else if (event.event == m_connection->root()) {
         m_hotKeys.keyPressed(event);
     }

@@ -10,15 +10,6 @@ namespace zeigewerk {
 using platform::Modifier;
 using platform::PointerEvent;
 
-namespace {
-
-bool isFreehand(Tool tool)
-{
-    return tool == Tool::pen || tool == Tool::highlighter;
-}
-
-} // namespace
-
 template <typename Change>
 void DrawingView::changeCurrent(std::size_t firstPoint, Change change)
 {
@@ -60,7 +51,7 @@ void DrawingView::mouseDragged(const PointerEvent &event)
     const bool isConstrained = event.modifiers.testFlag(Modifier::Shift);
     const QPointF point =
         isConstrained ? constrained(m_current->tool, m_current->start, event.position) : event.position;
-    if (isConstrained && isFreehand(m_current->tool)) {
+    if (isConstrained && m_current->tool.isFreehand()) {
         // The whole path becomes a straight line; what was drawn before stays lost when Shift is released.
         changeCurrent(0, [&] {
             m_current->points = {m_current->start, point};
@@ -68,7 +59,7 @@ void DrawingView::mouseDragged(const PointerEvent &event)
         });
         return;
     }
-    changeCurrent(m_current->points.size() - 1, [&] {
+    changeCurrent(m_current->points.size(), [&] {
         m_current->points.push_back(point);
         m_current->end = point;
     });

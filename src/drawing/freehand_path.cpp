@@ -3,6 +3,7 @@
 #include "drawing/stroke_geometry.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zeigewerk {
 
@@ -38,10 +39,28 @@ public:
 
     bool isTouchedBy(QPointF from, QPointF to) const
     {
-        return m_damage.touches(withMargin(QRectF(from, to).normalized()));
+        if (m_damage.isEverything())
+            return true;
+        const QRectF span = QRectF(from, to).normalized();
+        const auto &rects = m_damage.rects();
+        return std::any_of(rects.begin(), rects.end(), [&](const QRectF &rect) {
+            const QRectF reach = withMargin(rect);
+            return span.left() <= reach.right() && span.right() >= reach.left() &&
+                   span.top() <= reach.bottom() && span.bottom() >= reach.top() && lineMeets(from, to, reach);
+        });
     }
 
 private:
+    /// Whether the line through both points meets the rectangle. A long diagonal spans far more than it
+    /// touches, and stroking it costs by its length.
+    static bool lineMeets(QPointF from, QPointF to, const QRectF &rect)
+    {
+        const QPointF way = to - from;
+        const QPointF offset = rect.center() - from;
+        const double reach = (std::abs(way.y()) * rect.width() + std::abs(way.x()) * rect.height()) / 2.0;
+        return std::abs(way.x() * offset.y() - way.y() * offset.x()) <= reach;
+    }
+
     QRectF withMargin(const QRectF &rect) const
     {
         return rect.adjusted(-m_margin, -m_margin, m_margin, m_margin);

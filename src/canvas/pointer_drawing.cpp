@@ -69,8 +69,8 @@ void DrawingView::mouseUp(const PointerEvent &)
 {
     if (!m_current)
         return;
-    // The shape looks the same before and after, so nothing is repainted: it only changes lists. Where the
-    // list is not empty it was above every finished shape before, and is so now.
+    // Nothing is repainted: in progress the shape was painted above all finished ones, and now it is the last
+    // of them.
     m_current->created = app ? app->now() : WallClock::now();
     m_shapes.push_back(std::move(*m_current));
     m_current.reset();

@@ -88,7 +88,6 @@ void X11Surface::orderFrontRegardless()
     compositingChanged();
     m_desktop.stacking().restack();
     xcb_map_window(m_connection.xcb(), m_window);
-    updateInputWindow();
     // A window that we were put above may have gone meanwhile.
     m_desktop.stacking().checkSoon();
 }

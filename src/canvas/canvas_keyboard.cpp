@@ -9,4 +9,6 @@ void DrawingView::keyDown(const platform::KeyEvent &event)
         app->escapePressed();
 }
 
+void AppDelegate::adjustSpotRadius(double) {}
+
 } // namespace zeigewerk

@@ -1,5 +1,8 @@
 #include "core/app_delegate.h"
 
+#include "commands/status_item.h"
+#include "toolbar/panel.h"
+
 #include <utility>
 
 namespace zeigewerk {
@@ -24,6 +27,9 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     gApp = this;
     buildOverlays();
+    buildPanel();
+    m_statusItem = std::make_unique<StatusItem>(m_desktop, *this);
+    rebuildMenu();
     registerHotKeys();
     connect(&m_desktop, &platform::Desktop::screensChanged, this, &AppDelegate::buildOverlays);
     refreshAll();
@@ -44,16 +50,19 @@ void AppDelegate::buildOverlays()
 void AppDelegate::setTool(Tool tool)
 {
     m_tool = tool;
+    refreshToolbar();
 }
 
 void AppDelegate::setColor(const Color &color)
 {
     m_color = color;
+    refreshToolbar();
 }
 
 void AppDelegate::setLineWidth(double width)
 {
     m_lineWidth = width;
+    refreshToolbar();
 }
 
 } // namespace zeigewerk

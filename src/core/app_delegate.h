@@ -8,10 +8,12 @@
 #include "drawing/shape.h"
 #include "drawing/tool.h"
 #include "platform/desktop.h"
+#include "toolbar/toolbar.h"
 
 #include <QObject>
 #include <QPointer>
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -19,12 +21,17 @@
 
 namespace zeigewerk {
 
+class StatusItem;
+
 inline constexpr char kAutoFadeKey[] = "ZeigewerkAutoFade";
 inline constexpr char kDarkUIKey[] = "ZeigewerkDarkUI";
 inline constexpr char kSpotRadiusKey[] = "ZeigewerkSpotRadius";
 
 /// The spotlight's radius in points until the user chooses another.
 inline constexpr double kDefaultSpotRadius = 90.0;
+/// Between these the wheel changes it.
+inline constexpr double kSmallestSpotRadius = 35.0;
+inline constexpr double kLargestSpotRadius = 400.0;
 
 /// The controller: it owns the overlays, the hot keys, the timers and every mode flag for the whole run.
 /// Each action changes flags and calls `refreshAll`, which turns the flags into what is on the screen.
@@ -41,7 +48,7 @@ public:
     AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock = &WallClock::now);
     ~AppDelegate() override;
 
-    /// The launch sequence: overlays, hot keys, the watch over the screens. Called once.
+    /// The launch sequence: overlays, toolbar, status item, hot keys, the watch over the screens. Called once.
     void applicationDidFinishLaunching();
 
     // Modes: core/modes.cpp
@@ -70,8 +77,6 @@ public:
     /// Ends drawing, whiteboard, spotlight and pin together.
     void escapePressed();
     void quit();
-    /// Shows or hides the toolbar, which keeps its place.
-    void toggleToolbar();
 
     // Turning the flags into what is on the screen: core/refresh.cpp
 
@@ -92,6 +97,9 @@ public:
     void setLineWidth(double width);
     /// Radius of the spotlight's hole in points: anything above zero, infinity included.
     double spotRadius() const { return m_spotRadius; }
+    /// Makes the spotlight larger by that many points, within its bounds, and keeps the new radius for the
+    /// next start.
+    void adjustSpotRadius(double delta);
 
     TimePoint now() const { return m_clock(); }
 
@@ -103,28 +111,74 @@ public:
     const std::vector<DrawingView *> &shapeOrder() const { return m_shapeOrder; }
     /// A shape was finished on that canvas.
     void noteShapeAdded(DrawingView &view);
+    /// Takes back the newest shape on whichever screen it is; those that have faded away are skipped. There is
+    /// no redo.
+    void undoShape();
+    /// Wipes every screen; a drag in progress is dropped.
+    void clearAll();
+
+    // Drawings that dissolve: drawing/auto_fade.cpp
+
+    void toggleFade();
+    /// Has the fade timer run exactly while there is something to fade.
+    void updateFadeTimer();
+    bool isFadeTimerRunning() const { return m_fadeTimer != nullptr; }
+    /// One step of fading: removes what has dissolved and has the canvases paint what is dissolving.
+    void tickFade();
 
     // Hot keys: commands/hot_keys.cpp
 
     /// The action of a global hot key; an unknown number does nothing.
     void hotKey(std::uint32_t number);
 
+    // Status menu: commands/status_menu.cpp
+
+    /// Has the menu show the state as it is now.
+    void rebuildMenu();
+    /// Opens the menu at the pointer.
+    void openStatusMenu();
+
+    // Toolbar: toolbar/
+
+    /// The stroke widths offered, in points.
+    static constexpr std::array widths = {3.0, 5.0, 9.0};
+    /// The toolbar's window and buttons; null before launch.
+    const Toolbar *toolbar() const { return m_toolbar.get(); }
+    /// Paints the state as it is now on the toolbar's buttons.
+    void refreshToolbar();
+    /// A tool's button was clicked: chooses the tool, and goes to drawing where nothing is drawn on yet. A tag
+    /// that is no tool does nothing.
+    void pickTool(int tag);
+    /// A swatch was clicked; the tag must be an index of `kPalette`.
+    void pickColor(int tag);
+    /// A width button was clicked; the tag must be an index of `widths`.
+    void pickWidth(int tag);
+    void toggleDarkUI();
+    /// Shows or hides the toolbar, which keeps its place.
+    void toggleToolbar();
+
 private:
     void buildOverlays();
     void discardDrawings();
     void showOverlays(bool interactive, bool visible);
     void makeOverlayUnderPointerKey();
+    void raiseToolbar();
     void updateFollowTimer();
     void updateCursorRing();
     void updateEscHotKey();
     void invert(bool &flag);
     void registerHotKeys();
+    void buildPanel();
+    PalButton *makeButton(const QString &symbol, const QString &tip, std::function<void()> action, QSize size);
+    void setSelected(PalButton *button, bool on);
 
     platform::Desktop &m_desktop;
     UserDefaults &m_defaults;
     Clock m_clock;
 
     std::vector<std::unique_ptr<Overlay>> m_overlays;
+    std::unique_ptr<Toolbar> m_toolbar;
+    std::unique_ptr<StatusItem> m_statusItem;
     Tool m_tool = Tool::pen;
     Color m_color = kOrange;
     double m_lineWidth = 5.0;
@@ -140,6 +194,8 @@ private:
     double m_spotRadius;
     /// There only while the spotlight or the cursor ring is on.
     std::unique_ptr<RepeatingTimer> m_spotTimer;
+    /// There only while a shape may fade.
+    std::unique_ptr<RepeatingTimer> m_fadeTimer;
     std::unique_ptr<CursorRing> m_ringWindow;
     std::vector<DrawingView *> m_shapeOrder;
     /// In the order of their registration; empty where another program has the combination.

@@ -59,11 +59,6 @@ void AppDelegate::escapePressed()
     refreshAll();
 }
 
-void AppDelegate::toggleToolbar()
-{
-    m_toolbarVisible = !m_toolbarVisible;
-}
-
 void AppDelegate::quit()
 {
     QCoreApplication::quit();

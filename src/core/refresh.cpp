@@ -1,5 +1,6 @@
 // From the mode flags to what is on the screen.
 
+#include "base/stop.h"
 #include "commands/hot_key_table.h"
 #include "core/app_delegate.h"
 
@@ -22,10 +23,14 @@ void AppDelegate::refreshAll()
     if (interactive) {
         m_desktop.activate();
         makeOverlayUnderPointerKey();
+        raiseToolbar();
     }
     updateFollowTimer();
     updateCursorRing();
+    updateFadeTimer();
     updateEscHotKey();
+    refreshToolbar();
+    rebuildMenu();
 }
 
 void AppDelegate::discardDrawings()
@@ -66,6 +71,14 @@ void AppDelegate::makeOverlayUnderPointerKey()
         }
     }
     underPointer->window().makeKeyAndOrderFront();
+}
+
+void AppDelegate::raiseToolbar()
+{
+    if (!m_toolbarVisible)
+        return;
+    mustHold(m_toolbar != nullptr, "the toolbar is built before interaction can begin");
+    m_toolbar->window->orderFrontRegardless();
 }
 
 void AppDelegate::updateFollowTimer()

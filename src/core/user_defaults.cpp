@@ -34,6 +34,13 @@ std::optional<double> UserDefaults::doubleForKey(QAnyStringView key) const
     return value;
 }
 
+std::optional<QString> UserDefaults::stringForKey(QAnyStringView key) const
+{
+    const QVariant value = m_settings.value(key.toString());
+    // An unquoted comma makes a list of a text; that is not what was written.
+    return value.metaType() == QMetaType::fromType<QString>() ? std::optional(value.toString()) : std::nullopt;
+}
+
 void UserDefaults::setBool(QAnyStringView key, bool value)
 {
     m_settings.setValue(key.toString(), value);
@@ -41,6 +48,12 @@ void UserDefaults::setBool(QAnyStringView key, bool value)
 }
 
 void UserDefaults::setDouble(QAnyStringView key, double value)
+{
+    m_settings.setValue(key.toString(), value);
+    m_settings.sync();
+}
+
+void UserDefaults::setString(QAnyStringView key, const QString &value)
 {
     m_settings.setValue(key.toString(), value);
     m_settings.sync();

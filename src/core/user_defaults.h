@@ -22,8 +22,12 @@ public:
     /// A number, infinity included; "nan" is none.
     std::optional<double> doubleForKey(QAnyStringView key) const;
 
+    std::optional<QString> stringForKey(QAnyStringView key) const;
+
+    // When the file cannot be written, the value holds for this run.
     void setBool(QAnyStringView key, bool value);
     void setDouble(QAnyStringView key, double value);
+    void setString(QAnyStringView key, const QString &value);
 
 private:
     QSettings m_settings;

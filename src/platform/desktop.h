@@ -3,13 +3,18 @@
 #include "platform/events.h"
 #include "platform/geometry.h"
 #include "platform/surface.h"
+#include "platform/widget_window.h"
 
+#include <QMargins>
 #include <QObject>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
+
+class QWidget;
 
 namespace zeigewerk::platform {
 
@@ -55,7 +60,22 @@ public:
     /// A hidden surface over that frame. An overlay's frame is that of a screen.
     virtual std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) = 0;
 
+    /// Makes a hidden window of that widget, which has its final size, has never been shown, and outlives the
+    /// window. `ornament` are margins of the widget around its frame that take no clicks and may be painted on
+    /// where the desktop is composited: a shadow. Sets the widget's window flags.
+    virtual std::unique_ptr<WidgetWindow> makeWindow(WidgetRole role, QWidget &widget,
+                                                     const QMargins &ornament) = 0;
+
+    /// The screen that has the keyboard focus, else the primary one; none while every output is off.
+    virtual std::optional<Screen> mainScreen() const = 0;
+    /// The part of a screen's frame that the desktop's panels leave free; empty if they leave none.
+    virtual QRectF visibleFrame(const Screen &screen) const = 0;
+
     virtual QPointF mouseLocation() const = 0;
+    /// Whether windows can be translucent; where not, what shows beside a toolbar's rounded corners is cut off.
+    virtual bool isComposited() const = 0;
+    /// Whether there is a tray of the older kind, in which programs embed a window of theirs.
+    virtual bool hasEmbeddingTray() const = 0;
     virtual HotKeys &hotKeys() = 0;
 
     /// Interaction begins: remembers which window has the keyboard, unless it is one of ours already.
@@ -67,6 +87,10 @@ public:
 Q_SIGNALS:
     /// Places, scales or the order of the screens changed; once per change.
     void screensChanged();
+    /// `isComposited` has another answer.
+    void compositingChanged();
+    /// `hasEmbeddingTray` has another answer.
+    void embeddingTrayChanged();
 };
 
 } // namespace zeigewerk::platform

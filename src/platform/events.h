@@ -33,6 +33,16 @@ struct KeyEvent
     Modifiers modifiers;
 };
 
+/// A step of the wheel, or of two fingers on a touchpad, over the surface.
+struct ScrollEvent
+{
+    /// Upwards positive. In notches of the wheel; in points where the device measures finer than a notch.
+    double distance = 0.0;
+    /// Whether it is in points.
+    bool isPrecise = false;
+    Modifiers modifiers;
+};
+
 /// Where a key lies on the keyboard, whatever the layout writes on it. The values are the evdev codes of
 /// linux/input-event-codes.h, which X11 (plus 8) and Wayland share.
 enum class PhysicalKey {

@@ -77,6 +77,18 @@ QRect ScreenLayout::nativeRect(const QRectF &frame) const
     return {screen->nativeFrame.topLeft() + QPoint(qRound(corner.x()), qRound(corner.y())), size};
 }
 
+QRectF ScreenLayout::frameOfQtRect(const QRect &qtRect) const
+{
+    const QRectF rect(qtRect);
+    return {QPointF(rect.left() - m_left, m_baseline - rect.bottom()), rect.size()};
+}
+
+QRect ScreenLayout::qtRect(const QRectF &frame) const
+{
+    const QPointF topLeft(frame.left() + m_left, m_baseline - frame.bottom());
+    return {topLeft.toPoint(), frame.size().toSize()};
+}
+
 double ScreenLayout::scaleAt(QPointF point) const
 {
     const Screen *screen = nearest(m_screens, point, [](const Screen &s) { return s.frame; });

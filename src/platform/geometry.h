@@ -52,6 +52,9 @@ public:
     QPointF pointOfPixel(QPointF nativePosition) const;
     /// The pixels that a rectangle in points covers, at the scale of the screen under its middle.
     QRect nativeRect(const QRectF &frame) const;
+    /// A rectangle in Qt's global coordinates (points, y down) and the frame that it is in ours (points, y up).
+    QRectF frameOfQtRect(const QRect &qtRect) const;
+    QRect qtRect(const QRectF &frame) const;
     /// The scale of the screen that holds the point, else of the nearest.
     double scaleAt(QPointF point) const;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/surface.h"
+#include "platform/widget_window.h"
 
 namespace zeigewerk::platform {
 
@@ -15,6 +16,15 @@ inline constexpr int effects = 1002;
 constexpr int levelOf(SurfaceRole role)
 {
     return role == SurfaceRole::Overlay ? Levels::overlay : Levels::effects;
+}
+
+constexpr int levelOf(WidgetRole role)
+{
+    switch (role) {
+    case WidgetRole::Toolbar:
+        break;
+    }
+    return Levels::toolbar;
 }
 
 } // namespace zeigewerk::platform

@@ -31,6 +31,7 @@ public:
     virtual void mouseDown(const PointerEvent &) {}
     virtual void mouseDragged(const PointerEvent &) {}
     virtual void mouseUp(const PointerEvent &) {}
+    virtual void scrollWheel(const ScrollEvent &) {}
     virtual void keyDown(const KeyEvent &) {}
 };
 

@@ -45,6 +45,33 @@ std::unique_ptr<Surface> RecordingDesktop::makeSurface(SurfaceRole role, const Q
     return surface;
 }
 
+std::unique_ptr<WidgetWindow> RecordingDesktop::makeWindow(WidgetRole, QWidget &widget,
+                                                           const QMargins &ornament)
+{
+    const QString name = QStringLiteral("toolbar %1").arg(m_windowsMade++);
+    note(name + QStringLiteral(": made"));
+    return std::make_unique<RecordingWindow>(*this, name, widget, ornament);
+}
+
+std::optional<Screen> RecordingDesktop::mainScreen() const
+{
+    if (m_mainScreen >= screens().size())
+        return std::nullopt;
+    return screens()[m_mainScreen];
+}
+
+void RecordingDesktop::setComposited(bool isComposited)
+{
+    m_isComposited = isComposited;
+    Q_EMIT compositingChanged();
+}
+
+void RecordingDesktop::setEmbeddingTray(bool isThere)
+{
+    m_hasEmbeddingTray = isThere;
+    Q_EMIT embeddingTrayChanged();
+}
+
 void RecordingDesktop::activate()
 {
     note(QStringLiteral("activate"));

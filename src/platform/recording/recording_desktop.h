@@ -57,6 +57,28 @@ private:
     qint64 m_paintedPixels = 0;
 };
 
+/// The window of a widget, which is shown and hidden on Qt's own platform so that a test can click in it.
+class RecordingWindow : public WidgetWindow
+{
+public:
+    RecordingWindow(RecordingDesktop &desktop, QString name, QWidget &widget, const QMargins &ornament);
+    ~RecordingWindow() override;
+
+    QRectF frame() const override;
+    void setFrameOrigin(QPointF origin) override { m_origin = origin; }
+    bool isVisible() const override { return m_visible; }
+    void orderFrontRegardless() override;
+    void orderOut() override;
+
+private:
+    RecordingDesktop &m_desktop;
+    QString m_name;
+    QWidget &m_widget;
+    QMargins m_ornament;
+    QPointF m_origin;
+    bool m_visible = false;
+};
+
 /// A desktop for tests: it has the screens and the pointer that the test says, and notes in order what it is
 /// asked.
 class RecordingDesktop : public Desktop
@@ -71,7 +93,13 @@ public:
 
     std::vector<Screen> screens() const override { return m_layout.screens(); }
     std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) override;
+    std::unique_ptr<WidgetWindow> makeWindow(WidgetRole role, QWidget &widget,
+                                             const QMargins &ornament) override;
+    std::optional<Screen> mainScreen() const override;
+    QRectF visibleFrame(const Screen &screen) const override { return screen.frame.marginsRemoved(m_panels); }
     QPointF mouseLocation() const override { return m_mouseLocation; }
+    bool isComposited() const override { return m_isComposited; }
+    bool hasEmbeddingTray() const override { return m_hasEmbeddingTray; }
     HotKeys &hotKeys() override { return m_hotKeys; }
     void activate() override;
     void deactivate() override;
@@ -79,6 +107,12 @@ public:
     /// What was asked, in order, such as "overlay 0: order front"; taking it empties it.
     QStringList takeLog();
     void setMouseLocation(QPointF location) { m_mouseLocation = location; }
+    /// Puts the keyboard focus on the screen with that index.
+    void setMainScreen(std::size_t index) { m_mainScreen = index; }
+    /// Takes that much from every screen's visible frame; left and bottom as in y-up coordinates.
+    void setPanels(const QMarginsF &panels) { m_panels = {panels.left(), panels.bottom(), panels.right(), panels.top()}; }
+    void setComposited(bool isComposited);
+    void setEmbeddingTray(bool isThere);
     /// Changes the screens and tells so.
     void changeScreens(std::vector<Screen> screens);
     /// The living surfaces of that role, oldest first.
@@ -95,6 +129,7 @@ public:
 
 private:
     friend class RecordingSurface;
+    friend class RecordingWindow;
 
     class RecordingHotKeys : public HotKeys
     {
@@ -116,9 +151,14 @@ private:
 
     ScreenLayout m_layout;
     QPointF m_mouseLocation;
+    std::size_t m_mainScreen = 0;
+    QMarginsF m_panels;
+    bool m_isComposited = true;
+    bool m_hasEmbeddingTray = false;
     QStringList m_log;
     std::map<SurfaceRole, std::vector<RecordingSurface *>> m_surfaces;
     std::map<SurfaceRole, int> m_surfacesMade;
+    int m_windowsMade = 0;
     RecordingHotKeys m_hotKeys{*this};
 };
 

@@ -1,6 +1,7 @@
 #include "platform/x11/x11_desktop.h"
 
 #include "platform/x11/x11_surface.h"
+#include "platform/x11/x11_widget_window.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -45,6 +46,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     connect(&m_compositing, &Compositing::changed, this, [this] {
         for (X11Surface *surface : m_surfaces)
             surface->compositingChanged();
+        Q_EMIT compositingChanged();
     });
     connect(&m_screens, &X11Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
@@ -59,6 +61,18 @@ X11Desktop::~X11Desktop()
 std::unique_ptr<Surface> X11Desktop::makeSurface(SurfaceRole role, const QRectF &frame)
 {
     return std::make_unique<X11Surface>(*this, role, frame);
+}
+
+std::unique_ptr<WidgetWindow> X11Desktop::makeWindow(WidgetRole role, QWidget &widget,
+                                                     const QMargins &ornament)
+{
+    return std::make_unique<X11WidgetWindow>(*this, role, widget, ornament);
+}
+
+std::optional<Screen> X11Desktop::mainScreen() const
+{
+    const std::vector<Screen> all = screens();
+    return all.empty() ? std::nullopt : std::optional(all.front());
 }
 
 QPointF X11Desktop::mouseLocation() const

@@ -29,7 +29,13 @@ public:
 
     std::vector<Screen> screens() const override { return layout().screens(); }
     std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) override;
+    std::unique_ptr<WidgetWindow> makeWindow(WidgetRole role, QWidget &widget,
+                                             const QMargins &ornament) override;
+    std::optional<Screen> mainScreen() const override;
+    QRectF visibleFrame(const Screen &screen) const override { return screen.frame; }
     QPointF mouseLocation() const override;
+    bool isComposited() const override { return m_compositing.isOn(); }
+    bool hasEmbeddingTray() const override { return false; }
     HotKeys &hotKeys() override { return m_hotKeys; }
     void activate() override { m_focus.borrow(); }
     void deactivate() override { m_focus.handBack(); }

@@ -1,0 +1,7 @@
+#include "commands/status_item.h"
+
+namespace zeigewerk {
+
+StatusItem::StatusItem(platform::Desktop &, AppDelegate &) {}
+
+} // namespace zeigewerk

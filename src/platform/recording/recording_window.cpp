@@ -1,0 +1,44 @@
+#include "platform/recording/recording_desktop.h"
+
+#include <QWidget>
+
+#include <utility>
+
+namespace zeigewerk::platform {
+
+RecordingWindow::RecordingWindow(RecordingDesktop &desktop, QString name, QWidget &widget,
+                                 const QMargins &ornament)
+    : m_desktop(desktop)
+    , m_name(std::move(name))
+    , m_widget(widget)
+    , m_ornament(ornament)
+{
+    m_widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
+    m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
+}
+
+RecordingWindow::~RecordingWindow()
+{
+    m_widget.hide();
+}
+
+QRectF RecordingWindow::frame() const
+{
+    return {m_origin, QSizeF(m_widget.size().shrunkBy(m_ornament))};
+}
+
+void RecordingWindow::orderFrontRegardless()
+{
+    m_desktop.note(m_name + QStringLiteral(": order front"));
+    m_visible = true;
+    m_widget.show();
+}
+
+void RecordingWindow::orderOut()
+{
+    m_desktop.note(m_name + QStringLiteral(": order out"));
+    m_visible = false;
+    m_widget.hide();
+}
+
+} // namespace zeigewerk::platform

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QRectF>
+
+namespace zeigewerk::platform {
+
+/// What one of our few Qt windows is for; it decides the level at which it stands.
+enum class WidgetRole {
+    Toolbar, ///< takes the mouse, never the keyboard
+};
+
+/// A top-level Qt widget as the desktop places it among the surfaces: no window manager moves or decorates it,
+/// and showing or clicking it never moves the keyboard. It is shown and moved through this class alone.
+class WidgetWindow
+{
+public:
+    virtual ~WidgetWindow() = default;
+
+    /// Where the widget lies without its ornament: points, global coordinates, y up.
+    virtual QRectF frame() const = 0;
+    /// Moves the lower left corner of the frame there, rounded to whole points.
+    virtual void setFrameOrigin(QPointF origin) = 0;
+
+    virtual bool isVisible() const = 0;
+    /// Shows it in front of everything of its level.
+    virtual void orderFrontRegardless() = 0;
+    virtual void orderOut() = 0;
+};
+
+} // namespace zeigewerk::platform

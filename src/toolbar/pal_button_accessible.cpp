@@ -1,0 +1,77 @@
+#include "toolbar/pal_button_accessible.h"
+
+#include "toolbar/pal_button.h"
+
+namespace zeigewerk {
+
+namespace {
+
+QAccessible::Role roleOf(const PalButton &button)
+{
+    switch (button.kind()) {
+    case PalButton::Kind::Action:
+    case PalButton::Kind::Toggle:
+        break;
+    case PalButton::Kind::Choice:
+        return QAccessible::RadioButton;
+    }
+    return QAccessible::Button;
+}
+
+QAccessibleInterface *makeInterface(const QString &className, QObject *object)
+{
+    if (className != QLatin1String(PalButton::staticMetaObject.className()))
+        return nullptr;
+    return new PalButtonAccessible(static_cast<PalButton *>(object));
+}
+
+} // namespace
+
+void PalButtonAccessible::install()
+{
+    // Qt adds a factory once, however often it is told.
+    QAccessible::installFactory(makeInterface);
+}
+
+PalButtonAccessible::PalButtonAccessible(PalButton *button)
+    : QAccessibleWidget(button, roleOf(*button))
+{
+}
+
+PalButton *PalButtonAccessible::button() const
+{
+    return static_cast<PalButton *>(object());
+}
+
+QString PalButtonAccessible::text(QAccessible::Text kind) const
+{
+    // The tooltip is the name; as description too it would be read twice.
+    if (kind == QAccessible::Description)
+        return {};
+    return QAccessibleWidget::text(kind);
+}
+
+QAccessible::State PalButtonAccessible::state() const
+{
+    QAccessible::State state = QAccessibleWidget::state();
+    state.focusable = false;
+    state.pressed = button()->isDown();
+    if (button()->kind() != PalButton::Kind::Action) {
+        state.checkable = true;
+        state.checked = button()->isShownOn();
+    }
+    return state;
+}
+
+QStringList PalButtonAccessible::actionNames() const
+{
+    return {pressAction()};
+}
+
+void PalButtonAccessible::doAction(const QString &actionName)
+{
+    if (actionName == pressAction())
+        button()->click();
+}
+
+} // namespace zeigewerk

@@ -6,7 +6,25 @@
 #include <QAccessible>
 #include <QPainter>
 
+#include <cmath>
+
 namespace zeigewerk {
+
+namespace {
+
+/// The largest rectangle within `rect` that ends between pixels on every side: at fractional scales a button
+/// begins and ends amid one, where a circle would be cut flat.
+QRectF wholePixels(const QPainter &painter, const QRectF &rect)
+{
+    constexpr double kNoise = 1e-3;
+    const QTransform toPixels = painter.deviceTransform();
+    const QRectF pixels = toPixels.mapRect(rect);
+    const QPointF from(std::ceil(pixels.left() - kNoise), std::ceil(pixels.top() - kNoise));
+    const QPointF to(std::floor(pixels.right() + kNoise), std::floor(pixels.bottom() + kNoise));
+    return toPixels.inverted().mapRect(QRectF(from, to));
+}
+
+} // namespace
 
 PalButton::PalButton(QWidget *parent, QSize size, const QString &tip)
     : QAbstractButton(parent)
@@ -106,7 +124,7 @@ void PalButton::paintEvent(QPaintEvent *)
 
 void PalButton::paintLayer(QPainter &painter) const
 {
-    const QRectF bounds = rect();
+    const QRectF bounds = wholePixels(painter, rect());
     const double radius = m_layer.cornerRadius;
     painter.setPen(Qt::NoPen);
     for (const Color &color : {m_layer.background, feedback()}) {

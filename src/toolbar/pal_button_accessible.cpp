@@ -6,18 +6,6 @@ namespace zeigewerk {
 
 namespace {
 
-QAccessible::Role roleOf(const PalButton &button)
-{
-    switch (button.kind()) {
-    case PalButton::Kind::Action:
-    case PalButton::Kind::Toggle:
-        break;
-    case PalButton::Kind::Choice:
-        return QAccessible::RadioButton;
-    }
-    return QAccessible::Button;
-}
-
 QAccessibleInterface *makeInterface(const QString &className, QObject *object)
 {
     if (className != QLatin1String(PalButton::staticMetaObject.className()))
@@ -34,13 +22,19 @@ void PalButtonAccessible::install()
 }
 
 PalButtonAccessible::PalButtonAccessible(PalButton *button)
-    : QAccessibleWidget(button, roleOf(*button))
+    : QAccessibleWidget(button)
 {
 }
 
 PalButton *PalButtonAccessible::button() const
 {
     return static_cast<PalButton *>(object());
+}
+
+QAccessible::Role PalButtonAccessible::role() const
+{
+    // Asked each time: Qt keeps the interface from before the button was told what it is.
+    return button()->kind() == PalButton::Kind::Choice ? QAccessible::RadioButton : QAccessible::Button;
 }
 
 QString PalButtonAccessible::text(QAccessible::Text kind) const

@@ -15,6 +15,7 @@ public:
 
     explicit PalButtonAccessible(PalButton *button);
 
+    QAccessible::Role role() const override;
     QString text(QAccessible::Text kind) const override;
     QAccessible::State state() const override;
     QStringList actionNames() const override;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kShadowReach = 16;
 constexpr double kShadowDrop = 4.0;
-constexpr double kShadowAlpha = 0.055;
+constexpr double kShadowAlpha = 0.22;
 constexpr double kEdgeWidth = 1.0;
 constexpr QSize kSeparatorSize(84, 1);
 
@@ -80,14 +80,17 @@ void Panel::paintEvent(QPaintEvent *event)
 void Panel::paintShadow(QPainter &painter) const
 {
     // Rings that grow paler with the square of their distance pass for a blur, and cost next to nothing.
-    painter.setBrush(Qt::NoBrush);
     const QRectF dropped = QRectF(frameRect()).translated(0, kShadowDrop);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(toQColor(kBlack.withAlpha(kShadowAlpha)));
+    painter.drawRoundedRect(dropped, kCornerRadius, kCornerRadius);
+    painter.setBrush(Qt::NoBrush);
     for (int ring = 0; ring < kShadowReach; ++ring) {
-        const double paleness = static_cast<double>(ring) / kShadowReach;
-        const double alpha = kShadowAlpha * (1 - paleness) * (1 - paleness);
-        painter.setPen(QPen(toQColor(kBlack.withAlpha(4 * alpha)), 1.0));
-        const double radius = kCornerRadius + ring;
-        painter.drawRoundedRect(dropped.adjusted(-ring, -ring, ring, ring), radius, radius);
+        const double nearness = 1.0 - static_cast<double>(ring) / kShadowReach;
+        const double middle = ring + 0.5;
+        painter.setPen(QPen(toQColor(kBlack.withAlpha(kShadowAlpha * nearness * nearness)), 1.0));
+        painter.drawRoundedRect(dropped.adjusted(-middle, -middle, middle, middle), kCornerRadius + middle,
+                                kCornerRadius + middle);
     }
 }
 

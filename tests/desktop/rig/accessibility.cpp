@@ -140,26 +140,56 @@ Accessibility::Ruler Accessibility::rulerOf(const Object &window)
 QList<AccessibleButton> Accessibility::buttons()
 {
     QList<AccessibleButton> found;
-    for (const Object &window : children(m_application))
-        collectButtons(window, rulerOf(window), found);
+    visitButtons([&](const Object &object, const QString &itsRole, const Ruler &ruler) {
+        found.append(describe(object, itsRole, ruler));
+        return true;
+    });
     return found;
 }
 
-void Accessibility::collectButtons(const Object &parent, const Ruler &ruler, QList<AccessibleButton> &found)
+std::optional<AccessibleButton> Accessibility::find(const QString &name, int index)
+{
+    std::optional<AccessibleButton> found;
+    int passed = 0;
+    // Only the one that is sought is asked for all that it knows: each answer takes a millisecond.
+    visitButtons([&](const Object &object, const QString &itsRole, const Ruler &ruler) {
+        if (nameOf(object) != name || passed++ < index)
+            return true;
+        found = describe(object, itsRole, ruler);
+        return false;
+    });
+    return found;
+}
+
+void Accessibility::visitButtons(const Visit &visit)
+{
+    for (const Object &window : children(m_application)) {
+        if (!visitButtonsIn(window, rulerOf(window), visit))
+            return;
+    }
+}
+
+bool Accessibility::visitButtonsIn(const Object &parent, const Ruler &ruler, const Visit &visit)
 {
     for (const Object &child : children(parent)) {
         const QString childRole = role(child);
-        if (isButton(childRole))
-            found.append(describe(child, childRole, ruler));
-        else
-            collectButtons(child, ruler, found);
+        const bool goesOn =
+            isButton(childRole) ? visit(child, childRole, ruler) : visitButtonsIn(child, ruler, visit);
+        if (!goesOn)
+            return false;
     }
+    return true;
+}
+
+QString Accessibility::nameOf(const Object &object)
+{
+    return m_bus.property(object, kAccessible, QStringLiteral("Name")).toString();
 }
 
 AccessibleButton Accessibility::describe(const Object &object, const QString &role, const Ruler &ruler)
 {
     AccessibleButton button{
-        .name = m_bus.property(object, kAccessible, QStringLiteral("Name")).toString(),
+        .name = nameOf(object),
         .description = m_bus.property(object, kAccessible, QStringLiteral("Description")).toString(),
         .role = role,
         .extents = ruler.nativeRect(reportedExtents(object)),
@@ -171,15 +201,6 @@ AccessibleButton Accessibility::describe(const Object &object, const QString &ro
         button.states = halves.value(0) | std::uint64_t{halves.value(1)} << 32;
     }
     return button;
-}
-
-std::optional<AccessibleButton> Accessibility::find(const QString &name, int index)
-{
-    for (const AccessibleButton &button : buttons()) {
-        if (button.name == name && index-- == 0)
-            return button;
-    }
-    return std::nullopt;
 }
 
 bool Accessibility::press(const AccessibleButton &button)

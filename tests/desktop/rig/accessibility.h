@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 namespace zeigewerk::rig {
@@ -69,7 +70,11 @@ private:
     QString role(const Object &object);
     QRect reportedExtents(const Object &object);
     Ruler rulerOf(const Object &window);
-    void collectButtons(const Object &parent, const Ruler &ruler, QList<AccessibleButton> &found);
+    /// Is handed a button and its role, and tells whether to go on.
+    using Visit = std::function<bool(const Object &, const QString &, const Ruler &)>;
+    bool visitButtonsIn(const Object &parent, const Ruler &ruler, const Visit &visit);
+    void visitButtons(const Visit &visit);
+    QString nameOf(const Object &object);
     AccessibleButton describe(const Object &object, const QString &role, const Ruler &ruler);
 
     DesktopSession &m_session;

@@ -8,6 +8,11 @@ void AppDelegate::refreshToolbar()
         return;
 }
 
+void AppDelegate::toggleDarkUI()
+{
+    m_darkUI = !m_darkUI;
+}
+
 void AppDelegate::toggleToolbar()
 {
     m_toolbarVisible = !m_toolbarVisible;

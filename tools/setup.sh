@@ -11,10 +11,10 @@ build_packages=(
     libxcb-xkb-dev libxcb-randr0-dev libxcb-xtest0-dev libxcb-res0-dev libxkbcommon-dev libxkbcommon-x11-dev
     libbenchmark-dev
 )
-# A virtual desktop: display, window manager, compositor, session bus, keyboard maps, a font.
+# A virtual desktop: display, window manager, compositor, session bus, accessibility bus, keyboard maps, a font.
 desktop_packages=(
     xserver-xorg-core xserver-xorg-video-dummy xkb-data x11-xkb-utils x11-xserver-utils
-    openbox picom dbus dbus-daemon fonts-dejavu-core
+    openbox picom dbus dbus-daemon at-spi2-core fonts-dejavu-core
 )
 
 say() { printf '%s\n' "$*"; }
@@ -70,6 +70,7 @@ name_missing_tools() {
         for tool in Xorg openbox picom dbus-daemon xkbcomp; do
             command -v "$tool" >/dev/null || [ -x "/usr/lib/xorg/$tool" ] || missing+=("$tool")
         done
+        [ -e /usr/share/dbus-1/services/org.a11y.Bus.service ] || missing+=("the accessibility bus of at-spi2")
     fi
     [ ${#missing[@]} -eq 0 ] || fail "This is not Debian, so please install these yourself: $(printf '\n  %s' "${missing[@]}")"
 }

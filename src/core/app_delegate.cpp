@@ -1,7 +1,7 @@
 #include "core/app_delegate.h"
 
 #include "commands/status_item.h"
-#include "toolbar/panel.h"
+#include "toolbar/panel_placement.h"
 
 #include <utility>
 
@@ -44,6 +44,8 @@ void AppDelegate::buildOverlays()
     m_overlays.clear();
     for (const platform::Screen &screen : m_desktop.screens())
         m_overlays.push_back(std::make_unique<Overlay>(m_desktop, screen, *this));
+    if (m_toolbar)
+        m_toolbar->placement->place();
     refreshAll();
 }
 

@@ -48,7 +48,8 @@ public:
     AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock = &WallClock::now);
     ~AppDelegate() override;
 
-    /// The launch sequence: overlays, toolbar, status item, hot keys, the watch over the screens. Called once.
+    /// The launch sequence: overlays, toolbar, status item, hot keys, the watch over the screens. Called
+    /// once.
     void applicationDidFinishLaunching();
 
     // Modes: core/modes.cpp
@@ -111,8 +112,8 @@ public:
     const std::vector<DrawingView *> &shapeOrder() const { return m_shapeOrder; }
     /// A shape was finished on that canvas.
     void noteShapeAdded(DrawingView &view);
-    /// Takes back the newest shape on whichever screen it is; those that have faded away are skipped. There is
-    /// no redo.
+    /// Takes back the newest shape on whichever screen it is; those that have faded away are skipped. There
+    /// is no redo.
     void undoShape();
     /// Wipes every screen; a drag in progress is dropped.
     void clearAll();
@@ -148,8 +149,8 @@ public:
     const Toolbar *toolbar() const { return m_toolbar.get(); }
     /// Paints the state as it is now on the toolbar's buttons.
     void refreshToolbar();
-    /// A tool's button was clicked: chooses the tool, and goes to drawing where nothing is drawn on yet. A tag
-    /// that is no tool does nothing.
+    /// A tool's button was clicked: chooses the tool, and goes to drawing where nothing is drawn on yet. A
+    /// tag that is no tool does nothing.
     void pickTool(int tag);
     /// A swatch was clicked; the tag must be an index of `kPalette`.
     void pickColor(int tag);
@@ -171,7 +172,17 @@ private:
     void invert(bool &flag);
     void registerHotKeys();
     void buildPanel();
-    PalButton *makeButton(const QString &symbol, const QString &tip, std::function<void()> action, QSize size);
+    void makeModeButtons();
+    void makeToolButtons();
+    void makeColorButtons();
+    void makeWidthButtons();
+    void makeMiscButtons();
+    void layOutPanel();
+    void showPanel();
+    /// A button that shows a symbol, "?" where it is missing; `action` may be none.
+    PalButton *makeButton(const QString &symbol, const QString &tip, void (AppDelegate::*action)(),
+                          QSize size);
+    /// A mode's button: orange when the mode is on.
     void setSelected(PalButton *button, bool on);
 
     platform::Desktop &m_desktop;

@@ -61,8 +61,8 @@ public:
     virtual std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) = 0;
 
     /// Makes a hidden window of that widget, which has its final size, has never been shown, and outlives the
-    /// window. `ornament` are margins of the widget around its frame that take no clicks and may be painted on
-    /// where the desktop is composited: a shadow. Sets the widget's window flags.
+    /// window. `ornament` are margins of the widget around its frame that take no clicks and may be painted
+    /// on where the desktop is composited: a shadow. Sets the widget's window flags.
     virtual std::unique_ptr<WidgetWindow> makeWindow(WidgetRole role, QWidget &widget,
                                                      const QMargins &ornament) = 0;
 
@@ -72,7 +72,8 @@ public:
     virtual QRectF visibleFrame(const Screen &screen) const = 0;
 
     virtual QPointF mouseLocation() const = 0;
-    /// Whether windows can be translucent; where not, what shows beside a toolbar's rounded corners is cut off.
+    /// Whether windows can be translucent; where not, what shows beside a toolbar's rounded corners is cut
+    /// off.
     virtual bool isComposited() const = 0;
     /// Whether there is a tray of the older kind, in which programs embed a window of theirs.
     virtual bool hasEmbeddingTray() const = 0;

@@ -1,21 +1,63 @@
 #pragma once
 
+#include "toolbar/toolbar_look.h"
+
 #include <QMargins>
 #include <QWidget>
 
+#include <vector>
+
 namespace zeigewerk {
 
-/// The toolbar's backdrop: a rounded, translucent panel that is dragged by any part of its background.
+class Bar;
+
+/// The toolbar's backdrop: a rounded, translucent panel with a shadow around it. It tells when it is dragged
+/// by its background; moving it is left to whoever placed it.
 class Panel : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// What the shadow takes around the panel.
-    static constexpr QMargins kShadow = {20, 16, 20, 24};
+    /// What the shadow takes around the panel's frame, in points.
+    static constexpr QMargins kShadow = {18, 14, 18, 22};
+    static constexpr double kCornerRadius = 14.0;
+
+    Panel();
+
+    /// The panel without its shadow, in the widget's coordinates.
+    QRect frameRect() const { return rect().marginsRemoved(kShadow); }
+    const ToolbarLook &look() const { return *m_look; }
+    /// `look` must outlive the panel.
+    void setLook(const ToolbarLook &look);
+    /// A line between two groups of buttons, in the colour of the look; the panel owns it.
+    Bar *makeSeparator();
+    /// Where nothing mixes the windows, the panel is solid and cut out along its rounded edge.
+    void setComposited(bool isComposited);
+
+Q_SIGNALS:
+    void dragBegan();
+    void dragMoved();
+    void dragEnded();
+    /// The right button was pressed on the background.
+    void menuRequested();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
+private:
+    void cutOut();
+    void paintShadow(QPainter &painter) const;
+    void paintBackdrop(QPainter &painter) const;
+
+    const ToolbarLook *m_look = &kDarkLook;
+    std::vector<Bar *> m_separators;
+    bool m_isComposited = true;
+    bool m_isDragged = false;
 };
 
 } // namespace zeigewerk

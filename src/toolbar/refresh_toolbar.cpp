@@ -1,21 +1,125 @@
+// How the program's state shows on the toolbar's buttons, and what the toolbar's own buttons do.
+
+#include "base/stop.h"
 #include "core/app_delegate.h"
+#include "toolbar/bar.h"
+#include "toolbar/pal_button.h"
+#include "toolbar/panel.h"
+#include "toolbar/symbols.h"
+#include "toolbar/toolbar_look.h"
 
 namespace zeigewerk {
+
+namespace {
+
+constexpr double kChosenSwatchBorder = 2.5;
+constexpr double kSwatchBorder = 1.0;
+
+void setChosen(PalButton &button, bool isChosen, const ToolbarLook &look)
+{
+    button.setBackground(isChosen ? look.choice : kClear);
+    button.setContentTint(look.content);
+    button.setShownOn(isChosen);
+}
+
+void setChosenSwatch(PalButton &swatch, bool isChosen, const ToolbarLook &look)
+{
+    swatch.setBorder(isChosen ? kOrange : look.swatchBorder, isChosen ? kChosenSwatchBorder : kSwatchBorder);
+    swatch.setShownOn(isChosen);
+}
+
+void refreshSwitch(PalButton &button, const ToolbarLook &look)
+{
+    if (const auto image = symbolImage(QString::fromLatin1(look.switchSymbol)))
+        button.setImage(*image);
+    button.setContentTint(look.content);
+    button.setToolTip(QString::fromUtf8(look.switchTip));
+}
+
+} // namespace
 
 void AppDelegate::refreshToolbar()
 {
     if (!m_toolbar)
         return;
+    const Toolbar &bar = *m_toolbar;
+    const ToolbarLook &look = toolbarLook(m_darkUI);
+    bar.panel->setLook(look);
+    bar.gripView->setColor(look.grip);
+    for (PalButton *button : bar.allButtons())
+        button->setFeedback(look.hovered, look.pressed);
+
+    setSelected(bar.btnDraw, m_drawOn);
+    setSelected(bar.btnBoard, m_whiteboardOn);
+    setSelected(bar.btnSpot, m_spotlightOn);
+    setSelected(bar.btnClicks, m_clicksOn);
+    setSelected(bar.btnPin, m_pinnedOn);
+    setSelected(bar.btnRing, m_cursorRingOn);
+    setSelected(bar.btnFade, m_autoFadeOn);
+    refreshSwitch(*bar.btnDark, look);
+
+    for (const auto &[tool, button] : bar.toolButtons)
+        setChosen(*button, tool == m_tool, look);
+    for (std::size_t i = 0; i < kPalette.size(); ++i)
+        setChosenSwatch(*bar.colorButtons.at(i), kPalette.at(i) == m_color, look);
+    for (std::size_t i = 0; i < widths.size(); ++i)
+        setChosen(*bar.widthButtons.at(i), widths.at(i) == m_lineWidth, look);
+    for (PalButton *button : bar.miscButtons)
+        button->setContentTint(look.content);
+}
+
+void AppDelegate::setSelected(PalButton *button, bool on)
+{
+    if (!button)
+        return;
+    button->setBackground(on ? kOrange : kClear);
+    button->setContentTint(on ? kNavy : toolbarLook(m_darkUI).content);
+    button->setShownOn(on);
+}
+
+void AppDelegate::pickTool(int tag)
+{
+    const auto picked = Tool::fromRawValue(tag);
+    if (!picked)
+        return;
+    setTool(*picked);
+    // Picking a tool is also the way into drawing, so that it can be used at once.
+    if (!interactionOn() || m_pinnedOn) {
+        m_pinnedOn = false;
+        m_drawOn = true;
+    }
+    refreshAll();
+}
+
+void AppDelegate::pickColor(int tag)
+{
+    mustHold(tag >= 0 && tag < static_cast<int>(kPalette.size()), "every swatch has a colour");
+    setColor(kPalette.at(static_cast<std::size_t>(tag)));
+}
+
+void AppDelegate::pickWidth(int tag)
+{
+    mustHold(tag >= 0 && tag < static_cast<int>(widths.size()), "every width button has a width");
+    setLineWidth(widths.at(static_cast<std::size_t>(tag)));
 }
 
 void AppDelegate::toggleDarkUI()
 {
     m_darkUI = !m_darkUI;
+    m_defaults.setBool(kDarkUIKey, m_darkUI);
+    refreshToolbar();
+    rebuildMenu();
 }
 
 void AppDelegate::toggleToolbar()
 {
+    mustHold(m_toolbar != nullptr, "the toolbar is built at launch");
     m_toolbarVisible = !m_toolbarVisible;
+    if (m_toolbarVisible)
+        m_toolbar->window->orderFrontRegardless();
+    else
+        m_toolbar->window->orderOut();
+    rebuildMenu();
 }
 
 } // namespace zeigewerk

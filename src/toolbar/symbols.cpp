@@ -1,10 +1,42 @@
 #include "toolbar/symbols.h"
 
+#include <QFile>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <memory>
+
+/// The linker leaves the resources of a static library out unless they are asked for. Qt does nothing when
+/// they are registered already. Outside every namespace, because the macro declares a function in the one
+/// around it.
+static void registerSymbols()
+{
+    Q_INIT_RESOURCE(symbols);
+}
+
 namespace zeigewerk {
 
-std::optional<TemplateImage> symbolImage(const QString &)
+namespace {
+
+/// The grid on which the symbols are drawn.
+constexpr QSizeF kGrid(20, 20);
+
+} // namespace
+
+std::optional<TemplateImage> symbolImage(const QString &name)
 {
-    return std::nullopt;
+    if (name.contains(QLatin1Char('/')))
+        return std::nullopt;
+    registerSymbols();
+    const QString file = QStringLiteral(":/symbols/%1.svg").arg(name);
+    if (!QFile::exists(file))
+        return std::nullopt;
+    // Shared because a function must be copyable.
+    const auto renderer = std::make_shared<QSvgRenderer>(file);
+    if (!renderer->isValid())
+        return std::nullopt;
+    return TemplateImage(kGrid,
+                         [renderer](QPainter &painter) { renderer->render(&painter, QRectF({}, kGrid)); });
 }
 
 } // namespace zeigewerk

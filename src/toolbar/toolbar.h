@@ -7,22 +7,26 @@
 #include <unordered_map>
 #include <vector>
 
-class QWidget;
-
 namespace zeigewerk {
 
+class Bar;
 class PalButton;
 class Panel;
+class PanelPlacement;
 
-/// The floating toolbar: its panel, the window that shows it, and the buttons on it that mirror the program's
-/// state. The panel owns the buttons.
+/// The floating toolbar: its panel, the window that shows it, and what mirrors the program's state on it. The
+/// panel owns the buttons.
 struct Toolbar
 {
-    // The window goes before the panel that it shows.
+    Toolbar();
+    ~Toolbar();
+
+    // Each needs the ones before it.
     std::unique_ptr<Panel> panel;
     std::unique_ptr<platform::WidgetWindow> window;
+    std::unique_ptr<PanelPlacement> placement;
 
-    QWidget *gripView = nullptr;
+    Bar *gripView = nullptr;
     PalButton *btnDraw = nullptr;
     PalButton *btnBoard = nullptr;
     PalButton *btnSpot = nullptr;
@@ -31,13 +35,20 @@ struct Toolbar
     PalButton *btnFade = nullptr;
     PalButton *btnPin = nullptr;
     PalButton *btnDark = nullptr;
-    /// Undo, clear, hide, quit.
-    std::vector<PalButton *> miscButtons;
     std::unordered_map<Tool, PalButton *> toolButtons;
     /// In the order of `kPalette`.
     std::vector<PalButton *> colorButtons;
     /// In the order of `AppDelegate::widths`.
     std::vector<PalButton *> widthButtons;
+    /// Undo, clear, hide, quit.
+    std::vector<PalButton *> miscButtons;
+
+    PalButton *undoButton() const { return miscButtons.at(0); }
+    PalButton *clearButton() const { return miscButtons.at(1); }
+    PalButton *hideButton() const { return miscButtons.at(2); }
+    PalButton *quitButton() const { return miscButtons.at(3); }
+    /// Every button, in no particular order.
+    std::vector<PalButton *> allButtons() const;
 };
 
 } // namespace zeigewerk

@@ -110,7 +110,10 @@ public:
     /// Puts the keyboard focus on the screen with that index.
     void setMainScreen(std::size_t index) { m_mainScreen = index; }
     /// Takes that much from every screen's visible frame; left and bottom as in y-up coordinates.
-    void setPanels(const QMarginsF &panels) { m_panels = {panels.left(), panels.bottom(), panels.right(), panels.top()}; }
+    void setPanels(const QMarginsF &panels)
+    {
+        m_panels = {panels.left(), panels.bottom(), panels.right(), panels.top()};
+    }
     void setComposited(bool isComposited);
     void setEmbeddingTray(bool isThere);
     /// Changes the screens and tells so.

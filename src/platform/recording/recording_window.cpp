@@ -14,7 +14,8 @@ RecordingWindow::RecordingWindow(RecordingDesktop &desktop, QString name, QWidge
     , m_ornament(ornament)
 {
     m_widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
-    m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
+    // Clicks and pictures need no window on any screen.
+    m_widget.setAttribute(Qt::WA_DontShowOnScreen);
 }
 
 RecordingWindow::~RecordingWindow()

@@ -1,5 +1,6 @@
 #include "desktop_session.h"
 
+#include "accessibility_bus.h"
 #include "composited_probe.h"
 #include "eventually.h"
 #include "managed_probe.h"
@@ -48,6 +49,8 @@ DesktopSession::DesktopSession(const DesktopSetup &setup)
     if (setup.compositor == Compositor::Picom)
         launchCompositor();
     awaitManagers(setup);
+    if (setup.accessibility)
+        startAccessibility();
     livingSessions().append(this);
 }
 
@@ -198,6 +201,13 @@ void DesktopSession::stopCompositor()
     m_compositor.reset();
     if (!eventually([&] { return !isComposited(); }))
         failRig(QStringLiteral("the compositor did not end"));
+}
+
+void DesktopSession::startAccessibility()
+{
+    // Programs that find no bus at their start would come to it only later; the address itself they ask for.
+    accessibilityBusAddress(busAddress());
+    m_environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
 }
 
 void DesktopSession::endStrays()

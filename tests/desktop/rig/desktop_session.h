@@ -24,6 +24,8 @@ struct DesktopSetup
     QList<QRect> screens = {VirtualDisplay::kFullHd};
     WindowManager windowManager = WindowManager::Openbox;
     Compositor compositor = Compositor::Picom;
+    /// The accessibility bus runs, and Qt's programs are on it from their start.
+    bool accessibility = false;
     /// Set for every process of the session, beside what the session itself sets.
     QMap<QString, QString> environment = {};
 };
@@ -80,6 +82,7 @@ private:
     void awaitWindowManager();
     void awaitCompositor();
     bool hasWindowManager();
+    void startAccessibility();
     QString logOf(const QString &program) const;
     void endStrays();
 

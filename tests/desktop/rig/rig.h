@@ -1,6 +1,7 @@
 // Everything that a scenario needs.
 #pragma once
 
+#include "accessibility.h"   // IWYU pragma: export
 #include "desktop_session.h" // IWYU pragma: export
 #include "eventually.h"      // IWYU pragma: export
 #include "hot_key_thief.h"   // IWYU pragma: export

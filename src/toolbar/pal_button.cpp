@@ -1,0 +1,143 @@
+#include "toolbar/pal_button.h"
+
+#include "drawing/qt_color.h"
+#include "toolbar/pal_button_accessible.h"
+
+#include <QAccessible>
+#include <QPainter>
+
+#include <cmath>
+
+namespace zeigewerk {
+
+namespace {
+
+/// The largest rectangle within `rect` that ends between pixels on every side: at fractional scales a button
+/// begins and ends amid one, where a circle would be cut flat.
+QRectF wholePixels(const QPainter &painter, const QRectF &rect)
+{
+    constexpr double kNoise = 1e-3;
+    const QTransform toPixels = painter.deviceTransform();
+    const QRectF pixels = toPixels.mapRect(rect);
+    const QPointF from(std::ceil(pixels.left() - kNoise), std::ceil(pixels.top() - kNoise));
+    const QPointF to(std::floor(pixels.right() + kNoise), std::floor(pixels.bottom() + kNoise));
+    return toPixels.inverted().mapRect(QRectF(from, to));
+}
+
+} // namespace
+
+PalButton::PalButton(QWidget *parent, QSize size, const QString &tip)
+    : QAbstractButton(parent)
+{
+    PalButtonAccessible::install();
+    setFixedSize(size);
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_Hover);
+    // The menu belongs to the background; a hand that slips on a button gets nothing.
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    setToolTip(tip);
+    setAccessibleName(tip);
+}
+
+void PalButton::setImage(const TemplateImage &image)
+{
+    m_image = image;
+    update();
+}
+
+void PalButton::setContentTint(const Color &tint)
+{
+    if (tint == m_contentTint)
+        return;
+    m_contentTint = tint;
+    update();
+}
+
+void PalButton::setBackground(const Color &color)
+{
+    Layer layer = m_layer;
+    layer.background = color;
+    setLayer(layer);
+}
+
+void PalButton::setBorder(const Color &color, double width)
+{
+    Layer layer = m_layer;
+    layer.borderColor = color;
+    layer.borderWidth = width;
+    setLayer(layer);
+}
+
+void PalButton::setCornerRadius(double radius)
+{
+    Layer layer = m_layer;
+    layer.cornerRadius = radius;
+    setLayer(layer);
+}
+
+void PalButton::setLayer(const Layer &layer)
+{
+    if (layer == m_layer)
+        return;
+    m_layer = layer;
+    update();
+}
+
+void PalButton::setFeedback(const Color &hovered, const Color &pressed)
+{
+    m_hovered = hovered;
+    m_pressed = pressed;
+}
+
+void PalButton::setShownOn(bool on)
+{
+    if (on == m_isShownOn)
+        return;
+    m_isShownOn = on;
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
+Color PalButton::feedback() const
+{
+    if (isDown())
+        return m_pressed;
+    return underMouse() ? m_hovered : kClear;
+}
+
+void PalButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintLayer(painter);
+    const QColor tint = toQColor(m_contentTint);
+    if (m_image) {
+        const QSizeF margin = (QSizeF(size()) - m_image->size()) / 2;
+        m_image->paint(painter, {margin.width(), margin.height()}, tint);
+    } else if (!text().isEmpty()) {
+        painter.setPen(tint);
+        painter.drawText(rect(), Qt::AlignCenter, text());
+    }
+}
+
+void PalButton::paintLayer(QPainter &painter) const
+{
+    const QRectF bounds = wholePixels(painter, rect());
+    const double radius = m_layer.cornerRadius;
+    painter.setPen(Qt::NoPen);
+    for (const Color &color : {m_layer.background, feedback()}) {
+        painter.setBrush(toQColor(color));
+        painter.drawRoundedRect(bounds, radius, radius);
+    }
+    if (m_layer.borderWidth > 0.0) {
+        const double inset = m_layer.borderWidth / 2;
+        painter.setPen(QPen(toQColor(m_layer.borderColor), m_layer.borderWidth));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(bounds.adjusted(inset, inset, -inset, -inset), radius - inset,
+                                radius - inset);
+    }
+}
+
+} // namespace zeigewerk

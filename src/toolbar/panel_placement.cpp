@@ -1,0 +1,91 @@
+#include "toolbar/panel_placement.h"
+
+#include "toolbar/panel_place.h"
+
+#include <algorithm>
+
+namespace zeigewerk {
+
+PanelPlacement::PanelPlacement(platform::Desktop &desktop, platform::WidgetWindow &window,
+                               UserDefaults &defaults)
+    : m_desktop(desktop)
+    , m_window(window)
+    , m_defaults(defaults)
+{
+}
+
+void PanelPlacement::place()
+{
+    if (const auto text = m_defaults.stringForKey(kToolbarFrameKey)) {
+        if (const auto saved = SavedFrame::fromString(*text))
+            return placeSaved(saved->frame.topLeft(), saved->screenName);
+    }
+    if (const auto screen = homeScreen())
+        m_window.setFrameOrigin(firstPlace(m_desktop.visibleFrame(*screen), m_window.frame().size()));
+}
+
+void PanelPlacement::placeSaved(QPointF origin, const QString &screenName)
+{
+    // The corner is kept and the size is the toolbar's own, whatever was saved.
+    const QRectF frame(origin, m_window.frame().size());
+    if (isReachable(frame, m_desktop.screens())) {
+        m_window.setFrameOrigin(origin);
+        return;
+    }
+    auto screen = screenNamed(screenName);
+    if (!screen)
+        screen = homeScreen();
+    if (screen)
+        m_window.setFrameOrigin(broughtIntoView(frame, m_desktop.visibleFrame(*screen)));
+}
+
+std::optional<platform::Screen> PanelPlacement::homeScreen()
+{
+    auto screen = screenNamed(m_homeScreen);
+    if (!screen)
+        screen = m_desktop.mainScreen();
+    if (screen)
+        m_homeScreen = screen->name;
+    return screen;
+}
+
+std::optional<platform::Screen> PanelPlacement::screenNamed(const QString &name) const
+{
+    const std::vector<platform::Screen> screens = m_desktop.screens();
+    const auto found = std::find_if(screens.begin(), screens.end(),
+                                    [&](const platform::Screen &screen) { return screen.name == name; });
+    return found == screens.end() ? std::nullopt : std::optional(*found);
+}
+
+void PanelPlacement::dragBegan()
+{
+    m_grip = m_window.frame().topLeft() - m_desktop.mouseLocation();
+}
+
+void PanelPlacement::dragMoved()
+{
+    m_window.setFrameOrigin(m_desktop.mouseLocation() + m_grip);
+}
+
+void PanelPlacement::dragEnded()
+{
+    const QRectF frame = m_window.frame();
+    m_defaults.setString(kToolbarFrameKey,
+                         SavedFrame{.frame = frame, .screenName = screenUnder(frame)}.toString());
+}
+
+QString PanelPlacement::screenUnder(const QRectF &frame) const
+{
+    QString name;
+    double largest = 0.0;
+    for (const platform::Screen &screen : m_desktop.screens()) {
+        const QRectF shown = screen.frame & frame;
+        if (shown.width() * shown.height() > largest) {
+            largest = shown.width() * shown.height();
+            name = screen.name;
+        }
+    }
+    return name;
+}
+
+} // namespace zeigewerk

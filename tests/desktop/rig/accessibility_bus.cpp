@@ -1,0 +1,73 @@
+#include "accessibility_bus.h"
+
+#include "eventually.h"
+#include "rig_error.h"
+
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QUuid>
+
+namespace zeigewerk::rig {
+
+namespace {
+
+/// Long beside the answer of a loaded program, short beside the patience of a test.
+constexpr int kAnswerMilliseconds = 3000;
+
+} // namespace
+
+QString accessibilityBusAddress(const QString &sessionBusAddress)
+{
+    const AccessibilityBus::Object launcher = {QStringLiteral("org.a11y.Bus"),
+                                               QStringLiteral("/org/a11y/bus")};
+    QString address;
+    // A bus has its socket a moment before it listens there.
+    const bool answered = eventually([&] {
+        AccessibilityBus session(sessionBusAddress);
+        if (const auto answer = session.call(launcher, launcher.service, QStringLiteral("GetAddress")))
+            address = answer->toString();
+        return !address.isEmpty();
+    });
+    if (!answered)
+        failRig(QStringLiteral("the accessibility bus did not start; is at-spi2-core installed?"));
+    return address;
+}
+
+AccessibilityBus::AccessibilityBus(const QString &address)
+    : m_name(QUuid::createUuid().toString())
+    , m_connection(QDBusConnection::connectToBus(address, m_name))
+{
+}
+
+AccessibilityBus::~AccessibilityBus()
+{
+    QDBusConnection::disconnectFromBus(m_name);
+}
+
+std::optional<QVariant> AccessibilityBus::call(const Object &object, const QString &interface,
+                                               const QString &method, const QVariantList &arguments)
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(object.service, object.path, interface, method);
+    question.setArguments(arguments);
+    const QDBusMessage answer = m_connection.call(question, QDBus::Block, kAnswerMilliseconds);
+    if (answer.type() != QDBusMessage::ReplyMessage)
+        return std::nullopt;
+    return answer.arguments().value(0);
+}
+
+QVariant AccessibilityBus::property(const Object &object, const QString &interface, const QString &name)
+{
+    const auto answer = call(object, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
+                             {interface, name});
+    return answer ? answer->value<QDBusVariant>().variant() : QVariant();
+}
+
+qint64 AccessibilityBus::processOf(const QString &service)
+{
+    const Object bus = {QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus")};
+    return call(bus, bus.service, QStringLiteral("GetConnectionUnixProcessID"), {service})
+        .value_or(QVariant())
+        .toLongLong();
+}
+
+} // namespace zeigewerk::rig

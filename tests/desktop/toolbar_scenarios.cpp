@@ -1,0 +1,247 @@
+// What the buttons of the toolbar do.
+#include "rehearsal.h"
+
+#include <algorithm>
+
+using namespace zeigewerk::rig;
+
+namespace {
+
+constexpr QPoint kPlace(400, 300);
+constexpr QPoint kOtherPlace(400, 500);
+
+/// As the eye goes over the toolbar: from top to bottom, from left to right.
+QList<AccessibleButton> inReadingOrder(QList<AccessibleButton> buttons)
+{
+    std::stable_sort(buttons.begin(), buttons.end(), [](const auto &one, const auto &other) {
+        const QPoint a = one.extents.center();
+        const QPoint b = other.extents.center();
+        return std::pair(a.y(), a.x()) < std::pair(b.y(), b.x());
+    });
+    return buttons;
+}
+
+} // namespace
+
+class ToolbarScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyButtonIsKnownToScreenReaders();
+    void drawingIsTurnedOnAndOff();
+    void theWhiteboardIsTurnedOnAndOff();
+    void theSpotlightIsTurnedOnAndOff();
+    void theRingIsTurnedOnAndOff();
+    void pinningLeavesTheDrawingAndLetsClicksThrough();
+    void undoAndClearTakeShapesAway();
+    void clicksAndFadeAreTurnedOnAndOff();
+    void screenReadersPressAsThePointerClicks();
+    void quitEndsTheProgram();
+};
+
+void ToolbarScenarios::everyButtonIsKnownToScreenReaders()
+{
+    using namespace button;
+    Rehearsal on;
+    QStringList expected = {kDraw,        kWhiteboard, kSpotlight, kRing,      kClicks,  kFade, kPin, kPen,
+                            kHighlighter, kLine,       kArrow,     kRectangle, kEllipse, kText, kUndo};
+    expected += QStringList(8, kColor) + QStringList(3, kWidth);
+    expected += {kAppearance, kClear, kHide, kQuit};
+    const QStringList toggles = expected.mid(0, 7);
+    const QStringList actions = {kUndo, kAppearance, kClear, kHide, kQuit};
+
+    const QList<AccessibleButton> buttons = inReadingOrder(on.toolbar.buttons());
+    QStringList names;
+    QList<int> checked;
+    for (const AccessibleButton &each : buttons) {
+        if (each.isChecked())
+            checked.append(static_cast<int>(names.size()));
+        names.append(each.name);
+        QVERIFY2(each.is(AccessibleState::Showing) && each.is(AccessibleState::Enabled),
+                 qPrintable(each.name));
+        QVERIFY2(!each.is(AccessibleState::Focusable), qPrintable(each.name));
+    }
+    QCOMPARE(names, expected);
+    // The pen, orange, and the middle width.
+    QCOMPARE(checked, QList<int>({7, 15, 24}));
+    for (const AccessibleButton &each : buttons) {
+        const bool isToggle = toggles.contains(each.name);
+        const bool isAction = actions.contains(each.name);
+        const QString role = isToggle ? "check box" : isAction ? "push button" : "radio button";
+        QVERIFY2(each.role == role, qPrintable(each.name + " is a " + each.role));
+    }
+}
+
+void ToolbarScenarios::drawingIsTurnedOnAndOff()
+{
+    Rehearsal on;
+    QVERIFY(on.toolbar.click(button::kDraw));
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.toolbar.isOn(button::kDraw));
+    QVERIFY(on.strokeFrom(kPlace));
+    EVENTUALLY(on.strokeColor(kPlace) == kInk);
+
+    QVERIFY(on.toolbar.click(button::kDraw));
+    EVENTUALLY(on.beneath.hasFocus());
+    EVENTUALLY(on.isSlideUntouched());
+    QVERIFY(!on.toolbar.isOn(button::kDraw));
+    QVERIFY(on.session.pointer().clickAt(kPlace));
+    EVENTUALLY(on.beneath.presses() == QList<QPoint>{kPlace});
+}
+
+void ToolbarScenarios::theWhiteboardIsTurnedOnAndOff()
+{
+    Rehearsal on;
+    QVERIFY(on.toolbar.click(button::kWhiteboard));
+    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, Rehearsal::kLeftOfToolbar));
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.toolbar.isOn(button::kWhiteboard));
+    QVERIFY(!on.toolbar.isOn(button::kDraw));
+    QVERIFY(on.strokeFrom(kPlace));
+    EVENTUALLY(on.strokeColor(kPlace) == kInk);
+
+    QVERIFY(on.toolbar.click(button::kWhiteboard));
+    EVENTUALLY(on.isSlideUntouched());
+    QVERIFY(!on.toolbar.isOn(button::kWhiteboard));
+}
+
+void ToolbarScenarios::theSpotlightIsTurnedOnAndOff()
+{
+    Rehearsal on;
+    QVERIFY(on.toolbar.click(button::kSpotlight));
+    EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
+    QVERIFY(on.toolbar.isOn(button::kSpotlight));
+    QVERIFY(on.beneath.hasFocus());
+    QVERIFY(on.session.pointer().moveTo(kPlace));
+    EVENTUALLY(on.pixel(kPlace) == on.beneathColor());
+
+    QVERIFY(on.toolbar.click(button::kSpotlight));
+    EVENTUALLY(on.isSlideUntouched());
+    QVERIFY(!on.toolbar.isOn(button::kSpotlight));
+}
+
+void ToolbarScenarios::theRingIsTurnedOnAndOff()
+{
+    Rehearsal on;
+    const auto ring = [](QPoint pointer) { return QRect(pointer - QPoint(28, 28), QSize(56, 56)); };
+    QVERIFY(on.toolbar.click(button::kRing));
+    for (const QPoint place : {kPlace, kOtherPlace}) {
+        QVERIFY(on.session.pointer().moveTo(place));
+        // Around the pointer, and nowhere else.
+        EVENTUALLY(!on.isUntouched(ring(place).adjusted(0, 0, 0, -40)));
+        EVENTUALLY(!on.isUntouched(ring(place).adjusted(0, 40, 0, 0)));
+        EVENTUALLY(on.isUntouched(ring(place == kPlace ? kOtherPlace : kPlace)));
+    }
+    QVERIFY(on.toolbar.isOn(button::kRing));
+    QVERIFY(on.beneath.hasFocus());
+
+    QVERIFY(on.toolbar.click(button::kRing));
+    EVENTUALLY(!on.toolbar.isOn(button::kRing));
+    QVERIFY(on.session.pointer().moveTo(kPlace));
+    EVENTUALLY(on.isSlideUntouched());
+}
+
+void ToolbarScenarios::pinningLeavesTheDrawingAndLetsClicksThrough()
+{
+    Rehearsal on;
+    // There is nothing to pin yet.
+    QVERIFY(on.toolbar.click(button::kPin));
+    QVERIFY(on.toolbar.click(button::kDraw));
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(!on.toolbar.isOn(button::kPin));
+    QVERIFY(on.strokeFrom(kPlace));
+    EVENTUALLY(on.strokeColor(kPlace) == kInk);
+
+    QVERIFY(on.toolbar.click(button::kPin));
+    EVENTUALLY(on.beneath.hasFocus());
+    QVERIFY(on.toolbar.isOn(button::kPin));
+    QVERIFY(!on.toolbar.isOn(button::kDraw));
+    on.beneath.forget();
+    QVERIFY(on.session.pointer().clickAt(kPlace));
+    EVENTUALLY(on.beneath.presses() == QList<QPoint>{kPlace});
+    QCOMPARE(on.strokeColor(kPlace), kInk);
+
+    // Unpinned, it is drawn on again.
+    QVERIFY(on.toolbar.click(button::kPin));
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.toolbar.isOn(button::kDraw));
+    QVERIFY(!on.toolbar.isOn(button::kPin));
+    QCOMPARE(on.strokeColor(kPlace), kInk);
+}
+
+void ToolbarScenarios::undoAndClearTakeShapesAway()
+{
+    Rehearsal on;
+    QVERIFY(on.toolbar.click(button::kDraw));
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.strokeFrom(kPlace));
+    QVERIFY(on.strokeFrom(kOtherPlace));
+    EVENTUALLY(on.strokeColor(kOtherPlace) == kInk);
+    QVERIFY(on.toolbar.click(button::kUndo));
+    EVENTUALLY(on.strokeColor(kOtherPlace) == on.beneathColor());
+    QCOMPARE(on.strokeColor(kPlace), kInk);
+    QVERIFY(on.toolbar.click(button::kUndo));
+    EVENTUALLY(on.isSlideUntouched());
+    // With nothing left it does nothing.
+    QVERIFY(on.toolbar.click(button::kUndo));
+
+    QVERIFY(on.strokeFrom(kPlace));
+    QVERIFY(on.strokeFrom(kOtherPlace));
+    EVENTUALLY(on.strokeColor(kOtherPlace) == kInk);
+    QVERIFY(on.toolbar.click(button::kClear));
+    EVENTUALLY(on.isSlideUntouched());
+    // It is still drawn on.
+    QVERIFY(on.hasKeyboard());
+    QVERIFY(on.strokeFrom(kPlace));
+    EVENTUALLY(on.strokeColor(kPlace) == kInk);
+    QCOMPARE(on.strokeColor(kOtherPlace), on.beneathColor());
+}
+
+void ToolbarScenarios::clicksAndFadeAreTurnedOnAndOff()
+{
+    Rehearsal on;
+    for (const QString &mode : {button::kClicks, button::kFade}) {
+        for (const bool expected : {true, false}) {
+            QVERIFY(on.toolbar.click(mode));
+            EVENTUALLY(on.toolbar.isOn(mode) == expected);
+        }
+    }
+}
+
+void ToolbarScenarios::screenReadersPressAsThePointerClicks()
+{
+    Rehearsal on;
+    const auto press = [&](const QString &name, int index = 0) {
+        return on.toolbar.reader().press(on.toolbar.button(name, index));
+    };
+    QVERIFY(press(button::kDraw));
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.toolbar.isOn(button::kDraw));
+    QVERIFY(press(button::kRectangle));
+    QVERIFY(press(button::kColor, 3));
+    EVENTUALLY(on.toolbar.isOn(button::kRectangle) && on.toolbar.isOn(button::kColor, 3));
+    QVERIFY(!on.toolbar.isOn(button::kPen));
+    QVERIFY(on.session.pointer().drag({kPlace, kPlace + QPoint(100, 100)}));
+    EVENTUALLY(on.pixel(kPlace + QPoint(100, 50)) == QColor(0x34, 0xC7, 0x59));
+    QVERIFY(press(button::kUndo));
+    EVENTUALLY(on.isSlideUntouched());
+    QVERIFY(press(button::kDraw));
+    EVENTUALLY(on.beneath.hasFocus());
+    QVERIFY(!on.toolbar.isOn(button::kDraw));
+}
+
+void ToolbarScenarios::quitEndsTheProgram()
+{
+    Rehearsal on;
+    QVERIFY(on.toolbar.click(button::kDraw));
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.toolbar.click(button::kQuit));
+    QCOMPARE(on.program.waitForExit(), std::optional(0));
+    QVERIFY(on.program.output().isEmpty());
+    EVENTUALLY(on.isUntouched(VirtualDisplay::kFullHd));
+    EVENTUALLY(on.beneath.hasFocus());
+}
+
+QTEST_GUILESS_MAIN(ToolbarScenarios)
+#include "toolbar_scenarios.moc"

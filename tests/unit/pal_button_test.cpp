@@ -1,0 +1,124 @@
+#include "controller_fixture.h"
+#include "toolbar/pal_button.h"
+#include "toolbar/panel.h"
+
+#include <QAccessible>
+#include <QTest>
+
+using namespace zeigewerk;
+using test::Controller;
+
+namespace {
+
+QAccessibleInterface *accessible(QWidget *widget)
+{
+    return QAccessible::queryAccessibleInterface(widget);
+}
+
+QColor middleOf(PalButton &button)
+{
+    return button.grab().toImage().pixelColor(button.width() / 2, 4);
+}
+
+} // namespace
+
+class PalButtonTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aButtonWithoutASymbolIsMarkedAndUsable();
+    void hoverAndPressShowAndPass();
+    void aScreenReaderIsToldNameRoleAndState();
+    void pressingThroughTheAccessibleInterfaceClicks();
+    void choicesAreToldApartByTheirOrder();
+};
+
+void PalButtonTest::aButtonWithoutASymbolIsMarkedAndUsable()
+{
+    PalButton button(nullptr, {40, 32}, QStringLiteral("Tipp"));
+    button.setText(QStringLiteral("?"));
+    QVERIFY(!button.image());
+    QCOMPARE(button.size(), QSize(40, 32));
+    QCOMPARE(button.toolTip(), QStringLiteral("Tipp"));
+    const QImage marked = button.grab().toImage();
+    button.setText(QString());
+    QVERIFY(marked != button.grab().toImage());
+
+    int clicks = 0;
+    connect(&button, &PalButton::clicked, &button, [&clicks] { ++clicks; });
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QCOMPARE(clicks, 1);
+}
+
+void PalButtonTest::hoverAndPressShowAndPass()
+{
+    PalButton button(nullptr, {40, 32}, QString());
+    button.setBackground(kOrange);
+    button.setFeedback(kWhite.withAlpha(0.5), kBlack.withAlpha(0.5));
+    button.show();
+    const QColor plain = middleOf(button);
+    QTest::mousePress(&button, Qt::LeftButton, {}, {20, 16});
+    QVERIFY(middleOf(button).lightness() < plain.lightness());
+    QTest::mouseRelease(&button, Qt::LeftButton, {}, {20, 16});
+    button.setAttribute(Qt::WA_UnderMouse, true);
+    QVERIFY(middleOf(button).lightness() > plain.lightness());
+    button.setAttribute(Qt::WA_UnderMouse, false);
+    QCOMPARE(middleOf(button), plain);
+}
+
+void PalButtonTest::aScreenReaderIsToldNameRoleAndState()
+{
+    Controller controller;
+    const Toolbar &bar = *controller.app().toolbar();
+    QAccessibleInterface *draw = accessible(bar.btnDraw);
+    QCOMPARE(draw->text(QAccessible::Name), QStringLiteral("Zeichnen ein/aus (⌃⌥D)"));
+    QCOMPARE(draw->text(QAccessible::Description), QString());
+    QCOMPARE(draw->role(), QAccessible::CheckBox);
+    QVERIFY(draw->state().checkable);
+    QVERIFY(!draw->state().checked);
+    QVERIFY(!draw->state().focusable);
+    controller.app().toggleDraw();
+    QVERIFY(draw->state().checked);
+
+    QVERIFY(!accessible(bar.undoButton())->state().checkable);
+    QCOMPARE(accessible(bar.undoButton())->role(), QAccessible::Button);
+    QCOMPARE(accessible(bar.toolButtons.at(Tool::pen))->role(), QAccessible::RadioButton);
+    QVERIFY(accessible(bar.toolButtons.at(Tool::pen))->state().checked);
+    QVERIFY(!accessible(bar.toolButtons.at(Tool::line))->state().checked);
+
+    controller.app().toggleDarkUI();
+    QCOMPARE(accessible(bar.btnDark)->text(QAccessible::Name), QStringLiteral("Werkzeugleiste hell/dunkel"));
+}
+
+void PalButtonTest::pressingThroughTheAccessibleInterfaceClicks()
+{
+    Controller controller;
+    QAccessibleInterface *ring = accessible(controller.app().toolbar()->btnRing);
+    QAccessibleActionInterface *actions = ring->actionInterface();
+    QVERIFY(actions);
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    QVERIFY(controller.app().cursorRingOn());
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+    QVERIFY(!controller.app().cursorRingOn());
+    actions->doAction(QStringLiteral("no such action"));
+    QVERIFY(!controller.app().cursorRingOn());
+    QCOMPARE(accessible(controller.app().toolbar()->undoButton())->actionInterface()->actionNames(),
+             QStringList{QAccessibleActionInterface::pressAction()});
+}
+
+void PalButtonTest::choicesAreToldApartByTheirOrder()
+{
+    Controller controller;
+    const Toolbar &bar = *controller.app().toolbar();
+    const QAccessibleInterface *panel = accessible(bar.panel.get());
+    QList<QObject *> swatches;
+    for (int i = 0; i < panel->childCount(); ++i) {
+        if (panel->child(i)->text(QAccessible::Name) == QStringLiteral("Farbe"))
+            swatches.append(panel->child(i)->object());
+    }
+    QCOMPARE(swatches, QList<QObject *>(bar.colorButtons.begin(), bar.colorButtons.end()));
+}
+
+QTEST_MAIN(PalButtonTest)
+#include "pal_button_test.moc"

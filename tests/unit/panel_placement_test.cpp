@@ -1,0 +1,237 @@
+// Where the toolbar stands: at first, when it is dragged, and after a restart.
+
+#include "controller_fixture.h"
+#include "toolbar/panel.h"
+#include "toolbar/panel_place.h"
+#include "toolbar/panel_placement.h"
+
+#include <QTest>
+
+#include <array>
+
+using namespace zeigewerk;
+using test::Controller;
+using test::twoScreens;
+
+namespace {
+
+const QSizeF kSize(151, 477);
+
+QRectF frameOf(Controller &controller)
+{
+    return controller.app().toolbar()->window->frame();
+}
+
+std::vector<platform::Screen> onlyFirstScreen()
+{
+    return {twoScreens().front()};
+}
+
+void drag(Controller &controller, QPointF from, const std::vector<QPointF> &way)
+{
+    PanelPlacement &placement = *controller.app().toolbar()->placement;
+    controller.desktop.setMouseLocation(from);
+    placement.dragBegan();
+    for (const QPointF point : way) {
+        controller.desktop.setMouseLocation(point);
+        placement.dragMoved();
+    }
+    placement.dragEnded();
+}
+
+} // namespace
+
+class PanelPlacementTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void atFirstItStandsAtTheRightEdge();
+    void atFirstItKeepsClearOfPanels();
+    void atFirstItStandsOnTheMainScreen();
+    void withoutAScreenItStaysWhereItIs();
+    void itFollowsTheDragAndIsRemembered();
+    void theFirstPlaceIsNotRemembered();
+    void aSavedFrameMovesItAndNeverResizesIt();
+    void aSavedFrameThatIsNoneReadsAsNone_data();
+    void aSavedFrameThatIsNoneReadsAsNone();
+    void aPlaceThatNoScreenShowsIsBroughtIntoView_data();
+    void aPlaceThatNoScreenShowsIsBroughtIntoView();
+    void aRescueIsNotRemembered();
+    void itComesBackWithItsScreen();
+    void undraggedItStaysOnItsScreenWhenScreensChange();
+    void savedFramesSurviveARoundTrip();
+    void draggingByTheBackgroundMovesIt();
+};
+
+void PanelPlacementTest::atFirstItStandsAtTheRightEdge()
+{
+    Controller controller;
+    QCOMPARE(frameOf(controller), QRectF(QPointF(1000 - 151 - 24, 400 - 477 / 2.0), kSize));
+}
+
+void PanelPlacementTest::atFirstItKeepsClearOfPanels()
+{
+    Controller controller;
+    // 40 points at the bottom of the screen, 60 at its right.
+    controller.desktop.setPanels({0, 0, 60, 40});
+    QCOMPARE(frameOf(controller), QRectF(QPointF(940 - 151 - 24, 420 - 477 / 2.0), kSize));
+}
+
+void PanelPlacementTest::atFirstItStandsOnTheMainScreen()
+{
+    Controller controller(twoScreens());
+    controller.desktop.setMainScreen(1);
+    // The second screen's upper edge is level with the first one's, so it begins 200 points up.
+    QCOMPARE(frameOf(controller).topLeft(), QPointF(1800 - 151 - 24, 500 - 477 / 2.0));
+}
+
+void PanelPlacementTest::withoutAScreenItStaysWhereItIs()
+{
+    Controller controller(std::vector<platform::Screen>{});
+    QCOMPARE(frameOf(controller).topLeft(), QPointF(0, 0));
+}
+
+void PanelPlacementTest::itFollowsTheDragAndIsRemembered()
+{
+    Controller controller(twoScreens());
+    const QPointF before = frameOf(controller).topLeft();
+    drag(controller, {900, 400}, {{880, 390}, {500, 300}});
+    QCOMPARE(frameOf(controller).topLeft(), before + QPointF(-400, -100));
+    const auto saved = SavedFrame::fromString(*controller.defaults.stringForKey(kToolbarFrameKey));
+    QVERIFY(saved);
+    QCOMPARE(saved->frame, frameOf(controller));
+    QCOMPARE(saved->screenName, QStringLiteral("A"));
+
+    drag(controller, {500, 300}, {{1300, 400}});
+    QCOMPARE(SavedFrame::fromString(*controller.defaults.stringForKey(kToolbarFrameKey))->screenName,
+             QStringLiteral("B"));
+}
+
+void PanelPlacementTest::theFirstPlaceIsNotRemembered()
+{
+    Controller controller;
+    frameOf(controller);
+    controller.desktop.changeScreens(twoScreens());
+    QVERIFY(!controller.defaults.stringForKey(kToolbarFrameKey));
+}
+
+void PanelPlacementTest::aSavedFrameMovesItAndNeverResizesIt()
+{
+    Controller controller;
+    controller.defaults.setString(kToolbarFrameKey, QStringLiteral("100 200 999 111 A"));
+    QCOMPARE(frameOf(controller), QRectF(QPointF(100, 200), kSize));
+}
+
+void PanelPlacementTest::aSavedFrameThatIsNoneReadsAsNone_data()
+{
+    QTest::addColumn<QString>("text");
+    const std::array texts = {"",
+                              "garbage",
+                              "1 2 3 4",
+                              "1 2 3 x A",
+                              "nan 2 3 4 A",
+                              "1 inf 3 4 A",
+                              "1e300 2 3 4 A",
+                              "1,5 2 3 4 A",
+                              "@Rect(1 2 3 4)",
+                              "1  2 3 4 A"};
+    for (const char *text : texts)
+        QTest::newRow(text) << QString::fromLatin1(text);
+}
+
+void PanelPlacementTest::aSavedFrameThatIsNoneReadsAsNone()
+{
+    QFETCH(QString, text);
+    QVERIFY(!SavedFrame::fromString(text));
+    Controller controller;
+    controller.defaults.setString(kToolbarFrameKey, text);
+    QCOMPARE(frameOf(controller).topLeft(), QPointF(1000 - 151 - 24, 400 - 477 / 2.0));
+}
+
+void PanelPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView_data()
+{
+    QTest::addColumn<QString>("saved");
+    QTest::addColumn<QPointF>("place");
+    QTest::newRow("left of every screen") << "-500 100 151 477 A" << QPointF(0, 100);
+    QTest::newRow("right and above, of a screen that is gone")
+        << "5000 5000 151 477 C" << QPointF(1000 - 151, 800 - 477);
+    QTest::newRow("below its screen") << "1200 -900 151 477 B" << QPointF(1200, 200);
+    QTest::newRow("too little to take hold of") << "960 100 151 477 Z" << QPointF(1000 - 151, 100);
+    QTest::newRow("enough to take hold of") << "1750 300 151 477 B" << QPointF(1750, 300);
+    QTest::newRow("partly below, within reach") << "300 -400 151 477 A" << QPointF(300, -400);
+}
+
+void PanelPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView()
+{
+    QFETCH(QString, saved);
+    QFETCH(QPointF, place);
+    // Apart, so that what leaves one does not reach the other.
+    std::vector<platform::Screen> screens = twoScreens();
+    Controller controller(saved.endsWith(QLatin1Char('Z')) ? onlyFirstScreen() : screens);
+    controller.defaults.setString(kToolbarFrameKey, saved);
+    QCOMPARE(frameOf(controller).topLeft(), place);
+}
+
+void PanelPlacementTest::aRescueIsNotRemembered()
+{
+    Controller controller;
+    const QString saved = QStringLiteral("5000 5000 151 477 C");
+    controller.defaults.setString(kToolbarFrameKey, saved);
+    frameOf(controller);
+    QCOMPARE(controller.defaults.stringForKey(kToolbarFrameKey), std::optional(saved));
+}
+
+void PanelPlacementTest::itComesBackWithItsScreen()
+{
+    Controller controller(twoScreens());
+    frameOf(controller);
+    drag(controller, {900, 400}, {{1400, 450}});
+    const QPointF left = frameOf(controller).topLeft();
+    controller.desktop.changeScreens(onlyFirstScreen());
+    QVERIFY(QRectF(0, 0, 1000, 800).contains(frameOf(controller)));
+    controller.desktop.changeScreens(twoScreens());
+    QCOMPARE(frameOf(controller).topLeft(), left);
+}
+
+void PanelPlacementTest::undraggedItStaysOnItsScreenWhenScreensChange()
+{
+    Controller controller(twoScreens());
+    const QPointF first = frameOf(controller).topLeft();
+    // The keyboard has moved to the other screen since, and the toolbar does not follow it.
+    controller.desktop.setMainScreen(1);
+    controller.desktop.changeScreens(twoScreens());
+    QCOMPARE(frameOf(controller).topLeft(), first);
+}
+
+void PanelPlacementTest::savedFramesSurviveARoundTrip()
+{
+    const SavedFrame frame{.frame = {-1920.5, 33, 151, 477}, .screenName = QStringLiteral("My Screen 2")};
+    const auto read = SavedFrame::fromString(frame.toString());
+    QVERIFY(read);
+    QCOMPARE(read->frame, frame.frame);
+    QCOMPARE(read->screenName, frame.screenName);
+}
+
+void PanelPlacementTest::draggingByTheBackgroundMovesIt()
+{
+    Controller controller;
+    const QPointF before = frameOf(controller).topLeft();
+    Panel &panel = *controller.app().toolbar()->panel;
+    const QPoint grip = panel.frameRect().topLeft() + QPoint(5, 60);
+    controller.desktop.setMouseLocation({880, 500});
+    QTest::mousePress(&panel, Qt::LeftButton, {}, grip);
+    controller.desktop.setMouseLocation({860, 470});
+    QTest::mouseMove(&panel, grip + QPoint(-20, 30));
+    QCOMPARE(frameOf(controller).topLeft(), before + QPointF(-20, -30));
+    QVERIFY(!controller.defaults.stringForKey(kToolbarFrameKey));
+    QTest::mouseRelease(&panel, Qt::LeftButton, {}, grip);
+    QVERIFY(controller.defaults.stringForKey(kToolbarFrameKey));
+    // With the button up the pointer passes without taking the toolbar along.
+    controller.desktop.setMouseLocation({100, 100});
+    QTest::mouseMove(&panel, grip);
+    QCOMPARE(frameOf(controller).topLeft(), before + QPointF(-20, -30));
+}
+
+QTEST_MAIN(PanelPlacementTest)
+#include "panel_placement_test.moc"

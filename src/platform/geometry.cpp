@@ -89,6 +89,27 @@ QRect ScreenLayout::qtRect(const QRectF &frame) const
     return {topLeft.toPoint(), frame.size().toSize()};
 }
 
+std::optional<Screen> ScreenLayout::screenHolding(const QRect &nativeRect) const
+{
+    const auto held = [&](const Screen &screen) {
+        const QRect part = screen.nativeFrame & nativeRect;
+        return static_cast<double>(part.width()) * part.height();
+    };
+    // The first of several that hold as much.
+    const auto found = std::max_element(m_screens.begin(), m_screens.end(),
+                                        [&](const Screen &a, const Screen &b) { return held(a) < held(b); });
+    return found == m_screens.end() ? std::nullopt : std::optional(*found);
+}
+
+QRectF ScreenLayout::frameOfPart(const Screen &screen, const QRect &nativePart)
+{
+    if (nativePart.isEmpty())
+        return {};
+    const ViewGeometry geometry(screen.nativeFrame.size(), screen.scale);
+    const QRect within = nativePart.translated(-screen.nativeFrame.topLeft());
+    return geometry.toView(within).translated(screen.frame.topLeft());
+}
+
 double ScreenLayout::scaleAt(QPointF point) const
 {
     const Screen *screen = nearest(m_screens, point, [](const Screen &s) { return s.frame; });

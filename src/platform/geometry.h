@@ -52,9 +52,15 @@ public:
     QPointF pointOfPixel(QPointF nativePosition) const;
     /// The pixels that a rectangle in points covers, at the scale of the screen under its middle.
     QRect nativeRect(const QRectF &frame) const;
-    /// A rectangle in Qt's global coordinates (points, y down) and the frame that it is in ours (points, y up).
+    /// A rectangle in Qt's global coordinates (points, y down) and the frame that it is in ours (points, y
+    /// up).
     QRectF frameOfQtRect(const QRect &qtRect) const;
     QRect qtRect(const QRectF &frame) const;
+    /// The screen that holds the largest part of the rectangle in pixels; the primary one if none holds any
+    /// of it, none without screens.
+    std::optional<Screen> screenHolding(const QRect &nativeRect) const;
+    /// The frame of a part of the screen that is given in pixels; empty if that is.
+    static QRectF frameOfPart(const Screen &screen, const QRect &nativePart);
     /// The scale of the screen that holds the point, else of the nearest.
     double scaleAt(QPointF point) const;
 

@@ -34,7 +34,15 @@ PalButton *PalButtonAccessible::button() const
 QAccessible::Role PalButtonAccessible::role() const
 {
     // Asked each time: Qt keeps the interface from before the button was told what it is.
-    return button()->kind() == PalButton::Kind::Choice ? QAccessible::RadioButton : QAccessible::Button;
+    switch (button()->kind()) {
+    case PalButton::Kind::Action:
+        break;
+    case PalButton::Kind::Toggle:
+        return QAccessible::CheckBox; // as Qt's own buttons that can be checked
+    case PalButton::Kind::Choice:
+        return QAccessible::RadioButton;
+    }
+    return QAccessible::Button;
 }
 
 QString PalButtonAccessible::text(QAccessible::Text kind) const
@@ -59,12 +67,14 @@ QAccessible::State PalButtonAccessible::state() const
 
 QStringList PalButtonAccessible::actionNames() const
 {
+    if (button()->kind() == PalButton::Kind::Toggle)
+        return {pressAction(), toggleAction()};
     return {pressAction()};
 }
 
 void PalButtonAccessible::doAction(const QString &actionName)
 {
-    if (actionName == pressAction())
+    if (actionNames().contains(actionName))
         button()->click();
 }
 

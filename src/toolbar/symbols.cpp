@@ -6,8 +6,9 @@
 
 #include <memory>
 
-/// The linker leaves the resources of a static library out unless they are asked for. Qt does nothing when they
-/// are registered already. Outside every namespace, because the macro declares a function in the one around it.
+/// The linker leaves the resources of a static library out unless they are asked for. Qt does nothing when
+/// they are registered already. Outside every namespace, because the macro declares a function in the one
+/// around it.
 static void registerSymbols()
 {
     Q_INIT_RESOURCE(symbols);

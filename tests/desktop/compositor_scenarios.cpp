@@ -34,7 +34,7 @@ void CompositorScenarios::withoutACompositorTheWhiteboardIsWhite()
 {
     Presentation on({.compositor = Compositor::None});
     on.hotKey(Key::W);
-    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, {0, 0, 1920, 1080}));
+    EVENTUALLY(on.isFilled(Qt::white, {0, 0, 1920, 1080}));
     on.hotKey(Key::D);
     on.hotKey(Key::W);
     EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));

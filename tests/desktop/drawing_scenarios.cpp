@@ -42,7 +42,7 @@ void DrawingScenarios::theSecondHotKeyClearsTheScreen()
     EVENTUALLY(on.pixel({450, 300}) == kInk);
     on.hotKey(Key::D);
     EVENTUALLY(on.isUntouched({300, 200, 300, 200}));
-    QVERIFY(on.shownWindows().isEmpty());
+    QVERIFY(on.overlays().isEmpty());
 
     // What was drawn is gone, not only hidden.
     on.hotKey(Key::D);
@@ -131,7 +131,7 @@ void DrawingScenarios::theWhiteboardIsWhiteAndCanBeDrawnOn()
 {
     Presentation on;
     on.hotKey(Key::W);
-    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, {0, 0, 1920, 1080}));
+    EVENTUALLY(on.isFilled(Qt::white, {0, 0, 1920, 1080}));
     QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
     EVENTUALLY(on.pixel({450, 300}) == kInk);
     on.hotKey(Key::W);
@@ -180,14 +180,14 @@ void DrawingScenarios::aHiddenOverlayHoldsNoFrameBuffer()
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());
     on.hotKey(Key::D);
-    EVENTUALLY(on.shownWindows().isEmpty());
+    EVENTUALLY(on.overlays().isEmpty());
     const qint64 before = on.program.residentBytes();
 
     on.hotKey(Key::W);
-    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, wide));
+    EVENTUALLY(on.isFilled(Qt::white, wide));
     QVERIFY(on.program.residentBytes() - before > frameBuffer * 9 / 10);
     on.hotKey(Key::W);
-    EVENTUALLY(on.shownWindows().isEmpty());
+    EVENTUALLY(on.overlays().isEmpty());
     EVENTUALLY(on.program.residentBytes() - before < frameBuffer / 10);
 }
 

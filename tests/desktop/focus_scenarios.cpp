@@ -113,7 +113,7 @@ void FocusScenarios::aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards()
     EVENTUALLY(on.hasKeyboard());
     on.session.keyboard().tap(Key::Escape);
     EVENTUALLY(later.hasFocus());
-    QVERIFY(on.shownWindows().isEmpty());
+    QVERIFY(on.overlays().isEmpty());
 }
 
 void FocusScenarios::aPressOnACanvasTakesTheKeyboard()
@@ -139,7 +139,7 @@ void FocusScenarios::theSpotlightLeavesTheKeyboardAlone()
     EVENTUALLY(on.pixel({1000, 1000}) == dimmed(on.beneathColor()));
     QVERIFY(on.beneath.takeFocus());
     on.hotKey(Key::S);
-    EVENTUALLY(on.shownWindows().isEmpty());
+    EVENTUALLY(on.overlays().isEmpty());
     QVERIFY(on.beneath.hasFocus());
 }
 
@@ -169,7 +169,7 @@ void FocusScenarios::whoTookTheKeyboardMeanwhileKeepsIt()
     // The hot key comes before the program takes the keyboard again.
     on.session.client().setInputFocus(other.id());
     on.hotKey(Key::D);
-    EVENTUALLY(on.shownWindows().isEmpty());
+    EVENTUALLY(on.overlays().isEmpty());
     QVERIFY(other.hasFocus());
 }
 

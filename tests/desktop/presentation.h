@@ -2,11 +2,19 @@
 
 #include "rig.h"
 
+#include <QRegion>
+
+#include <algorithm>
+#include <optional>
+
 namespace zeigewerk::rig {
 
 /// The pen as the program starts with it.
 inline const QColor kInk(0xF2, 0x9A, 0x00);
 inline constexpr double kDimming = 0.55;
+/// Without its shadow, at scale 1.
+inline constexpr QSize kToolbar(151, 477);
+inline constexpr int kSmallestScreenWidth = 640;
 
 /// What the spotlight's dimming makes of a colour.
 inline QColor dimmed(const QColor &color)
@@ -32,8 +40,17 @@ public:
     void hotKey(Key key) { session.keyboard().chord({Key::Ctrl, Key::Alt}, key); }
     QColor pixel(QPoint place) { return session.screenshot().pixel(place); }
     QColor beneathColor() const { return {0x20, 0x60, 0xA0}; }
-    /// Whether anything but the window beneath shows in that rectangle.
-    bool isUntouched(const QRect &rect) { return session.screenshot().isFilled(beneathColor(), rect); }
+    /// Whether the rectangle has that one colour wherever the toolbar, shadow included, does not lie.
+    bool isFilled(const QColor &color, const QRect &rect)
+    {
+        const std::optional<WindowInfo> bar = toolbar();
+        const QRegion besideToolbar = QRegion(rect) - (bar ? bar->geometry : QRect());
+        const Screenshot screen = session.screenshot();
+        return std::all_of(besideToolbar.begin(), besideToolbar.end(),
+                           [&](const QRect &part) { return screen.isFilled(color, part); });
+    }
+    /// Whether nothing but the window beneath, and the toolbar, shows in that rectangle.
+    bool isUntouched(const QRect &rect) { return isFilled(beneathColor(), rect); }
 
     /// The program's windows on the screen.
     QList<WindowInfo> shownWindows()
@@ -44,6 +61,26 @@ public:
                 shown.append(window);
         }
         return shown;
+    }
+    /// Those of them that are as large as a screen.
+    QList<WindowInfo> overlays()
+    {
+        QList<WindowInfo> overlays;
+        for (const WindowInfo &window : shownWindows()) {
+            if (window.geometry.width() >= kSmallestScreenWidth)
+                overlays.append(window);
+        }
+        return overlays;
+    }
+    /// The toolbar's window, shadow included, if it is shown.
+    std::optional<WindowInfo> toolbar()
+    {
+        for (const WindowInfo &window : shownWindows()) {
+            const QSize size = window.geometry.size();
+            if (size.width() < kSmallestScreenWidth && size.expandedTo(kToolbar) == size)
+                return window;
+        }
+        return std::nullopt;
     }
     /// Whether one of the program's windows has the keyboard: the last thing that happens when interaction
     /// begins.

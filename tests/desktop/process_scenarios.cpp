@@ -106,7 +106,7 @@ void ProcessScenarios::waitingItSleeps()
     // Everything on and off again, so that whatever could keep a timer has run.
     for (const Key key : {Key::D, Key::S, Key::S, Key::D})
         on.hotKey(key);
-    EVENTUALLY(on.beneath.hasFocus() && on.shownWindows().isEmpty());
+    EVENTUALLY(on.beneath.hasFocus() && on.overlays().isEmpty());
     // What was under way ends; from then on nothing happens any more.
     EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
     QVERIFY(sleepsFor(on.program.processId(), 4s));

@@ -27,7 +27,7 @@ private:
     static QList<QRect> shownRects(Presentation &on)
     {
         QList<QRect> rects;
-        for (const WindowInfo &window : on.shownWindows())
+        for (const WindowInfo &window : on.overlays())
             rects.append(window.geometry);
         std::sort(rects.begin(), rects.end(), [](const QRect &a, const QRect &b) { return a.x() < b.x(); });
         return rects;
@@ -41,10 +41,10 @@ void ScreenScenarios::eachScreenHasItsOverlay()
     EVENTUALLY(on.hasKeyboard());
     QCOMPARE(shownRects(on), QList<QRect>({kLeft, kRight}));
     on.hotKey(Key::D);
-    EVENTUALLY(on.shownWindows().isEmpty());
+    EVENTUALLY(on.overlays().isEmpty());
     on.hotKey(Key::W);
-    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, kLeft));
-    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, kRight));
+    EVENTUALLY(on.isFilled(Qt::white, kLeft));
+    EVENTUALLY(on.isFilled(Qt::white, kRight));
 }
 
 void ScreenScenarios::theSecondScreenCanBeDrawnOn()
@@ -137,7 +137,7 @@ void ScreenScenarios::theSpotlightIsOnTheScreenOfThePointerOnly()
     Presentation on({.screens = {kLeft, kRight}});
     QVERIFY(on.session.pointer().moveTo({2000, 500}));
     on.hotKey(Key::S);
-    EVENTUALLY(on.session.screenshot().isFilled(dimmed(on.beneathColor()), kLeft));
+    EVENTUALLY(on.isFilled(dimmed(on.beneathColor()), kLeft));
     QVERIFY(on.session.pointer().moveTo({300, 300}));
     EVENTUALLY(on.pixel({300, 300}) == on.beneathColor());
 }
@@ -148,7 +148,7 @@ void ScreenScenarios::allScreensOffAndOnAgain()
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());
     on.session.display().unplug(0);
-    EVENTUALLY(on.shownWindows().isEmpty());
+    EVENTUALLY(on.overlays().isEmpty());
     on.session.display().plug(0, kRight.translated(-kRight.topLeft()));
     EVENTUALLY(shownRects(on) == QList<QRect>{kRight.translated(-kRight.topLeft())});
     EVENTUALLY(on.hasKeyboard());

@@ -77,7 +77,7 @@ void StackingScenarios::aScreenLockerIsNeverCovered()
 {
     Presentation on;
     QVERIFY(pinAStroke(on));
-    const xcb_window_t overlay = on.shownWindows().constFirst().id;
+    const xcb_window_t overlay = on.overlays().constFirst().id;
     const Popup locker(on.session, kScreen, Qt::black);
     // Something happens that makes the program look again; the locker's own popup among it.
     const Popup ofLocker(on.session, {300, 200, 400, 300}, Qt::green);
@@ -98,7 +98,7 @@ void StackingScenarios::nothingIsRestackedWithoutNeed()
     Presentation on;
     QVERIFY(pinAStroke(on));
     const Popup popup(on.session, {300, 200, 400, 300}, Qt::green);
-    const xcb_window_t overlay = on.shownWindows().constFirst().id;
+    const xcb_window_t overlay = on.overlays().constFirst().id;
     EVENTUALLY(on.session.client().isAbove(overlay, popup.id()));
     const QList<xcb_window_t> order = on.session.client().stackedChildren(on.session.client().root());
     // Longer than the last look after a change.

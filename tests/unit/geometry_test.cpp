@@ -39,6 +39,12 @@ private Q_SLOTS:
     void damageBeyondTheSurfaceIsClipped();
     void thePainterMapsLikeThePoints();
     void withoutScreensNothingIsScaled();
+    void qtRectanglesMakeARoundTrip_data();
+    void qtRectanglesMakeARoundTrip();
+    void framesAreRoundedToWholePointsForQt();
+    void aRectangleIsOnTheScreenThatHoldsMostOfIt_data();
+    void aRectangleIsOnTheScreenThatHoldsMostOfIt();
+    void aPartOfAScreenHasItsFrame();
 };
 
 void GeometryTest::framesAreYUpFromThePrimaryScreen()
@@ -191,6 +197,84 @@ void GeometryTest::withoutScreensNothingIsScaled()
     QVERIFY(layout.screens().empty());
     QCOMPARE(layout.scaleAt({5, 5}), 1.0);
     QCOMPARE(layout.nativeRect({1, 2, 3, 4}), QRect(1, 2, 3, 4));
+}
+
+void GeometryTest::qtRectanglesMakeARoundTrip_data()
+{
+    QTest::addColumn<ScreenLayout>("layout");
+    QTest::addColumn<QRect>("qtRect");
+    QTest::addColumn<QRectF>("frame");
+
+    QTest::newRow("upper left corner of the primary")
+        << mixedScales() << QRect(0, 0, 151, 477) << QRectF(0, 603, 151, 477);
+    QTest::newRow("lower right corner of the primary")
+        << mixedScales() << QRect(1769, 603, 151, 477) << QRectF(1769, 0, 151, 477);
+    // Qt, too, has a screen begin at its first pixel: 1920 pixels are 1920 points on the primary.
+    QTest::newRow("upper left corner of the second, twice as dense")
+        << mixedScales() << QRect(1920, 0, 151, 477) << QRectF(1920, 603, 151, 477);
+    QTest::newRow("lower right corner of the second")
+        << mixedScales() << QRect(3689, 603, 151, 477) << QRectF(3689, 0, 151, 477);
+    QTest::newRow("below the primary")
+        << mixedScales() << QRect(10, 1100, 151, 477) << QRectF(10, -497, 151, 477);
+    QTest::newRow("outside of every screen")
+        << mixedScales() << QRect(-500, -900, 100, 50) << QRectF(-500, 1930, 100, 50);
+
+    const ScreenLayout primaryOnTheRight(
+        {{.name = "A", .nativeFrame = {1600, 200, 2560, 1440}, .scale = 2, .frame = {}},
+         {.name = "B", .nativeFrame = {0, 0, 1600, 900}, .scale = 1, .frame = {}}});
+    QTest::newRow("the primary's origin is not that of the desktop")
+        << primaryOnTheRight << QRect(1600, 820, 200, 100) << QRectF(0, 0, 200, 100);
+    QTest::newRow("left of such a primary")
+        << primaryOnTheRight << QRect(0, 0, 200, 100) << QRectF(-1600, 820, 200, 100);
+}
+
+void GeometryTest::qtRectanglesMakeARoundTrip()
+{
+    QFETCH(ScreenLayout, layout);
+    QFETCH(QRect, qtRect);
+    QFETCH(QRectF, frame);
+    QCOMPARE(layout.frameOfQtRect(qtRect), frame);
+    QCOMPARE(layout.qtRect(frame), qtRect);
+}
+
+void GeometryTest::framesAreRoundedToWholePointsForQt()
+{
+    const ScreenLayout layout = mixedScales();
+    QCOMPARE(layout.qtRect({10.4, 20.4, 100, 50}), QRect(10, 1010, 100, 50));
+    QCOMPARE(layout.qtRect({10.6, 20.6, 100, 50}), QRect(11, 1009, 100, 50));
+}
+
+void GeometryTest::aRectangleIsOnTheScreenThatHoldsMostOfIt_data()
+{
+    QTest::addColumn<QRect>("rect");
+    QTest::addColumn<QString>("screen");
+
+    QTest::newRow("within one") << QRect(2000, 100, 500, 500) << "B";
+    QTest::newRow("more of it on the second") << QRect(1800, 100, 241, 500) << "B";
+    QTest::newRow("more of it on the first") << QRect(1800, 100, 239, 500) << "A";
+    QTest::newRow("as much on each") << QRect(1820, 100, 200, 500) << "A";
+    QTest::newRow("counted in pixels, not points") << QRect(0, 1080, 1366, 768) << "C";
+    QTest::newRow("on none") << QRect(-900, -900, 100, 100) << "A";
+    QTest::newRow("no rectangle at all") << QRect() << "A";
+}
+
+void GeometryTest::aRectangleIsOnTheScreenThatHoldsMostOfIt()
+{
+    QFETCH(QRect, rect);
+    QFETCH(QString, screen);
+    QCOMPARE(mixedScales().screenHolding(rect).value().name, screen);
+    QVERIFY(!ScreenLayout().screenHolding(rect));
+}
+
+void GeometryTest::aPartOfAScreenHasItsFrame()
+{
+    const ScreenLayout layout = mixedScales();
+    for (const Screen &screen : layout.screens())
+        QCOMPARE(ScreenLayout::frameOfPart(screen, screen.nativeFrame), screen.frame);
+    const Screen &dense = layout.screens()[1];
+    // Of 1080 points 20 are taken at the top, 30 at the bottom, 40 on the left.
+    QCOMPARE(ScreenLayout::frameOfPart(dense, {2000, 40, 3760, 2060}), QRectF(1960, 30, 1880, 1030));
+    QVERIFY(ScreenLayout::frameOfPart(dense, {}).isEmpty());
 }
 
 QTEST_MAIN(GeometryTest)

@@ -203,17 +203,29 @@ Connection::ResourceRange Connection::rangeOf(xcb_connection_t *connection)
 
 bool Connection::isOurs(xcb_window_t window) const
 {
-    return m_own.holds(window) || (m_adopted.mask != 0 && m_adopted.holds(window));
+    return m_own.holds(window) || isAdopted(window);
+}
+
+bool Connection::isAdopted(xcb_window_t window) const
+{
+    return m_adopted && m_adoptedRange.holds(window);
 }
 
 void Connection::adoptWindowsOf(xcb_connection_t *other)
 {
-    m_adopted = rangeOf(other);
+    m_adopted = other;
+    m_adoptedRange = rangeOf(other);
 }
 
 void Connection::roundTrip()
 {
     owned(xcb_get_input_focus_reply(m_xcb, xcb_get_input_focus(m_xcb), nullptr));
+}
+
+void Connection::roundTripOfAdopted()
+{
+    if (m_adopted)
+        owned(xcb_get_input_focus_reply(m_adopted, xcb_get_input_focus(m_adopted), nullptr));
 }
 
 } // namespace zeigewerk::platform::x11

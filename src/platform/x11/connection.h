@@ -50,8 +50,9 @@ public:
 
     xcb_atom_t atom(const char *name);
     bool isOurs(xcb_window_t window) const;
-    /// Marks the windows of another connection of this process (Qt's) as ours too.
+    /// Marks the windows of another connection of this process (Qt's), which outlives this one, as ours too.
     void adoptWindowsOf(xcb_connection_t *other);
+    bool isAdopted(xcb_window_t window) const;
 
     /// Has the server tell of those events of the root window, or no longer. Each kind has one listener.
     void listenToRoot(std::uint32_t eventMask);
@@ -60,6 +61,9 @@ public:
     void flush() { xcb_flush(m_xcb); }
     /// Waits until the server has done everything that was asked of it.
     void roundTrip();
+    /// The same for the adopted connection. Requests on the two are not ordered: between one on this and one
+    /// on that which must come after it, wait.
+    void roundTripOfAdopted();
 
 Q_SIGNALS:
     /// The server has gone away.
@@ -97,7 +101,8 @@ private:
     std::uint8_t m_xkbEvent = 0;
     std::uint32_t m_rootEventMask = 0;
     ResourceRange m_own;
-    ResourceRange m_adopted;
+    xcb_connection_t *m_adopted = nullptr;
+    ResourceRange m_adoptedRange;
     std::map<std::string, xcb_atom_t, std::less<>> m_atoms;
     std::function<void(const xcb_generic_event_t &)> m_handler;
     std::function<void()> m_beforeBlocking;

@@ -1,7 +1,8 @@
 #include "platform/x11/focus.h"
 
+#include "platform/x11/properties.h"
+
 #include <chrono>
-#include <span>
 
 namespace zeigewerk::platform::x11 {
 
@@ -39,6 +40,27 @@ void Focus::remember(xcb_window_t owner)
 {
     if (isWindow(owner) && !m_connection.isOurs(owner))
         m_previous = owner;
+}
+
+std::optional<QRect> Focus::frameOfOwner() const
+{
+    const xcb_window_t focus = owner();
+    if (!isWindow(focus) || focus == m_connection.root() || m_connection.isOurs(focus))
+        return std::nullopt;
+    // The keyboard may be with a child, even one of no size beside the window; a window manager's frame
+    // around it lies where the window does.
+    xcb_window_t topLevel = focus;
+    for (xcb_window_t parent = focus; parent != m_connection.root();) {
+        topLevel = parent;
+        const auto cookie = xcb_query_tree(m_connection.xcb(), topLevel);
+        const auto tree = owned(xcb_query_tree_reply(m_connection.xcb(), cookie, nullptr));
+        if (!tree)
+            return std::nullopt;
+        parent = tree->parent;
+    }
+    const auto cookie = xcb_get_geometry(m_connection.xcb(), topLevel);
+    const auto frame = owned(xcb_get_geometry_reply(m_connection.xcb(), cookie, nullptr));
+    return frame ? std::optional(QRect(frame->x, frame->y, frame->width, frame->height)) : std::nullopt;
 }
 
 void Focus::borrow()
@@ -147,15 +169,9 @@ void Focus::takeAgain()
 
 xcb_window_t Focus::topmostClient()
 {
-    constexpr std::uint32_t kManyWindows = 4096;
-    const auto cookie =
-        xcb_get_property(m_connection.xcb(), 0, m_connection.root(),
-                         m_connection.atom("_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW, 0, kManyWindows);
-    const auto reply = owned(xcb_get_property_reply(m_connection.xcb(), cookie, nullptr));
-    if (!reply || reply->format != 32)
-        return XCB_NONE;
-    const std::span clients(static_cast<const xcb_window_t *>(xcb_get_property_value(reply.get())),
-                            reply->value_len);
+    const std::vector<xcb_window_t> clients =
+        NumbersRequest(m_connection, m_connection.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW)
+            .take();
     for (auto client = clients.rbegin(); client != clients.rend(); ++client) {
         if (!m_connection.isOurs(*client) && isViewable(*client))
             return *client;

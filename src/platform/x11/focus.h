@@ -2,7 +2,10 @@
 
 #include "platform/x11/connection.h"
 
+#include <QRect>
 #include <QTimer>
+
+#include <optional>
 
 namespace zeigewerk::platform::x11 {
 
@@ -23,6 +26,10 @@ public:
     void give(xcb_window_t window);
     /// Interaction has ended: hands the keyboard back, unless somebody else has taken it.
     void handBack();
+
+    /// Where the top-level window lies that has the keyboard, in pixels; none if it is one of ours, or no
+    /// window.
+    std::optional<QRect> frameOfOwner() const;
 
     /// One of our windows is no longer there to have the keyboard.
     void forget(xcb_window_t window);

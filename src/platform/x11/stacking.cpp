@@ -1,5 +1,7 @@
 #include "platform/x11/stacking.h"
 
+#include "platform/x11/properties.h"
+
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -39,6 +41,13 @@ Stacking::Stacking(Connection &connection, std::function<std::vector<xcb_window_
 void Stacking::structureChanged(xcb_window_t window)
 {
     if (!m_connection.isOurs(window))
+        checkSoon();
+}
+
+void Stacking::windowMapped(xcb_window_t window)
+{
+    // Our menus and tooltips come up by themselves. Restacking maps nothing, so this makes no loop.
+    if (!m_connection.isOurs(window) || m_connection.isAdopted(window))
         checkSoon();
 }
 
@@ -181,15 +190,13 @@ bool Stacking::belongsToWindowManager(xcb_window_t window) const
 {
     // Window managers make their frames override-redirect too, and a full-screen application's frame covers a
     // screen. They name a window of their own on the root.
-    xcb_connection_t *xcb = m_connection.xcb();
-    const auto cookie = xcb_get_property(
-        xcb, 0, m_connection.root(), m_connection.atom("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 0, 1);
-    const auto reply = owned(xcb_get_property_reply(xcb, cookie, nullptr));
-    if (!reply || reply->format != 32 || reply->value_len != 1)
+    const std::vector<xcb_window_t> check =
+        NumbersRequest(m_connection, m_connection.root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW).take();
+    if (check.size() != 1)
         return false;
-    const auto check = *static_cast<const xcb_window_t *>(xcb_get_property_value(reply.get()));
-    const std::uint32_t mask = xcb_get_setup(xcb)->resource_id_mask; // the same for every client
-    return (check & ~mask) == (window & ~mask);
+    const std::uint32_t mask =
+        xcb_get_setup(m_connection.xcb())->resource_id_mask; // the same for every client
+    return (check.front() & ~mask) == (window & ~mask);
 }
 
 } // namespace zeigewerk::platform::x11

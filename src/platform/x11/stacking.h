@@ -28,8 +28,10 @@ public:
     void checkSoon();
     /// One of our windows was hidden.
     void windowHidden();
-    /// A structure event of the root window.
+    /// A structure event of the root window, other than that one of its children was mapped.
     void structureChanged(xcb_window_t window);
+    /// A child of the root window was mapped.
+    void windowMapped(xcb_window_t window);
 
 private:
     /// A child of the root window, as much of it as matters here.

@@ -1,5 +1,7 @@
 #include "platform/x11/surface_window.h"
 
+#include "platform/x11/properties.h"
+
 #include <unistd.h>
 #include <xcb/xinput.h>
 
@@ -19,13 +21,6 @@ void setText(Connection &connection, xcb_window_t window, xcb_atom_t property, x
                         static_cast<std::uint32_t>(text.size()), text.data());
 }
 
-void setNumber(Connection &connection, xcb_window_t window, const char *property, xcb_atom_t type,
-               std::uint32_t value)
-{
-    xcb_change_property(connection.xcb(), XCB_PROP_MODE_REPLACE, window, connection.atom(property), type, 32,
-                        1, &value);
-}
-
 /// What window managers, compositors and people with a window list want to know.
 void describe(Connection &connection, xcb_window_t window, SurfaceRole role)
 {
@@ -33,11 +28,11 @@ void describe(Connection &connection, xcb_window_t window, SurfaceRole role)
     setText(connection, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, "zeigewerk\0Zeigewerk\0"sv);
     setText(connection, window, connection.atom("_NET_WM_NAME"), connection.atom("UTF8_STRING"),
             role == SurfaceRole::Overlay ? "Zeigewerk overlay" : "Zeigewerk effect");
-    setNumber(connection, window, "_NET_WM_PID", XCB_ATOM_CARDINAL, static_cast<std::uint32_t>(getpid()));
+    setNumbers(connection, window, "_NET_WM_PID", XCB_ATOM_CARDINAL, {static_cast<std::uint32_t>(getpid())});
     // Without these, compositors may give it a shadow, or show the full screen beneath without compositing.
-    setNumber(connection, window, "_COMPTON_SHADOW", XCB_ATOM_CARDINAL, 0);
+    refuseShadow(connection, window);
     constexpr std::uint32_t kNever = 2;
-    setNumber(connection, window, "_NET_WM_BYPASS_COMPOSITOR", XCB_ATOM_CARDINAL, kNever);
+    setNumbers(connection, window, "_NET_WM_BYPASS_COMPOSITOR", XCB_ATOM_CARDINAL, {kNever});
 }
 
 void selectPointer(Connection &connection, xcb_window_t window)

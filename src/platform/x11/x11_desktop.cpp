@@ -1,10 +1,12 @@
 #include "platform/x11/x11_desktop.h"
 
+#include "platform/x11/panels.h"
 #include "platform/x11/x11_surface.h"
 #include "platform/x11/x11_widget_window.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QWindow>
 
 #include <xcb/shm.h>
 
@@ -25,6 +27,17 @@ const Event &as(const xcb_generic_event_t &event)
     return reinterpret_cast<const Event &>(event);
 }
 
+/// Our menus, then our tooltips, each in the order in which they were made: so do they cover each other.
+void appendPopups(std::vector<xcb_window_t> &windows)
+{
+    for (const Qt::WindowType type : {Qt::Popup, Qt::ToolTip}) {
+        for (const QWindow *window : QGuiApplication::topLevelWindows()) {
+            if (window->type() == type && window->isVisible() && window->handle())
+                windows.push_back(static_cast<xcb_window_t>(window->winId()));
+        }
+    }
+}
+
 } // namespace
 
 X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
@@ -32,7 +45,8 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_screens(*m_connection)
     , m_focus(*m_connection)
     , m_keymap(*m_connection)
-    , m_compositing(*m_connection)
+    , m_compositor(*m_connection, "_NET_WM_CM_S")
+    , m_embeddingTray(*m_connection, "_NET_SYSTEM_TRAY_S")
     , m_stacking(
           *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
     , m_hotKeys(*m_connection)
@@ -43,11 +57,8 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
         std::fputs("zeigewerk: the X11 display has gone away\n", stderr);
         QCoreApplication::exit(kExitCodeOfLostDisplay);
     });
-    connect(&m_compositing, &Compositing::changed, this, [this] {
-        for (X11Surface *surface : m_surfaces)
-            surface->compositingChanged();
-        Q_EMIT compositingChanged();
-    });
+    connect(&m_compositor, &SelectionOwner::changed, this, &X11Desktop::tellOfCompositor);
+    connect(&m_embeddingTray, &SelectionOwner::changed, this, &Desktop::embeddingTrayChanged);
     connect(&m_screens, &X11Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
                         [this] { displayAll(); });
@@ -71,8 +82,14 @@ std::unique_ptr<WidgetWindow> X11Desktop::makeWindow(WidgetRole role, QWidget &w
 
 std::optional<Screen> X11Desktop::mainScreen() const
 {
-    const std::vector<Screen> all = screens();
-    return all.empty() ? std::nullopt : std::optional(all.front());
+    return layout().screenHolding(m_focus.frameOfOwner().value_or(QRect()));
+}
+
+QRectF X11Desktop::visibleFrame(const Screen &screen) const
+{
+    const QSize desktop = desktopSize(*m_connection);
+    const std::vector<Strut> struts = strutsOfPanels(*m_connection, desktop);
+    return ScreenLayout::frameOfPart(screen, withoutStruts(screen.nativeFrame, desktop, struts));
 }
 
 QPointF X11Desktop::mouseLocation() const
@@ -102,7 +119,7 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
     case XCB_CONFIGURE_NOTIFY:
         return m_stacking.structureChanged(as<xcb_configure_notify_event_t>(event).window);
     case XCB_MAP_NOTIFY:
-        return m_stacking.structureChanged(as<xcb_map_notify_event_t>(event).window);
+        return m_stacking.windowMapped(as<xcb_map_notify_event_t>(event).window);
     case XCB_REPARENT_NOTIFY:
         return m_stacking.structureChanged(as<xcb_reparent_notify_event_t>(event).window);
     case XCB_CIRCULATE_NOTIFY:
@@ -120,8 +137,8 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
         m_keymap.invalidate();
     else if (m_screens.isChangeEvent(type))
         m_screens.changeAnnounced();
-    else if (m_compositing.isChangeEvent(type))
-        m_compositing.ownerChanged();
+    else if (m_compositor.isChangeEvent(type))
+        selectionChanged(as<xcb_xfixes_selection_notify_event_t>(event));
     else if (m_connection->hasSharedMemory() && type == m_connection->shmCompletionEvent()) {
         if (X11Surface *surface = surfaceOf(as<xcb_shm_completion_event_t>(event).drawable))
             surface->putCompleted(as<xcb_shm_completion_event_t>(event).shmseg);
@@ -163,6 +180,19 @@ void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
     }
 }
 
+void X11Desktop::selectionChanged(const xcb_xfixes_selection_notify_event_t &event)
+{
+    m_compositor.ownerChanged(event);
+    m_embeddingTray.ownerChanged(event);
+}
+
+void X11Desktop::tellOfCompositor()
+{
+    for (X11Surface *surface : m_surfaces)
+        surface->compositingChanged();
+    Q_EMIT compositingChanged();
+}
+
 void X11Desktop::putFailed()
 {
     // A put that failed is not reported as completed, and nothing tells whose it was.
@@ -181,6 +211,12 @@ void X11Desktop::surfaceGone(X11Surface &surface)
     m_surfaces.erase(std::remove(m_surfaces.begin(), m_surfaces.end(), &surface), m_surfaces.end());
 }
 
+void X11Desktop::windowGone(X11WidgetWindow &window)
+{
+    m_widgetWindows.erase(std::remove(m_widgetWindows.begin(), m_widgetWindows.end(), &window),
+                          m_widgetWindows.end());
+}
+
 X11Surface *X11Desktop::surfaceOf(xcb_window_t window) const
 {
     const auto isThat = [window](const X11Surface *surface) { return surface->owns(window); };
@@ -190,18 +226,30 @@ X11Surface *X11Desktop::surfaceOf(xcb_window_t window) const
 
 std::vector<xcb_window_t> X11Desktop::windowsFromBottom() const
 {
-    std::vector<const X11Surface *> shown;
-    std::copy_if(m_surfaces.begin(), m_surfaces.end(), std::back_inserter(shown),
-                 [](const X11Surface *surface) { return surface->isVisible(); });
-    std::sort(shown.begin(), shown.end(), [](const X11Surface *a, const X11Surface *b) {
-        return std::pair(levelOf(a->role()), a->orderedFront()) <
-               std::pair(levelOf(b->role()), b->orderedFront());
+    struct Shown
+    {
+        int level;
+        quint64 order;
+        std::vector<xcb_window_t> windows;
+    };
+    std::vector<Shown> shown;
+    for (const X11Surface *surface : m_surfaces) {
+        if (surface->isVisible())
+            shown.push_back({levelOf(surface->role()), surface->orderedFront(), surface->shownWindows()});
+    }
+    for (const X11WidgetWindow *window : m_widgetWindows) {
+        if (window->isVisible() && window->window() != XCB_NONE)
+            shown.push_back({levelOf(window->role()), window->orderedFront(), {window->window()}});
+    }
+    std::sort(shown.begin(), shown.end(), [](const Shown &a, const Shown &b) {
+        return std::pair(a.level, a.order) < std::pair(b.level, b.order);
     });
     std::vector<xcb_window_t> windows;
-    for (const X11Surface *surface : shown) {
-        const std::vector<xcb_window_t> ofSurface = surface->shownWindows();
-        windows.insert(windows.end(), ofSurface.begin(), ofSurface.end());
-    }
+    for (const Shown &one : shown)
+        windows.insert(windows.end(), one.windows.begin(), one.windows.end());
+    // They come up by themselves: only what may cover them needs them kept on top.
+    if (!windows.empty())
+        appendPopups(windows);
     return windows;
 }
 

@@ -2,10 +2,10 @@
 
 #include "platform/desktop.h"
 #include "platform/levels.h"
-#include "platform/x11/compositing.h"
 #include "platform/x11/connection.h"
 #include "platform/x11/focus.h"
 #include "platform/x11/keymap.h"
+#include "platform/x11/selection_owner.h"
 #include "platform/x11/stacking.h"
 #include "platform/x11/x11_hot_keys.h"
 #include "platform/x11/x11_screens.h"
@@ -15,6 +15,7 @@
 namespace zeigewerk::platform::x11 {
 
 class X11Surface;
+class X11WidgetWindow;
 
 /// The desktop of an X server: hands each event of our connection to whom it concerns, and has the surfaces
 /// paint once per turn of the event loop.
@@ -32,10 +33,10 @@ public:
     std::unique_ptr<WidgetWindow> makeWindow(WidgetRole role, QWidget &widget,
                                              const QMargins &ornament) override;
     std::optional<Screen> mainScreen() const override;
-    QRectF visibleFrame(const Screen &screen) const override { return screen.frame; }
+    QRectF visibleFrame(const Screen &screen) const override;
     QPointF mouseLocation() const override;
-    bool isComposited() const override { return m_compositing.isOn(); }
-    bool hasEmbeddingTray() const override { return false; }
+    bool isComposited() const override { return m_compositor.exists(); }
+    bool hasEmbeddingTray() const override { return m_embeddingTray.exists(); }
     HotKeys &hotKeys() override { return m_hotKeys; }
     void activate() override { m_focus.borrow(); }
     void deactivate() override { m_focus.handBack(); }
@@ -44,17 +45,20 @@ public:
     const ScreenLayout &layout() const { return m_screens.layout(); }
     Focus &focus() { return m_focus; }
     Stacking &stacking() { return m_stacking; }
-    const Compositing &compositing() const { return m_compositing; }
 
     void surfaceMade(X11Surface &surface) { m_surfaces.push_back(&surface); }
     void surfaceGone(X11Surface &surface);
-    /// Numbers the order-fronts of all surfaces.
+    void windowMade(X11WidgetWindow &window) { m_widgetWindows.push_back(&window); }
+    void windowGone(X11WidgetWindow &window);
+    /// Numbers the order-fronts of all surfaces and windows.
     quint64 nextOrder() { return ++m_lastOrder; }
 
 private:
     void handle(const xcb_generic_event_t &event);
     void handleInput(const xcb_ge_generic_event_t &event);
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
+    void selectionChanged(const xcb_xfixes_selection_notify_event_t &event);
+    void tellOfCompositor();
     void putFailed();
     void displayAll();
     X11Surface *surfaceOf(xcb_window_t window) const;
@@ -65,10 +69,12 @@ private:
     X11Screens m_screens;
     Focus m_focus;
     Keymap m_keymap;
-    Compositing m_compositing;
+    SelectionOwner m_compositor;
+    SelectionOwner m_embeddingTray;
     Stacking m_stacking;
     X11HotKeys m_hotKeys;
     std::vector<X11Surface *> m_surfaces;
+    std::vector<X11WidgetWindow *> m_widgetWindows;
     quint64 m_lastOrder = 0;
 };
 

@@ -151,7 +151,7 @@ void X11Surface::display()
         m_buffer.emplace(m_connection, m_nativeFrame.size());
     const QRegion region = paintDamage(m_buffer->image(), m_scale, std::exchange(m_damage, {}), *m_content);
     m_inked |= region.boundingRect();
-    if (!m_desktop.compositing().isOn())
+    if (!m_desktop.isComposited())
         showPainted(m_connection, m_window, m_buffer->image(), region);
     put(region);
 }
@@ -160,7 +160,7 @@ void X11Surface::compositingChanged()
 {
     if (!m_visible)
         return;
-    if (m_desktop.compositing().isOn()) {
+    if (m_desktop.isComposited()) {
         showWhole(m_connection, m_window);
     } else {
         showNothing(m_connection, m_window);
@@ -176,7 +176,7 @@ void X11Surface::updateInputWindow()
 {
     // Hiding it in mid-drag would hand the release to the application beneath.
     const bool takesPointer = !m_ignoresMouseEvents || m_isLeftButtonHeld;
-    const bool isNeeded = m_visible && takesPointer && !m_desktop.compositing().isOn();
+    const bool isNeeded = m_visible && takesPointer && !m_desktop.isComposited();
     if (isNeeded == m_isInputWindowShown)
         return;
     m_isInputWindowShown = isNeeded;

@@ -1,12 +1,21 @@
 #include "platform/x11/x11_widget_window.h"
 
+#include "platform/x11/properties.h"
 #include "platform/x11/x11_desktop.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include <xcb/shape.h>
 
 namespace zeigewerk::platform::x11 {
 
 X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &widget,
                                  const QMargins &ornament)
     : m_desktop(desktop)
+    , m_connection(desktop.connection())
     , m_role(role)
     , m_widget(widget)
     , m_ornament(ornament)
@@ -17,11 +26,18 @@ X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &
     m_widget.setAttribute(Qt::WA_TranslucentBackground);
     // It is never the active window, and shows its tooltips all the same.
     m_widget.setAttribute(Qt::WA_AlwaysShowToolTips);
+    m_widget.installEventFilter(this);
+    connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::screensChanged);
+    // Of mirrored screens one may go without a change for us; queued, since Qt first tells, then acts.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11WidgetWindow::screensChanged,
+            Qt::QueuedConnection);
+    m_desktop.windowMade(*this);
 }
 
 X11WidgetWindow::~X11WidgetWindow()
 {
-    m_widget.hide();
+    m_desktop.windowGone(*this);
+    orderOut();
 }
 
 QRectF X11WidgetWindow::frame() const
@@ -37,14 +53,83 @@ void X11WidgetWindow::setFrameOrigin(QPointF origin)
 
 void X11WidgetWindow::orderFrontRegardless()
 {
+    m_orderedFront = m_desktop.nextOrder();
+    if (m_visible) {
+        m_desktop.stacking().checkSoon();
+        return;
+    }
     m_visible = true;
-    m_widget.show();
+    show();
 }
 
 void X11WidgetWindow::orderOut()
 {
+    if (!m_visible)
+        return;
     m_visible = false;
     m_widget.hide();
+    m_desktop.stacking().windowHidden();
+}
+
+void X11WidgetWindow::show()
+{
+    adoptNativeWindow();
+    // Some compositors draw such windows in the order in which they were mapped, so it gets its place first.
+    m_desktop.stacking().restack();
+    m_connection.roundTrip();
+    m_widget.show();
+    m_connection.roundTripOfAdopted();
+    // A window that it was put above may have gone meanwhile.
+    m_desktop.stacking().checkSoon();
+}
+
+void X11WidgetWindow::adoptNativeWindow()
+{
+    const auto window = static_cast<xcb_window_t>(m_widget.winId());
+    if (window != m_window) {
+        m_window = window;
+        connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::describeFrame,
+                Qt::UniqueConnection);
+        m_connection.roundTripOfAdopted();
+        refuseShadow(m_connection, m_window);
+    }
+    describeFrame();
+}
+
+void X11WidgetWindow::describeFrame()
+{
+    if (m_window == XCB_NONE)
+        return;
+    const double scale = m_widget.windowHandle()->devicePixelRatio();
+    const QRect frame = m_widget.rect().marginsRemoved(m_ornament);
+    const QRect native((QPointF(frame.topLeft()) * scale).toPoint(), frame.size() * scale);
+    // The bounding shape is Qt's, where a mask of the widget goes; the server intersects the two.
+    const xcb_rectangle_t takesPointer = {
+        static_cast<std::int16_t>(native.x()), static_cast<std::int16_t>(native.y()),
+        static_cast<std::uint16_t>(native.width()), static_cast<std::uint16_t>(native.height())};
+    xcb_shape_rectangles(m_connection.xcb(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
+                         m_window, 0, 0, 1, &takesPointer);
+    setNumbers(m_connection, m_window, "_KDE_NET_WM_BLUR_BEHIND_REGION", XCB_ATOM_CARDINAL,
+               {static_cast<std::uint32_t>(native.x()), static_cast<std::uint32_t>(native.y()),
+                static_cast<std::uint32_t>(native.width()), static_cast<std::uint32_t>(native.height())});
+}
+
+void X11WidgetWindow::screensChanged()
+{
+    if (m_window == XCB_NONE)
+        return;
+    // Qt moves the windows of a screen that goes, and may make them anew or hide them for it.
+    if (m_visible && (!m_widget.isVisible() || m_widget.winId() != m_window))
+        show();
+    else
+        describeFrame();
+}
+
+bool X11WidgetWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize)
+        describeFrame();
+    return QObject::eventFilter(watched, event);
 }
 
 } // namespace zeigewerk::platform::x11

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/widget_window.h"
+#include "platform/x11/connection.h"
 
 #include <QMargins>
 #include <QWidget>
@@ -9,9 +10,12 @@ namespace zeigewerk::platform::x11 {
 
 class X11Desktop;
 
-/// A Qt widget as an override-redirect window among our surfaces.
-class X11WidgetWindow final : public WidgetWindow
+/// A Qt widget as an override-redirect window among our surfaces. Qt makes and paints the window on its own
+/// connection; its place in the stack and its input shape are set from ours.
+class X11WidgetWindow final : public QObject, public WidgetWindow
 {
+    Q_OBJECT
+
 public:
     X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &widget, const QMargins &ornament);
     ~X11WidgetWindow() override;
@@ -22,12 +26,28 @@ public:
     void orderFrontRegardless() override;
     void orderOut() override;
 
+    /// None until it is shown for the first time.
+    xcb_window_t window() const { return m_window; }
+    WidgetRole role() const { return m_role; }
+    /// Counts up with every order-front: within a level the last one is in front.
+    quint64 orderedFront() const { return m_orderedFront; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void show();
+    void adoptNativeWindow();
+    void describeFrame();
+    void screensChanged();
+
     X11Desktop &m_desktop;
+    Connection &m_connection;
     WidgetRole m_role;
     QWidget &m_widget;
     QMargins m_ornament;
+    xcb_window_t m_window = XCB_NONE;
     bool m_visible = false;
+    quint64 m_orderedFront = 0;
 };
 
 } // namespace zeigewerk::platform::x11

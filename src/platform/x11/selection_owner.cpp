@@ -1,14 +1,12 @@
-#include "platform/x11/compositing.h"
-
-#include <xcb/xfixes.h>
+#include "platform/x11/selection_owner.h"
 
 #include <string>
 
 namespace zeigewerk::platform::x11 {
 
-Compositing::Compositing(Connection &connection)
+SelectionOwner::SelectionOwner(Connection &connection, std::string_view service)
     : m_connection(connection)
-    , m_selection(connection.atom(("_NET_WM_CM_S" + std::to_string(connection.screenNumber())).c_str()))
+    , m_selection(connection.atom((std::string(service) + std::to_string(connection.screenNumber())).c_str()))
 {
     xcb_connection_t *xcb = connection.xcb();
     // The extension answers nothing before it has been asked for its version.
@@ -22,18 +20,19 @@ Compositing::Compositing(Connection &connection)
                                               XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                               XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
     }
-    m_isOn = hasOwner();
+    m_exists = ask();
 }
 
-void Compositing::ownerChanged()
+void SelectionOwner::ownerChanged(const xcb_xfixes_selection_notify_event_t &event)
 {
-    if (hasOwner() == m_isOn)
+    // Asked again, since an owner that hands over to the next one is gone for a moment only.
+    if (event.selection != m_selection || ask() == m_exists)
         return;
-    m_isOn = !m_isOn;
+    m_exists = !m_exists;
     Q_EMIT changed();
 }
 
-bool Compositing::hasOwner() const
+bool SelectionOwner::ask() const
 {
     const auto cookie = xcb_get_selection_owner(m_connection.xcb(), m_selection);
     const auto reply = owned(xcb_get_selection_owner_reply(m_connection.xcb(), cookie, nullptr));

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/x11/connection.h"
+#include "platform/x11/struts.h"
+
+namespace zeigewerk::platform::x11 {
+
+/// The size of the whole desktop in pixels: a rectangle around all screens.
+QSize desktopSize(Connection &connection);
+
+/// What the panels keep for themselves now. Without a window manager that lists its windows there are none.
+std::vector<Strut> strutsOfPanels(Connection &connection, const QSize &desktop);
+
+} // namespace zeigewerk::platform::x11

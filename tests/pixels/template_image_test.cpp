@@ -1,0 +1,215 @@
+#include "pixels/picture.h"
+#include "toolbar/template_image.h"
+
+#include <QTest>
+#include <QWidget>
+
+namespace zeigewerk::test {
+
+namespace {
+
+const QColor kTint(200, 90, 30);
+constexpr double kScales[] = {1.0, 1.25, 1.5, 2.0};
+
+/// A square whose right half is covered by half.
+TemplateImage halfCovered()
+{
+    return TemplateImage({8, 8}, [](QPainter &painter) {
+        painter.fillRect(QRectF(0, 0, 4, 8), Qt::black);
+        painter.fillRect(QRectF(4, 0, 4, 8), QColor(0, 0, 0, 128));
+    });
+}
+
+/// A shape that looks different when it is moved by a part of a pixel.
+TemplateImage ring()
+{
+    return TemplateImage({20, 20}, [](QPainter &painter) {
+        painter.setPen(QPen(Qt::black, 2));
+        painter.drawEllipse(QRectF(2, 2, 16, 16));
+    });
+}
+
+QImage blankImage(QSize pixels)
+{
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+QImage painted(const TemplateImage &image, double scale, QPointF topLeft, const QColor &tint = kTint)
+{
+    QImage canvas = blankImage({64, 64});
+    QPainter painter(&canvas);
+    painter.scale(scale, scale);
+    image.paint(painter, topLeft, tint);
+    return canvas;
+}
+
+/// Paints a ring at a corner that lies between the pixels.
+class RingWidget : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+    static constexpr QPointF kTopLeft = {1.3, 2.6};
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        ring().paint(painter, kTopLeft, kTint);
+    }
+};
+
+} // namespace
+
+class TemplateImageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anOpaquePixelHasExactlyTheTint();
+    void theAlphaOfTheTintScalesTheCoverage();
+    void theShapeIsDrawnAtTheScaleOfThePainter_data();
+    void theShapeIsDrawnAtTheScaleOfThePainter();
+    void theCornerMovesToTheNearestPixel_data();
+    void theCornerMovesToTheNearestPixel();
+    void aPixelRatioCountsAsAScale_data();
+    void aPixelRatioCountsAsAScale();
+    void aWidgetWithinAWidgetIsPaintedToWholePixels_data();
+    void aWidgetWithinAWidgetIsPaintedToWholePixels();
+    void thePainterIsLeftAsItWas();
+    void whatHasNoSizePaintsNothing();
+};
+
+void TemplateImageTest::anOpaquePixelHasExactlyTheTint()
+{
+    const QImage image = painted(halfCovered(), 1, {10, 10});
+    QCOMPARE(image.pixelColor(10, 10), kTint);
+    QCOMPARE(image.pixelColor(13, 17), kTint);
+    QCOMPARE(image.pixelColor(9, 10).alpha(), 0);
+    QCOMPARE(image.pixelColor(13, 18).alpha(), 0);
+}
+
+void TemplateImageTest::theAlphaOfTheTintScalesTheCoverage()
+{
+    const QColor faint(0, 0, 0, 204);
+    const QImage image = painted(halfCovered(), 1, {10, 10}, faint);
+    QCOMPARE(image.pixelColor(11, 12), faint);
+    const int half = image.pixelColor(15, 12).alpha();
+    QVERIFY2(qAbs(half - 102) <= 1, QByteArray::number(half));
+}
+
+void TemplateImageTest::theShapeIsDrawnAtTheScaleOfThePainter_data()
+{
+    QTest::addColumn<double>("scale");
+    for (const double scale : kScales)
+        QTest::addRow("scale %g", scale) << scale;
+}
+
+void TemplateImageTest::theShapeIsDrawnAtTheScaleOfThePainter()
+{
+    QFETCH(const double, scale);
+    QImage expected = blankImage({64, 64});
+    {
+        QPainter painter(&expected);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(5, 5);
+        painter.scale(scale, scale);
+        painter.setPen(QPen(kTint, 2));
+        painter.drawEllipse(QRectF(2, 2, 16, 16));
+    }
+    const QImage actual = painted(ring(), scale, {5 / scale, 5 / scale});
+    for (int y = 0; y < 64; ++y) {
+        for (int x = 0; x < 64; ++x) {
+            // What is partly covered may be rounded otherwise when the shape is tinted afterwards.
+            QVERIFY2(qAbs(actual.pixelColor(x, y).alpha() - expected.pixelColor(x, y).alpha()) <= 1,
+                     QByteArray::number(x) + ", " + QByteArray::number(y));
+        }
+    }
+}
+
+void TemplateImageTest::theCornerMovesToTheNearestPixel_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<QPointF>("topLeft");
+    QTest::addColumn<QPoint>("pixel");
+    QTest::newRow("between pixels") << 1.0 << QPointF(3.3, 4.7) << QPoint(3, 5);
+    QTest::newRow("on a pixel") << 1.0 << QPointF(3, 5) << QPoint(3, 5);
+    QTest::newRow("a whole point is between pixels") << 1.25 << QPointF(3, 5) << QPoint(4, 6);
+    QTest::newRow("at one and a half") << 1.5 << QPointF(3.3, 4.7) << QPoint(5, 7);
+    QTest::newRow("at two, half a point") << 2.0 << QPointF(3.5, 4.5) << QPoint(7, 9);
+    QTest::newRow("at two, between pixels") << 2.0 << QPointF(3.3, 4.7) << QPoint(7, 9);
+}
+
+void TemplateImageTest::theCornerMovesToTheNearestPixel()
+{
+    QFETCH(const double, scale);
+    QFETCH(const QPointF, topLeft);
+    QFETCH(const QPoint, pixel);
+    const QImage atOrigin = painted(ring(), scale, {0, 0});
+    QImage expected = blankImage(atOrigin.size());
+    QPainter(&expected).drawImage(pixel, atOrigin);
+    QCOMPARE(firstDifference(painted(ring(), scale, topLeft), expected), QString());
+}
+
+void TemplateImageTest::aPixelRatioCountsAsAScale_data()
+{
+    theShapeIsDrawnAtTheScaleOfThePainter_data();
+}
+
+void TemplateImageTest::aPixelRatioCountsAsAScale()
+{
+    QFETCH(const double, scale);
+    QImage actual = blankImage({64, 64});
+    actual.setDevicePixelRatio(scale);
+    {
+        QPainter painter(&actual);
+        ring().paint(painter, {3.3, 4.7}, kTint);
+    }
+    actual.setDevicePixelRatio(1);
+    QCOMPARE(firstDifference(actual, painted(ring(), scale, {3.3, 4.7})), QString());
+}
+
+void TemplateImageTest::aWidgetWithinAWidgetIsPaintedToWholePixels_data()
+{
+    theShapeIsDrawnAtTheScaleOfThePainter_data();
+}
+
+void TemplateImageTest::aWidgetWithinAWidgetIsPaintedToWholePixels()
+{
+    QFETCH(const double, scale);
+    QWidget parent;
+    parent.resize(32, 32);
+    RingWidget child(&parent);
+    child.setGeometry(3, 5, 28, 26);
+    QImage actual = blankImage({64, 64});
+    actual.setDevicePixelRatio(scale);
+    parent.render(&actual, {}, {}, QWidget::DrawChildren);
+    actual.setDevicePixelRatio(1);
+    const QPointF topLeft = RingWidget::kTopLeft + QPointF(child.pos());
+    QCOMPARE(firstDifference(actual, painted(ring(), scale, topLeft)), QString());
+}
+
+void TemplateImageTest::thePainterIsLeftAsItWas()
+{
+    QImage image = blankImage({64, 64});
+    QPainter painter(&image);
+    painter.translate(3, 4);
+    painter.scale(1.25, 1.25);
+    const QTransform transform = painter.worldTransform();
+    halfCovered().paint(painter, {1.1, 2.2}, kTint);
+    QCOMPARE(painter.worldTransform(), transform);
+    QCOMPARE(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
+}
+
+void TemplateImageTest::whatHasNoSizePaintsNothing()
+{
+    const TemplateImage nothing({0, 0}, [](QPainter &painter) { painter.fillRect(0, 0, 9, 9, Qt::black); });
+    QVERIFY(isBlank(painted(nothing, 1, {3, 4})));
+}
+
+} // namespace zeigewerk::test
+
+QTEST_MAIN(zeigewerk::test::TemplateImageTest)
+#include "template_image_test.moc"

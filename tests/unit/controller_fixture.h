@@ -55,7 +55,7 @@ public:
     }
 
     /// Performs the operations that the letters name, one after the other: d draw, w whiteboard, s spotlight,
-    /// k clicks, p pin, r cursor ring, e Esc.
+    /// k clicks, p pin, r cursor ring, f auto-fade, e Esc.
     void perform(const QString &letters)
     {
         app();
@@ -78,6 +78,9 @@ public:
                 break;
             case u'r':
                 app().toggleRing();
+                break;
+            case u'f':
+                app().toggleFade();
                 break;
             case u'e':
                 app().escapePressed();

@@ -6,6 +6,7 @@
 #include "platform/x11/connection.h"
 #include "platform/x11/focus.h"
 #include "platform/x11/keymap.h"
+#include "platform/x11/scrolling.h"
 #include "platform/x11/stacking.h"
 #include "platform/x11/x11_hot_keys.h"
 #include "platform/x11/x11_screens.h"
@@ -68,6 +69,7 @@ private:
     Compositing m_compositing;
     Stacking m_stacking;
     X11HotKeys m_hotKeys;
+    Scrolling m_scrolling;
     std::vector<X11Surface *> m_surfaces;
     quint64 m_lastOrder = 0;
 };

@@ -27,6 +27,8 @@ QString storedRadius(const DesktopSession &session)
 
 } // namespace
 
+Q_DECLARE_METATYPE(zeigewerk::rig::Compositor)
+
 class WheelScenarios : public QObject
 {
     Q_OBJECT
@@ -37,6 +39,9 @@ private Q_SLOTS:
     void whileDrawingNothingReachesTheWindowBeneath();
     void withoutTheSpotlightTheWheelChangesNothing();
     void overTheSpotlightAloneTheWheelBelongsToTheApplications();
+    void aScrollAxisIsHeardInsteadOfItsButtons_data();
+    void aScrollAxisIsHeardInsteadOfItsButtons();
+    void whatAScrollAxisDidElsewhereDoesNotCount();
 };
 
 void WheelScenarios::theWheelWidensTheSpotlightForGood()
@@ -125,6 +130,67 @@ void WheelScenarios::overTheSpotlightAloneTheWheelBelongsToTheApplications()
     EVENTUALLY(on.beneath.presses(Pointer::WheelUp).size() == 2);
     QVERIFY(reaches(on.session, kRadius, on.beneathColor()));
     QCOMPARE(storedRadius(on.session), QString());
+}
+
+void WheelScenarios::aScrollAxisIsHeardInsteadOfItsButtons_data()
+{
+    QTest::addColumn<Compositor>("compositor");
+    QTest::newRow("composited") << Compositor::Picom;
+    QTest::newRow("without a compositor") << Compositor::None;
+}
+
+void WheelScenarios::aScrollAxisIsHeardInsteadOfItsButtons()
+{
+    QFETCH(Compositor, compositor);
+    if (!ScrollMouse::isAvailable())
+        QSKIP("this X server comes without its test driver for input devices");
+    Presentation on({.compositor = compositor, .mice = Mice::WithScrollAxis});
+    ScrollMouse mouse(on.session.display().scrollMousePath());
+    QVERIFY(on.session.pointer().moveTo(kMiddle));
+    on.hotKey(Key::W);
+    on.hotKey(Key::S);
+    EVENTUALLY(reaches(on.session, kRadius, Qt::white));
+    EVENTUALLY(on.hasKeyboard());
+    on.beneath.forget();
+
+    // The first notch counts already, and each counts once.
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius + kNotch));
+    QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
+    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius - 2 * kNotch));
+    EVENTUALLY(reaches(on.session, kRadius - 2 * kNotch, Qt::white));
+    // Fingers: a third of a notch is five points.
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch / 3));
+    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius - 2 * kNotch + 6));
+    // The classic wheel beside it.
+    QVERIFY(on.session.pointer().wheel(1));
+    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius - kNotch + 6));
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius + 6));
+    QVERIFY(on.beneath.presses(Pointer::WheelUp).isEmpty());
+}
+
+void WheelScenarios::whatAScrollAxisDidElsewhereDoesNotCount()
+{
+    if (!ScrollMouse::isAvailable())
+        QSKIP("this X server comes without its test driver for input devices");
+    Presentation on({.mice = Mice::WithScrollAxis});
+    ScrollMouse mouse(on.session.display().scrollMousePath());
+    QVERIFY(on.session.pointer().moveTo(kMiddle));
+    for (const int round : {1, 2}) {
+        on.beneath.forget();
+        QVERIFY(mouse.scroll(10 * ScrollMouse::kNotch));
+        EVENTUALLY(on.beneath.presses(Pointer::WheelDown).size() == 10);
+        on.hotKey(Key::W);
+        on.hotKey(Key::S);
+        EVENTUALLY(on.hasKeyboard());
+        EVENTUALLY(reaches(on.session, kRadius + (round - 1) * kNotch, Qt::white));
+        QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+        EVENTUALLY(storedRadius(on.session) == QString::number(kRadius + round * kNotch));
+        on.session.keyboard().tap(Key::Escape);
+        EVENTUALLY(on.beneath.hasFocus());
+        EVENTUALLY(on.pixel({10, 10}) == on.beneathColor());
+    }
 }
 
 QTEST_GUILESS_MAIN(WheelScenarios)

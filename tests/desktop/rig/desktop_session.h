@@ -24,6 +24,7 @@ struct DesktopSetup
     QList<QRect> screens = {VirtualDisplay::kFullHd};
     WindowManager windowManager = WindowManager::Openbox;
     Compositor compositor = Compositor::Picom;
+    Mice mice = Mice::XTestOnly;
     /// Set for every process of the session, beside what the session itself sets.
     QMap<QString, QString> environment = {};
 };

@@ -78,7 +78,8 @@ QString removeShapes(Canvas &canvas, RandomShapes &random)
 /// Sometimes with the timer's tick, which removes what has dissolved.
 QString passTime(Canvas &canvas, RandomShapes &random)
 {
-    canvas.pass(random.chance(0.1) ? -2.0 : random.real(0.0, 1.5));
+    // A moment, backwards, into the middle of dissolving, or past its end.
+    canvas.pass(random.oneOf(std::array{random.real(0.0, 1.5), -2.0, 4.4, 5.0}));
     if (random.chance(0.3))
         return QStringLiteral("time passed");
     canvas.app().tickFade();
@@ -93,10 +94,9 @@ QString takeStep(Canvas &canvas, RandomShapes &random)
         return removeShapes(canvas, random);
     case 1:
     case 2:
-    case 3:
         return changeModes(canvas, random);
+    case 3:
     case 4:
-    case 5:
         return passTime(canvas, random);
     default:
         return useTheMouse(canvas, random);

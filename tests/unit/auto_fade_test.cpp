@@ -12,17 +12,12 @@ class AutoFadeTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theTimerRunsExactlyWhileSomethingMayFade_data();
-    void theTimerRunsExactlyWhileSomethingMayFade();
     void aStrokeHoldsThenDissolvesThenGoes_data();
     void aStrokeHoldsThenDissolvesThenGoes();
-    void itGoesByItself();
-    void withTheLastShapeTheTimerEnds();
     void strokesGoOneAfterTheOtherInTheirOrder();
     void strokesOnEveryScreenFade();
     void theWhiteboardSuspendsFading();
     void turnedOffFadingStrokesAreOpaqueAgain();
-    void finishingShapesKeepsTheTimersRhythm();
     void theShapeInProgressNeitherFadesNorCounts();
     void aPinnedDrawingFades();
     void theSettingIsWritten();
@@ -48,42 +43,6 @@ int inkAlpha(Controller &controller, std::size_t screen = 0)
 }
 
 } // namespace
-
-void AutoFadeTest::theTimerRunsExactlyWhileSomethingMayFade_data()
-{
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("after");
-    QTest::addColumn<bool>("runs");
-
-    const auto row = [](const char *name, const char *before, const char *after, bool runs) {
-        QTest::newRow(name) << QString(before) << QString(after) << runs;
-    };
-    // A stroke is drawn between the operations.
-    row("never turned on", "d", "", false);
-    row("turned on before", "fd", "", true);
-    row("turned on afterwards", "d", "f", true);
-    row("turned on and off", "fd", "f", false);
-    row("on the whiteboard", "fw", "", false);
-    row("the whiteboard comes", "fd", "w", false);
-    row("the whiteboard comes and goes", "fd", "ww", true);
-    row("pinned", "fd", "p", true);
-    row("drawing ends", "fd", "d", false);
-    row("everything ends", "fds", "e", false);
-    row("with other modes", "fdskr", "", true);
-}
-
-void AutoFadeTest::theTimerRunsExactlyWhileSomethingMayFade()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, after);
-    QFETCH(bool, runs);
-    Controller controller;
-    controller.perform(before);
-    QVERIFY(!controller.app().isFadeTimerRunning());
-    controller.draw(controller.view());
-    controller.perform(after);
-    QCOMPARE(controller.app().isFadeTimerRunning(), runs);
-}
 
 void AutoFadeTest::aStrokeHoldsThenDissolvesThenGoes_data()
 {
@@ -112,40 +71,6 @@ void AutoFadeTest::aStrokeHoldsThenDissolvesThenGoes()
     QVERIFY(std::abs(inkAlpha(controller) - alpha) <= 1);
     QCOMPARE(!controller.view().shapes().empty(), isThere);
     QCOMPARE(controller.app().isFadeTimerRunning(), isThere);
-}
-
-void AutoFadeTest::itGoesByItself()
-{
-    Controller controller;
-    startWithFading(controller);
-    controller.draw(controller.view());
-    QCOMPARE(inkAlpha(controller), 255);
-    controller.passTime(4.4);
-    QTRY_VERIFY(std::abs(inkAlpha(controller) - 128) <= 1);
-    controller.passTime(0.4);
-    QTRY_VERIFY(!controller.app().isFadeTimerRunning());
-    QVERIFY(controller.view().shapes().empty());
-    QCOMPARE(inkAlpha(controller), 0);
-}
-
-void AutoFadeTest::withTheLastShapeTheTimerEnds()
-{
-    Controller controller(test::twoScreens());
-    startWithFading(controller);
-    controller.draw(controller.view(0));
-    controller.passTime(1.0);
-    controller.draw(controller.view(1));
-    controller.passTime(3.9);
-    controller.app().tickFade();
-    QVERIFY(controller.view(0).shapes().empty());
-    QVERIFY(controller.app().isFadeTimerRunning());
-    controller.passTime(1.0);
-    controller.app().tickFade();
-    QVERIFY(controller.view(1).shapes().empty());
-    QVERIFY(!controller.app().isFadeTimerRunning());
-    // The next stroke starts over.
-    controller.draw(controller.view(0));
-    QVERIFY(controller.app().isFadeTimerRunning());
 }
 
 void AutoFadeTest::strokesGoOneAfterTheOtherInTheirOrder()
@@ -219,24 +144,6 @@ void AutoFadeTest::turnedOffFadingStrokesAreOpaqueAgain()
     controller.app().tickFade();
     QVERIFY(controller.view().shapes().empty());
     QCOMPARE(inkAlpha(controller), 0);
-}
-
-void AutoFadeTest::finishingShapesKeepsTheTimersRhythm()
-{
-    Controller controller;
-    startWithFading(controller);
-    controller.draw(controller.view(), {50, 50}, {60, 50});
-    controller.passTime(5.0);
-    // Finished faster than the timer ticks, shapes would put its tick off for ever if each began it anew.
-    const auto isFirstThere = [&] { return controller.view().shapes().front().start == QPointF(50, 50); };
-    constexpr int kShorterThanATick = 5;
-    const QDeadlineTimer deadline(5000);
-    while (isFirstThere() && !deadline.hasExpired()) {
-        controller.draw(controller.view());
-        QTest::qWait(kShorterThanATick);
-    }
-    QVERIFY(!isFirstThere());
-    QVERIFY(controller.app().isFadeTimerRunning());
 }
 
 void AutoFadeTest::theShapeInProgressNeitherFadesNorCounts()

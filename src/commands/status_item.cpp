@@ -1,7 +1,65 @@
 #include "commands/status_item.h"
 
+#include "commands/status_icon.h"
+#include "core/app_delegate.h"
+
 namespace zeigewerk {
 
-StatusItem::StatusItem(platform::Desktop &, AppDelegate &) {}
+StatusItem::StatusItem(platform::Desktop &desktop, AppDelegate &app)
+    : m_desktop(desktop)
+    , m_app(app)
+    , m_menu(app)
+{
+    connect(&m_notifiers, &NotifierWatch::stateChanged, this, &StatusItem::showIconIfPossible);
+    connect(&m_notifiers, &NotifierWatch::watcherReplaced, this, &StatusItem::registerAgain);
+    connect(&m_desktop, &platform::Desktop::embeddingTrayChanged, this, &StatusItem::showIconIfPossible);
+    showIconIfPossible();
+}
+
+StatusItem::~StatusItem() = default;
+
+bool StatusItem::isTrayThere() const
+{
+    switch (m_notifiers.state()) {
+    case NotifierWatch::State::HostRegistered:
+        return true;
+    case NotifierWatch::State::NoWatcher:
+        return m_desktop.hasEmbeddingTray();
+    case NotifierWatch::State::Unknown:
+    case NotifierWatch::State::NoHost:
+        return false;
+    }
+    return false;
+}
+
+void StatusItem::showIconIfPossible()
+{
+    if (m_icon || !isTrayThere())
+        return;
+    m_icon = std::make_unique<QSystemTrayIcon>(statusIcon());
+    m_icon->setToolTip(QStringLiteral("Zeigewerk"));
+    m_icon->setContextMenu(&m_menu.trayMenu());
+    connect(m_icon.get(), &QSystemTrayIcon::activated, this, &StatusItem::activated);
+    m_icon->show();
+}
+
+void StatusItem::registerAgain()
+{
+    // Qt does so by itself where the watcher's name was free for a moment, but not where it was handed over.
+    if (!m_icon)
+        return;
+    m_icon->hide();
+    m_icon->show();
+}
+
+void StatusItem::activated(QSystemTrayIcon::ActivationReason reason)
+{
+    // A tray that cannot show the menu itself asks for it with a right click. Where Qt has opened the tray's
+    // menu by then, there is no need for a second one.
+    const bool wantsMenu = reason == QSystemTrayIcon::Trigger ||
+                           (reason == QSystemTrayIcon::Context && !m_menu.trayMenu().isVisible());
+    if (wantsMenu)
+        m_app.openStatusMenu();
+}
 
 } // namespace zeigewerk

@@ -1,14 +1,146 @@
+#include "commands/status_menu.h"
+
 #include "commands/status_item.h"
 #include "core/app_delegate.h"
 
+#include <QAction>
+#include <QCursor>
+#include <QKeyEvent>
+
+#include <array>
+
 namespace zeigewerk {
+
+namespace {
+
+struct Row
+{
+    /// Empty for a separator.
+    QStringView title;
+    /// None for a line that only explains.
+    void (AppDelegate::*operation)() = nullptr;
+    /// Shown as a check mark, or in the wording where there is a second title.
+    bool (AppDelegate::*flag)() const = nullptr;
+    QStringView titleWhenOff = {};
+};
+
+/// The modifiers are written as glyphs in the titles, since these combinations are hot keys: as shortcuts of
+/// the actions Qt would act on them a second time. Quitting is the last row.
+constexpr Row kSeparator = {};
+constexpr std::array kRows = {
+    Row{u"Zeichnen  ⌃⌥D", &AppDelegate::toggleDraw, &AppDelegate::drawOn},
+    Row{u"Spotlight  ⌃⌥S", &AppDelegate::toggleSpot, &AppDelegate::spotlightOn},
+    Row{u"Whiteboard  ⌃⌥W", &AppDelegate::toggleBoard, &AppDelegate::whiteboardOn},
+    Row{u"Klicks anzeigen  ⌃⌥K", &AppDelegate::toggleClicks, &AppDelegate::clicksOn},
+    Row{u"Zeichnung anpinnen  ⌃⌥P", &AppDelegate::togglePin, &AppDelegate::pinnedOn},
+    Row{u"Cursor-Ring", &AppDelegate::toggleRing, &AppDelegate::cursorRingOn},
+    Row{u"Auto-Fade (4 s)", &AppDelegate::toggleFade, &AppDelegate::autoFadeOn},
+    Row{u"Werkzeugleiste dunkel", &AppDelegate::toggleDarkUI, &AppDelegate::darkUI},
+    kSeparator,
+    Row{u"Alles löschen", &AppDelegate::clearAll},
+    Row{u"Werkzeugleiste ausblenden  ⌃⌥T", &AppDelegate::toggleToolbar, &AppDelegate::toolbarVisible,
+        u"Werkzeugleiste einblenden  ⌃⌥T"},
+    kSeparator,
+    Row{u"Esc beendet Zeichnen/Spotlight"},
+    Row{u"⌥ + Scrollen: Spotlight-Größe"},
+    Row{u"⇧ beim Zeichnen: gerade Linie / Quadrat / Kreis"},
+    kSeparator,
+    Row{u"Zeigewerk beenden", &AppDelegate::quit},
+};
+
+bool hasCheckMark(const Row &row)
+{
+    return row.flag && row.titleWhenOff.isEmpty();
+}
+
+} // namespace
+
+StatusMenu::StatusMenu(AppDelegate &app)
+    : m_app(app)
+{
+    buildActions();
+    buildMenu(m_trayMenu);
+    buildMenu(m_popupMenu);
+    rebuild();
+}
+
+void StatusMenu::buildActions()
+{
+    for (const Row &row : kRows) {
+        auto *action = new QAction(row.title.toString(), this);
+        action->setSeparator(row.title.isEmpty());
+        action->setCheckable(hasCheckMark(row));
+        action->setEnabled(row.operation || action->isSeparator());
+        if (row.operation) {
+            connect(action, &QAction::triggered, this, [this, operation = row.operation] {
+                (m_app.*operation)();
+                // Clicking has flipped the check mark, whether the operation did anything or not.
+                rebuild();
+            });
+        }
+        m_actions.push_back(action);
+    }
+    m_quit = m_actions.back();
+    // For show: Qt has no actions fire that are in nothing but a menu without a menu bar, and the narrowest
+    // context keeps it so. What acts is the event filter.
+    m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    m_quit->setShortcutContext(Qt::WidgetShortcut);
+    m_quit->setShortcutVisibleInContextMenu(true);
+}
+
+void StatusMenu::buildMenu(QMenu &menu)
+{
+    menu.setTitle(QStringLiteral("Zeigewerk"));
+    menu.setAccessibleName(menu.title());
+    for (QAction *action : m_actions)
+        menu.addAction(action);
+    menu.installEventFilter(this);
+}
+
+void StatusMenu::rebuild()
+{
+    for (std::size_t i = 0; i < kRows.size(); ++i) {
+        const Row &row = kRows[i];
+        if (!row.flag)
+            continue;
+        const bool isOn = (m_app.*row.flag)();
+        if (hasCheckMark(row))
+            m_actions[i]->setChecked(isOn);
+        else
+            m_actions[i]->setText((isOn ? row.title : row.titleWhenOff).toString());
+    }
+}
+
+void StatusMenu::popUp(const QPoint &place)
+{
+    // One that is open stays where it is when it is merely popped up again.
+    m_popupMenu.close();
+    m_popupMenu.popup(place);
+}
+
+bool StatusMenu::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (m_quit->shortcut() == QKeySequence(key->keyCombination())) {
+            static_cast<QMenu *>(watched)->close();
+            m_quit->trigger();
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
 
 void AppDelegate::rebuildMenu()
 {
-    if (!m_statusItem)
-        return;
+    if (m_statusItem)
+        m_statusItem->menu().rebuild();
 }
 
-void AppDelegate::openStatusMenu() {}
+void AppDelegate::openStatusMenu()
+{
+    if (m_statusItem)
+        m_statusItem->menu().popUp(QCursor::pos());
+}
 
 } // namespace zeigewerk

@@ -134,6 +134,8 @@ public:
 
     // Status menu: commands/status_menu.cpp
 
+    /// The item in the tray with its menu; null before launch.
+    StatusItem *statusItem() const { return m_statusItem.get(); }
     /// Has the menu show the state as it is now.
     void rebuildMenu();
     /// Opens the menu at the pointer.

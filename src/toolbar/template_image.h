@@ -23,7 +23,8 @@ public:
     /// In points.
     QSizeF size() const { return m_size; }
     /// Paints the shape in that colour, its alpha included, with the upper left corner at `topLeft` moved to
-    /// the nearest whole pixel, so that a straight edge on the image's grid stays sharp.
+    /// the nearest whole pixel, so that a straight edge on the image's grid stays sharp. The painter may be
+    /// moved and scaled up or down, not turned or mirrored.
     void paint(QPainter &painter, QPointF topLeft, const QColor &tint) const;
 
 private:

@@ -61,6 +61,9 @@ public:
     void stopCompositor();
     void startCompositor();
 
+    /// Ends the session bus; nothing starts it again.
+    void stopBus() { m_bus.reset(); }
+
     /// The window manager's process, or 0 without one.
     qint64 windowManagerProcessId() const { return m_windowManager ? m_windowManager->processId() : 0; }
 

@@ -1,0 +1,83 @@
+#include "commands/notifier_watch.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QDBusVariant>
+
+namespace zeigewerk {
+
+namespace {
+
+// The interface of the watcher is called as its service is.
+const QString kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
+
+} // namespace
+
+NotifierWatch::NotifierWatch()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        m_state = State::NoWatcher;
+        return;
+    }
+    m_owner = std::make_unique<QDBusServiceWatcher>(kWatcher, bus, QDBusServiceWatcher::WatchForOwnerChange);
+    connect(m_owner.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString &, const QString &oldOwner, const QString &newOwner) {
+                ownerChanged(oldOwner, newOwner);
+            });
+    bus.connect(kWatcher, kWatcherPath, kWatcher, QStringLiteral("StatusNotifierHostRegistered"), this,
+                SLOT(askForHost()));
+    askForHost();
+}
+
+NotifierWatch::~NotifierWatch() = default;
+
+void NotifierWatch::ownerChanged(const QString &oldOwner, const QString &newOwner)
+{
+    if (newOwner.isEmpty()) {
+        m_question.reset();
+        setState(State::NoWatcher);
+        return;
+    }
+    if (!oldOwner.isEmpty())
+        Q_EMIT watcherReplaced();
+    askForHost();
+}
+
+void NotifierWatch::askForHost()
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        kWatcher, kWatcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << kWatcher << QStringLiteral("IsStatusNotifierHostRegistered");
+    // Whether there is a tray is for the desktop to decide.
+    question.setAutoStartService(false);
+    m_question = std::make_unique<QDBusPendingCallWatcher>(QDBusConnection::sessionBus().asyncCall(question));
+    connect(m_question.get(), &QDBusPendingCallWatcher::finished, this, &NotifierWatch::takeAnswer);
+}
+
+void NotifierWatch::takeAnswer()
+{
+    const QDBusPendingReply<QDBusVariant> answer = *m_question;
+    // We are called by this object.
+    m_question.release()->deleteLater();
+    if (answer.isValid())
+        setState(answer.value().variant().toBool() ? State::HostRegistered : State::NoHost);
+    else if (answer.error().type() == QDBusError::ServiceUnknown)
+        setState(State::NoWatcher);
+    else
+        setState(State::NoHost);
+}
+
+void NotifierWatch::setState(State state)
+{
+    if (state == m_state)
+        return;
+    m_state = state;
+    Q_EMIT stateChanged();
+}
+
+} // namespace zeigewerk

@@ -1,0 +1,45 @@
+#include "bus.h"
+
+#include "desktop_session.h"
+#include "eventually.h"
+#include "rig_error.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QUuid>
+
+namespace zeigewerk::rig {
+
+Bus::Bus(const DesktopSession &session)
+    : m_name(QUuid::createUuid().toString())
+    , m_connection(QDBusConnection::connectToBus(session.busAddress(), m_name))
+{
+    if (!m_connection.isConnected())
+        failRig(QStringLiteral("the session bus does not answer"));
+}
+
+Bus::~Bus()
+{
+    QDBusConnection::disconnectFromBus(m_name);
+}
+
+std::optional<QVariantList> Bus::call(const QString &service, const QString &path, const QString &interface,
+                                      const QString &method, const QVariantList &arguments)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
+    message.setArguments(arguments);
+    const QDBusPendingCall call = m_connection.asyncCall(message);
+    if (!eventually([&] { return call.isFinished(); }) || call.isError())
+        return std::nullopt;
+    return call.reply().arguments();
+}
+
+QVariantMap Bus::properties(const QString &service, const QString &path, const QString &interface)
+{
+    const auto answer = call(service, path, QStringLiteral("org.freedesktop.DBus.Properties"),
+                             QStringLiteral("GetAll"), {interface});
+    return answer && !answer->isEmpty() ? qdbus_cast<QVariantMap>(answer->first()) : QVariantMap();
+}
+
+} // namespace zeigewerk::rig

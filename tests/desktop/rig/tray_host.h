@@ -1,0 +1,80 @@
+// The part of a tray that shows the items, as a panel does, and that a hand clicks on.
+#pragma once
+
+#include "bus.h"
+#include "tray_menu.h"
+
+#include <QDBusMessage>
+#include <QDBusServiceWatcher>
+#include <QPoint>
+#include <QSize>
+
+namespace zeigewerk::rig {
+
+/// An item as it describes itself.
+struct TrayItem
+{
+    /// The connection that registered it.
+    QString service;
+    QString id;
+    QString title;
+    QString status;
+    /// The first line of its tooltip.
+    QString toolTip;
+    /// Of the icon theme; empty where the item brings pictures.
+    QString iconName;
+    QList<QSize> iconSizes;
+    QString menuPath;
+};
+
+/// A StatusNotifierHost. It registers with the watcher that is there, and with each one that comes; several
+/// may exist in one session.
+class TrayHost : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Not started yet.
+    explicit TrayHost(const DesktopSession &session);
+    /// Stops it.
+    ~TrayHost() override;
+
+    void start();
+    /// Leaves, as far as the watcher can see.
+    void stop();
+
+    /// The items that the watcher knows, as they describe themselves now; one that does not answer is left
+    /// out. Empty without a watcher.
+    QList<TrayItem> items();
+    /// The item's menu without its root; empty if it cannot be read.
+    QList<TrayMenuItem> menu(const TrayItem &item);
+    /// Clicks on an entry of its menu. False if the item did not take it.
+    bool click(const TrayItem &item, int entry);
+    /// A plain click on the item, at that place in native root pixels. False if the item did not take it.
+    bool activate(const TrayItem &item, QPoint place);
+    /// What a host does at a right click if it does not show menus itself.
+    bool openContextMenu(const TrayItem &item, QPoint place);
+
+    /// How many times some menu said that its entries are others now, since forget().
+    int layoutUpdates() const { return m_layoutUpdates; }
+    /// What menus said of the check mark of an entry since forget(), in order.
+    QList<int> toggleStatesTold(int entry) const { return m_toggleStates.value(entry); }
+    void forget();
+
+private Q_SLOTS:
+    void noteLayoutUpdated() { ++m_layoutUpdates; }
+    void notePropertiesUpdated(const QDBusMessage &message);
+
+private:
+    void registerWithWatcher();
+    bool tellItem(const TrayItem &item, const QString &method, QPoint place);
+
+    Bus m_bus;
+    QString m_service;
+    QDBusServiceWatcher m_watcher;
+    bool m_isStarted = false;
+    int m_layoutUpdates = 0;
+    QMap<int, QList<int>> m_toggleStates;
+};
+
+} // namespace zeigewerk::rig

@@ -1,0 +1,32 @@
+// A menu that another program shows, read over D-Bus.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QVariant>
+
+namespace zeigewerk::rig {
+
+/// An entry of a com.canonical.dbusmenu; what is not said has the protocol's default.
+struct TrayMenuItem
+{
+    int id = 0;
+    QString label;
+    bool enabled = true;
+    bool visible = true;
+    /// "standard" or "separator".
+    QString type = QStringLiteral("standard");
+    /// "checkmark", "radio", or empty for an entry without any mark.
+    QString toggleType;
+    /// 1 is on, 0 off, anything else neither.
+    int toggleState = -1;
+    QList<TrayMenuItem> children;
+
+    bool isSeparator() const { return type == QStringLiteral("separator"); }
+    bool isChecked() const { return toggleState == 1; }
+};
+
+/// The root of a layout as GetLayout returns it: the structure (ia{sv}av).
+TrayMenuItem readMenu(const QVariant &layout);
+
+} // namespace zeigewerk::rig

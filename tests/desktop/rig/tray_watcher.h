@@ -1,0 +1,53 @@
+// The part of a tray that keeps the list of its items.
+#pragma once
+
+#include "bus.h"
+
+#include <QDBusServiceWatcher>
+#include <QDBusVirtualObject>
+#include <QStringList>
+
+namespace zeigewerk::rig {
+
+/// A StatusNotifierWatcher: items and hosts register with it, and it forgets those that leave the bus. While
+/// another one has the name on the bus, it queues for it.
+class TrayWatcher : public QDBusVirtualObject
+{
+public:
+    static const QString kService;
+    static const QString kPath;
+
+    /// Not started yet.
+    explicit TrayWatcher(const DesktopSession &session);
+    /// Stops it.
+    ~TrayWatcher() override;
+
+    /// Asks for the name with no items and no hosts. Throws RigError if it is neither given nor promised.
+    void start();
+    /// Gives the name up and forgets everyone.
+    void stop();
+
+    /// The services of the registered items, each once, the oldest first.
+    QStringList items() const { return m_items; }
+    /// How many times an item registered since the last start, each time counted.
+    int registrations() const { return m_registrations; }
+
+    QString introspect(const QString &path) const override;
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+
+private:
+    void registerItem(const QDBusMessage &message);
+    void registerHost(const QDBusMessage &message);
+    void forget(const QString &service);
+    void tell(const QString &signal, const QVariantList &arguments = {});
+    QVariantMap properties() const;
+
+    Bus m_bus;
+    QDBusServiceWatcher m_leaving;
+    QStringList m_items;
+    QStringList m_hosts;
+    int m_registrations = 0;
+    bool m_isStarted = false;
+};
+
+} // namespace zeigewerk::rig

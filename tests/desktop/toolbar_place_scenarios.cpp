@@ -11,19 +11,20 @@ const QRect kScreen = VirtualDisplay::kFullHd;
 const char kFolder[] = ".config/zeigewerk";
 const char kFile[] = ".config/zeigewerk/zeigewerk.ini";
 
+const Program &ready(Program &program)
+{
+    if (!program.waitUntilReady())
+        failRig("the program does not start");
+    return program;
+}
+
 /// From one start of the program to its end.
 struct Run
 {
     explicit Run(DesktopSession &session, double scale = 1.0)
         : program(session, {{"QT_SCALE_FACTOR", QString::number(scale)}})
-        , presenter((awaitReady(), session), program, scale)
+        , presenter(session, ready(program), scale)
     {
-    }
-
-    void awaitReady()
-    {
-        if (!program.waitUntilReady())
-            failRig("the program does not start");
     }
 
     Program program;

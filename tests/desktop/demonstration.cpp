@@ -69,22 +69,22 @@ bool Demonstration::everyTool()
     const QRect title(slideTitleLeft(), QSize(800, 80));
     const bool isDrawn =
         drawWith(button::kLine, Navy, Broad, straight({160, 222}, {950, 222})) &&
-        drawWith(button::kHighlighter, Yellow, Medium, straight({1280, 408}, {1530, 408})) &&
-        drawWith(button::kRectangle, Blue, Medium, straight({1222, 458}, {1540, 534})) &&
+        drawWith(button::kHighlighter, Yellow, Medium, straight({1152, 408}, {1455, 408})) &&
+        drawWith(button::kRectangle, Blue, Medium, straight({1092, 458}, {1536, 534})) &&
         drawWith(button::kEllipse, Green, Medium, straight({180, 630}, {390, 930})) &&
         drawWith(button::kArrow, Red, Broad, straight({600, 390}, slideChartTop() + QPoint(-82, 20))) &&
-        drawWith(button::kPen, Orange, Medium, loopAround({1400, 592}, 250, 76));
+        drawWith(button::kPen, Orange, Medium, loopAround({1436, 588}, 210, 84));
     return isDrawn && shows("2-tools.png", "pen, highlighter, line, arrow, rectangle, ellipse", [&] {
                return count(title, kColors[Navy]) > 2000 && count(kScreen, kColors[Red]) > 1000 &&
                       count(kScreen, kColors[Green]) > 1000 && count(kScreen, kColors[Blue]) > 1000 &&
-                      count({1280, 540, 260, 100}, kColors[Orange]) > 500;
+                      count({1300, 540, 240, 100}, kColors[Orange]) > 500;
            });
 }
 
 bool Demonstration::undo()
 {
     return choose(button::kUndo) && shows("3-undo.png", "the newest mark taken back", [&] {
-               return count({1280, 540, 260, 100}, kColors[Orange]) == 0 &&
+               return count({1300, 540, 240, 100}, kColors[Orange]) == 0 &&
                       count(kScreen, kColors[Red]) > 1000;
            });
 }

@@ -150,7 +150,7 @@ void ToolbarWindowScenarios::hiddenItIsGoneAndComesBackAtTheSamePlace()
     on.hotKey(Key::T);
     EVENTUALLY(isShown());
     QCOMPARE(on.presenter.panel(), panel);
-    EVENTUALLY(!on.isUntouched(panel));
+    EVENTUALLY(on.pixel(panel.center()) != on.beneathColor());
 
     // While it is hidden, what turns a canvas on does not bring it back.
     on.hotKey(Key::T);

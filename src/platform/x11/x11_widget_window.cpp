@@ -20,7 +20,8 @@ X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &
     , m_widget(widget)
     , m_ornament(ornament)
 {
-    m_widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
+    // Not a tool window: Qt raises those over everything whenever it shows them.
+    m_widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
                             Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus);
     m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
     m_widget.setAttribute(Qt::WA_TranslucentBackground);

@@ -63,6 +63,10 @@ public:
             m_window->setFrameOrigin(QPointF(number(1), number(2)));
         else if (verb == QStringLiteral("resize"))
             m_slab.resize(QSize(number(1), number(2)).grownBy(kOrnament));
+        else if (verb == QStringLiteral("mask"))
+            m_slab.setMask(m_slab.rect().marginsRemoved(kOrnament));
+        else if (verb == QStringLiteral("unmask"))
+            m_slab.clearMask();
         else if (verb == QStringLiteral("menu"))
             m_menu.popup(QPoint(number(1), number(2)));
         else if (verb == QStringLiteral("lowered")) {

@@ -152,6 +152,9 @@ void Connection::endTurn()
         handleQueuedEvents();
         m_beforeBlocking();
         flush();
+        // Qt itself flushes only what it asks for on account of its own events.
+        if (m_adopted)
+            xcb_flush(m_adopted);
     } while (handleQueuedEvents());
 }
 

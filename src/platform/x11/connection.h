@@ -50,7 +50,8 @@ public:
 
     xcb_atom_t atom(const char *name);
     bool isOurs(xcb_window_t window) const;
-    /// Marks the windows of another connection of this process (Qt's), which outlives this one, as ours too.
+    /// Marks the windows of another connection of this process (Qt's), which outlives this one, as ours too,
+    /// and sends its requests at the end of each turn of the loop.
     void adoptWindowsOf(xcb_connection_t *other);
     bool isAdopted(xcb_window_t window) const;
 

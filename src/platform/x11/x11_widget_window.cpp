@@ -4,7 +4,6 @@
 #include "platform/x11/x11_desktop.h"
 
 #include <QEvent>
-#include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
 
@@ -20,17 +19,15 @@ X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &
     , m_widget(widget)
     , m_ornament(ornament)
 {
-    m_widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
+    // Not a tool window: Qt raises those over everything whenever it shows them.
+    m_widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
                             Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus);
     m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
     m_widget.setAttribute(Qt::WA_TranslucentBackground);
     // It is never the active window, and shows its tooltips all the same.
     m_widget.setAttribute(Qt::WA_AlwaysShowToolTips);
     m_widget.installEventFilter(this);
-    connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::screensChanged);
-    // Of mirrored screens one may go without a change for us; queued, since Qt first tells, then acts.
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11WidgetWindow::screensChanged,
-            Qt::QueuedConnection);
+    connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::describeFrame);
     m_desktop.windowMade(*this);
 }
 
@@ -112,17 +109,6 @@ void X11WidgetWindow::describeFrame()
     setNumbers(m_connection, m_window, "_KDE_NET_WM_BLUR_BEHIND_REGION", XCB_ATOM_CARDINAL,
                {static_cast<std::uint32_t>(native.x()), static_cast<std::uint32_t>(native.y()),
                 static_cast<std::uint32_t>(native.width()), static_cast<std::uint32_t>(native.height())});
-}
-
-void X11WidgetWindow::screensChanged()
-{
-    if (m_window == XCB_NONE)
-        return;
-    // Qt moves the windows of a screen that goes, and may make them anew or hide them for it.
-    if (m_visible && (!m_widget.isVisible() || m_widget.winId() != m_window))
-        show();
-    else
-        describeFrame();
 }
 
 bool X11WidgetWindow::eventFilter(QObject *watched, QEvent *event)

@@ -37,8 +37,8 @@ public:
 private:
     void show();
     void adoptNativeWindow();
+    /// Tells the server which part of the window is the frame.
     void describeFrame();
-    void screensChanged();
 
     X11Desktop &m_desktop;
     Connection &m_connection;

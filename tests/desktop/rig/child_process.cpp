@@ -14,7 +14,8 @@ ChildProcess::ChildProcess(const Command &command)
     m_process.setProgram(command.program);
     m_process.setArguments(command.arguments);
     m_process.setProcessEnvironment(command.environment);
-    m_process.setStandardInputFile(QProcess::nullDevice());
+    if (!command.readsInput)
+        m_process.setStandardInputFile(QProcess::nullDevice());
     if (command.separateOutput)
         m_process.setStandardErrorFile(command.logPath);
     else

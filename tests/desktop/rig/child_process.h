@@ -21,6 +21,8 @@ public:
         QString logPath = {};
         /// Only the error output goes to the log; read the standard output through process().
         bool separateOutput = false;
+        /// It reads what is written through process().
+        bool readsInput = false;
     };
 
     /// Throws RigError if the program cannot be started.

@@ -3,6 +3,7 @@
 
 #include "accessibility.h"   // IWYU pragma: export
 #include "desktop_session.h" // IWYU pragma: export
+#include "dock.h"            // IWYU pragma: export
 #include "eventually.h"      // IWYU pragma: export
 #include "hot_key_thief.h"   // IWYU pragma: export
 #include "popup.h"           // IWYU pragma: export

@@ -1,0 +1,29 @@
+// A panel of the desktop, as a task bar is.
+#pragma once
+
+#include "client.h"
+
+#include <QList>
+#include <QRect>
+
+namespace zeigewerk::rig {
+
+class DesktopSession;
+
+/// A managed window that says that it is a panel and which strips along the desktop's edges it keeps for
+/// itself.
+class Dock
+{
+public:
+    /// `property` is "_NET_WM_STRUT_PARTIAL" or "_NET_WM_STRUT", `strut` its values. Comes back when the
+    /// window is on the screen and the window manager lists it; throws RigError if that does not happen.
+    Dock(DesktopSession &session, const QRect &rect, const QByteArray &property, const QList<quint32> &strut);
+
+    xcb_window_t id() const { return m_id; }
+
+private:
+    Client m_client;
+    xcb_window_t m_id = XCB_WINDOW_NONE;
+};
+
+} // namespace zeigewerk::rig

@@ -1,0 +1,137 @@
+// One widget's window on the desktop the program chooses, driven by lines on the standard input; each is
+// answered by one line.
+
+#include "platform/choose_desktop.h"
+#include "platform/desktop.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QPainter>
+#include <QSocketNotifier>
+#include <QToolTip>
+#include <QWidget>
+
+#include <cstdio>
+#include <iostream>
+#include <map>
+#include <string>
+
+namespace {
+
+using namespace zeigewerk::platform;
+
+constexpr QMargins kOrnament(20, 16, 20, 24);
+
+class Slab : public QWidget
+{
+public:
+    Slab() { resize(QSize(150, 300).grownBy(kOrnament)); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter(this).fillRect(rect().marginsRemoved(kOrnament), Qt::red);
+    }
+};
+
+QString text(const QRectF &rect)
+{
+    return QStringLiteral("%1 %2 %3 %4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
+}
+
+class StandIn
+{
+public:
+    explicit StandIn(Desktop &desktop)
+        : m_desktop(desktop)
+        , m_window(desktop.makeWindow(WidgetRole::Toolbar, m_slab, kOrnament))
+    {
+        m_menu.addAction(QStringLiteral("An entry"));
+        QObject::connect(&desktop, &Desktop::embeddingTrayChanged, &m_slab, [this] { ++m_trayChanges; });
+    }
+
+    QString answer(const QStringList &words)
+    {
+        const auto number = [&](int index) { return words.value(index).toInt(); };
+        const QString verb = words.value(0);
+        if (verb == QStringLiteral("show"))
+            m_window->orderFrontRegardless();
+        else if (verb == QStringLiteral("hide"))
+            m_window->orderOut();
+        else if (verb == QStringLiteral("move"))
+            m_window->setFrameOrigin(QPointF(number(1), number(2)));
+        else if (verb == QStringLiteral("resize"))
+            m_slab.resize(QSize(number(1), number(2)).grownBy(kOrnament));
+        else if (verb == QStringLiteral("mask"))
+            m_slab.setMask(m_slab.rect().marginsRemoved(kOrnament));
+        else if (verb == QStringLiteral("unmask"))
+            m_slab.clearMask();
+        else if (verb == QStringLiteral("menu"))
+            m_menu.popup(QPoint(number(1), number(2)));
+        else if (verb == QStringLiteral("lowered")) {
+            m_menu.popup(QPoint(number(2), number(3)));
+            m_menu.lower();
+        } else if (verb == QStringLiteral("tooltip"))
+            QToolTip::showText(QPoint(number(1), number(2)), QStringLiteral("A tooltip"), &m_slab);
+        else if (verb == QStringLiteral("overlay"))
+            m_overlay = shown(SurfaceRole::Overlay, m_desktop.screens().front().frame);
+        else if (verb == QStringLiteral("effect"))
+            m_effect = shown(SurfaceRole::Effect, QRectF(number(1), number(2), 56, 56));
+        else if (verb == QStringLiteral("main"))
+            return m_desktop.mainScreen() ? m_desktop.mainScreen()->name : QStringLiteral("none");
+        else if (verb == QStringLiteral("screens"))
+            return QString::number(m_desktop.screens().size());
+        else if (verb == QStringLiteral("visible"))
+            return text(m_desktop.visibleFrame(m_desktop.screens().at(static_cast<std::size_t>(number(1)))));
+        else if (verb == QStringLiteral("tray"))
+            return QStringLiteral("%1 %2").arg(m_desktop.hasEmbeddingTray()).arg(m_trayChanges);
+        return text(m_window->frame());
+    }
+
+private:
+    std::unique_ptr<Surface> shown(SurfaceRole role, const QRectF &frame)
+    {
+        auto surface = m_desktop.makeSurface(role, frame);
+        surface->orderFrontRegardless();
+        return surface;
+    }
+
+    Desktop &m_desktop;
+    Slab m_slab;
+    QMenu m_menu;
+    std::unique_ptr<WidgetWindow> m_window;
+    std::unique_ptr<Surface> m_overlay;
+    std::unique_ptr<Surface> m_effect;
+    int m_trayChanges = 0;
+};
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QString problem;
+    const auto connection = connectToDesktop(&problem);
+    if (!connection) {
+        std::fprintf(stderr, "%s\n", qPrintable(problem));
+        return 1;
+    }
+    qputenv("QT_QPA_PLATFORM", connection->qtPlatform());
+    QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    const auto desktop = connection->makeDesktop();
+    StandIn standIn(*desktop);
+
+    // A line is written at once, and the next one only after its answer: nothing waits in a buffer.
+    QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, &app, [&standIn] {
+        std::string line;
+        if (!std::getline(std::cin, line))
+            return QCoreApplication::quit();
+        const QString answer =
+            standIn.answer(QString::fromStdString(line).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+        std::printf("%s\n", qPrintable(answer));
+        std::fflush(stdout);
+    });
+    return QApplication::exec();
+}

@@ -1,0 +1,311 @@
+#include "seam.h"
+
+using namespace zeigewerk::rig;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QMargins kOrnament(20, 16, 20, 24);
+const QSize kSlab(150, 300);
+
+QList<QSize> sizesOf(const QList<WindowInfo> &windows)
+{
+    QList<QSize> sizes;
+    for (const WindowInfo &window : windows)
+        sizes.append(window.geometry.size());
+    return sizes;
+}
+
+} // namespace
+
+class WidgetWindowScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theWindowLandsWhereThePointsSay_data();
+    void theWindowLandsWhereThePointsSay();
+    void theOrnamentTakesNoClicks_data();
+    void theOrnamentTakesNoClicks();
+    void aMaskOfTheWidgetAndTheOrnamentGoTogether();
+    void showingItLeavesTheKeyboardAlone();
+    void levelsKeepTheirOrder_data();
+    void levelsKeepTheirOrder();
+    void menusAndTooltipsComeAboveIt_data();
+    void menusAndTooltipsComeAboveIt();
+    void aMenuThatOpensUnderAnOverlayIsBroughtUp();
+    void theWindowOutlivesItsScreen();
+    void theWindowOutlivesOneOfTwoMirroredScreens();
+};
+
+void WidgetWindowScenarios::theWindowLandsWhereThePointsSay_data()
+{
+    QTest::addColumn<QString>("scales");
+    QTest::addColumn<QPoint>("origin");
+    QTest::addColumn<QRect>("native");
+
+    // Points count from the lower left corner of the first screen, which is 1024 of them high.
+    QTest::newRow("same scale, first screen") << "1;1" << QPoint(100, 200) << QRect(100, 524, 150, 300);
+    QTest::newRow("same scale, second screen") << "1;1" << QPoint(1400, 300) << QRect(1400, 424, 150, 300);
+    QTest::newRow("mixed scales, first screen") << "1;2" << QPoint(100, 200) << QRect(100, 524, 150, 300);
+    // 120 points from its left edge and 24 from its top.
+    QTest::newRow("mixed scales, second screen") << "1;2" << QPoint(1400, 700) << QRect(1520, 48, 300, 600);
+    QTest::newRow("the first screen is the denser one")
+        << "2;1" << QPoint(1400, 20) << QRect(1400, 192, 150, 300);
+    QTest::newRow("a broken scale") << "1;1.5" << QPoint(1400, 700) << QRect(1460, 36, 225, 450);
+}
+
+void WidgetWindowScenarios::theWindowLandsWhereThePointsSay()
+{
+    QFETCH(QString, scales);
+    QFETCH(QPoint, origin);
+    QFETCH(QRect, native);
+    DesktopSession session({.screens = {kLeft, kRight}});
+    const QString factors = factorsOf(scales);
+    const QString frame = QString("%1 %2 150 300").arg(origin.x()).arg(origin.y());
+    const QString move = QString("move %1 %2").arg(origin.x()).arg(origin.y());
+    {
+        // Placed before it is shown.
+        Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
+        QCOMPARE(seam.tell(move), frame);
+        seam.tell("show");
+        EVENTUALLY(seam.red() == native);
+        QCOMPARE(seam.tell("frame"), frame);
+    }
+    // Moved while it is shown, there and back and there.
+    Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
+    seam.tell("move 10 20");
+    seam.tell("show");
+    EVENTUALLY(!seam.red().isEmpty());
+    const QRect before = seam.red();
+    seam.tell(move);
+    EVENTUALLY(seam.red() == native);
+    QCOMPARE(seam.tell("frame"), frame);
+    seam.tell("move 10 20");
+    EVENTUALLY(seam.red() == before);
+    QCOMPARE(seam.tell("frame"), QString("10 20 150 300"));
+    seam.tell(move);
+    EVENTUALLY(seam.red() == native);
+    QCOMPARE(seam.tell("frame"), frame);
+}
+
+void WidgetWindowScenarios::theOrnamentTakesNoClicks_data()
+{
+    QTest::addColumn<QString>("scales");
+    QTest::addColumn<QStringList>("moves");
+    QTest::addColumn<int>("scale");
+
+    QTest::newRow("scale 1") << "1;1" << QStringList{"move 200 400"} << 1;
+    QTest::newRow("scale 2") << "2;2" << QStringList{"move 200 100"} << 2;
+    QTest::newRow("moved to a denser screen") << "1;2" << QStringList{"move 200 400", "move 1400 650"} << 2;
+    QTest::newRow("moved away from it")
+        << "1;2" << QStringList{"move 200 400", "move 1400 650", "move 200 400"} << 1;
+}
+
+void WidgetWindowScenarios::theOrnamentTakesNoClicks()
+{
+    QFETCH(QString, scales);
+    QFETCH(QStringList, moves);
+    QFETCH(int, scale);
+    DesktopSession session({.screens = {kLeft, kRight}});
+    WindowBeneath beneath(session, {0, 0, 2880, 1024}, Qt::blue);
+    Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factorsOf(scales)}});
+    seam.tell("show");
+    for (const QString &move : moves) {
+        seam.tell(move);
+        EVENTUALLY(!seam.red().isEmpty());
+    }
+    // Once as it was made and once after it has grown.
+    for (const QString &size : {QString("150 300"), QString("190 330")}) {
+        seam.tell("resize " + size);
+        const QSize points(size.section(' ', 0, 0).toInt(), size.section(' ', 1).toInt());
+        EVENTUALLY(seam.red().size() == points * scale);
+        const QRect slab = seam.red();
+        for (const QPoint outside : {slab.topLeft() - QPoint(2, 0), slab.topLeft() - QPoint(0, 2),
+                                     slab.bottomRight() + QPoint(2, 0), slab.bottomRight() + QPoint(0, 2)}) {
+            beneath.forget();
+            QVERIFY(session.pointer().clickAt(outside));
+            EVENTUALLY(beneath.presses() == QList<QPoint>{outside});
+        }
+        beneath.forget();
+        for (const QPoint inside : {slab.topLeft() + QPoint(1, 1), slab.bottomRight() - QPoint(1, 1)})
+            QVERIFY(session.pointer().clickAt(inside));
+        // The order of clicks is kept: one that got through would have come before this.
+        const QPoint after = slab.bottomRight() + QPoint(5, 5);
+        QVERIFY(session.pointer().clickAt(after));
+        EVENTUALLY(!beneath.presses().isEmpty());
+        QCOMPARE(beneath.presses(), QList<QPoint>{after});
+    }
+}
+
+void WidgetWindowScenarios::aMaskOfTheWidgetAndTheOrnamentGoTogether()
+{
+    DesktopSession session({.compositor = Compositor::None});
+    WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::blue);
+    Seam seam(session);
+    seam.tell("move 200 500");
+    seam.tell("show");
+    const QRect native(200, 280, 150, 300);
+    EVENTUALLY(seam.red() == native);
+    const QPoint outside = native.topLeft() - QPoint(2, 0);
+    // Without a mask the ornament is black, which is why there are masks.
+    const QList<std::pair<QString, QColor>> steps = {
+        {"unmask", Qt::black}, {"mask", Qt::blue}, {"unmask", Qt::black}};
+    for (const auto &[step, colorOutside] : steps) {
+        seam.tell(step);
+        EVENTUALLY(session.screenshot().pixel(outside) == colorOutside && seam.red() == native);
+        beneath.forget();
+        QVERIFY(session.pointer().clickAt(native.center()));
+        QVERIFY(session.pointer().clickAt(outside));
+        EVENTUALLY(!beneath.presses().isEmpty());
+        QCOMPARE(beneath.presses(), QList<QPoint>{outside});
+    }
+}
+
+void WidgetWindowScenarios::showingItLeavesTheKeyboardAlone()
+{
+    DesktopSession session;
+    WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::blue);
+    QVERIFY(beneath.takeFocus());
+    beneath.forget();
+    Seam seam(session);
+    for (int i = 0; i < 3; ++i) {
+        seam.tell("show");
+        EVENTUALLY(!seam.red().isEmpty());
+        QVERIFY(session.pointer().clickAt(seam.red().center()));
+        seam.tell("hide");
+        EVENTUALLY(seam.red().isEmpty());
+    }
+    session.keyboard().tap(Key::A);
+    EVENTUALLY(beneath.pressedKeys() == QList<Key>{Key::A});
+    const QList<InputEvent> events = beneath.events();
+    for (const InputEvent &event : events)
+        QVERIFY(event.kind != InputEvent::Kind::FocusOut);
+}
+
+void WidgetWindowScenarios::levelsKeepTheirOrder_data()
+{
+    QTest::addColumn<QStringList>("shown");
+
+    // The slab is at (200, 500), which is where the others are as well.
+    QTest::newRow("from the bottom") << QStringList{"overlay", "show", "effect 250 600"};
+    QTest::newRow("from the top") << QStringList{"effect 250 600", "show", "overlay"};
+    QTest::newRow("the slab once more") << QStringList{"show", "effect 250 600", "overlay", "show"};
+    QTest::newRow("the slab hidden meanwhile")
+        << QStringList{"show", "hide", "effect 250 600", "overlay", "show"};
+}
+
+void WidgetWindowScenarios::levelsKeepTheirOrder()
+{
+    QFETCH(QStringList, shown);
+    DesktopSession session;
+    Seam seam(session);
+    seam.tell("move 200 500");
+    for (const QString &verb : shown)
+        seam.tell(verb);
+    EVENTUALLY(seam.windows().size() == 3);
+    QCOMPARE(sizesOf(seam.windows()),
+             QList<QSize>({VirtualDisplay::kFullHd.size(), kSlab.grownBy(kOrnament), QSize(56, 56)}));
+    EVENTUALLY(!seam.red().isEmpty());
+}
+
+void WidgetWindowScenarios::menusAndTooltipsComeAboveIt_data()
+{
+    QTest::addColumn<QString>("popup");
+    QTest::newRow("menu") << "menu 250 300";
+    QTest::newRow("tooltip") << "tooltip 250 300";
+}
+
+void WidgetWindowScenarios::menusAndTooltipsComeAboveIt()
+{
+    QFETCH(QString, popup);
+    DesktopSession session;
+    Seam seam(session);
+    seam.tell("move 200 500");
+    for (const QString verb : {"show", "overlay", "effect 250 600"})
+        seam.tell(verb);
+    EVENTUALLY(seam.windows().size() == 3);
+    const QList<QSize> below = sizesOf(seam.windows());
+
+    seam.tell(popup);
+    EVENTUALLY(seam.windows().size() == 4);
+    const QList<QSize> all = sizesOf(seam.windows());
+    QCOMPARE(all.first(3), below);
+    // Qt puts a tooltip a little below and to the right of the pointer.
+    const QRect shown = seam.windows().at(3).geometry;
+    QVERIFY(QRect(250, 300, 10, 30).contains(shown.topLeft()));
+
+    // Another program's popup beats them all until the program has looked.
+    Popup foreign(session, {100, 100, 600, 600}, Qt::green);
+    const auto isRight = [&] {
+        return sizesOf(seam.windows()) == all &&
+               session.client().isAbove(seam.windows().constFirst().id, foreign.id());
+    };
+    EVENTUALLY(isRight());
+    QVERIFY(session.screenshot().count(Qt::red, shown) == 0);
+    foreign.raise();
+    EVENTUALLY(isRight());
+}
+
+void WidgetWindowScenarios::aMenuThatOpensUnderAnOverlayIsBroughtUp()
+{
+    DesktopSession session;
+    Seam seam(session);
+    seam.tell("move 200 500");
+    seam.tell("show");
+    seam.tell("overlay");
+    // Longer than the last look after the overlay came up: only the menu itself can cause another one.
+    THROUGHOUT(600ms, seam.windows().size() == 2);
+    seam.tell("lowered menu 250 300");
+    EVENTUALLY(seam.windows().size() == 3);
+    EVENTUALLY(seam.windows().constLast().geometry.topLeft() == QPoint(250, 300));
+}
+
+void WidgetWindowScenarios::theWindowOutlivesItsScreen()
+{
+    DesktopSession session({.screens = {kLeft, kRight}});
+    Seam seam(session);
+    seam.tell("move 1400 300");
+    seam.tell("show");
+    EVENTUALLY(seam.red() == QRect(1400, 424, 150, 300));
+    session.display().unplug(1);
+    EVENTUALLY(seam.tell("screens") == "1");
+    seam.tell("move 100 200");
+    EVENTUALLY(seam.red() == QRect(100, 524, 150, 300));
+    // Above others, and clicked through around it, as before.
+    WindowBeneath beneath(session, kLeft, Qt::blue);
+    EVENTUALLY(seam.red() == QRect(100, 524, 150, 300));
+    QVERIFY(session.pointer().clickAt({98, 600}));
+    EVENTUALLY(beneath.presses() == QList<QPoint>{QPoint(98, 600)});
+
+    // Every screen off, and another one on.
+    session.display().unplug(0);
+    EVENTUALLY(seam.tell("screens") == "0");
+    QCOMPARE(seam.tell("main"), QString("none"));
+    session.display().plug(0, kLeft);
+    EVENTUALLY(seam.tell("main") == "DUMMY0");
+    seam.tell("move 300 200");
+    EVENTUALLY(seam.red() == QRect(300, 524, 150, 300));
+    const QPoint beside(298, 600);
+    beneath.forget();
+    QVERIFY(session.pointer().clickAt(beside));
+    EVENTUALLY(beneath.presses() == QList<QPoint>{beside});
+}
+
+void WidgetWindowScenarios::theWindowOutlivesOneOfTwoMirroredScreens()
+{
+    DesktopSession session({.screens = {kLeft, kLeft}});
+    Seam seam(session);
+    seam.tell("move 100 200");
+    seam.tell("show");
+    const QRect native(100, 524, 150, 300);
+    EVENTUALLY(seam.red() == native);
+    session.display().unplug(0);
+    // On top of what comes later, and at its place.
+    const WindowBeneath beneath(session, kLeft, Qt::blue);
+    EVENTUALLY(session.screenshot().pixel({2, 2}) == QColor(Qt::blue) && seam.red() == native);
+    QCOMPARE(seam.tell("frame"), QString("100 200 150 300"));
+}
+
+QTEST_GUILESS_MAIN(WidgetWindowScenarios)
+#include "widget_window_scenarios.moc"

@@ -15,6 +15,14 @@ namespace {
 const QString kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
 
+bool isAboutNobodyThere(const QDBusError &error)
+{
+    // The first is what the bus says to those who might have had the service started; the second, for which
+    // Qt has no type, to those who want nothing started.
+    return error.type() == QDBusError::ServiceUnknown ||
+           error.name() == QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
+}
+
 } // namespace
 
 NotifierWatch::NotifierWatch()
@@ -66,7 +74,7 @@ void NotifierWatch::takeAnswer()
     m_question.release()->deleteLater();
     if (answer.isValid())
         setState(answer.value().variant().toBool() ? State::HostRegistered : State::NoHost);
-    else if (answer.error().type() == QDBusError::ServiceUnknown)
+    else if (isAboutNobodyThere(answer.error()))
         setState(State::NoWatcher);
     else
         setState(State::NoHost);

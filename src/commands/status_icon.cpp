@@ -16,14 +16,15 @@ namespace {
 
 /// The trays' sizes in pixels; they scale what lies between.
 constexpr std::array kSizes = {16, 22, 24, 32, 48, 64};
-/// One pixel of contour at the smallest size.
-constexpr double kContourToSize = 1.0 / 16.0;
+/// So many pixels of the icon for each of its contour: one at the smallest size.
+constexpr int kSizeToContour = 16;
 
 QPixmap contoured(const TemplateImage &glyph, int size)
 {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
-    const double contour = std::max(1.0, size * kContourToSize);
+    // Whole pixels, or it would be blurred.
+    const int contour = qRound(static_cast<double>(size) / kSizeToContour);
     const double side = std::max(glyph.size().width(), glyph.size().height());
     const double scale = (size - 2 * contour) / side;
 

@@ -21,7 +21,8 @@ int main(int argc, char *argv[])
     qputenv("QT_QPA_PLATFORM", connection->qtPlatform());
 
     QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("zeigewerk"));
+    // The tray shows this one, and nothing is stored under it.
+    QApplication::setApplicationName(QStringLiteral("Zeigewerk"));
     QApplication::setApplicationDisplayName(QStringLiteral("Zeigewerk"));
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -17,7 +17,7 @@ private Q_SLOTS:
     void aRefusedPinIsTakenBackInTheTray();
     void pinningEndsDrawing();
     void clearingWipesTheInk();
-    void theToolbarEntryChangesItsTitle();
+    void theToolbarEntrySaysWhatItWillDo();
     void theDarkToolbarHasACheckMark();
     void quittingEndsTheProgram();
     void manyChangesCostNothing();
@@ -143,13 +143,18 @@ void TrayMenuScenarios::clearingWipesTheInk()
     QVERIFY(on.hasKeyboard() && on.isChecked(label::kDraw));
 }
 
-void TrayMenuScenarios::theToolbarEntryChangesItsTitle()
+void TrayMenuScenarios::theToolbarEntrySaysWhatItWillDo()
 {
     TrayPresentation on;
     QVERIFY(on.click(label::kHide));
     EVENTUALLY(on.entry(label::kShow) && !on.entry(label::kHide));
+    EVENTUALLY(!on.toolbar());
     QVERIFY(on.click(label::kShow));
     EVENTUALLY(on.entry(label::kHide) && !on.entry(label::kShow));
+    EVENTUALLY(on.toolbar());
+    // The hot key is the same switch.
+    on.hotKey(Key::T);
+    EVENTUALLY(on.entry(label::kShow) && !on.toolbar());
 }
 
 void TrayMenuScenarios::theDarkToolbarHasACheckMark()

@@ -43,7 +43,7 @@ void TrayScenarios::aTrayThatIsThereShowsTheItem()
     QList<TrayItem> items;
     EVENTUALLY((items = panel.host.items()).size() == 1);
     const TrayItem &item = items.first();
-    QCOMPARE(item.id, "zeigewerk");
+    QCOMPARE(item.id, "Zeigewerk");
     QCOMPARE(item.title, "Zeigewerk");
     QCOMPARE(item.toolTip, "Zeigewerk");
     QCOMPARE(item.status, "Active");

@@ -253,6 +253,7 @@ void PointerDrawingTest::withoutAControllerAStrokeIsStillFinished()
     QTemporaryDir home;
     UserDefaults defaults(home.filePath("settings.ini"));
     auto app = std::make_unique<AppDelegate>(desktop, defaults);
+    app->applicationDidFinishLaunching();
     app->toggleDraw();
     DrawingView view(QSizeF(100, 100));
     view.app = app.get();

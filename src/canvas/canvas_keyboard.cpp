@@ -3,12 +3,30 @@
 
 namespace zeigewerk {
 
-void DrawingView::keyDown(const platform::KeyEvent &event)
+using platform::KeyEvent;
+using platform::Modifier;
+
+namespace {
+
+/// Shift is left open, and with it upper case: CapsLock must not stand in the way of taking back. With Alt
+/// the key belongs to a global hot key, ours or another program's.
+bool isUndo(const KeyEvent &event)
 {
-    if (app && event.isEscape)
-        app->escapePressed();
+    const bool isCommand = event.modifiers.testAnyFlags(Modifier::Ctrl | Modifier::Super) &&
+                           !event.modifiers.testFlag(Modifier::Alt);
+    return isCommand && QChar::toLower(event.character) == U'z';
 }
 
-void AppDelegate::adjustSpotRadius(double) {}
+} // namespace
+
+void DrawingView::keyDown(const KeyEvent &event)
+{
+    if (!app)
+        return;
+    if (event.isEscape)
+        app->escapePressed();
+    else if (isUndo(event))
+        app->undoShape();
+}
 
 } // namespace zeigewerk

@@ -43,6 +43,10 @@ public:
 
     /// Drops every shape, the one in progress included.
     void discardShapes();
+    /// Drops the newest finished shape; false if there is none.
+    bool removeNewestShape();
+    /// Drops the finished shapes that have dissolved by now, and has those repainted that are dissolving.
+    void removeDissolvedShapes();
     /// The last pointer position in view coordinates: the middle of the spotlight.
     void setCursorPoint(QPointF point);
     /// Closes an open text field, keeping its text as a shape.
@@ -61,6 +65,7 @@ public:
     void mouseDown(const platform::PointerEvent &event) override;
     void mouseDragged(const platform::PointerEvent &event) override;
     void mouseUp(const platform::PointerEvent &event) override;
+    void scrollWheel(const platform::ScrollEvent &event) override;
     void keyDown(const platform::KeyEvent &event) override;
 
 private:

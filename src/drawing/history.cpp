@@ -1,13 +1,42 @@
+// Taking back and wiping: what was drawn across the screens, newest first.
+
+#include "canvas/drawing_view.h"
 #include "core/app_delegate.h"
+#include "drawing/render_shape.h"
 
 namespace zeigewerk {
 
 void AppDelegate::noteShapeAdded(DrawingView &view)
 {
     m_shapeOrder.push_back(&view);
+    updateFadeTimer();
 }
 
-void AppDelegate::undoShape() {}
-void AppDelegate::clearAll() {}
+void AppDelegate::undoShape()
+{
+    while (!m_shapeOrder.empty()) {
+        DrawingView *view = m_shapeOrder.back();
+        m_shapeOrder.pop_back();
+        // A canvas without shapes had this one fade away, which is nothing that the user could see undone.
+        if (view->removeNewestShape())
+            return;
+    }
+}
+
+void AppDelegate::clearAll()
+{
+    // The fade timer is left alone: it ends itself when it finds nothing to fade.
+    discardDrawings();
+}
+
+bool DrawingView::removeNewestShape()
+{
+    if (m_shapes.empty())
+        return false;
+    const platform::Damage damage = paintedArea(m_shapes.back());
+    m_shapes.pop_back();
+    needsDisplay(damage);
+    return true;
+}
 
 } // namespace zeigewerk

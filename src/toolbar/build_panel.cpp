@@ -39,8 +39,11 @@ public:
     {
         auto *row = new QHBoxLayout;
         row->setSpacing(spacing);
-        for (PalButton *button : buttons)
+        for (PalButton *button : buttons) {
             row->addWidget(button);
+            // To the end of the panel's children, which is the order in which screen readers read them.
+            button->raise();
+        }
         m_column->addLayout(row);
         m_column->setAlignment(row, Qt::AlignHCenter);
     }

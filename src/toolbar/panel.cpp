@@ -116,7 +116,16 @@ void Panel::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     m_isDragged = true;
-    Q_EMIT dragBegan();
+    Q_EMIT dragBegan(gripAt(event->position()));
+}
+
+QPointF Panel::gripAt(QPointF position) const
+{
+    // From the event, not from where the pointer is by now: a quick hand is already on its way. A position
+    // names a pixel, and the pointer is in its middle.
+    const QPointF middle = position + QPointF(0.5, 0.5) / devicePixelRatio();
+    const QRectF frame = frameRect();
+    return {middle.x() - frame.left(), frame.bottom() - middle.y()};
 }
 
 void Panel::mouseMoveEvent(QMouseEvent *)

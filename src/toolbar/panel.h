@@ -35,7 +35,8 @@ public:
     void setComposited(bool isComposited);
 
 Q_SIGNALS:
-    void dragBegan();
+    /// `grip` is where the panel was taken hold of: points from the lower left corner of its frame, y up.
+    void dragBegan(QPointF grip);
     void dragMoved();
     void dragEnded();
     /// The right button was pressed on the background.
@@ -51,6 +52,7 @@ protected:
 
 private:
     void cutOut();
+    QPointF gripAt(QPointF position) const;
     void paintShadow(QPainter &painter) const;
     void paintBackdrop(QPainter &painter) const;
 

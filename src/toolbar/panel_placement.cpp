@@ -57,18 +57,23 @@ std::optional<platform::Screen> PanelPlacement::screenNamed(const QString &name)
     return found == screens.end() ? std::nullopt : std::optional(*found);
 }
 
-void PanelPlacement::dragBegan()
+void PanelPlacement::dragBegan(QPointF grip)
 {
-    m_grip = m_window.frame().topLeft() - m_desktop.mouseLocation();
+    m_grip = grip;
+    m_isMoved = false;
 }
 
 void PanelPlacement::dragMoved()
 {
-    m_window.setFrameOrigin(m_desktop.mouseLocation() + m_grip);
+    const QPointF before = m_window.frame().topLeft();
+    m_window.setFrameOrigin(m_desktop.mouseLocation() - m_grip);
+    m_isMoved = m_isMoved || m_window.frame().topLeft() != before;
 }
 
 void PanelPlacement::dragEnded()
 {
+    if (!m_isMoved)
+        return;
     const QRectF frame = m_window.frame();
     m_defaults.setString(kToolbarFrameKey,
                          SavedFrame{.frame = frame, .screenName = screenUnder(frame)}.toString());

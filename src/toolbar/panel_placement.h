@@ -25,8 +25,9 @@ public:
     /// nothing is moved.
     void place();
 
-    // The pointer drags the toolbar along; where it is let go is remembered.
-    void dragBegan();
+    // The pointer drags the toolbar along; where it is let go is remembered. `grip` is the place in the
+    // toolbar that it holds: points from the lower left corner of the frame, y up.
+    void dragBegan(QPointF grip);
     void dragMoved();
     void dragEnded();
 
@@ -41,8 +42,9 @@ private:
     platform::WidgetWindow &m_window;
     UserDefaults &m_defaults;
     QString m_homeScreen;
-    /// From the pointer to the lower left corner of the frame.
     QPointF m_grip;
+    /// A press that goes nowhere is no drag.
+    bool m_isMoved = false;
 };
 
 } // namespace zeigewerk

@@ -12,7 +12,7 @@ namespace {
 
 constexpr QPoint kTitle(160, 190);
 constexpr QRect kChart(160, 320, 900, 560);
-constexpr QRect kButton(1320, 760, 360, 90);
+constexpr QRect kButton(1120, 760, 360, 90);
 constexpr std::array<int, 4> kQuarters = {210, 300, 260, 430};
 const QColor kPaper(0xFA, 0xFA, 0xF7);
 const QColor kText(0x22, 0x2B, 0x3A);
@@ -62,12 +62,12 @@ QImage paintedSlide(QSize size, bool isPressed)
     painter.setPen(kText);
     write(painter, 76, kTitle, QStringLiteral("Umsatz nach Quartal"));
     painter.setPen(kText);
-    const std::array lines = {QStringLiteral("Rekord im vierten Quartal"),
+    const std::array lines = {QStringLiteral("Rekord im Herbst"),
                               QStringLiteral("Zwei neue Standorte"),
-                              QStringLiteral("Ausblick: plus zwölf Prozent")};
+                              QStringLiteral("Ausblick: plus 12 %")};
     int baseline = 420;
     for (const QString &line : lines) {
-        write(painter, 38, {1240, baseline}, QStringLiteral("•  ") + line);
+        write(painter, 36, {1110, baseline}, QStringLiteral("•  ") + line);
         baseline += 90;
     }
     paintChart(painter);

@@ -11,6 +11,8 @@ namespace zeigewerk::rig {
 namespace {
 
 const QRect kScreen(0, 0, 1920, 1080);
+/// What the toolbar leaves free, also at scale 2: its swatches have the colours of the marks.
+const QRect kSlide(0, 0, 1530, 1080);
 
 /// Indices of the toolbar's swatches and widths.
 enum Swatch { Orange, Navy, Red, Green, Yellow, Blue };
@@ -69,23 +71,23 @@ bool Demonstration::everyTool()
     const QRect title(slideTitleLeft(), QSize(800, 80));
     const bool isDrawn =
         drawWith(button::kLine, Navy, Broad, straight({160, 222}, {950, 222})) &&
-        drawWith(button::kHighlighter, Yellow, Medium, straight({1280, 408}, {1530, 408})) &&
-        drawWith(button::kRectangle, Blue, Medium, straight({1222, 458}, {1540, 534})) &&
+        drawWith(button::kHighlighter, Yellow, Medium, straight({1152, 408}, {1455, 408})) &&
+        drawWith(button::kRectangle, Blue, Medium, straight({1092, 458}, {1536, 534})) &&
         drawWith(button::kEllipse, Green, Medium, straight({180, 630}, {390, 930})) &&
         drawWith(button::kArrow, Red, Broad, straight({600, 390}, slideChartTop() + QPoint(-82, 20))) &&
-        drawWith(button::kPen, Orange, Medium, loopAround({1400, 592}, 250, 76));
+        drawWith(button::kPen, Orange, Medium, loopAround({1425, 588}, 190, 84));
     return isDrawn && shows("2-tools.png", "pen, highlighter, line, arrow, rectangle, ellipse", [&] {
-               return count(title, kColors[Navy]) > 2000 && count(kScreen, kColors[Red]) > 1000 &&
-                      count(kScreen, kColors[Green]) > 1000 && count(kScreen, kColors[Blue]) > 1000 &&
-                      count({1280, 540, 260, 100}, kColors[Orange]) > 500;
+               return count(title, kColors[Navy]) > 2000 && count(kSlide, kColors[Red]) > 1000 &&
+                      count(kSlide, kColors[Green]) > 1000 && count(kSlide, kColors[Blue]) > 1000 &&
+                      count({1300, 540, 230, 100}, kColors[Orange]) > 500;
            });
 }
 
 bool Demonstration::undo()
 {
     return choose(button::kUndo) && shows("3-undo.png", "the newest mark taken back", [&] {
-               return count({1280, 540, 260, 100}, kColors[Orange]) == 0 &&
-                      count(kScreen, kColors[Red]) > 1000;
+               return count({1300, 540, 230, 100}, kColors[Orange]) == 0 &&
+                      count(kSlide, kColors[Red]) > 1000;
            });
 }
 
@@ -96,7 +98,7 @@ bool Demonstration::freehand()
            drawWithShift(straight({160, 960}, {1060, 985})) &&
            shows("4-pen.png", "the pen: a loop, and with Shift a level line", [&] {
                const QRect line = m_session.screenshot().bounds(kColors[Orange], beneathChart);
-               return count(kScreen, kColors[Red]) == 0 && line.width() > 850 && line.height() <= 12 &&
+               return count(kSlide, kColors[Red]) == 0 && line.width() > 850 && line.height() <= 12 &&
                       count(QRect(slideChartTop() - QPoint(140, 180), QSize(280, 360)), kColors[Orange]) >
                           1000;
            });
@@ -107,7 +109,7 @@ bool Demonstration::pin()
     return choose(button::kPin) && eventually([&] { return m_slide.hasFocus(); }) &&
            m_session.pointer().clickAt(slideButton()) &&
            shows("5-pinned.png", "pinned: the drawing stays, and a click has reached the slide's button",
-                 [&] { return m_slide.isButtonPressed() && count(kScreen, kColors[Orange]) > 2000; });
+                 [&] { return m_slide.isButtonPressed() && count(kSlide, kColors[Orange]) > 2000; });
 }
 
 bool Demonstration::spotlight()
@@ -178,7 +180,7 @@ bool Demonstration::endsWith(Key key)
 {
     m_session.keyboard().tap(key);
     return eventually([&] {
-        return m_slide.hasFocus() && count({0, 0, 1500, 1080}, kColors[Orange]) == 0 && !isDark({1900, 20});
+        return m_slide.hasFocus() && count(kSlide, kColors[Orange]) == 0 && !isDark({1900, 20});
     });
 }
 

@@ -5,34 +5,6 @@
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
 
-namespace {
-
-/// How often any thread of the process has woken up from waiting.
-int wakeups(qint64 processId)
-{
-    int sum = 0;
-    const QDir threads(QString("/proc/%1/task").arg(processId));
-    for (const QString &thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        QFile status(threads.filePath(thread + "/status"));
-        if (!status.open(QFile::ReadOnly))
-            continue;
-        const QList<QByteArray> lines = status.readAll().split('\n');
-        for (const QByteArray &line : lines) {
-            if (line.startsWith("voluntary_ctxt_switches:"))
-                sum += line.mid(line.indexOf(':') + 1).trimmed().toInt();
-        }
-    }
-    return sum;
-}
-
-bool sleepsFor(qint64 processId, std::chrono::milliseconds duration)
-{
-    const int before = wakeups(processId);
-    return before > 0 && throughout(duration, [&] { return wakeups(processId) == before; });
-}
-
-} // namespace
-
 class ProcessScenarios : public QObject
 {
     Q_OBJECT

@@ -14,7 +14,7 @@ public:
 
     Rehearsal()
         : Presentation({.accessibility = true})
-        , toolbar(session, program)
+        , presenter(session, program)
     {
     }
 
@@ -24,7 +24,7 @@ public:
     QColor strokeColor(QPoint place) { return pixel(place + QPoint(50, 0)); }
     bool isSlideUntouched() { return isUntouched(kLeftOfToolbar); }
 
-    ToolbarUser toolbar;
+    ToolbarUser presenter;
 };
 
 } // namespace zeigewerk::rig

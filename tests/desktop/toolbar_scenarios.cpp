@@ -51,7 +51,7 @@ void ToolbarScenarios::everyButtonIsKnownToScreenReaders()
     const QStringList toggles = expected.mid(0, 7);
     const QStringList actions = {kUndo, kAppearance, kClear, kHide, kQuit};
 
-    const QList<AccessibleButton> buttons = inReadingOrder(on.toolbar.buttons());
+    const QList<AccessibleButton> buttons = inReadingOrder(on.presenter.buttons());
     QStringList names;
     QList<int> checked;
     for (const AccessibleButton &each : buttons) {
@@ -76,16 +76,16 @@ void ToolbarScenarios::everyButtonIsKnownToScreenReaders()
 void ToolbarScenarios::drawingIsTurnedOnAndOff()
 {
     Rehearsal on;
-    QVERIFY(on.toolbar.click(button::kDraw));
+    QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.toolbar.isOn(button::kDraw));
+    QVERIFY(on.presenter.isOn(button::kDraw));
     QVERIFY(on.strokeFrom(kPlace));
     EVENTUALLY(on.strokeColor(kPlace) == kInk);
 
-    QVERIFY(on.toolbar.click(button::kDraw));
+    QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.beneath.hasFocus());
     EVENTUALLY(on.isSlideUntouched());
-    QVERIFY(!on.toolbar.isOn(button::kDraw));
+    QVERIFY(!on.presenter.isOn(button::kDraw));
     QVERIFY(on.session.pointer().clickAt(kPlace));
     EVENTUALLY(on.beneath.presses() == QList<QPoint>{kPlace});
 }
@@ -93,39 +93,39 @@ void ToolbarScenarios::drawingIsTurnedOnAndOff()
 void ToolbarScenarios::theWhiteboardIsTurnedOnAndOff()
 {
     Rehearsal on;
-    QVERIFY(on.toolbar.click(button::kWhiteboard));
+    QVERIFY(on.presenter.click(button::kWhiteboard));
     EVENTUALLY(on.session.screenshot().isFilled(Qt::white, Rehearsal::kLeftOfToolbar));
     EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.toolbar.isOn(button::kWhiteboard));
-    QVERIFY(!on.toolbar.isOn(button::kDraw));
+    QVERIFY(on.presenter.isOn(button::kWhiteboard));
+    QVERIFY(!on.presenter.isOn(button::kDraw));
     QVERIFY(on.strokeFrom(kPlace));
     EVENTUALLY(on.strokeColor(kPlace) == kInk);
 
-    QVERIFY(on.toolbar.click(button::kWhiteboard));
+    QVERIFY(on.presenter.click(button::kWhiteboard));
     EVENTUALLY(on.isSlideUntouched());
-    QVERIFY(!on.toolbar.isOn(button::kWhiteboard));
+    QVERIFY(!on.presenter.isOn(button::kWhiteboard));
 }
 
 void ToolbarScenarios::theSpotlightIsTurnedOnAndOff()
 {
     Rehearsal on;
-    QVERIFY(on.toolbar.click(button::kSpotlight));
+    QVERIFY(on.presenter.click(button::kSpotlight));
     EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
-    QVERIFY(on.toolbar.isOn(button::kSpotlight));
+    QVERIFY(on.presenter.isOn(button::kSpotlight));
     QVERIFY(on.beneath.hasFocus());
     QVERIFY(on.session.pointer().moveTo(kPlace));
     EVENTUALLY(on.pixel(kPlace) == on.beneathColor());
 
-    QVERIFY(on.toolbar.click(button::kSpotlight));
+    QVERIFY(on.presenter.click(button::kSpotlight));
     EVENTUALLY(on.isSlideUntouched());
-    QVERIFY(!on.toolbar.isOn(button::kSpotlight));
+    QVERIFY(!on.presenter.isOn(button::kSpotlight));
 }
 
 void ToolbarScenarios::theRingIsTurnedOnAndOff()
 {
     Rehearsal on;
     const auto ring = [](QPoint pointer) { return QRect(pointer - QPoint(28, 28), QSize(56, 56)); };
-    QVERIFY(on.toolbar.click(button::kRing));
+    QVERIFY(on.presenter.click(button::kRing));
     for (const QPoint place : {kPlace, kOtherPlace}) {
         QVERIFY(on.session.pointer().moveTo(place));
         // Around the pointer, and nowhere else.
@@ -133,11 +133,11 @@ void ToolbarScenarios::theRingIsTurnedOnAndOff()
         EVENTUALLY(!on.isUntouched(ring(place).adjusted(0, 40, 0, 0)));
         EVENTUALLY(on.isUntouched(ring(place == kPlace ? kOtherPlace : kPlace)));
     }
-    QVERIFY(on.toolbar.isOn(button::kRing));
+    QVERIFY(on.presenter.isOn(button::kRing));
     QVERIFY(on.beneath.hasFocus());
 
-    QVERIFY(on.toolbar.click(button::kRing));
-    EVENTUALLY(!on.toolbar.isOn(button::kRing));
+    QVERIFY(on.presenter.click(button::kRing));
+    EVENTUALLY(!on.presenter.isOn(button::kRing));
     QVERIFY(on.session.pointer().moveTo(kPlace));
     EVENTUALLY(on.isSlideUntouched());
 }
@@ -146,50 +146,50 @@ void ToolbarScenarios::pinningLeavesTheDrawingAndLetsClicksThrough()
 {
     Rehearsal on;
     // There is nothing to pin yet.
-    QVERIFY(on.toolbar.click(button::kPin));
-    QVERIFY(on.toolbar.click(button::kDraw));
+    QVERIFY(on.presenter.click(button::kPin));
+    QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
-    QVERIFY(!on.toolbar.isOn(button::kPin));
+    QVERIFY(!on.presenter.isOn(button::kPin));
     QVERIFY(on.strokeFrom(kPlace));
     EVENTUALLY(on.strokeColor(kPlace) == kInk);
 
-    QVERIFY(on.toolbar.click(button::kPin));
+    QVERIFY(on.presenter.click(button::kPin));
     EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(on.toolbar.isOn(button::kPin));
-    QVERIFY(!on.toolbar.isOn(button::kDraw));
+    QVERIFY(on.presenter.isOn(button::kPin));
+    QVERIFY(!on.presenter.isOn(button::kDraw));
     on.beneath.forget();
     QVERIFY(on.session.pointer().clickAt(kPlace));
     EVENTUALLY(on.beneath.presses() == QList<QPoint>{kPlace});
     QCOMPARE(on.strokeColor(kPlace), kInk);
 
     // Unpinned, it is drawn on again.
-    QVERIFY(on.toolbar.click(button::kPin));
+    QVERIFY(on.presenter.click(button::kPin));
     EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.toolbar.isOn(button::kDraw));
-    QVERIFY(!on.toolbar.isOn(button::kPin));
+    QVERIFY(on.presenter.isOn(button::kDraw));
+    QVERIFY(!on.presenter.isOn(button::kPin));
     QCOMPARE(on.strokeColor(kPlace), kInk);
 }
 
 void ToolbarScenarios::undoAndClearTakeShapesAway()
 {
     Rehearsal on;
-    QVERIFY(on.toolbar.click(button::kDraw));
+    QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.strokeFrom(kPlace));
     QVERIFY(on.strokeFrom(kOtherPlace));
     EVENTUALLY(on.strokeColor(kOtherPlace) == kInk);
-    QVERIFY(on.toolbar.click(button::kUndo));
+    QVERIFY(on.presenter.click(button::kUndo));
     EVENTUALLY(on.strokeColor(kOtherPlace) == on.beneathColor());
     QCOMPARE(on.strokeColor(kPlace), kInk);
-    QVERIFY(on.toolbar.click(button::kUndo));
+    QVERIFY(on.presenter.click(button::kUndo));
     EVENTUALLY(on.isSlideUntouched());
     // With nothing left it does nothing.
-    QVERIFY(on.toolbar.click(button::kUndo));
+    QVERIFY(on.presenter.click(button::kUndo));
 
     QVERIFY(on.strokeFrom(kPlace));
     QVERIFY(on.strokeFrom(kOtherPlace));
     EVENTUALLY(on.strokeColor(kOtherPlace) == kInk);
-    QVERIFY(on.toolbar.click(button::kClear));
+    QVERIFY(on.presenter.click(button::kClear));
     EVENTUALLY(on.isSlideUntouched());
     // It is still drawn on.
     QVERIFY(on.hasKeyboard());
@@ -203,8 +203,8 @@ void ToolbarScenarios::clicksAndFadeAreTurnedOnAndOff()
     Rehearsal on;
     for (const QString &mode : {button::kClicks, button::kFade}) {
         for (const bool expected : {true, false}) {
-            QVERIFY(on.toolbar.click(mode));
-            EVENTUALLY(on.toolbar.isOn(mode) == expected);
+            QVERIFY(on.presenter.click(mode));
+            EVENTUALLY(on.presenter.isOn(mode) == expected);
         }
     }
 }
@@ -213,30 +213,30 @@ void ToolbarScenarios::screenReadersPressAsThePointerClicks()
 {
     Rehearsal on;
     const auto press = [&](const QString &name, int index = 0) {
-        return on.toolbar.reader().press(on.toolbar.button(name, index));
+        return on.presenter.reader().press(on.presenter.button(name, index));
     };
     QVERIFY(press(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.toolbar.isOn(button::kDraw));
+    QVERIFY(on.presenter.isOn(button::kDraw));
     QVERIFY(press(button::kRectangle));
     QVERIFY(press(button::kColor, 3));
-    EVENTUALLY(on.toolbar.isOn(button::kRectangle) && on.toolbar.isOn(button::kColor, 3));
-    QVERIFY(!on.toolbar.isOn(button::kPen));
+    EVENTUALLY(on.presenter.isOn(button::kRectangle) && on.presenter.isOn(button::kColor, 3));
+    QVERIFY(!on.presenter.isOn(button::kPen));
     QVERIFY(on.session.pointer().drag({kPlace, kPlace + QPoint(100, 100)}));
     EVENTUALLY(on.pixel(kPlace + QPoint(100, 50)) == QColor(0x34, 0xC7, 0x59));
     QVERIFY(press(button::kUndo));
     EVENTUALLY(on.isSlideUntouched());
     QVERIFY(press(button::kDraw));
     EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(!on.toolbar.isOn(button::kDraw));
+    QVERIFY(!on.presenter.isOn(button::kDraw));
 }
 
 void ToolbarScenarios::quitEndsTheProgram()
 {
     Rehearsal on;
-    QVERIFY(on.toolbar.click(button::kDraw));
+    QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.toolbar.click(button::kQuit));
+    QVERIFY(on.presenter.click(button::kQuit));
     QCOMPARE(on.program.waitForExit(), std::optional(0));
     QVERIFY(on.program.output().isEmpty());
     EVENTUALLY(on.isUntouched(VirtualDisplay::kFullHd));

@@ -56,10 +56,11 @@ QPoint ToolbarUser::background()
 
 WindowInfo ToolbarUser::window()
 {
-    const QRect whole = panel();
+    const QSize least = (QSizeF(kPanelSize) * m_scale).toSize();
     for (const WindowInfo &info : m_session.client().windowsOfProcess(m_processId)) {
-        // The canvases lie beneath it as well, but are as large as a screen.
-        if (info.viewable && info.geometry.contains(whole) && info.geometry.width() < 2 * whole.width())
+        // With its shadow it is somewhat larger than the panel; the canvases are as large as a screen.
+        const QSize size = info.geometry.size();
+        if (info.viewable && size.expandedTo(least) == size && size.width() < 2 * least.width())
             return info;
     }
     return {};

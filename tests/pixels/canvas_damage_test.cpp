@@ -17,11 +17,9 @@ constexpr int kCanvases = 15;
 constexpr int kStepsEach = 60;
 constexpr QSize kPixels(240, 180);
 
-/// One thing that a user, a timer or another part of the program does. Returns what it was.
-QString takeStep(Canvas &canvas, RandomShapes &random)
+QString changeModes(Canvas &canvas, RandomShapes &random)
 {
-    const QSizeF view = canvas.view().bounds().size();
-    switch (random.integer(0, 11)) {
+    switch (random.integer(0, 4)) {
     case 0:
         canvas.app().toggleDraw();
         return QStringLiteral("toggleDraw");
@@ -32,33 +30,76 @@ QString takeStep(Canvas &canvas, RandomShapes &random)
         canvas.app().toggleSpot();
         return QStringLiteral("toggleSpot");
     case 3:
+        canvas.app().toggleFade();
+        return QStringLiteral("toggleFade");
+    default:
         canvas.app().togglePin();
         return QStringLiteral("togglePin");
-    case 4:
+    }
+}
+
+QString useTheMouse(Canvas &canvas, RandomShapes &random)
+{
+    const QSizeF view = canvas.view().bounds().size();
+    switch (random.integer(0, 6)) {
+    case 0:
         canvas.movePointer(random.point(view));
         return QStringLiteral("pointer moved");
-    case 5:
-        canvas.pass(random.real(0.0, 1.5));
-        return QStringLiteral("time passed");
-    case 6:
+    case 1:
+        canvas.view().scrollWheel(
+            {.distance = random.real(-5.0, 5.0), .isPrecise = random.chance(0.5), .modifiers = {}});
+        return QStringLiteral("wheel turned");
+    case 2:
         canvas.view().mouseUp({random.point(view), {}});
         return QStringLiteral("released");
-    case 7:
+    case 3:
         canvas.view().mouseDragged(
             {random.point(view), random.chance(0.5) ? platform::Modifier::Shift : platform::Modifiers()});
         return QStringLiteral("dragged");
-    case 8:
+    case 4:
         canvas.drag(random.shape(view));
         return QStringLiteral("drag begun");
-    case 9:
-        if (random.chance(0.2)) {
-            canvas.view().discardShapes();
-            return QStringLiteral("discarded");
-        }
-        [[fallthrough]];
     default:
         canvas.draw(random.shape(view));
         return QStringLiteral("drawn");
+    }
+}
+
+QString removeShapes(Canvas &canvas, RandomShapes &random)
+{
+    if (random.chance(0.2)) {
+        canvas.app().clearAll();
+        return QStringLiteral("cleared");
+    }
+    canvas.app().undoShape();
+    return QStringLiteral("undone");
+}
+
+/// Sometimes with the timer's tick, which removes what has dissolved.
+QString passTime(Canvas &canvas, RandomShapes &random)
+{
+    // A moment, backwards, into the middle of dissolving, or past its end.
+    canvas.pass(random.oneOf(std::array{random.real(0.0, 1.5), -2.0, 4.4, 5.0}));
+    if (random.chance(0.3))
+        return QStringLiteral("time passed");
+    canvas.app().tickFade();
+    return QStringLiteral("fade tick");
+}
+
+/// One thing that a user, a timer or another part of the program does. Returns what it was.
+QString takeStep(Canvas &canvas, RandomShapes &random)
+{
+    switch (random.integer(0, 11)) {
+    case 0:
+        return removeShapes(canvas, random);
+    case 1:
+    case 2:
+        return changeModes(canvas, random);
+    case 3:
+    case 4:
+        return passTime(canvas, random);
+    default:
+        return useTheMouse(canvas, random);
     }
 }
 

@@ -4,6 +4,8 @@
 
 using namespace zeigewerk;
 using platform::KeyEvent;
+using platform::Modifier;
+using platform::Modifiers;
 using test::Controller;
 
 class CanvasKeyboardTest : public QObject
@@ -12,8 +14,11 @@ class CanvasKeyboardTest : public QObject
 
 private Q_SLOTS:
     void escEndsAllModesAndLeavesTheRest();
+    void zWithCtrlOrSuperTakesTheNewestShapeBack_data();
+    void zWithCtrlOrSuperTakesTheNewestShapeBack();
+    void otherKeysChangeNothing_data();
     void otherKeysChangeNothing();
-    void withoutAControllerEscDoesNothing();
+    void withoutAControllerKeysDoNothing();
 };
 
 void CanvasKeyboardTest::escEndsAllModesAndLeavesTheRest()
@@ -29,22 +34,72 @@ void CanvasKeyboardTest::escEndsAllModesAndLeavesTheRest()
     QVERIFY(controller.app().cursorRingOn());
 }
 
+void CanvasKeyboardTest::zWithCtrlOrSuperTakesTheNewestShapeBack_data()
+{
+    QTest::addColumn<char32_t>("character");
+    QTest::addColumn<int>("modifiers");
+    const auto row = [](const char *name, char32_t character, Modifiers modifiers) {
+        QTest::newRow(name) << character << static_cast<int>(modifiers);
+    };
+    row("Ctrl+Z", U'z', Modifier::Ctrl);
+    row("Ctrl+Shift+Z", U'Z', Modifier::Ctrl | Modifier::Shift);
+    row("Ctrl+Z with CapsLock", U'Z', Modifier::Ctrl);
+    row("Super+Z", U'z', Modifier::Super);
+    row("Super+Shift+Z", U'Z', Modifier::Super | Modifier::Shift);
+    row("Ctrl+Super+Z", U'z', Modifier::Ctrl | Modifier::Super);
+}
+
+void CanvasKeyboardTest::zWithCtrlOrSuperTakesTheNewestShapeBack()
+{
+    QFETCH(char32_t, character);
+    QFETCH(int, modifiers);
+    Controller controller;
+    controller.app().toggleDraw();
+    controller.draw(controller.view(), {10, 10}, {20, 10});
+    controller.draw(controller.view(), {10, 50}, {20, 50});
+    controller.view().keyDown(
+        KeyEvent{.isEscape = false, .character = character, .modifiers = Modifiers(modifiers)});
+    QCOMPARE(controller.view().shapes().size(), 1U);
+    QCOMPARE(controller.view().shapes().front().start, QPointF(10, 10));
+    QVERIFY(controller.app().drawOn());
+}
+
+void CanvasKeyboardTest::otherKeysChangeNothing_data()
+{
+    QTest::addColumn<char32_t>("character");
+    QTest::addColumn<int>("modifiers");
+    const auto row = [](const char *name, char32_t character, Modifiers modifiers) {
+        QTest::newRow(name) << character << static_cast<int>(modifiers);
+    };
+    row("z alone", U'z', {});
+    row("Shift+Z", U'Z', Modifier::Shift);
+    row("Alt+Z", U'z', Modifier::Alt);
+    row("Ctrl+Alt+Z, as the global hot keys", U'z', Modifier::Ctrl | Modifier::Alt);
+    row("Super+Alt+Z", U'z', Modifier::Super | Modifier::Alt);
+    row("Ctrl+Y", U'y', Modifier::Ctrl);
+    row("Ctrl with a key that writes nothing", U'\0', Modifier::Ctrl);
+}
+
 void CanvasKeyboardTest::otherKeysChangeNothing()
 {
+    QFETCH(char32_t, character);
+    QFETCH(int, modifiers);
     Controller controller;
     controller.app().toggleDraw();
     controller.draw(controller.view());
     controller.desktop.takeLog();
-    controller.view().keyDown(KeyEvent{.isEscape = false, .character = U'z', .modifiers = {}});
+    controller.view().keyDown(
+        KeyEvent{.isEscape = false, .character = character, .modifiers = Modifiers(modifiers)});
     QVERIFY(controller.app().drawOn());
     QCOMPARE(controller.view().shapes().size(), 1U);
     QCOMPARE(controller.desktop.takeLog(), QStringList());
 }
 
-void CanvasKeyboardTest::withoutAControllerEscDoesNothing()
+void CanvasKeyboardTest::withoutAControllerKeysDoNothing()
 {
     DrawingView view(QSizeF(100, 100));
     view.keyDown(KeyEvent{.isEscape = true, .character = 0, .modifiers = {}});
+    view.keyDown(KeyEvent{.isEscape = false, .character = U'z', .modifiers = Modifier::Ctrl});
     QVERIFY(view.shapes().empty());
 }
 

@@ -30,8 +30,7 @@ std::vector<platform::Screen> onlyFirstScreen()
 void drag(Controller &controller, QPointF from, const std::vector<QPointF> &way)
 {
     PanelPlacement &placement = *controller.app().toolbar()->placement;
-    controller.desktop.setMouseLocation(from);
-    placement.dragBegan();
+    placement.dragBegan(from - frameOf(controller).topLeft());
     for (const QPointF point : way) {
         controller.desktop.setMouseLocation(point);
         placement.dragMoved();
@@ -62,6 +61,7 @@ private Q_SLOTS:
     void undraggedItStaysOnItsScreenWhenScreensChange();
     void savedFramesSurviveARoundTrip();
     void draggingByTheBackgroundMovesIt();
+    void aPressThatGoesNowhereIsNoDrag();
 };
 
 void PanelPlacementTest::atFirstItStandsAtTheRightEdge()
@@ -219,9 +219,12 @@ void PanelPlacementTest::draggingByTheBackgroundMovesIt()
     const QPointF before = frameOf(controller).topLeft();
     Panel &panel = *controller.app().toolbar()->panel;
     const QPoint grip = panel.frameRect().topLeft() + QPoint(5, 60);
-    controller.desktop.setMouseLocation({880, 500});
+    // The middle of the pixel that is pressed. By the time that the press is heard of, the hand is far away.
+    const QPointF pressed = before + QPointF(5.5, 477 - 60.5);
+    controller.desktop.setMouseLocation({0, 0});
     QTest::mousePress(&panel, Qt::LeftButton, {}, grip);
-    controller.desktop.setMouseLocation({860, 470});
+    QCOMPARE(frameOf(controller).topLeft(), before);
+    controller.desktop.setMouseLocation(pressed + QPointF(-20, -30));
     QTest::mouseMove(&panel, grip + QPoint(-20, 30));
     QCOMPARE(frameOf(controller).topLeft(), before + QPointF(-20, -30));
     QVERIFY(!controller.defaults.stringForKey(kToolbarFrameKey));
@@ -231,6 +234,16 @@ void PanelPlacementTest::draggingByTheBackgroundMovesIt()
     controller.desktop.setMouseLocation({100, 100});
     QTest::mouseMove(&panel, grip);
     QCOMPARE(frameOf(controller).topLeft(), before + QPointF(-20, -30));
+}
+
+void PanelPlacementTest::aPressThatGoesNowhereIsNoDrag()
+{
+    Controller controller;
+    const QPointF before = frameOf(controller).topLeft();
+    drag(controller, {900, 400}, {});
+    drag(controller, {900, 400}, {{900, 400}});
+    QCOMPARE(frameOf(controller).topLeft(), before);
+    QVERIFY(!controller.defaults.stringForKey(kToolbarFrameKey));
 }
 
 QTEST_MAIN(PanelPlacementTest)

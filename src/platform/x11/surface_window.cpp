@@ -43,7 +43,7 @@ void selectPointer(Connection &connection, xcb_window_t window)
         std::uint32_t mask;
     } selection = {{XCB_INPUT_DEVICE_ALL_MASTER, 1},
                    XCB_INPUT_XI_EVENT_MASK_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_BUTTON_RELEASE |
-                       XCB_INPUT_XI_EVENT_MASK_MOTION};
+                       XCB_INPUT_XI_EVENT_MASK_MOTION | XCB_INPUT_XI_EVENT_MASK_ENTER};
     xcb_input_xi_select_events(connection.xcb(), window, 1, &selection.head);
 }
 

@@ -50,6 +50,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_stacking(
           *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
     , m_hotKeys(*m_connection)
+    , m_scrolling(*m_connection)
 {
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
@@ -149,17 +150,23 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
 {
     if (event.extension != m_connection->xinputOpcode())
         return;
+    if (event.event_type == XCB_INPUT_DEVICE_CHANGED || event.event_type == XCB_INPUT_HIERARCHY)
+        return m_scrolling.devicesChanged(event);
+    if (event.event_type == XCB_INPUT_ENTER)
+        return m_scrolling.pointerEntered();
     const auto &input = reinterpret_cast<const xcb_input_button_press_event_t &>(event);
     X11Surface *surface = surfaceOf(input.event);
     if (!surface)
         return;
     switch (event.event_type) {
     case XCB_INPUT_BUTTON_PRESS:
-        return surface->buttonPressed(input);
+        surface->buttonPressed(input);
+        return surface->scrolled(m_scrolling.buttonPressed(input), input);
     case XCB_INPUT_BUTTON_RELEASE:
         return surface->buttonReleased(input);
     case XCB_INPUT_MOTION:
-        return surface->pointerMoved(input);
+        surface->pointerMoved(input);
+        return surface->scrolled(m_scrolling.pointerMoved(input), input);
     default:
         return;
     }

@@ -5,6 +5,7 @@
 #include "platform/x11/connection.h"
 #include "platform/x11/focus.h"
 #include "platform/x11/keymap.h"
+#include "platform/x11/scrolling.h"
 #include "platform/x11/selection_owner.h"
 #include "platform/x11/stacking.h"
 #include "platform/x11/x11_hot_keys.h"
@@ -73,6 +74,7 @@ private:
     SelectionOwner m_embeddingTray;
     Stacking m_stacking;
     X11HotKeys m_hotKeys;
+    Scrolling m_scrolling;
     std::vector<X11Surface *> m_surfaces;
     std::vector<X11WidgetWindow *> m_widgetWindows;
     quint64 m_lastOrder = 0;

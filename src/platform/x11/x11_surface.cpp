@@ -246,6 +246,14 @@ void X11Surface::pointerMoved(const xcb_input_button_press_event_t &event)
         endDrag(event); // somebody else got the release
 }
 
+void X11Surface::scrolled(std::optional<ScrollEvent> scroll, const xcb_input_button_press_event_t &event)
+{
+    if (!scroll || !m_content)
+        return;
+    scroll->modifiers = modifiersOf(event.mods.effective);
+    m_content->scrollWheel(*scroll);
+}
+
 void X11Surface::keyPressed(const KeyEvent &event)
 {
     if (m_content)

@@ -56,6 +56,8 @@ public:
     void buttonPressed(const xcb_input_button_press_event_t &event);
     void buttonReleased(const xcb_input_button_press_event_t &event);
     void pointerMoved(const xcb_input_button_press_event_t &event);
+    /// What of the wheel that event was, if anything.
+    void scrolled(std::optional<ScrollEvent> scroll, const xcb_input_button_press_event_t &event);
     void keyPressed(const KeyEvent &event);
 
 private:

@@ -37,7 +37,7 @@ void signalAll(const QList<qint64> &processes, int signal)
 } // namespace
 
 DesktopSession::DesktopSession(const DesktopSetup &setup)
-    : m_display(setup.screens)
+    : m_display(setup.screens, setup.mice)
     , m_pointer(m_display.client())
     , m_keyboard(m_display.client())
 {

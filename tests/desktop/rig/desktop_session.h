@@ -26,6 +26,7 @@ struct DesktopSetup
     Compositor compositor = Compositor::Picom;
     /// The accessibility bus runs, and Qt's programs are on it from their start.
     bool accessibility = false;
+    Mice mice = Mice::XTestOnly;
     /// Set for every process of the session, beside what the session itself sets.
     QMap<QString, QString> environment = {};
 };

@@ -9,4 +9,5 @@
 #include "process_stats.h"   // IWYU pragma: export
 #include "program.h"         // IWYU pragma: export
 #include "rig_error.h"       // IWYU pragma: export
+#include "scroll_mouse.h"    // IWYU pragma: export
 #include "window_beneath.h"  // IWYU pragma: export

@@ -2,6 +2,7 @@
 
 #include "eventually.h"
 #include "rig_error.h"
+#include "scroll_mouse.h"
 
 #include <QFile>
 #include <QStandardPaths>
@@ -63,9 +64,9 @@ QString serverProgram()
 
 } // namespace
 
-VirtualDisplay::VirtualDisplay(const QList<QRect> &screens)
+VirtualDisplay::VirtualDisplay(const QList<QRect> &screens, Mice mice)
 {
-    startServer();
+    startServer(mice);
     m_client = std::make_unique<Client>(m_name);
     m_outputs = std::make_unique<Outputs>(*m_client);
     QMap<int, QRect> wanted;
@@ -74,10 +75,13 @@ VirtualDisplay::VirtualDisplay(const QList<QRect> &screens)
     applyScreens(wanted);
 }
 
-void VirtualDisplay::startServer()
+void VirtualDisplay::startServer(Mice mice)
 {
+    QByteArray text = kConfiguration;
+    if (mice == Mice::WithScrollAxis)
+        text += ScrollMouse::configuration(scrollMousePath());
     QFile configuration(m_folder.filePath(QStringLiteral("xorg.conf")));
-    if (!configuration.open(QIODevice::WriteOnly) || configuration.write(kConfiguration) < 0)
+    if (!configuration.open(QIODevice::WriteOnly) || configuration.write(text) < 0)
         failRig(QStringLiteral("cannot write to %1").arg(m_folder.path()));
     configuration.close();
 

@@ -11,6 +11,12 @@
 
 namespace zeigewerk::rig {
 
+/// The pointing devices of a display: always that of XTest …
+enum class Mice {
+    XTestOnly,
+    WithScrollAxis, ///< … and a ScrollMouse
+};
+
 /// Xorg with the dummy driver: unlike simpler virtual servers it has outputs that come and go. No real
 /// device, screen or virtual terminal is touched, and any number run side by side.
 class VirtualDisplay
@@ -20,7 +26,7 @@ public:
 
     /// Starts the server with one output for each rectangle (native root pixels); the first is the primary
     /// one. The keyboard map is us. Throws RigError if there is no such server or it does not start.
-    explicit VirtualDisplay(const QList<QRect> &screens = {kFullHd});
+    explicit VirtualDisplay(const QList<QRect> &screens = {kFullHd}, Mice mice = Mice::XTestOnly);
 
     /// What DISPLAY is set to, as ":3".
     QString name() const { return m_name; }
@@ -28,6 +34,8 @@ public:
     /// What the server wrote so far.
     QByteArray serverLog() const;
     Client &client() { return *m_client; }
+    /// Where to talk to the ScrollMouse, on a display that has one.
+    QString scrollMousePath() const { return m_folder.filePath(QStringLiteral("scroll-mouse")); }
 
     /// Lights an output, or gives it another rectangle; comes back when RandR reports the monitor.
     void plug(int output, const QRect &screen);
@@ -40,7 +48,7 @@ public:
     void setKeyboardMap(const QString &layout);
 
 private:
-    void startServer();
+    void startServer(Mice mice);
     void applyScreens(const QMap<int, QRect> &wanted);
 
     QTemporaryDir m_folder;

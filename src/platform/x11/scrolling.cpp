@@ -1,0 +1,131 @@
+#include "platform/x11/scrolling.h"
+
+#include <array>
+
+namespace zeigewerk::platform::x11 {
+
+namespace {
+
+constexpr std::uint32_t kWheelUp = 4;
+constexpr std::uint32_t kWheelDown = 5;
+
+/// X Input's 32.32 fixed point.
+double fromFixed(const xcb_input_fp3232_t &value)
+{
+    return value.integral + value.frac / 4294967296.0;
+}
+
+/// Words of 32 bits, the lowest first.
+bool isSet(const std::uint32_t *mask, std::uint16_t words, std::uint16_t bit)
+{
+    return bit / 32U < words && (mask[bit / 32U] >> (bit % 32U) & 1U) != 0;
+}
+
+/// What the event says of that axis; none if the axis did not move.
+std::optional<double> valueOf(const xcb_input_button_press_event_t &event, std::uint16_t axis)
+{
+    const std::uint32_t *mask = xcb_input_button_press_valuator_mask(&event);
+    if (!isSet(mask, event.valuators_len, axis))
+        return std::nullopt;
+    // There is a value for each bit that is set, in their order.
+    const xcb_input_fp3232_t *value = xcb_input_button_press_axisvalues(&event);
+    for (std::uint16_t lower = 0; lower < axis; ++lower) {
+        if (isSet(mask, event.valuators_len, lower))
+            ++value;
+    }
+    return fromFixed(*value);
+}
+
+bool isVerticalAxis(const xcb_input_scroll_class_t &scroll)
+{
+    return scroll.type == XCB_INPUT_DEVICE_CLASS_TYPE_SCROLL &&
+           scroll.scroll_type == XCB_INPUT_SCROLL_TYPE_VERTICAL;
+}
+
+} // namespace
+
+Scrolling::Scrolling(Connection &connection)
+    : m_connection(connection)
+{
+    struct
+    {
+        xcb_input_event_mask_t head;
+        std::uint32_t mask;
+    } selection = {{XCB_INPUT_DEVICE_ALL, 1},
+                   XCB_INPUT_XI_EVENT_MASK_HIERARCHY | XCB_INPUT_XI_EVENT_MASK_DEVICE_CHANGED};
+    xcb_input_xi_select_events(connection.xcb(), connection.root(), 1, &selection.head);
+}
+
+void Scrolling::devicesChanged(const xcb_ge_generic_event_t &event)
+{
+    // That another device is used from now on says nothing about where the axes stand.
+    const bool isMereSwitch = event.event_type == XCB_INPUT_DEVICE_CHANGED &&
+                              reinterpret_cast<const xcb_input_device_changed_event_t &>(event).reason ==
+                                  XCB_INPUT_CHANGE_REASON_SLAVE_SWITCH;
+    if (!isMereSwitch)
+        m_isStale = true;
+}
+
+std::optional<ScrollEvent> Scrolling::pointerMoved(const xcb_input_button_press_event_t &event)
+{
+    if (m_isStale)
+        readDevices();
+    const auto found = m_axes.find(event.sourceid);
+    // The numbers wrap round.
+    const bool isOld = static_cast<std::int32_t>(event.full_sequence - m_readBy) < 0;
+    if (found == m_axes.end() || isOld)
+        return std::nullopt;
+    Axis &axis = found->second;
+    const std::optional<double> value = valueOf(event, axis.number);
+    return value ? axis.valuator.moveTo(*value) : std::nullopt;
+}
+
+std::optional<ScrollEvent> Scrolling::buttonPressed(const xcb_input_button_press_event_t &event) const
+{
+    const bool isEmulated = (event.flags & XCB_INPUT_POINTER_EVENT_FLAGS_POINTER_EMULATED) != 0;
+    if (isEmulated && m_axes.count(event.sourceid) > 0)
+        return std::nullopt;
+    if (event.detail == kWheelUp)
+        return ScrollEvent{.distance = 1.0, .isPrecise = false, .modifiers = {}};
+    if (event.detail == kWheelDown)
+        return ScrollEvent{.distance = -1.0, .isPrecise = false, .modifiers = {}};
+    return std::nullopt;
+}
+
+void Scrolling::readDevices()
+{
+    const auto cookie = xcb_input_xi_query_device(m_connection.xcb(), XCB_INPUT_DEVICE_ALL);
+    m_readBy = cookie.sequence;
+    m_axes.clear();
+    const auto reply = owned(xcb_input_xi_query_device_reply(m_connection.xcb(), cookie, nullptr));
+    if (!reply)
+        return;
+    m_isStale = false;
+    for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem;
+         xcb_input_xi_device_info_next(&device))
+        readDevice(*device.data);
+}
+
+void Scrolling::readDevice(const xcb_input_xi_device_info_t &device)
+{
+    // The master only repeats what the device has that was used last.
+    if (device.type != XCB_INPUT_DEVICE_TYPE_SLAVE_POINTER)
+        return;
+    std::map<std::uint16_t, double> values;
+    const xcb_input_scroll_class_t *vertical = nullptr;
+    for (auto it = xcb_input_xi_device_info_classes_iterator(&device); it.rem;
+         xcb_input_device_class_next(&it)) {
+        const auto &valuator = reinterpret_cast<const xcb_input_valuator_class_t &>(*it.data);
+        const auto &scroll = reinterpret_cast<const xcb_input_scroll_class_t &>(*it.data);
+        if (valuator.type == XCB_INPUT_DEVICE_CLASS_TYPE_VALUATOR)
+            values[valuator.number] = fromFixed(valuator.value);
+        else if (isVerticalAxis(scroll))
+            vertical = &scroll;
+    }
+    if (vertical)
+        m_axes.insert_or_assign(
+            device.deviceid,
+            Axis{vertical->number, ScrollValuator(fromFixed(vertical->increment), values[vertical->number])});
+}
+
+} // namespace zeigewerk::platform::x11

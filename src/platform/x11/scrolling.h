@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/x11/connection.h"
+#include "platform/x11/scroll_valuator.h"
+
+#include <xcb/xinput.h>
+
+#include <map>
+
+namespace zeigewerk::platform::x11 {
+
+/// Makes scroll events of what the pointing devices do over our surfaces. Those that have a scroll axis tell
+/// more by it than by the buttons 4 and 5, which the server then only makes up for older programs.
+class Scrolling
+{
+public:
+    explicit Scrolling(Connection &connection);
+
+    /// The pointer came to one of our surfaces. What the axes did elsewhere was not for us.
+    void pointerEntered() { readDevices(); }
+    /// An event about the devices themselves: where their axes stand now is not known.
+    void devicesChanged(const xcb_ge_generic_event_t &event);
+
+    std::optional<ScrollEvent> pointerMoved(const xcb_input_button_press_event_t &event);
+    std::optional<ScrollEvent> buttonPressed(const xcb_input_button_press_event_t &event) const;
+
+private:
+    struct Axis
+    {
+        std::uint16_t number = 0;
+        ScrollValuator valuator;
+    };
+
+    void readDevices();
+    void readDevice(const xcb_input_xi_device_info_t &device);
+
+    Connection &m_connection;
+    /// Of the physical devices that have one, by device id.
+    std::map<xcb_input_device_id_t, Axis> m_axes;
+    bool m_isStale = true;
+    /// The number of the request that told where the axes stand. Events are numbered by the last request that
+    /// the server had seen; one from before it tells nothing new.
+    std::uint32_t m_readBy = 0;
+};
+
+} // namespace zeigewerk::platform::x11

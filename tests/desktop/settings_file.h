@@ -1,0 +1,36 @@
+#pragma once
+
+#include "rig.h"
+
+namespace zeigewerk::rig {
+
+/// The program's settings in a session's home.
+class SettingsFile
+{
+public:
+    explicit SettingsFile(const DesktopSession &session)
+        : m_path(session.home().filePath(".config/zeigewerk/zeigewerk.ini"))
+    {
+    }
+
+    /// Writes lines such as "Key=value" for the program to find when it starts; false if that fails.
+    bool write(const QByteArray &lines) const
+    {
+        const QByteArray text = "[General]\n" + lines;
+        if (!QDir().mkpath(QFileInfo(m_path).path()))
+            return false;
+        QFile file(m_path);
+        return file.open(QFile::WriteOnly) && file.write(text) == text.size();
+    }
+
+    /// The value as it stands in the file; empty if there is none.
+    QString value(const QString &key) const
+    {
+        return QSettings(m_path, QSettings::IniFormat).value(key).toString();
+    }
+
+private:
+    QString m_path;
+};
+
+} // namespace zeigewerk::rig

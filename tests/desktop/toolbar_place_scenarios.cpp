@@ -1,0 +1,278 @@
+// Where the toolbar stands, and what is kept from one run of the program to the next.
+#include "rehearsal.h"
+
+#include <cstdlib>
+
+using namespace zeigewerk::rig;
+
+namespace {
+
+const QRect kScreen = VirtualDisplay::kFullHd;
+const char kFolder[] = ".config/zeigewerk";
+const char kFile[] = ".config/zeigewerk/zeigewerk.ini";
+
+const Program &ready(Program &program)
+{
+    if (!program.waitUntilReady())
+        failRig("the program does not start");
+    return program;
+}
+
+/// From one start of the program to its end.
+struct Run
+{
+    explicit Run(DesktopSession &session, double scale = 1.0)
+        : program(session, {{"QT_SCALE_FACTOR", QString::number(scale)}})
+        , presenter(session, ready(program), scale)
+    {
+    }
+
+    Program program;
+    ToolbarUser presenter;
+};
+
+const DesktopSetup kSetup = {.accessibility = true};
+
+bool standsAtItsFirstPlace(const QRect &panel, const QRect &screen, int scale = 1)
+{
+    // Half a point more or less above than below.
+    return panel.size() == ToolbarUser::kPanelSize * scale && panel.right() == screen.right() - 24 * scale &&
+           std::abs(panel.center().y() - screen.center().y()) <= scale;
+}
+
+QByteArray savedSettings(const DesktopSession &session)
+{
+    QFile file(session.home().filePath(kFile));
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void saveSettings(const DesktopSession &session, const QByteArray &line)
+{
+    QFile file(session.home().filePath(kFile));
+    if (!session.home().mkpath(kFolder) || !file.open(QFile::WriteOnly) ||
+        file.write("[General]\n" + line + '\n') < 0)
+        failRig("cannot write the settings");
+}
+
+/// Permissions would not do: they hinder no super user, as which tests run in many a container.
+void blockSettings(const DesktopSession &session, const QString &obstacle)
+{
+    const QDir home = session.home();
+    bool done = false;
+    if (obstacle == "a file in the folder's place")
+        done = home.mkpath(".config") && QFile(home.filePath(kFolder)).open(QFile::WriteOnly);
+    else if (obstacle == "a folder in the file's place")
+        done = home.mkpath(kFile);
+    if (!done)
+        failRig("cannot spoil the settings");
+}
+
+} // namespace
+
+class ToolbarPlaceScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itStartsAtTheRightEdgeOfTheScreen_data();
+    void itStartsAtTheRightEdgeOfTheScreen();
+    void draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain_data();
+    void draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain();
+    void draggedWhileDrawingItLeavesNoInk();
+    void notDraggedItsPlaceIsNotSaved();
+    void aClickOnItsBackgroundIsNoDrag();
+    void anUnusableSavedPlaceIsMadeUsable_data();
+    void anUnusableSavedPlaceIsMadeUsable();
+    void itFollowsItsScreenAwayAndBack();
+    void whatWasSwitchedSurvivesARestart();
+    void settingsThatCannotBeWrittenHinderNothing_data();
+    void settingsThatCannotBeWrittenHinderNothing();
+};
+
+void ToolbarPlaceScenarios::itStartsAtTheRightEdgeOfTheScreen_data()
+{
+    QTest::addColumn<int>("scale");
+    QTest::newRow("scale 1") << 1;
+    QTest::newRow("scale 2") << 2;
+}
+
+void ToolbarPlaceScenarios::itStartsAtTheRightEdgeOfTheScreen()
+{
+    QFETCH(int, scale);
+    const QRect screen(QPoint(0, 0), kScreen.size() * scale);
+    DesktopSession session({.screens = {screen}, .accessibility = true});
+    Run run(session, scale);
+    QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), screen, scale));
+}
+
+void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain_data()
+{
+    QTest::addColumn<bool>("byTheGrip");
+    QTest::addColumn<int>("scale");
+    QTest::newRow("grip") << true << 1;
+    QTest::newRow("between the buttons") << false << 1;
+    QTest::newRow("grip, scale 2") << true << 2;
+}
+
+void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain()
+{
+    QFETCH(bool, byTheGrip);
+    QFETCH(int, scale);
+    DesktopSession session({.screens = {QRect(QPoint(0, 0), kScreen.size() * scale)}, .accessibility = true});
+    const QPoint way(-600 * scale, -150 * scale);
+    QRect left;
+    {
+        Run run(session, scale);
+        left = run.presenter.panel().translated(way);
+        const QPoint from = byTheGrip ? run.presenter.grip() : run.presenter.background();
+        QVERIFY(session.pointer().drag({from, from + way / 2, from + way}));
+        EVENTUALLY(run.presenter.panel() == left);
+        EVENTUALLY(savedSettings(session).contains("ZeigewerkToolbar="));
+        QCOMPARE(run.program.terminate(), std::optional(0));
+    }
+    Run again(session, scale);
+    QCOMPARE(again.presenter.panel(), left);
+    // It is really there: what is clicked on answers.
+    QVERIFY(again.presenter.click(button::kColor, 4));
+    EVENTUALLY(again.presenter.isOn(button::kColor, 4));
+}
+
+void ToolbarPlaceScenarios::draggedWhileDrawingItLeavesNoInk()
+{
+    Rehearsal on;
+    QVERIFY(on.presenter.click(button::kDraw));
+    EVENTUALLY(on.hasKeyboard());
+    const QRect panel = on.presenter.panel();
+    const QPoint grip = on.presenter.grip();
+    QVERIFY(on.session.pointer().drag({grip, grip - QPoint(200, 0), grip - QPoint(500, 0)}));
+    EVENTUALLY(on.presenter.panel() == panel.translated(-500, 0));
+    QVERIFY(on.strokeFrom({400, 300}));
+    EVENTUALLY(on.strokeColor({400, 300}) == kInk);
+    EVENTUALLY(on.isUntouched({600, 0, 1320, 1080}));
+}
+
+void ToolbarPlaceScenarios::notDraggedItsPlaceIsNotSaved()
+{
+    DesktopSession session(kSetup);
+    Run run(session);
+    // What it does save shows that it could have saved its place.
+    QVERIFY(run.presenter.click(button::kAppearance));
+    EVENTUALLY(savedSettings(session).contains("ZeigewerkDarkUI="));
+    QVERIFY(run.presenter.click(button::kHide));
+    EVENTUALLY(run.presenter.window().id == XCB_WINDOW_NONE);
+    session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::T);
+    EVENTUALLY(run.presenter.window().id != XCB_WINDOW_NONE);
+    QCOMPARE(run.program.terminate(), std::optional(0));
+    QVERIFY(!savedSettings(session).contains("ZeigewerkToolbar"));
+}
+
+void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNoDrag()
+{
+    DesktopSession session(kSetup);
+    Run run(session);
+    QVERIFY(session.pointer().clickAt(run.presenter.grip()));
+    QVERIFY(session.pointer().clickAt(run.presenter.background()));
+    // What comes after it is saved.
+    QVERIFY(run.presenter.click(button::kAppearance));
+    EVENTUALLY(savedSettings(session).contains("ZeigewerkDarkUI="));
+    QVERIFY(!savedSettings(session).contains("ZeigewerkToolbar"));
+}
+
+void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable_data()
+{
+    QTest::addColumn<QByteArray>("saved");
+    QTest::addColumn<QRect>("panel");
+    const QRect firstPlace;
+    QTest::newRow("words") << QByteArray("over there on the right") << firstPlace;
+    QTest::newRow("nothing") << QByteArray() << firstPlace;
+    QTest::newRow("a list") << QByteArray("200, 300, 151, 477, DUMMY0") << firstPlace;
+    QTest::newRow("no numbers") << QByteArray("nan nan nan nan DUMMY0") << firstPlace;
+    QTest::newRow("endless") << QByteArray("inf inf 151 477 DUMMY0") << firstPlace;
+    QTest::newRow("other size") << QByteArray("200 300 999 10 DUMMY0") << QRect(200, 303, 151, 477);
+    QTest::newRow("off to the left") << QByteArray("-5000 300 151 477 DUMMY0") << QRect(0, 303, 151, 477);
+    QTest::newRow("off to the top") << QByteArray("200 5000 151 477 DUMMY0") << QRect(200, 0, 151, 477);
+    QTest::newRow("on no screen") << QByteArray("9000 -9000 151 477 DUMMY9") << QRect(1769, 603, 151, 477);
+    QTest::newRow("hardly to be seen") << QByteArray("1900 300 151 477 DUMMY0") << QRect(1769, 303, 151, 477);
+}
+
+void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable()
+{
+    QFETCH(QByteArray, saved);
+    QFETCH(QRect, panel);
+    DesktopSession session(
+        {.windowManager = WindowManager::None, .compositor = Compositor::None, .accessibility = true});
+    saveSettings(session, "ZeigewerkToolbar=" + saved);
+    Run run(session);
+    if (panel.isNull())
+        QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), kScreen));
+    else
+        QCOMPARE(run.presenter.panel(), panel);
+    QVERIFY(run.presenter.click(button::kColor, 4));
+    EVENTUALLY(run.presenter.isOn(button::kColor, 4));
+}
+
+void ToolbarPlaceScenarios::itFollowsItsScreenAwayAndBack()
+{
+    const QRect second(1920, 0, 1280, 1024);
+    DesktopSession session({.screens = {kScreen, second}, .accessibility = true});
+    Run run(session);
+    const QPoint way(600, -100);
+    const QRect left = run.presenter.panel().translated(way);
+    const QPoint grip = run.presenter.grip();
+    QVERIFY(session.pointer().drag({grip, grip + way / 2, grip + way}));
+    EVENTUALLY(run.presenter.panel() == left);
+    session.display().unplug(1);
+    EVENTUALLY(kScreen.contains(run.presenter.panel()));
+    QVERIFY(run.presenter.click(button::kColor, 4));
+    EVENTUALLY(run.presenter.isOn(button::kColor, 4));
+    session.display().plug(1, second);
+    EVENTUALLY(run.presenter.panel() == left);
+}
+
+void ToolbarPlaceScenarios::whatWasSwitchedSurvivesARestart()
+{
+    DesktopSession session(kSetup);
+    const auto isLight = [&](Run &run) {
+        return session.screenshot().pixel(run.presenter.background()).lightness() > 0xC0;
+    };
+    bool fades = true;
+    for (const bool light : {true, false}) {
+        Run run(session);
+        EVENTUALLY(isLight(run) != light);
+        QVERIFY(run.presenter.isOn(button::kFade) != fades);
+        QVERIFY(run.presenter.click(button::kAppearance));
+        QVERIFY(run.presenter.click(button::kFade));
+        EVENTUALLY(isLight(run) == light);
+        EVENTUALLY(run.presenter.isOn(button::kFade) == fades);
+        fades = !fades;
+        QCOMPARE(run.program.terminate(), std::optional(0));
+    }
+}
+
+void ToolbarPlaceScenarios::settingsThatCannotBeWrittenHinderNothing_data()
+{
+    QTest::addColumn<QString>("obstacle");
+    for (const char *obstacle : {"a file in the folder's place", "a folder in the file's place"})
+        QTest::newRow(obstacle) << QString(obstacle);
+}
+
+void ToolbarPlaceScenarios::settingsThatCannotBeWrittenHinderNothing()
+{
+    QFETCH(QString, obstacle);
+    DesktopSession session(kSetup);
+    blockSettings(session, obstacle);
+    Run run(session);
+    const QRect panel = run.presenter.panel();
+    QVERIFY(standsAtItsFirstPlace(panel, kScreen));
+    const QPoint grip = run.presenter.grip();
+    QVERIFY(session.pointer().drag({grip, grip - QPoint(100, 0), grip - QPoint(300, 0)}));
+    EVENTUALLY(run.presenter.panel() == panel.translated(-300, 0));
+    QVERIFY(run.presenter.click(button::kAppearance));
+    EVENTUALLY(session.screenshot().pixel(run.presenter.background()).lightness() > 0xC0);
+    QVERIFY(run.presenter.click(button::kWhiteboard));
+    EVENTUALLY(session.screenshot().isFilled(Qt::white, {0, 0, 1200, 1080}));
+    QCOMPARE(run.program.terminate(), std::optional(0));
+}
+
+QTEST_GUILESS_MAIN(ToolbarPlaceScenarios)
+#include "toolbar_place_scenarios.moc"

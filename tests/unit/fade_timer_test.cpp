@@ -1,0 +1,124 @@
+#include "controller_fixture.h"
+
+#include <QTest>
+
+using namespace zeigewerk;
+using test::Controller;
+
+class FadeTimerTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itRunsExactlyWhileSomethingMayFade_data();
+    void itRunsExactlyWhileSomethingMayFade();
+    void itMakesTheTicks();
+    void itEndsWithTheLastShape();
+    void finishingShapesKeepsItsRhythm();
+};
+
+namespace {
+
+void startWithFading(Controller &controller)
+{
+    controller.defaults.setBool(kAutoFadeKey, true);
+    controller.app().toggleDraw();
+}
+
+} // namespace
+
+void FadeTimerTest::itRunsExactlyWhileSomethingMayFade_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<bool>("runs");
+
+    const auto row = [](const char *name, const char *before, const char *after, bool runs) {
+        QTest::newRow(name) << QString(before) << QString(after) << runs;
+    };
+    // A stroke is drawn between the operations.
+    row("never turned on", "d", "", false);
+    row("turned on before", "fd", "", true);
+    row("turned on afterwards", "d", "f", true);
+    row("turned on and off", "fd", "f", false);
+    row("on the whiteboard", "fw", "", false);
+    row("the whiteboard comes", "fd", "w", false);
+    row("the whiteboard comes and goes", "fd", "ww", true);
+    row("pinned", "fd", "p", true);
+    row("drawing ends", "fd", "d", false);
+    row("everything ends", "fds", "e", false);
+    row("with other modes", "fdskr", "", true);
+}
+
+void FadeTimerTest::itRunsExactlyWhileSomethingMayFade()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    QFETCH(bool, runs);
+    Controller controller;
+    controller.perform(before);
+    QVERIFY(!controller.app().isFadeTimerRunning());
+    controller.draw(controller.view());
+    controller.perform(after);
+    QCOMPARE(controller.app().isFadeTimerRunning(), runs);
+}
+
+void FadeTimerTest::itMakesTheTicks()
+{
+    Controller controller;
+    startWithFading(controller);
+    controller.draw(controller.view());
+    platform::RecordingSurface &surface = controller.surface();
+    surface.display();
+    const qint64 painted = surface.paintedPixels();
+    const auto isRepainted = [&] {
+        surface.display();
+        return surface.paintedPixels() > painted;
+    };
+    controller.passTime(4.4);
+    QTRY_VERIFY(isRepainted());
+    controller.passTime(0.4);
+    QTRY_VERIFY(!controller.app().isFadeTimerRunning());
+    QVERIFY(controller.view().shapes().empty());
+}
+
+void FadeTimerTest::itEndsWithTheLastShape()
+{
+    Controller controller(test::twoScreens());
+    startWithFading(controller);
+    controller.draw(controller.view(0));
+    controller.passTime(1.0);
+    controller.draw(controller.view(1));
+    controller.passTime(3.9);
+    controller.app().tickFade();
+    QVERIFY(controller.view(0).shapes().empty());
+    QVERIFY(controller.app().isFadeTimerRunning());
+    controller.passTime(1.0);
+    controller.app().tickFade();
+    QVERIFY(controller.view(1).shapes().empty());
+    QVERIFY(!controller.app().isFadeTimerRunning());
+    // The next stroke starts over.
+    controller.draw(controller.view(0));
+    QVERIFY(controller.app().isFadeTimerRunning());
+}
+
+void FadeTimerTest::finishingShapesKeepsItsRhythm()
+{
+    Controller controller;
+    startWithFading(controller);
+    controller.draw(controller.view(), {50, 50}, {60, 50});
+    controller.passTime(5.0);
+    // Finished faster than the timer ticks, shapes would put its tick off for ever if each began it anew.
+    const auto isFirstThere = [&] { return controller.view().shapes().front().start == QPointF(50, 50); };
+    constexpr int kShorterThanATick = 5;
+    const QDeadlineTimer deadline(5000);
+    while (isFirstThere() && !deadline.hasExpired()) {
+        controller.draw(controller.view());
+        QTest::qWait(kShorterThanATick);
+    }
+    QVERIFY(!isFirstThere());
+    QVERIFY(controller.app().isFadeTimerRunning());
+}
+
+QTEST_MAIN(FadeTimerTest)
+#include "fade_timer_test.moc"

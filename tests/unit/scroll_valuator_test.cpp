@@ -1,0 +1,108 @@
+#include "platform/x11/scroll_valuator.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <limits>
+
+using zeigewerk::platform::ScrollEvent;
+using zeigewerk::platform::x11::ScrollValuator;
+
+class ScrollValuatorTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aWayIsNotchesOrPoints_data();
+    void aWayIsNotchesOrPoints();
+    void whatIsNoWayIsNoScrolling_data();
+    void whatIsNoWayIsNoScrolling();
+    void theFirstValueOnlySaysWhereTheAxisStands();
+    void eachValueCountsFromTheOneBefore();
+    void finelyDividedNotchesAddUp();
+};
+
+void ScrollValuatorTest::aWayIsNotchesOrPoints_data()
+{
+    QTest::addColumn<double>("increment");
+    QTest::addColumn<double>("from");
+    QTest::addColumn<double>("to");
+    QTest::addColumn<double>("distance");
+    QTest::addColumn<bool>("isPrecise");
+
+    // Values that grow are downwards, so a negative distance.
+    QTest::newRow("a notch down") << 15.0 << 0.0 << 15.0 << -1.0 << false;
+    QTest::newRow("a notch up") << 15.0 << 0.0 << -15.0 << 1.0 << false;
+    QTest::newRow("several notches") << 15.0 << 300.0 << 255.0 << 3.0 << false;
+    QTest::newRow("a device in hundred-and-twentieths") << 120.0 << -120.0 << 0.0 << -1.0 << false;
+    QTest::newRow("a device that counts notches") << 1.0 << 7.0 << 8.0 << -1.0 << false;
+    QTest::newRow("an axis that grows upwards") << -15.0 << 0.0 << 15.0 << 1.0 << false;
+    QTest::newRow("a notch that was rounded") << 120.0 << 1e6 / 3 << 1e6 / 3 - 120.00001 << 1.0 << false;
+    QTest::newRow("fingers down") << 15.0 << 0.0 << 4.5 << -4.5 << true;
+    QTest::newRow("fingers up") << 15.0 << 100.0 << 90.0 << 10.0 << true;
+    QTest::newRow("fingers over more than a notch") << 15.0 << 0.0 << 20.0 << -20.0 << true;
+    QTest::newRow("the quarter of a notch") << 120.0 << 0.0 << 30.0 << -3.75 << true;
+    QTest::newRow("fingers on an axis that grows upwards") << -15.0 << 0.0 << 3.0 << 3.0 << true;
+}
+
+void ScrollValuatorTest::aWayIsNotchesOrPoints()
+{
+    QFETCH(double, increment);
+    QFETCH(double, from);
+    QFETCH(double, to);
+    ScrollValuator valuator(increment, from);
+    const std::optional<ScrollEvent> scroll = valuator.moveTo(to);
+    QVERIFY(scroll);
+    QTEST(scroll->distance, "distance");
+    QTEST(scroll->isPrecise, "isPrecise");
+}
+
+void ScrollValuatorTest::whatIsNoWayIsNoScrolling_data()
+{
+    QTest::addColumn<double>("increment");
+    QTest::addColumn<double>("to");
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    QTest::newRow("the same value again") << 15.0 << 30.0;
+    QTest::newRow("less than can be told apart") << 15.0 << 30.000001;
+    QTest::newRow("a device without an increment") << 0.0 << 45.0;
+    QTest::newRow("a device without an increment that stands still") << 0.0 << 30.0;
+    QTest::newRow("an increment that is no number") << nan << 45.0;
+    QTest::newRow("a value that is no number") << 15.0 << nan;
+}
+
+void ScrollValuatorTest::whatIsNoWayIsNoScrolling()
+{
+    QFETCH(double, increment);
+    QFETCH(double, to);
+    ScrollValuator valuator(increment, 30.0);
+    QVERIFY(!valuator.moveTo(to));
+}
+
+void ScrollValuatorTest::theFirstValueOnlySaysWhereTheAxisStands()
+{
+    ScrollValuator valuator(15.0);
+    QVERIFY(!valuator.moveTo(4500.0));
+    QCOMPARE(valuator.moveTo(4485.0)->distance, 1.0);
+}
+
+void ScrollValuatorTest::eachValueCountsFromTheOneBefore()
+{
+    ScrollValuator valuator(15.0, 0.0);
+    QCOMPARE(valuator.moveTo(15.0)->distance, -1.0);
+    QCOMPARE(valuator.moveTo(45.0)->distance, -2.0);
+    QVERIFY(!valuator.moveTo(45.0));
+    QCOMPARE(valuator.moveTo(44.0)->distance, 1.0);
+    QCOMPARE(valuator.moveTo(29.0)->distance, 1.0);
+}
+
+void ScrollValuatorTest::finelyDividedNotchesAddUp()
+{
+    ScrollValuator valuator(120.0, 0.0);
+    double points = 0.0;
+    for (int step = 1; step <= 120; ++step)
+        points += valuator.moveTo(-step)->distance;
+    QVERIFY(std::abs(points - 15.0) < 1e-9);
+}
+
+QTEST_APPLESS_MAIN(ScrollValuatorTest)
+#include "scroll_valuator_test.moc"

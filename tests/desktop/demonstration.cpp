@@ -94,8 +94,8 @@ bool Demonstration::undo()
 bool Demonstration::freehand()
 {
     const QRect beneathChart(150, 935, 960, 60);
-    return choose(button::kClear) && draw(loopAround(slideChartTop(), 260, 330)) &&
-           drawWithShift(straight({160, 960}, {1060, 985})) &&
+    return choose(button::kClear) && eventually([&] { return count(kSlide, kColors[Red]) == 0; }) &&
+           draw(loopAround(slideChartTop(), 260, 330)) && drawWithShift(straight({160, 960}, {1060, 985})) &&
            shows("4-pen.png", "the pen: a loop, and with Shift a level line", [&] {
                const QRect line = m_session.screenshot().bounds(kColors[Orange], beneathChart);
                return count(kSlide, kColors[Red]) == 0 && line.width() > 850 && line.height() <= 12 &&
@@ -154,7 +154,9 @@ bool Demonstration::menu()
 
 bool Demonstration::drawWith(const QString &tool, int color, int width, const QList<QPoint> &points)
 {
-    return choose(tool) && choose(button::kColor, color) && choose(button::kWidth, width) && drawingIsOn() &&
+    // The toolbar answers in the order of its clicks, but the canvas does not wait for it.
+    return choose(tool) && choose(button::kColor, color) && choose(button::kWidth, width) &&
+           eventually([&] { return m_toolbar->isOn(button::kWidth, width); }) && drawingIsOn() &&
            draw(points);
 }
 

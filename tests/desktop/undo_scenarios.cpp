@@ -91,6 +91,7 @@ void UndoScenarios::whileNothingIsDrawnOnTheKeysBelongToTheApplications()
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(drawAt(on, kFirst));
+    EVENTUALLY(on.pixel(kFirst) == kInk);
     on.hotKey(Key::P);
     EVENTUALLY(on.beneath.hasFocus());
     on.beneath.forget();

@@ -1,17 +1,14 @@
-// How the program's state shows on the toolbar, and the rules of picking and of the two toggles.
+// How the program's state shows on the toolbar.
 
-#include "controller_fixture.h"
 #include "toolbar/bar.h"
-#include "toolbar/pal_button.h"
-#include "toolbar/panel.h"
 #include "toolbar/symbols.h"
 #include "toolbar/toolbar_look.h"
+#include "toolbar_fixture.h"
 
-#include <QPainter>
 #include <QTest>
 
 using namespace zeigewerk;
-using test::Controller;
+using namespace zeigewerk::test;
 
 namespace {
 
@@ -36,30 +33,6 @@ std::unique_ptr<Controller> withLook(bool dark)
     return controller;
 }
 
-/// Every colour, symbol and tooltip of the toolbar.
-QStringList appearance(const AppDelegate &app)
-{
-    const auto text = [](const Color &color) {
-        return QStringLiteral("%1 %2 %3 %4").arg(color.red).arg(color.green).arg(color.blue).arg(color.alpha);
-    };
-    QStringList all;
-    for (const PalButton *button : app.toolbar()->allButtons()) {
-        const PalButton::Layer &layer = button->layer();
-        all << button->toolTip() << text(layer.background) << text(layer.borderColor)
-            << QString::number(layer.borderWidth) << text(button->contentTint());
-    }
-    return all << text(app.toolbar()->gripView->color()) << text(app.toolbar()->panel->look().backdrop);
-}
-
-QImage painted(const std::optional<TemplateImage> &image)
-{
-    QImage picture(20, 20, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    image.value().paint(painter, {0, 0}, Qt::black);
-    return picture;
-}
-
 } // namespace
 
 class RefreshToolbarTest : public QObject
@@ -82,14 +55,6 @@ private Q_SLOTS:
     void switchingTheAppearanceTwiceRestoresEverything();
     void refreshingAgainChangesNothing();
     void aWidthOrColourThatIsNotOfferedHighlightsNone();
-    void pickingAToolLeadsToDrawing_data();
-    void pickingAToolLeadsToDrawing();
-    void aTagThatIsNoToolDoesNothing();
-    void pickingAColourChangesNothingElse();
-    void pickingAWidthChangesNothingElse();
-    void hidingKeepsThePlaceAndTheSelection();
-    void theToolbarComesBackAboveTheOverlays();
-    void aHiddenToolbarStaysHiddenWhenDrawingBegins();
 
 private:
     static void addLooks()
@@ -216,8 +181,9 @@ void RefreshToolbarTest::theAppearanceButtonShowsWhereItLeads()
     const PalButton &button = *(controller->app(), controller->app().toolbar())->btnDark;
     QCOMPARE(button.toolTip(), dark ? QStringLiteral("Werkzeugleiste auf hell umschalten")
                                     : QStringLiteral("Werkzeugleiste auf dunkel umschalten"));
-    QCOMPARE(painted(button.image()),
-             painted(symbolImage(dark ? QStringLiteral("sun.max.fill") : QStringLiteral("moon.fill"))));
+    QCOMPARE(
+        painted(button.image().value()),
+        painted(symbolImage(dark ? QStringLiteral("sun.max.fill") : QStringLiteral("moon.fill")).value()));
     QVERIFY(button.contentTint() == (dark ? kDarkContent : kLightContent));
     QCOMPARE(button.accessibleName(), QStringLiteral("Werkzeugleiste hell/dunkel"));
 }
@@ -253,105 +219,6 @@ void RefreshToolbarTest::aWidthOrColourThatIsNotOfferedHighlightsNone()
         QVERIFY(isClear(button->layer().background));
     for (const PalButton *swatch : controller.app().toolbar()->colorButtons)
         QCOMPARE(swatch->layer().borderWidth, 1.0);
-}
-
-void RefreshToolbarTest::pickingAToolLeadsToDrawing_data()
-{
-    QTest::addColumn<QString>("operations");
-    QTest::addColumn<bool>("drawOn");
-    QTest::addColumn<bool>("whiteboardOn");
-    QTest::newRow("with nothing on it turns drawing on") << "" << true << false;
-    QTest::newRow("with drawing on it only changes the tool") << "d" << true << false;
-    QTest::newRow("on the whiteboard it does not turn drawing on") << "w" << false << true;
-    QTest::newRow("with both on both stay") << "dw" << true << true;
-    QTest::newRow("it ends a pin") << "dp" << true << false;
-    QTest::newRow("it ends a pin beneath a whiteboard") << "dpw" << true << true;
-    QTest::newRow("with the spotlight alone it turns drawing on") << "s" << true << false;
-}
-
-void RefreshToolbarTest::pickingAToolLeadsToDrawing()
-{
-    QFETCH(QString, operations);
-    QFETCH(bool, drawOn);
-    QFETCH(bool, whiteboardOn);
-    Controller controller;
-    controller.perform(operations);
-    controller.desktop.takeLog();
-    controller.app().pickTool(Tool::ellipse);
-    QCOMPARE(controller.app().tool(), Tool(Tool::ellipse));
-    QCOMPARE(controller.app().drawOn(), drawOn);
-    QCOMPARE(controller.app().whiteboardOn(), whiteboardOn);
-    QVERIFY(!controller.app().pinnedOn());
-    // Everything was refreshed, not only the toolbar.
-    QVERIFY(controller.desktop.takeLog().contains(QStringLiteral("overlay 0: take the mouse")));
-}
-
-void RefreshToolbarTest::aTagThatIsNoToolDoesNothing()
-{
-    Controller controller;
-    controller.app().setTool(Tool::arrow);
-    controller.desktop.takeLog();
-    for (const int tag : {-1, 7, 100, -2147483647}) {
-        controller.app().pickTool(tag);
-        QCOMPARE(controller.app().tool(), Tool(Tool::arrow));
-        QVERIFY(!controller.app().drawOn());
-    }
-    QVERIFY(controller.desktop.takeLog().isEmpty());
-}
-
-void RefreshToolbarTest::pickingAColourChangesNothingElse()
-{
-    Controller controller;
-    controller.app().pickColor(3);
-    QVERIFY(controller.app().color() == kPalette.at(3));
-    QVERIFY(!controller.app().drawOn());
-
-    controller.app().toggleDraw();
-    controller.draw(controller.view());
-    controller.app().pickColor(5);
-    QVERIFY(controller.view().shapes().front().color == kPalette.at(3));
-}
-
-void RefreshToolbarTest::pickingAWidthChangesNothingElse()
-{
-    Controller controller;
-    controller.app().pickWidth(2);
-    QCOMPARE(controller.app().lineWidth(), 9.0);
-    QVERIFY(!controller.app().drawOn());
-}
-
-void RefreshToolbarTest::hidingKeepsThePlaceAndTheSelection()
-{
-    Controller controller;
-    controller.perform(QStringLiteral("ks"));
-    controller.app().pickWidth(0);
-    const QStringList before = appearance(controller.app());
-    const QRectF frame = controller.app().toolbar()->window->frame();
-    controller.app().toggleToolbar();
-    QVERIFY(!controller.app().toolbar()->window->isVisible());
-    controller.app().toggleToolbar();
-    QVERIFY(controller.app().toolbar()->window->isVisible());
-    QCOMPARE(controller.app().toolbar()->window->frame(), frame);
-    QCOMPARE(appearance(controller.app()), before);
-}
-
-void RefreshToolbarTest::theToolbarComesBackAboveTheOverlays()
-{
-    Controller controller;
-    controller.app();
-    controller.desktop.takeLog();
-    controller.app().toggleDraw();
-    const QStringList log = controller.desktop.takeLog();
-    QVERIFY(log.indexOf(QStringLiteral("toolbar 0: order front")) >
-            log.indexOf(QStringLiteral("overlay 0: make key")));
-}
-
-void RefreshToolbarTest::aHiddenToolbarStaysHiddenWhenDrawingBegins()
-{
-    Controller controller;
-    controller.app().toggleToolbar();
-    controller.app().toggleDraw();
-    QVERIFY(!controller.app().toolbar()->window->isVisible());
 }
 
 QTEST_MAIN(RefreshToolbarTest)

@@ -1,19 +1,15 @@
 // The toolbar as it is built: its buttons, rows and measures.
 
-#include "controller_fixture.h"
 #include "toolbar/bar.h"
-#include "toolbar/pal_button.h"
-#include "toolbar/panel.h"
 #include "toolbar/symbols.h"
+#include "toolbar_fixture.h"
 
-#include <QPainter>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <algorithm>
 
 using namespace zeigewerk;
-using test::Controller;
+using namespace zeigewerk::test;
 
 namespace {
 
@@ -78,25 +74,6 @@ const QList<Row> &expectedRows()
     return rows;
 }
 
-/// A button of the toolbar by its name.
-PalButton *named(const Toolbar &bar, const char *name)
-{
-    for (PalButton *button : bar.allButtons()) {
-        if (button->accessibleName() == QString::fromUtf8(name))
-            return button;
-    }
-    return nullptr;
-}
-
-QImage painted(const TemplateImage &image)
-{
-    QImage picture(20, 20, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    image.paint(painter, {0, 0}, Qt::black);
-    return picture;
-}
-
 } // namespace
 
 class ToolbarTest : public QObject
@@ -112,12 +89,7 @@ private Q_SLOTS:
     void tagsCountTheChoices();
     void widthButtonsShowDotsFourPointsWider();
     void modeAndToolButtonsHaveRoundedCorners();
-    void aClickActsAtOnceThoughTheWindowIsNotActive();
-    void eachButtonDoesWhatItSays_data();
-    void eachButtonDoesWhatItSays();
-    void quitEndsTheProgram();
     void thePanelIsShownOnceItIsBuilt();
-    void theMenuOpensOnTheBackgroundOnly();
 };
 
 void ToolbarTest::sixteenRowsLieAsTheyShould()
@@ -266,84 +238,11 @@ void ToolbarTest::modeAndToolButtonsHaveRoundedCorners()
     QCOMPARE(bar.widthButtons.front()->layer().cornerRadius, 7.0);
 }
 
-void ToolbarTest::aClickActsAtOnceThoughTheWindowIsNotActive()
-{
-    Controller controller;
-    const Toolbar &bar = *controller.app().toolbar();
-    QVERIFY(!bar.panel->isActiveWindow());
-    QTest::mouseClick(bar.btnClicks, Qt::LeftButton);
-    QVERIFY(controller.app().clicksOn());
-    QCOMPARE(bar.btnClicks->focusPolicy(), Qt::NoFocus);
-    QTest::mouseClick(bar.btnClicks, Qt::RightButton);
-    QVERIFY(controller.app().clicksOn());
-}
-
-void ToolbarTest::eachButtonDoesWhatItSays_data()
-{
-    using Check = std::function<bool(const AppDelegate &)>;
-    QTest::addColumn<Check>("hasHappened");
-    const auto row = [](const char *name, Check check) { QTest::newRow(name) << std::move(check); };
-    row("Zeichnen ein/aus (⌃⌥D)", [](const AppDelegate &app) { return app.drawOn(); });
-    row("Whiteboard (⌃⌥W)", [](const AppDelegate &app) { return app.whiteboardOn(); });
-    row("Spotlight (⌃⌥S) — Größe ändern: ⌥ + Scrollen",
-        [](const AppDelegate &app) { return app.spotlightOn(); });
-    row("Klicks anzeigen (⌃⌥K)", [](const AppDelegate &app) { return app.clicksOn(); });
-    row("Cursor-Ring: Mauszeiger dauerhaft hervorheben",
-        [](const AppDelegate &app) { return app.cursorRingOn(); });
-    row("Auto-Fade: Zeichnungen lösen sich nach 4 Sekunden auf",
-        [](const AppDelegate &app) { return app.autoFadeOn(); });
-    row("Textmarker", [](const AppDelegate &app) { return app.tool() == Tool::highlighter && app.drawOn(); });
-    row("Text (klicken, tippen, Enter)",
-        [](const AppDelegate &app) { return app.tool() == Tool::text && app.drawOn(); });
-    row("Farbe", [](const AppDelegate &app) { return app.color() == kOrange && !app.drawOn(); });
-    row("Strichstärke", [](const AppDelegate &app) { return app.lineWidth() == 3.0 && !app.drawOn(); });
-    row("Werkzeugleiste hell/dunkel", [](const AppDelegate &app) { return !app.darkUI(); });
-    row("Leiste ausblenden — wieder einblenden mit ⌃⌥T oder übers Menüleisten-Symbol",
-        [](const AppDelegate &app) { return !app.toolbarVisible() && !app.toolbar()->window->isVisible(); });
-}
-
-void ToolbarTest::eachButtonDoesWhatItSays()
-{
-    QFETCH(std::function<bool(const AppDelegate &)>, hasHappened);
-    Controller controller;
-    // What the first swatch chooses is chosen from the start.
-    controller.app().setColor(kNavy);
-    QVERIFY(!hasHappened(controller.app()));
-    QTest::mouseClick(named(*controller.app().toolbar(), QTest::currentDataTag()), Qt::LeftButton);
-    QVERIFY(hasHappened(controller.app()));
-}
-
-void ToolbarTest::quitEndsTheProgram()
-{
-    Controller controller;
-    const Toolbar &bar = *controller.app().toolbar();
-    // A programme that has no event loop running yet cannot be ended, so the click comes from within one.
-    QTimer::singleShot(0, bar.quitButton(), [&] { QTest::mouseClick(bar.quitButton(), Qt::LeftButton); });
-    QCOMPARE(QCoreApplication::exec(), 0);
-}
-
 void ToolbarTest::thePanelIsShownOnceItIsBuilt()
 {
     Controller controller;
     QVERIFY(controller.app().toolbar()->window->isVisible());
     QVERIFY(controller.desktop.takeLog().contains(QStringLiteral("toolbar 0: order front")));
-}
-
-void ToolbarTest::theMenuOpensOnTheBackgroundOnly()
-{
-    Controller controller;
-    Panel &panel = *controller.app().toolbar()->panel;
-    QSignalSpy requests(&panel, &Panel::menuRequested);
-    const auto rightClick = [](QWidget *widget, QPoint place) {
-        QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
-        QCoreApplication::sendEvent(widget, &event);
-    };
-    rightClick(controller.app().toolbar()->btnDraw, {5, 5});
-    QCOMPARE(requests.size(), 0);
-    rightClick(&panel, panel.frameRect().topLeft() + QPoint(6, 20));
-    QCOMPARE(requests.size(), 1);
-    rightClick(controller.app().toolbar()->gripView, {5, 2});
-    QCOMPARE(requests.size(), 2);
 }
 
 QTEST_MAIN(ToolbarTest)

@@ -1,0 +1,100 @@
+// What a click on each button of the toolbar does.
+
+#include "toolbar/bar.h"
+#include "toolbar_fixture.h"
+
+#include <QContextMenuEvent>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+using namespace zeigewerk;
+using namespace zeigewerk::test;
+
+class ToolbarClicksTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aClickActsAtOnceThoughTheWindowIsNotActive();
+    void eachButtonDoesWhatItSays_data();
+    void eachButtonDoesWhatItSays();
+    void quitEndsTheProgram();
+    void theMenuOpensOnTheBackgroundOnly();
+};
+
+void ToolbarClicksTest::aClickActsAtOnceThoughTheWindowIsNotActive()
+{
+    Controller controller;
+    const Toolbar &bar = *controller.app().toolbar();
+    QVERIFY(!bar.panel->isActiveWindow());
+    QTest::mouseClick(bar.btnClicks, Qt::LeftButton);
+    QVERIFY(controller.app().clicksOn());
+    QCOMPARE(bar.btnClicks->focusPolicy(), Qt::NoFocus);
+    QTest::mouseClick(bar.btnClicks, Qt::RightButton);
+    QVERIFY(controller.app().clicksOn());
+}
+
+void ToolbarClicksTest::eachButtonDoesWhatItSays_data()
+{
+    using Check = std::function<bool(const AppDelegate &)>;
+    QTest::addColumn<Check>("hasHappened");
+    const auto row = [](const char *name, Check check) { QTest::newRow(name) << std::move(check); };
+    row("Zeichnen ein/aus (⌃⌥D)", [](const AppDelegate &app) { return app.drawOn(); });
+    row("Whiteboard (⌃⌥W)", [](const AppDelegate &app) { return app.whiteboardOn(); });
+    row("Spotlight (⌃⌥S) — Größe ändern: ⌥ + Scrollen",
+        [](const AppDelegate &app) { return app.spotlightOn(); });
+    row("Klicks anzeigen (⌃⌥K)", [](const AppDelegate &app) { return app.clicksOn(); });
+    row("Cursor-Ring: Mauszeiger dauerhaft hervorheben",
+        [](const AppDelegate &app) { return app.cursorRingOn(); });
+    row("Auto-Fade: Zeichnungen lösen sich nach 4 Sekunden auf",
+        [](const AppDelegate &app) { return app.autoFadeOn(); });
+    row("Textmarker", [](const AppDelegate &app) { return app.tool() == Tool::highlighter && app.drawOn(); });
+    row("Text (klicken, tippen, Enter)",
+        [](const AppDelegate &app) { return app.tool() == Tool::text && app.drawOn(); });
+    row("Farbe", [](const AppDelegate &app) { return app.color() == kOrange && !app.drawOn(); });
+    row("Strichstärke", [](const AppDelegate &app) { return app.lineWidth() == 3.0 && !app.drawOn(); });
+    row("Werkzeugleiste hell/dunkel", [](const AppDelegate &app) { return !app.darkUI(); });
+    row("Leiste ausblenden — wieder einblenden mit ⌃⌥T oder übers Menüleisten-Symbol",
+        [](const AppDelegate &app) { return !app.toolbarVisible() && !app.toolbar()->window->isVisible(); });
+}
+
+void ToolbarClicksTest::eachButtonDoesWhatItSays()
+{
+    QFETCH(std::function<bool(const AppDelegate &)>, hasHappened);
+    Controller controller;
+    // What the first swatch chooses is chosen from the start.
+    controller.app().setColor(kNavy);
+    QVERIFY(!hasHappened(controller.app()));
+    QTest::mouseClick(named(*controller.app().toolbar(), QTest::currentDataTag()), Qt::LeftButton);
+    QVERIFY(hasHappened(controller.app()));
+}
+
+void ToolbarClicksTest::quitEndsTheProgram()
+{
+    Controller controller;
+    const Toolbar &bar = *controller.app().toolbar();
+    // A programme that has no event loop running yet cannot be ended, so the click comes from within one.
+    QTimer::singleShot(0, bar.quitButton(), [&] { QTest::mouseClick(bar.quitButton(), Qt::LeftButton); });
+    QCOMPARE(QCoreApplication::exec(), 0);
+}
+
+void ToolbarClicksTest::theMenuOpensOnTheBackgroundOnly()
+{
+    Controller controller;
+    Panel &panel = *controller.app().toolbar()->panel;
+    QSignalSpy requests(&panel, &Panel::menuRequested);
+    const auto rightClick = [](QWidget *widget, QPoint place) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
+        QCoreApplication::sendEvent(widget, &event);
+    };
+    rightClick(controller.app().toolbar()->btnDraw, {5, 5});
+    QCOMPARE(requests.size(), 0);
+    rightClick(&panel, panel.frameRect().topLeft() + QPoint(6, 20));
+    QCOMPARE(requests.size(), 1);
+    rightClick(controller.app().toolbar()->gripView, {5, 2});
+    QCOMPARE(requests.size(), 2);
+}
+
+QTEST_MAIN(ToolbarClicksTest)
+#include "toolbar_clicks_test.moc"

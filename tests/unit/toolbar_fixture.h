@@ -1,0 +1,47 @@
+#pragma once
+
+#include "controller_fixture.h"
+#include "toolbar/bar.h"
+#include "toolbar/pal_button.h"
+#include "toolbar/panel.h"
+
+#include <QPainter>
+
+namespace zeigewerk::test {
+
+/// A button of the toolbar by its name.
+inline PalButton *named(const Toolbar &bar, const char *name)
+{
+    for (PalButton *button : bar.allButtons()) {
+        if (button->accessibleName() == QString::fromUtf8(name))
+            return button;
+    }
+    return nullptr;
+}
+
+/// A symbol in black at scale 1.
+inline QImage painted(const TemplateImage &image)
+{
+    QImage picture(20, 20, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    image.paint(painter, {0, 0}, Qt::black);
+    return picture;
+}
+
+/// Every colour, symbol and tooltip of the toolbar.
+inline QStringList appearance(const AppDelegate &app)
+{
+    const auto text = [](const Color &color) {
+        return QStringLiteral("%1 %2 %3 %4").arg(color.red).arg(color.green).arg(color.blue).arg(color.alpha);
+    };
+    QStringList all;
+    for (const PalButton *button : app.toolbar()->allButtons()) {
+        const PalButton::Layer &layer = button->layer();
+        all << button->toolTip() << text(layer.background) << text(layer.borderColor)
+            << QString::number(layer.borderWidth) << text(button->contentTint());
+    }
+    return all << text(app.toolbar()->gripView->color()) << text(app.toolbar()->panel->look().backdrop);
+}
+
+} // namespace zeigewerk::test

@@ -8,13 +8,11 @@ using platform::Modifier;
 
 namespace {
 
-/// Shift is left open, and with it upper case: CapsLock must not stand in the way of taking back. With Alt
-/// the key belongs to a global hot key, ours or another program's.
+/// Whatever else is held, and in upper case too: CapsLock must not stand in the way of taking back.
 bool isUndo(const KeyEvent &event)
 {
-    const bool isCommand = event.modifiers.testAnyFlags(Modifier::Ctrl | Modifier::Super) &&
-                           !event.modifiers.testFlag(Modifier::Alt);
-    return isCommand && QChar::toLower(event.character) == U'z';
+    return event.modifiers.testAnyFlags(Modifier::Ctrl | Modifier::Super) &&
+           QChar::toLower(event.character) == U'z';
 }
 
 } // namespace

@@ -24,7 +24,10 @@ void DrawingView::scrollWheel(const platform::ScrollEvent &event)
 
 void AppDelegate::adjustSpotRadius(double delta)
 {
-    m_spotRadius = std::min(std::max(m_spotRadius + delta, kSmallestSpotRadius), kLargestSpotRadius);
+    const double radius = std::min(std::max(m_spotRadius + delta, kSmallestSpotRadius), kLargestSpotRadius);
+    if (radius == m_spotRadius)
+        return; // a wheel that turns on at a bound writes nothing
+    m_spotRadius = radius;
     m_defaults.setDouble(kSpotRadiusKey, m_spotRadius);
     // Nothing is repainted here: the next step of what follows the pointer finds the hole changed.
 }

@@ -7,13 +7,21 @@
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 
+#include <array>
+#include <chrono>
+
 namespace zeigewerk {
+
+using namespace std::chrono_literals;
 
 namespace {
 
 // The interface of the watcher is called as its service is.
 const QString kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
+
+/// A watcher may have its name on the bus a little before it answers.
+constexpr std::array kAskAgainAfter = {500ms, 2000ms};
 
 bool isAboutNobodyThere(const QDBusError &error)
 {
@@ -39,6 +47,8 @@ NotifierWatch::NotifierWatch()
             });
     bus.connect(kWatcher, kWatcherPath, kWatcher, QStringLiteral("StatusNotifierHostRegistered"), this,
                 SLOT(askForHost()));
+    m_askAgain.setSingleShot(true);
+    m_askAgain.callOnTimeout(this, &NotifierWatch::askForHost);
     askForHost();
 }
 
@@ -46,8 +56,10 @@ NotifierWatch::~NotifierWatch() = default;
 
 void NotifierWatch::ownerChanged(const QString &oldOwner, const QString &newOwner)
 {
+    m_failures = 0;
     if (newOwner.isEmpty()) {
         m_question.reset();
+        m_askAgain.stop();
         setState(State::NoWatcher);
         return;
     }
@@ -77,7 +89,14 @@ void NotifierWatch::takeAnswer()
     else if (isAboutNobodyThere(answer.error()))
         setState(State::NoWatcher);
     else
-        setState(State::NoHost);
+        askAgainLater();
+}
+
+void NotifierWatch::askAgainLater()
+{
+    if (m_failures < static_cast<int>(kAskAgainAfter.size()))
+        m_askAgain.start(kAskAgainAfter.at(static_cast<std::size_t>(m_failures++)));
+    setState(State::NoHost);
 }
 
 void NotifierWatch::setState(State state)

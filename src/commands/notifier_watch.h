@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 
@@ -39,6 +40,7 @@ private Q_SLOTS:
 private:
     void ownerChanged(const QString &oldOwner, const QString &newOwner);
     void takeAnswer();
+    void askAgainLater();
     void setState(State state);
 
     State m_state = State::Unknown;
@@ -46,6 +48,8 @@ private:
     std::unique_ptr<QDBusServiceWatcher> m_owner;
     /// The latest question, while it is open.
     std::unique_ptr<QDBusPendingCallWatcher> m_question;
+    int m_failures = 0;
+    QTimer m_askAgain;
 };
 
 } // namespace zeigewerk

@@ -3,20 +3,43 @@
 #include "commands/status_icon.h"
 #include "core/app_delegate.h"
 
+#include <chrono>
+
 namespace zeigewerk {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// When a session starts, the pieces of its tray come one after the other. Longer than that, and a watcher
+/// without a host is a left-over.
+constexpr auto kWaitForHost = 3s;
+
+} // namespace
 
 StatusItem::StatusItem(platform::Desktop &desktop, AppDelegate &app)
     : m_desktop(desktop)
     , m_app(app)
     , m_menu(app)
 {
-    connect(&m_notifiers, &NotifierWatch::stateChanged, this, &StatusItem::showIconIfPossible);
+    m_waitForHost.setSingleShot(true);
+    m_waitForHost.callOnTimeout(this, &StatusItem::showIconIfPossible);
+    connect(&m_notifiers, &NotifierWatch::stateChanged, this, &StatusItem::trayStateChanged);
     connect(&m_notifiers, &NotifierWatch::watcherReplaced, this, &StatusItem::registerAgain);
     connect(&m_desktop, &platform::Desktop::embeddingTrayChanged, this, &StatusItem::showIconIfPossible);
     showIconIfPossible();
 }
 
 StatusItem::~StatusItem() = default;
+
+void StatusItem::trayStateChanged()
+{
+    if (m_notifiers.state() == NotifierWatch::State::NoHost && !m_icon)
+        m_waitForHost.start(kWaitForHost);
+    else
+        m_waitForHost.stop();
+    showIconIfPossible();
+}
 
 bool StatusItem::isTrayThere() const
 {
@@ -25,8 +48,9 @@ bool StatusItem::isTrayThere() const
         return true;
     case NotifierWatch::State::NoWatcher:
         return m_desktop.hasEmbeddingTray();
-    case NotifierWatch::State::Unknown:
     case NotifierWatch::State::NoHost:
+        return !m_waitForHost.isActive() && m_desktop.hasEmbeddingTray();
+    case NotifierWatch::State::Unknown:
         return false;
     }
     return false;

@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QSystemTrayIcon>
+#include <QTimer>
 
 #include <memory>
 
@@ -31,6 +32,7 @@ public:
     bool hasIcon() const { return m_icon != nullptr; }
 
 private:
+    void trayStateChanged();
     bool isTrayThere() const;
     void showIconIfPossible();
     void registerAgain();
@@ -40,6 +42,8 @@ private:
     AppDelegate &m_app;
     StatusMenu m_menu;
     NotifierWatch m_notifiers;
+    /// While a watcher is alone, its host may be on its way.
+    QTimer m_waitForHost;
     /// Made late, because Qt decides only once, when the first one is made, which kind of tray there is.
     std::unique_ptr<QSystemTrayIcon> m_icon;
 };

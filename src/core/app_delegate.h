@@ -178,7 +178,8 @@ private:
     void makeWidthButtons();
     void makeMiscButtons();
     void layOutPanel();
-    void showPanel();
+    void placePanel();
+    void connectPanel();
     /// A button that shows a symbol, "?" where it is missing; `action` may be none.
     PalButton *makeButton(const QString &symbol, const QString &tip, void (AppDelegate::*action)(),
                           QSize size);

@@ -35,6 +35,7 @@ inline constexpr Color kOrange = Color::hex(0xF29A00);
 inline constexpr Color kNavy = Color::hex(0x182245);
 inline constexpr Color kWhite = Color::hex(0xFFFFFF);
 inline constexpr Color kBlack = Color::hex(0x000000);
+inline constexpr Color kClear = kBlack.withAlpha(0.0);
 
 /// The colours offered on the toolbar, in its order.
 inline constexpr std::array kPalette = {kOrange,

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "drawing/color.h"
-#include "toolbar/toolbar_look.h"
 
 #include <QWidget>
 

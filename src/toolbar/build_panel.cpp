@@ -64,7 +64,10 @@ void AppDelegate::buildPanel()
     makeWidthButtons();
     makeMiscButtons();
     layOutPanel();
-    showPanel();
+    placePanel();
+    connectPanel();
+    refreshToolbar();
+    m_toolbar->window->orderFrontRegardless();
 }
 
 void AppDelegate::layOutPanel()
@@ -98,11 +101,17 @@ void AppDelegate::layOutPanel()
     panel.setFixedSize(panel.layout()->sizeHint());
 }
 
-void AppDelegate::showPanel()
+void AppDelegate::placePanel()
+{
+    m_toolbar->window =
+        m_desktop.makeWindow(platform::WidgetRole::Toolbar, *m_toolbar->panel, Panel::kShadow);
+    m_toolbar->placement = std::make_unique<PanelPlacement>(m_desktop, *m_toolbar->window, m_defaults);
+    m_toolbar->placement->place();
+}
+
+void AppDelegate::connectPanel()
 {
     Panel *panel = m_toolbar->panel.get();
-    m_toolbar->window = m_desktop.makeWindow(platform::WidgetRole::Toolbar, *panel, Panel::kShadow);
-    m_toolbar->placement = std::make_unique<PanelPlacement>(m_desktop, *m_toolbar->window, m_defaults);
     PanelPlacement *placement = m_toolbar->placement.get();
     connect(panel, &Panel::dragBegan, placement, &PanelPlacement::dragBegan);
     connect(panel, &Panel::dragMoved, placement, &PanelPlacement::dragMoved);
@@ -112,9 +121,6 @@ void AppDelegate::showPanel()
     const auto adopt = [this, panel] { panel->setComposited(m_desktop.isComposited()); };
     connect(&m_desktop, &platform::Desktop::compositingChanged, panel, adopt);
     adopt();
-    placement->place();
-    refreshToolbar();
-    m_toolbar->window->orderFrontRegardless();
 }
 
 } // namespace zeigewerk

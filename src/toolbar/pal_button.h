@@ -2,7 +2,6 @@
 
 #include "drawing/color.h"
 #include "toolbar/template_image.h"
-#include "toolbar/toolbar_look.h"
 
 #include <QAbstractButton>
 

@@ -136,7 +136,20 @@ void Panel::mouseMoveEvent(QMouseEvent *)
 
 void Panel::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton || !m_isDragged)
+    if (event->button() == Qt::LeftButton)
+        endDrag();
+}
+
+void Panel::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    // Hidden by a hot key in mid-drag, it never hears of the release.
+    endDrag();
+}
+
+void Panel::endDrag()
+{
+    if (!m_isDragged)
         return;
     m_isDragged = false;
     Q_EMIT dragEnded();

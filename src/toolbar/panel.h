@@ -48,11 +48,13 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     void cutOut();
     QPointF gripAt(QPointF position) const;
+    void endDrag();
     void paintShadow(QPainter &painter) const;
     void paintBackdrop(QPainter &painter) const;
 

@@ -21,7 +21,7 @@ void PanelPlacement::place()
             return placeSaved(saved->frame.topLeft(), saved->screenName);
     }
     if (const auto screen = homeScreen())
-        m_window.setFrameOrigin(firstPlace(m_desktop.visibleFrame(*screen), m_window.frame().size()));
+        m_window.setFrameOrigin(firstPlace(roomOn(*screen), m_window.frame().size()));
 }
 
 void PanelPlacement::placeSaved(QPointF origin, const QString &screenName)
@@ -36,17 +36,24 @@ void PanelPlacement::placeSaved(QPointF origin, const QString &screenName)
     if (!screen)
         screen = homeScreen();
     if (screen)
-        m_window.setFrameOrigin(broughtIntoView(frame, m_desktop.visibleFrame(*screen)));
+        m_window.setFrameOrigin(broughtIntoView(frame, roomOn(*screen)));
 }
 
 std::optional<platform::Screen> PanelPlacement::homeScreen()
 {
-    auto screen = screenNamed(m_homeScreen);
-    if (!screen)
-        screen = m_desktop.mainScreen();
-    if (screen)
+    if (const auto screen = screenNamed(m_homeScreen))
+        return screen;
+    const auto screen = m_desktop.mainScreen();
+    // While its screen is away, another one is no new home.
+    if (screen && m_homeScreen.isEmpty())
         m_homeScreen = screen->name;
     return screen;
+}
+
+QRectF PanelPlacement::roomOn(const platform::Screen &screen) const
+{
+    const QRectF visible = m_desktop.visibleFrame(screen);
+    return visible.isEmpty() ? screen.frame : visible;
 }
 
 std::optional<platform::Screen> PanelPlacement::screenNamed(const QString &name) const

@@ -35,6 +35,7 @@ private:
     std::optional<platform::Screen> screenNamed(const QString &name) const;
     /// The screen for a toolbar that has none: the one it has been put on before, else the main screen.
     std::optional<platform::Screen> homeScreen();
+    QRectF roomOn(const platform::Screen &screen) const;
     void placeSaved(QPointF origin, const QString &screenName);
     QString screenUnder(const QRectF &frame) const;
 

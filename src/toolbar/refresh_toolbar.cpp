@@ -8,6 +8,8 @@
 #include "toolbar/symbols.h"
 #include "toolbar/toolbar_look.h"
 
+#include <utility>
+
 namespace zeigewerk {
 
 namespace {
@@ -28,12 +30,19 @@ void setChosenSwatch(PalButton &swatch, bool isChosen, const ToolbarLook &look)
     swatch.setShownOn(isChosen);
 }
 
-void refreshSwitch(PalButton &button, const ToolbarLook &look)
+/// What changes with the appearance alone.
+void adoptLook(const Toolbar &bar, const ToolbarLook &look)
 {
+    bar.panel->setLook(look);
+    bar.gripView->setColor(look.grip);
+    for (PalButton *button : bar.allButtons())
+        button->setFeedback(look.hovered, look.pressed);
     if (const auto image = symbolImage(QString::fromLatin1(look.switchSymbol)))
-        button.setImage(*image);
-    button.setContentTint(look.content);
-    button.setToolTip(QString::fromUtf8(look.switchTip));
+        bar.btnDark->setImage(*image);
+    bar.btnDark->setContentTint(look.content);
+    bar.btnDark->setToolTip(QString::fromUtf8(look.switchTip));
+    for (PalButton *button : bar.miscButtons)
+        button->setContentTint(look.content);
 }
 
 } // namespace
@@ -44,10 +53,8 @@ void AppDelegate::refreshToolbar()
         return;
     const Toolbar &bar = *m_toolbar;
     const ToolbarLook &look = toolbarLook(m_darkUI);
-    bar.panel->setLook(look);
-    bar.gripView->setColor(look.grip);
-    for (PalButton *button : bar.allButtons())
-        button->setFeedback(look.hovered, look.pressed);
+    if (std::exchange(m_toolbar->look, &look) != &look)
+        adoptLook(bar, look);
 
     setSelected(bar.btnDraw, m_drawOn);
     setSelected(bar.btnBoard, m_whiteboardOn);
@@ -56,7 +63,6 @@ void AppDelegate::refreshToolbar()
     setSelected(bar.btnPin, m_pinnedOn);
     setSelected(bar.btnRing, m_cursorRingOn);
     setSelected(bar.btnFade, m_autoFadeOn);
-    refreshSwitch(*bar.btnDark, look);
 
     for (const auto &[tool, button] : bar.toolButtons)
         setChosen(*button, tool == m_tool, look);
@@ -64,8 +70,6 @@ void AppDelegate::refreshToolbar()
         setChosenSwatch(*bar.colorButtons.at(i), kPalette.at(i) == m_color, look);
     for (std::size_t i = 0; i < widths.size(); ++i)
         setChosen(*bar.widthButtons.at(i), widths.at(i) == m_lineWidth, look);
-    for (PalButton *button : bar.miscButtons)
-        button->setContentTint(look.content);
 }
 
 void AppDelegate::setSelected(PalButton *button, bool on)

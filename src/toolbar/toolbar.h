@@ -13,6 +13,7 @@ class Bar;
 class PalButton;
 class Panel;
 class PanelPlacement;
+struct ToolbarLook;
 
 /// The floating toolbar: its panel, the window that shows it, and what mirrors the program's state on it. The
 /// panel owns the buttons.
@@ -25,6 +26,9 @@ struct Toolbar
     std::unique_ptr<Panel> panel;
     std::unique_ptr<platform::WidgetWindow> window;
     std::unique_ptr<PanelPlacement> placement;
+
+    /// What `refreshToolbar` painted last; null before.
+    const ToolbarLook *look = nullptr;
 
     Bar *gripView = nullptr;
     PalButton *btnDraw = nullptr;

@@ -2,8 +2,6 @@
 
 #include "drawing/color.h"
 
-#include <QString>
-
 namespace zeigewerk {
 
 /// The colours of the toolbar in one of its two appearances, and what the button that switches between them
@@ -29,8 +27,6 @@ struct ToolbarLook
     const char *switchSymbol;
     const char *switchTip;
 };
-
-inline constexpr Color kClear = kBlack.withAlpha(0.0);
 
 inline constexpr ToolbarLook kDarkLook = {
     .backdrop = Color::hex(0x2A2C31).withAlpha(0.94),

@@ -62,8 +62,7 @@ QImage paintedSlide(QSize size, bool isPressed)
     painter.setPen(kText);
     write(painter, 76, kTitle, QStringLiteral("Umsatz nach Quartal"));
     painter.setPen(kText);
-    const std::array lines = {QStringLiteral("Rekord im Herbst"),
-                              QStringLiteral("Zwei neue Standorte"),
+    const std::array lines = {QStringLiteral("Rekord im Herbst"), QStringLiteral("Zwei neue Standorte"),
                               QStringLiteral("Ausblick: plus 12 %")};
     int baseline = 420;
     for (const QString &line : lines) {

@@ -134,8 +134,15 @@ void ToolbarStackingScenarios::itIsThereAgainWhenTheScreensAre()
 {
     Presentation on;
     EVENTUALLY(isSeen(on, on.beneathColor()));
+    on.hotKey(Key::D);
+    EVENTUALLY(!on.overlays().isEmpty());
     on.session.display().unplug(0);
+    // It has noticed.
+    EVENTUALLY(on.overlays().isEmpty());
     on.session.display().plug(0, kScreen);
+    EVENTUALLY(!on.overlays().isEmpty());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.overlays().isEmpty());
     EVENTUALLY(isSeen(on, on.beneathColor()));
     // On top of what comes later, too.
     WindowBeneath later(on.session, kScreen, Qt::green);

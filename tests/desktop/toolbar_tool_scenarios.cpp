@@ -101,7 +101,7 @@ void ToolbarToolScenarios::eachColourColoursTheNextStroke()
         const QColor color = kPalette.at(static_cast<std::size_t>(i));
         QCOMPARE(on.pixel(on.presenter.button(button::kColor, i).extents.center()), color);
         QVERIFY(on.presenter.click(button::kColor, i));
-        QVERIFY(on.presenter.isOn(button::kColor, i));
+        EVENTUALLY(on.presenter.isOn(button::kColor, i));
         const QPoint place(400, 200 + 40 * i);
         QVERIFY(on.strokeFrom(place));
         EVENTUALLY(on.strokeColor(place) == color);
@@ -119,7 +119,7 @@ void ToolbarToolScenarios::eachWidthMakesTheStrokeThatThick()
     constexpr std::array widths = {3, 5, 9};
     for (int i = 0; i < static_cast<int>(widths.size()); ++i) {
         QVERIFY(on.presenter.click(button::kWidth, i));
-        QVERIFY(on.presenter.isOn(button::kWidth, i));
+        EVENTUALLY(on.presenter.isOn(button::kWidth, i));
         const QPoint place(400, 200 + 100 * i);
         QVERIFY(on.strokeFrom(place));
         EVENTUALLY(on.strokeColor(place) == kInk);

@@ -2,6 +2,7 @@
 
 #include "presentation.h"
 #include "rig/embedding_tray.h"
+#include "rig/tray_watcher.h"
 
 using namespace zeigewerk::rig;
 
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void theIconIsDockedWheneverTheTrayComes_data();
     void theIconIsDockedWheneverTheTrayComes();
     void theIconIsDockedAgainInTheNextTray();
+    void aWatcherThatIsLeftOverDoesNotHinder();
     void aClickOnTheIconOpensOneMenu_data();
     void aClickOnTheIconOpensOneMenu();
 };
@@ -98,6 +100,19 @@ void TrayEmbeddingScenarios::theIconIsDockedAgainInTheNextTray()
     }
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());
+}
+
+void TrayEmbeddingScenarios::aWatcherThatIsLeftOverDoesNotHinder()
+{
+    DesktopSession session;
+    TrayWatcher watcher(session);
+    watcher.start();
+    EmbeddingTray tray(session, kTrayPlace);
+    tray.start();
+    Program program(session);
+    QVERIFY(program.waitUntilReady());
+    EVENTUALLY(tray.icon().has_value());
+    QVERIFY(watcher.items().isEmpty());
 }
 
 void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu_data()

@@ -254,6 +254,7 @@ void WidgetWindowScenarios::aMenuThatOpensUnderAnOverlayIsBroughtUp()
     seam.tell("move 200 500");
     seam.tell("show");
     seam.tell("overlay");
+    EVENTUALLY(seam.windows().size() == 2);
     // Longer than the last look after the overlay came up: only the menu itself can cause another one.
     THROUGHOUT(600ms, seam.windows().size() == 2);
     seam.tell("lowered menu 250 300");

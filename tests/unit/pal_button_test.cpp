@@ -17,6 +17,20 @@ QAccessibleInterface *accessible(QWidget *widget)
     return QAccessible::queryAccessibleInterface(widget);
 }
 
+/// Counts how often a widget is painted.
+class Repaints : public QObject
+{
+public:
+    explicit Repaints(QWidget &widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+
+    int count = 0;
+};
+
 QColor middleOf(PalButton &button)
 {
     return button.grab().toImage().pixelColor(button.width() / 2, 4);
@@ -63,9 +77,16 @@ void PalButtonTest::hoverAndPressShowAndPass()
     QTest::mousePress(&button, Qt::LeftButton, {}, {20, 16});
     QVERIFY(middleOf(button).lightness() < plain.lightness());
     QTest::mouseRelease(&button, Qt::LeftButton, {}, {20, 16});
-    button.setAttribute(Qt::WA_UnderMouse, true);
+    QCOMPARE(middleOf(button), plain);
+
+    QVERIFY(QTest::qWaitForWindowExposed(&button));
+    Repaints repaints(button);
+    QTest::mouseMove(&button, {20, 16});
+    QTRY_VERIFY(repaints.count > 0);
     QVERIFY(middleOf(button).lightness() > plain.lightness());
-    button.setAttribute(Qt::WA_UnderMouse, false);
+    repaints.count = 0;
+    QTest::mouseMove(&button, {200, 200});
+    QTRY_VERIFY(repaints.count > 0);
     QCOMPARE(middleOf(button), plain);
 }
 

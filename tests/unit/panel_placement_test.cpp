@@ -59,15 +59,19 @@ private Q_SLOTS:
     void aRescueIsNotRemembered();
     void itComesBackWithItsScreen();
     void undraggedItStaysOnItsScreenWhenScreensChange();
+    void undraggedItComesBackWithItsScreen();
+    void whereNothingIsFreeItStandsOnTheWholeScreen();
     void savedFramesSurviveARoundTrip();
     void draggingByTheBackgroundMovesIt();
     void aPressThatGoesNowhereIsNoDrag();
+    void hidingItEndsTheDrag();
 };
 
 void PanelPlacementTest::atFirstItStandsAtTheRightEdge()
 {
     Controller controller;
-    QCOMPARE(frameOf(controller), QRectF(QPointF(1000 - 151 - 24, 400 - 477 / 2.0), kSize));
+    // Centred but for half a point, since windows stand at whole ones.
+    QCOMPARE(frameOf(controller), QRectF(QPointF(1000 - 151 - 24, 161), kSize));
 }
 
 void PanelPlacementTest::atFirstItKeepsClearOfPanels()
@@ -75,7 +79,7 @@ void PanelPlacementTest::atFirstItKeepsClearOfPanels()
     Controller controller;
     // 40 points at the bottom of the screen, 60 at its right.
     controller.desktop.setPanels({0, 0, 60, 40});
-    QCOMPARE(frameOf(controller), QRectF(QPointF(940 - 151 - 24, 420 - 477 / 2.0), kSize));
+    QCOMPARE(frameOf(controller), QRectF(QPointF(940 - 151 - 24, 181), kSize));
 }
 
 void PanelPlacementTest::atFirstItStandsOnTheMainScreen()
@@ -83,7 +87,7 @@ void PanelPlacementTest::atFirstItStandsOnTheMainScreen()
     Controller controller(twoScreens());
     controller.desktop.setMainScreen(1);
     // The second screen's upper edge is level with the first one's, so it begins 200 points up.
-    QCOMPARE(frameOf(controller).topLeft(), QPointF(1800 - 151 - 24, 500 - 477 / 2.0));
+    QCOMPARE(frameOf(controller).topLeft(), QPointF(1800 - 151 - 24, 261));
 }
 
 void PanelPlacementTest::withoutAScreenItStaysWhereItIs()
@@ -146,7 +150,7 @@ void PanelPlacementTest::aSavedFrameThatIsNoneReadsAsNone()
     QVERIFY(!SavedFrame::fromString(text));
     Controller controller;
     controller.defaults.setString(kToolbarFrameKey, text);
-    QCOMPARE(frameOf(controller).topLeft(), QPointF(1000 - 151 - 24, 400 - 477 / 2.0));
+    QCOMPARE(frameOf(controller).topLeft(), QPointF(1000 - 151 - 24, 161));
 }
 
 void PanelPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView_data()
@@ -204,6 +208,25 @@ void PanelPlacementTest::undraggedItStaysOnItsScreenWhenScreensChange()
     QCOMPARE(frameOf(controller).topLeft(), first);
 }
 
+void PanelPlacementTest::undraggedItComesBackWithItsScreen()
+{
+    Controller controller(twoScreens());
+    controller.desktop.setMainScreen(1);
+    const QPointF first = frameOf(controller).topLeft();
+    controller.desktop.setMainScreen(0);
+    controller.desktop.changeScreens(onlyFirstScreen());
+    QVERIFY(QRectF(0, 0, 1000, 800).contains(frameOf(controller)));
+    controller.desktop.changeScreens(twoScreens());
+    QCOMPARE(frameOf(controller).topLeft(), first);
+}
+
+void PanelPlacementTest::whereNothingIsFreeItStandsOnTheWholeScreen()
+{
+    Controller controller;
+    controller.desktop.setPanels({0, 0, 1000, 0});
+    QCOMPARE(frameOf(controller).topLeft(), QPointF(1000 - 151 - 24, 161));
+}
+
 void PanelPlacementTest::savedFramesSurviveARoundTrip()
 {
     const SavedFrame frame{.frame = {-1920.5, 33, 151, 477}, .screenName = QStringLiteral("My Screen 2")};
@@ -244,6 +267,26 @@ void PanelPlacementTest::aPressThatGoesNowhereIsNoDrag()
     drag(controller, {900, 400}, {{900, 400}});
     QCOMPARE(frameOf(controller).topLeft(), before);
     QVERIFY(!controller.defaults.stringForKey(kToolbarFrameKey));
+}
+
+void PanelPlacementTest::hidingItEndsTheDrag()
+{
+    Controller controller;
+    Panel &panel = *controller.app().toolbar()->panel;
+    const QPointF before = frameOf(controller).topLeft();
+    QTest::mousePress(&panel, Qt::LeftButton, {}, panel.frameRect().topLeft() + QPoint(5, 60));
+    controller.desktop.setMouseLocation(before + QPointF(105.5, 477 - 60.5));
+    QTest::mouseMove(&panel, panel.frameRect().center());
+    controller.app().toggleToolbar();
+    // Where it had come to is remembered …
+    const QPointF left = before + QPointF(100, 0);
+    QCOMPARE(SavedFrame::fromString(*controller.defaults.stringForKey(kToolbarFrameKey))->frame.topLeft(),
+             left);
+    // … and a pointer that passes later does not take it along.
+    controller.app().toggleToolbar();
+    controller.desktop.setMouseLocation({100, 100});
+    QTest::mouseMove(&panel, panel.frameRect().center());
+    QCOMPARE(frameOf(controller).topLeft(), left);
 }
 
 QTEST_MAIN(PanelPlacementTest)

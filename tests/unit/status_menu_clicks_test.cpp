@@ -78,7 +78,7 @@ void StatusMenuClicksTest::itemsDoWhatTheirOperationsDo_data()
         row(kRing, &AppDelegate::toggleRing, before);
         row(kFade, &AppDelegate::toggleFade, before);
         row(kDark, &AppDelegate::toggleDarkUI, before);
-        row(kClear, &AppDelegate::clearAll, before);
+        row(kClearAll, &AppDelegate::clearAll, before);
         row(kHide, &AppDelegate::toggleToolbar, before);
     }
 }
@@ -101,6 +101,8 @@ void StatusMenuClicksTest::itemsDoWhatTheirOperationsDo()
     QCOMPARE(clicked.app().toolbarVisible(), expected.app().toolbarVisible());
     QCOMPARE(clicked.desktop.takeLog(), expected.desktop.takeLog());
     QCOMPARE(checkedTitles(menuOf(clicked).trayMenu()), flagsOn(clicked.app()));
+    // The menu follows, whichever way the operation was called.
+    QCOMPARE(checkedTitles(menuOf(expected).trayMenu()), flagsOn(expected.app()));
 }
 
 void StatusMenuClicksTest::clearingWipesTheCanvas()
@@ -109,7 +111,7 @@ void StatusMenuClicksTest::clearingWipesTheCanvas()
     controller.app().toggleDraw();
     controller.draw(controller.view());
     QCOMPARE(controller.view().shapes().size(), 1U);
-    item(controller, kClear).trigger();
+    item(controller, kClearAll).trigger();
     QVERIFY(controller.view().shapes().empty());
     QVERIFY(controller.app().drawOn());
 }

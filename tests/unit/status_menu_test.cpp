@@ -40,8 +40,9 @@ private Q_SLOTS:
 void StatusMenuTest::bothMenusHaveTheItemsInTheirOrder()
 {
     Controller controller;
-    const QStringList expected = {kDraw,  kSpot, kBoard, kClicks,   kPin,      kRing,     kFade, kDark, kLine,
-                                  kClear, kHide, kLine,  kHints[0], kHints[1], kHints[2], kLine, kQuit};
+    const QStringList expected = {kDraw,     kSpot,     kBoard,    kClicks,   kPin,  kRing,
+                                  kFade,     kDark,     kLine,     kClearAll, kHide, kLine,
+                                  kHints[0], kHints[1], kHints[2], kLine,     kQuit};
     QCOMPARE(titles(menuOf(controller).trayMenu()), expected);
     QCOMPARE(titles(menuOf(controller).popupMenu()), expected);
 }
@@ -109,7 +110,6 @@ void StatusMenuTest::theToolbarItemSaysWhatItWillDo()
     QVERIFY(titles(menuOf(controller).trayMenu()).contains(kHide));
 
     controller.app().toggleToolbar();
-    controller.app().rebuildMenu();
     QVERIFY(titles(menuOf(controller).trayMenu()).contains(kShow));
 }
 

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void aClickActsAtOnceThoughTheWindowIsNotActive();
     void eachButtonDoesWhatItSays_data();
     void eachButtonDoesWhatItSays();
+    void pinUndoAndClearActOnWhatIsDrawn();
     void quitEndsTheProgram();
     void theMenuOpensOnTheBackgroundOnly();
 };
@@ -68,6 +69,23 @@ void ToolbarClicksTest::eachButtonDoesWhatItSays()
     QVERIFY(!hasHappened(controller.app()));
     QTest::mouseClick(named(*controller.app().toolbar(), QTest::currentDataTag()), Qt::LeftButton);
     QVERIFY(hasHappened(controller.app()));
+}
+
+void ToolbarClicksTest::pinUndoAndClearActOnWhatIsDrawn()
+{
+    Controller controller;
+    const Toolbar &bar = (controller.app(), *controller.app().toolbar());
+    controller.app().toggleDraw();
+    for (int i = 0; i < 3; ++i)
+        controller.draw(controller.view());
+    QTest::mouseClick(bar.undoButton(), Qt::LeftButton);
+    QCOMPARE(controller.view().shapes().size(), 2U);
+    QTest::mouseClick(bar.btnPin, Qt::LeftButton);
+    QVERIFY(controller.app().pinnedOn());
+    QCOMPARE(controller.view().shapes().size(), 2U);
+    QTest::mouseClick(bar.clearButton(), Qt::LeftButton);
+    QVERIFY(controller.view().shapes().empty());
+    QVERIFY(controller.app().pinnedOn());
 }
 
 void ToolbarClicksTest::quitEndsTheProgram()

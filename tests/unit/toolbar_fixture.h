@@ -5,6 +5,7 @@
 #include "toolbar/pal_button.h"
 #include "toolbar/panel.h"
 
+#include <QCryptographicHash>
 #include <QPainter>
 
 namespace zeigewerk::test {
@@ -29,7 +30,7 @@ inline QImage painted(const TemplateImage &image)
     return picture;
 }
 
-/// Every colour, symbol and tooltip of the toolbar.
+/// What the toolbar looks like: every colour, tooltip and pixel.
 inline QStringList appearance(const AppDelegate &app)
 {
     const auto text = [](const Color &color) {
@@ -41,7 +42,10 @@ inline QStringList appearance(const AppDelegate &app)
         all << button->toolTip() << text(layer.background) << text(layer.borderColor)
             << QString::number(layer.borderWidth) << text(button->contentTint());
     }
-    return all << text(app.toolbar()->gripView->color()) << text(app.toolbar()->panel->look().backdrop);
+    const QImage picture = app.toolbar()->panel->grab().toImage();
+    const auto pixels = QByteArrayView(picture.constBits(), picture.sizeInBytes());
+    return all << text(app.toolbar()->gripView->color()) << text(app.toolbar()->panel->look().backdrop)
+               << QString::fromLatin1(QCryptographicHash::hash(pixels, QCryptographicHash::Md5).toHex());
 }
 
 } // namespace zeigewerk::test

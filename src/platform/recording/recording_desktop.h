@@ -65,7 +65,7 @@ public:
     ~RecordingWindow() override;
 
     QRectF frame() const override;
-    void setFrameOrigin(QPointF origin) override { m_origin = origin; }
+    void setFrameOrigin(QPointF origin) override;
     bool isVisible() const override { return m_visible; }
     void orderFrontRegardless() override;
     void orderOut() override;

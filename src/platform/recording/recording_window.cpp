@@ -28,6 +28,13 @@ QRectF RecordingWindow::frame() const
     return {m_origin, QSizeF(m_widget.size().shrunkBy(m_ornament))};
 }
 
+void RecordingWindow::setFrameOrigin(QPointF origin)
+{
+    // Through Qt's whole numbers and back, as on a real desktop.
+    const ScreenLayout &layout = m_desktop.m_layout;
+    m_origin = layout.frameOfQtRect(layout.qtRect({origin, frame().size()})).topLeft();
+}
+
 void RecordingWindow::orderFrontRegardless()
 {
     m_desktop.note(m_name + QStringLiteral(": order front"));

@@ -178,12 +178,13 @@ std::vector<Stacking::Child>::const_iterator Stacking::lowestLocker(const std::v
 
 bool Stacking::isScreenLocker(const Child &child) const
 {
-    if (child.isOurs || !child.isViewable || !child.isOverrideRedirect ||
-        belongsToWindowManager(child.window))
+    if (child.isOurs || !child.isViewable || !child.isOverrideRedirect)
         return false;
     const std::vector<QRect> screens = m_screens();
-    return std::any_of(screens.begin(), screens.end(),
-                       [&](const QRect &screen) { return child.frame.contains(screen); });
+    const bool coversScreen = std::any_of(screens.begin(), screens.end(),
+                                          [&](const QRect &screen) { return child.frame.contains(screen); });
+    // Last, because it asks the server.
+    return coversScreen && !belongsToWindowManager(child.window);
 }
 
 bool Stacking::belongsToWindowManager(xcb_window_t window) const

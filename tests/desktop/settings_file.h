@@ -23,10 +23,18 @@ public:
         return file.open(QFile::WriteOnly) && file.write(text) == text.size();
     }
 
-    /// The value as it stands in the file; empty if there is none.
+    /// The value as it stands in the file; empty if there is none. Read by hand: Qt's settings keep a file in
+    /// memory, and one that is replaced while they read it they take for the new one ever after.
     QString value(const QString &key) const
     {
-        return QSettings(m_path, QSettings::IniFormat).value(key).toString();
+        QFile file(m_path);
+        if (!file.open(QFile::ReadOnly))
+            return {};
+        for (const QByteArray &line : file.readAll().split('\n')) {
+            if (line.startsWith(key.toUtf8() + '='))
+                return QString::fromUtf8(line.mid(key.size() + 1));
+        }
+        return {};
     }
 
 private:

@@ -73,6 +73,27 @@ private:
     QElapsedTimer m_sinceAfter;
 };
 
+/// Somebody draws with auto-fade on.
+struct Fading
+{
+    Fading()
+        : isStored(SettingsFile(session).write("ZeigewerkAutoFade=true\n"))
+        , beneath(session, kScreen, kBeneath)
+        , program(session)
+    {
+        if (!isStored || !program.waitUntilReady())
+            failRig("the program does not start with auto-fade on");
+        session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
+    }
+
+    bool isDrawnOn() { return session.client().inputFocus() != beneath.id(); }
+
+    DesktopSession session{{.screens = {kScreen}}};
+    bool isStored;
+    WindowBeneath beneath;
+    Program program;
+};
+
 } // namespace
 
 class FadeScenarios : public QObject
@@ -86,14 +107,9 @@ private Q_SLOTS:
 
 void FadeScenarios::aStrokeHoldsDissolvesAndLeavesTheProgramAsleep()
 {
-    DesktopSession session({.screens = {kScreen}});
-    QVERIFY(SettingsFile(session).write("ZeigewerkAutoFade=true\n"));
-    WindowBeneath beneath(session, kScreen, kBeneath);
-    Program program(session);
-    QVERIFY(program.waitUntilReady());
-    session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
-    EVENTUALLY(session.client().inputFocus() != beneath.id());
-    WatchedStroke stroke(session);
+    Fading on;
+    EVENTUALLY(on.isDrawnOn());
+    WatchedStroke stroke(on.session);
     QVERIFY(stroke.draw());
     EVENTUALLY(stroke.look().opacity == 1.0);
 
@@ -116,33 +132,28 @@ void FadeScenarios::aStrokeHoldsDissolvesAndLeavesTheProgramAsleep()
     }
     QCOMPARE(last, 0.0);
     QVERIFY(dissolving > 0);
-    QVERIFY(session.screenshot().isFilled(kBeneath, {200, 200, 200, 200}));
+    QVERIFY(on.session.screenshot().isFilled(kBeneath, {200, 200, 200, 200}));
 
     // Still drawing, but nothing is left to fade.
-    EVENTUALLY_WITHIN(10s, sleepsFor(program.processId(), 1s));
-    QVERIFY(session.client().inputFocus() != beneath.id());
+    EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
+    QVERIFY(on.session.client().inputFocus() != on.beneath.id());
 }
 
 void FadeScenarios::theWhiteboardHoldsWhatWouldFade()
 {
-    DesktopSession session({.screens = {kScreen}});
-    QVERIFY(SettingsFile(session).write("ZeigewerkAutoFade=true\n"));
-    WindowBeneath beneath(session, kScreen, kBeneath);
-    Program program(session);
-    QVERIFY(program.waitUntilReady());
-    session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
-    EVENTUALLY(session.client().inputFocus() != beneath.id());
-    WatchedStroke stroke(session);
+    Fading on;
+    EVENTUALLY(on.isDrawnOn());
+    WatchedStroke stroke(on.session);
     QVERIFY(stroke.draw());
-    session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
-    EVENTUALLY(session.screenshot().pixel({300, 400}) == QColor(Qt::white));
+    on.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
+    EVENTUALLY(on.session.screenshot().pixel({300, 400}) == QColor(Qt::white));
     // Long after it would have gone it is as it was …
     EVENTUALLY_WITHIN(10s, stroke.look().youngest > 5.5);
-    QCOMPARE(session.screenshot().pixel(kPlace), kInk);
+    QCOMPARE(on.session.screenshot().pixel(kPlace), kInk);
     // … and without the whiteboard it goes.
-    session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
-    EVENTUALLY(session.screenshot().isFilled(kBeneath, {200, 200, 200, 300}));
-    EVENTUALLY_WITHIN(10s, sleepsFor(program.processId(), 1s));
+    on.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
+    EVENTUALLY(on.session.screenshot().isFilled(kBeneath, {200, 200, 200, 300}));
+    EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
 }
 
 QTEST_GUILESS_MAIN(FadeScenarios)

@@ -23,6 +23,7 @@ public:
         return file.open(QFile::WriteOnly) && file.write(text) == text.size();
     }
 
+    bool has(const QString &key) const { return !value(key).isEmpty(); }
     /// The value as it stands in the file; empty if there is none. Read by hand: Qt's settings keep a file in
     /// memory, and one that is replaced while they read it they take for the new one ever after.
     QString value(const QString &key) const

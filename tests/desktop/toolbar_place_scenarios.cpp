@@ -1,5 +1,6 @@
 // Where the toolbar stands, and what is kept from one run of the program to the next.
 #include "rehearsal.h"
+#include "settings_file.h"
 
 #include <cstdlib>
 
@@ -38,20 +39,6 @@ bool standsAtItsFirstPlace(const QRect &panel, const QRect &screen, int scale = 
     // Half a point more or less above than below.
     return panel.size() == ToolbarUser::kPanelSize * scale && panel.right() == screen.right() - 24 * scale &&
            std::abs(panel.center().y() - screen.center().y()) <= scale;
-}
-
-QByteArray savedSettings(const DesktopSession &session)
-{
-    QFile file(session.home().filePath(kFile));
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void saveSettings(const DesktopSession &session, const QByteArray &line)
-{
-    QFile file(session.home().filePath(kFile));
-    if (!session.home().mkpath(kFolder) || !file.open(QFile::WriteOnly) ||
-        file.write("[General]\n" + line + '\n') < 0)
-        failRig("cannot write the settings");
 }
 
 /// Permissions would not do: they hinder no super user, as which tests run in many a container.
@@ -127,7 +114,7 @@ void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgai
         const QPoint from = byTheGrip ? run.presenter.grip() : run.presenter.background();
         QVERIFY(session.pointer().drag({from, from + way / 2, from + way}));
         EVENTUALLY(run.presenter.panel() == left);
-        EVENTUALLY(savedSettings(session).contains("ZeigewerkToolbar="));
+        EVENTUALLY(SettingsFile(session).has("ZeigewerkToolbar"));
         QCOMPARE(run.program.terminate(), std::optional(0));
     }
     Run again(session, scale);
@@ -157,13 +144,13 @@ void ToolbarPlaceScenarios::notDraggedItsPlaceIsNotSaved()
     Run run(session);
     // What it does save shows that it could have saved its place.
     QVERIFY(run.presenter.click(button::kAppearance));
-    EVENTUALLY(savedSettings(session).contains("ZeigewerkDarkUI="));
+    EVENTUALLY(SettingsFile(session).has("ZeigewerkDarkUI"));
     QVERIFY(run.presenter.click(button::kHide));
     EVENTUALLY(run.presenter.window().id == XCB_WINDOW_NONE);
     session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::T);
     EVENTUALLY(run.presenter.window().id != XCB_WINDOW_NONE);
     QCOMPARE(run.program.terminate(), std::optional(0));
-    QVERIFY(!savedSettings(session).contains("ZeigewerkToolbar"));
+    QVERIFY(!SettingsFile(session).has("ZeigewerkToolbar"));
 }
 
 void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNoDrag()
@@ -174,8 +161,8 @@ void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNoDrag()
     QVERIFY(session.pointer().clickAt(run.presenter.background()));
     // What comes after it is saved.
     QVERIFY(run.presenter.click(button::kAppearance));
-    EVENTUALLY(savedSettings(session).contains("ZeigewerkDarkUI="));
-    QVERIFY(!savedSettings(session).contains("ZeigewerkToolbar"));
+    EVENTUALLY(SettingsFile(session).has("ZeigewerkDarkUI"));
+    QVERIFY(!SettingsFile(session).has("ZeigewerkToolbar"));
 }
 
 void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable_data()
@@ -201,7 +188,7 @@ void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable()
     QFETCH(QRect, panel);
     DesktopSession session(
         {.windowManager = WindowManager::None, .compositor = Compositor::None, .accessibility = true});
-    saveSettings(session, "ZeigewerkToolbar=" + saved);
+    QVERIFY(SettingsFile(session).write("ZeigewerkToolbar=" + saved + '\n'));
     Run run(session);
     if (panel.isNull())
         QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), kScreen));

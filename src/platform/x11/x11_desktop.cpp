@@ -52,9 +52,9 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
           *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
     , m_hotKeys(*m_connection)
     , m_scrolling(*m_connection)
-    , m_typedKeys(*m_connection, [this](const xcb_generic_event_t &event) {
-        buttonPressed(reinterpret_cast<const xcb_input_button_press_event_t &>(event));
-    })
+    , m_typedKeys(
+          *m_connection, [this](const auto &press) { handlePress(press); },
+          [this](xcb_window_t canvas, const auto &key) { handleTyped(canvas, key); })
 {
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
@@ -164,9 +164,7 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
         return;
     switch (event.event_type) {
     case XCB_INPUT_BUTTON_PRESS:
-        if (m_connection->isAdopted(m_focus.key()))
-            return m_typedKeys.letGoBefore(event, m_focus.key());
-        return buttonPressed(input);
+        return buttonPressed(input, *surface);
     case XCB_INPUT_BUTTON_RELEASE:
         return surface->buttonReleased(input);
     case XCB_INPUT_MOTION:
@@ -177,17 +175,34 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
     }
 }
 
-void X11Desktop::buttonPressed(const xcb_input_button_press_event_t &event)
+void X11Desktop::buttonPressed(const xcb_input_button_press_event_t &event, X11Surface &surface)
 {
-    X11Surface *surface = surfaceOf(event.event);
-    if (!surface)
-        return;
-    surface->buttonPressed(event);
-    surface->scrolled(m_scrolling.buttonPressed(event), event);
+    m_typedKeys.catchUpWith(event.time);
+    const xcb_window_t field = m_focus.key();
+    if (event.detail == XCB_BUTTON_INDEX_1 && m_connection->isAdopted(field)) {
+        surface.makeKey();
+        return m_typedKeys.letGoBefore(event, field);
+    }
+    surface.buttonPressed(event);
+    surface.scrolled(m_scrolling.buttonPressed(event), event);
+}
+
+void X11Desktop::handlePress(const xcb_input_button_press_event_t &press)
+{
+    if (X11Surface *surface = surfaceOf(press.event))
+        surface->buttonPressed(press);
+}
+
+void X11Desktop::handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &key)
+{
+    if (X11Surface *surface = surfaceOf(canvas))
+        surface->keyPressed(m_keymap.keyEvent(key));
 }
 
 void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
 {
+    if (isPress)
+        m_typedKeys.catchUpWith(event.time);
     X11Surface *surface = surfaceOf(event.event);
     if (!isPress) {
         m_focus.keyReleased(event.detail);

@@ -58,7 +58,9 @@ public:
 private:
     void handle(const xcb_generic_event_t &event);
     void handleInput(const xcb_ge_generic_event_t &event);
-    void buttonPressed(const xcb_input_button_press_event_t &event);
+    void buttonPressed(const xcb_input_button_press_event_t &event, X11Surface &surface);
+    void handlePress(const xcb_input_button_press_event_t &press);
+    void handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &key);
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
     void selectionChanged(const xcb_xfixes_selection_notify_event_t &event);
     void tellOfCompositor();

@@ -91,8 +91,11 @@ void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
 void X11WidgetWindow::makeKey()
 {
     // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
-    if (m_visible && m_role != WidgetRole::Toolbar)
-        m_desktop.focus().give(m_window);
+    if (!m_visible || m_role == WidgetRole::Toolbar)
+        return;
+    m_desktop.focus().give(m_window);
+    // So that the keys which a canvas got until now are at hand before those that come to the widget.
+    m_connection.roundTrip();
 }
 
 bool X11WidgetWindow::isKey() const

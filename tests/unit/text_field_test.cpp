@@ -12,15 +12,6 @@ using namespace zeigewerk;
 
 namespace {
 
-QAction *entry(TextField &field, const QString &title)
-{
-    for (QAction *action : field.menu().actions()) {
-        if (action->text() == title)
-            return action;
-    }
-    qFatal("no entry %s", qPrintable(title));
-}
-
 QString pasted(const QString &text)
 {
     TextField field(kOrange);
@@ -40,14 +31,10 @@ private Q_SLOTS:
     void withoutACompositorTheFieldIsSolid();
     void aSelectionIsLegible();
     void theTextStandsNearTheLowerLeftCorner();
-    void theMenuHasExactlyTheEntriesOfEditing();
-    void entriesThatCannotActAreGrey();
-    void entriesAct();
     void aRightClickOpensTheMenuAndNoOther();
     void theMenuClosesWithTheField();
     void ctrlAndSuperAreTheSameCommand_data();
     void ctrlAndSuperAreTheSameCommand();
-    void shiftMakesUndoARedo();
     void superWritesNoLetters();
     void returnEntersAndEscCancels();
     void whatIsBeingComposedIsTakenOver();
@@ -95,70 +82,6 @@ void TextFieldTest::theTextStandsNearTheLowerLeftCorner()
     const TextField field(kOrange);
     QCOMPARE(field.lineOrigin().x(), 2.0);
     QVERIFY(std::abs(field.lineOrigin().y() - 4.0) <= 0.5);
-}
-
-void TextFieldTest::theMenuHasExactlyTheEntriesOfEditing()
-{
-    TextField field(kOrange);
-    QStringList entries;
-    for (const QAction *action : field.menu().actions()) {
-        entries.append(action->isSeparator()
-                           ? QStringLiteral("-")
-                           : action->text() + u' ' + action->shortcut().toString(QKeySequence::PortableText));
-    }
-    QCOMPARE(entries,
-             QStringList({QStringLiteral("Widerrufen Ctrl+Z"), QStringLiteral("Wiederholen Ctrl+Shift+Z"),
-                          QStringLiteral("-"), QStringLiteral("Ausschneiden Ctrl+X"),
-                          QStringLiteral("Kopieren Ctrl+C"), QStringLiteral("Einfügen Ctrl+V"),
-                          QStringLiteral("Alles auswählen Ctrl+A")}));
-    QCOMPARE(field.menu().title(), QStringLiteral("Bearbeiten"));
-}
-
-void TextFieldTest::entriesThatCannotActAreGrey()
-{
-    QGuiApplication::clipboard()->clear();
-    TextField field(kOrange);
-    const auto enabled = [&field] {
-        field.menu().refresh();
-        QStringList titles;
-        for (const QAction *action : field.menu().actions()) {
-            if (action->isEnabled() && !action->isSeparator())
-                titles.append(action->text());
-        }
-        return titles.join(u' ');
-    };
-    QCOMPARE(enabled(), QString());
-    QGuiApplication::clipboard()->setText(QStringLiteral("x"));
-    QCOMPARE(enabled(), QStringLiteral("Einfügen"));
-    QTest::keyClicks(&field, QStringLiteral("ab"));
-    QCOMPARE(enabled(), QStringLiteral("Widerrufen Einfügen Alles auswählen"));
-    field.setSelection(0, 1);
-    QCOMPARE(enabled(), QStringLiteral("Widerrufen Ausschneiden Kopieren Einfügen Alles auswählen"));
-    field.selectAll();
-    QCOMPARE(enabled(), QStringLiteral("Widerrufen Ausschneiden Kopieren Einfügen"));
-    field.undo();
-    QCOMPARE(enabled(), QStringLiteral("Wiederholen Einfügen"));
-}
-
-void TextFieldTest::entriesAct()
-{
-    TextField field(kOrange);
-    QTest::keyClicks(&field, QStringLiteral("Welt"));
-    entry(field, QStringLiteral("Alles auswählen"))->trigger();
-    QCOMPARE(field.selectedText(), QStringLiteral("Welt"));
-    entry(field, QStringLiteral("Kopieren"))->trigger();
-    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Welt"));
-    QCOMPARE(field.text(), QStringLiteral("Welt"));
-    entry(field, QStringLiteral("Ausschneiden"))->trigger();
-    QCOMPARE(field.text(), QString());
-    entry(field, QStringLiteral("Einfügen"))->trigger();
-    entry(field, QStringLiteral("Einfügen"))->trigger();
-    QCOMPARE(field.text(), QStringLiteral("WeltWelt"));
-    entry(field, QStringLiteral("Widerrufen"))->trigger();
-    const QString taken = field.text();
-    QVERIFY(taken != QStringLiteral("WeltWelt"));
-    entry(field, QStringLiteral("Wiederholen"))->trigger();
-    QCOMPARE(field.text(), QStringLiteral("WeltWelt"));
 }
 
 void TextFieldTest::aRightClickOpensTheMenuAndNoOther()
@@ -210,18 +133,6 @@ void TextFieldTest::ctrlAndSuperAreTheSameCommand()
     QTest::keyClick(&field, Qt::Key_A, modifiers);
     QTest::keyClick(&field, Qt::Key_C, modifiers);
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("abcabc"));
-}
-
-void TextFieldTest::shiftMakesUndoARedo()
-{
-    TextField field(kOrange);
-    QTest::keyClicks(&field, QStringLiteral("ab"));
-    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(field.text(), QStringLiteral("ab"));
-    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(field.text(), QString());
-    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(field.text(), QStringLiteral("ab"));
 }
 
 void TextFieldTest::superWritesNoLetters()

@@ -95,12 +95,14 @@ private Q_SLOTS:
     void whatIsTypedStaysWhereItWasTyped();
     void noKeyIsLostHoweverFastTheHand();
     void textGoesToOtherProgramsAndComesFromThem();
+    void theMenuOfTheFieldPastes();
     void undoBelongsToTheFieldAndThenToTheCanvas();
     void escDiscardsTheTextOnly();
     void aFieldWaitsWhileTheOtherScreenIsDrawnOn();
     void theKeyboardGoesBackFromTheField();
     void theFieldTakesTheKeyboardAgain();
     void aPinnedFieldLetsClicksThrough();
+    void withoutACompositorTheFieldIsWhite();
 };
 
 void TextScenarios::whatIsTypedStaysWhereItWasTyped_data()
@@ -180,6 +182,25 @@ void TextScenarios::textGoesToOtherProgramsAndComesFromThem()
     on.session.keyboard().chord({Key::Super}, Key::C);
     EVENTUALLY(other.paste() == text);
     QVERIFY(on.isTyping());
+}
+
+void TextScenarios::theMenuOfTheFieldPastes()
+{
+    Writing on;
+    ClipboardUser other(on.session);
+    other.copy("abc");
+    QVERIFY(on.open({300, 300}));
+    const qsizetype windows = on.shownWindows().size();
+    QVERIFY(on.session.pointer().clickAt({400, 310}, Pointer::Right));
+    EVENTUALLY(on.shownWindows().size() == windows + 1);
+    // Nothing else can be done to a field without text.
+    on.session.keyboard().tap(Key::Down);
+    on.session.keyboard().tap(Key::Return);
+    EVENTUALLY(on.shownWindows().size() == windows);
+    EVENTUALLY(on.isTyping());
+    on.session.keyboard().tap(Key::Return);
+    EVENTUALLY(on.isDrawing());
+    EVENTUALLY(!on.inkAt({300, 300}).isEmpty());
 }
 
 void TextScenarios::undoBelongsToTheFieldAndThenToTheCanvas()
@@ -290,6 +311,19 @@ void TextScenarios::aPinnedFieldLetsClicksThrough()
     // Drawn on again, the field goes on where it was.
     on.hotKey(Key::P);
     EVENTUALLY(on.isTyping());
+}
+
+void TextScenarios::withoutACompositorTheFieldIsWhite()
+{
+    Writing on({.compositor = Compositor::None});
+    QVERIFY(on.open({200, 500}));
+    // Right of the placeholder.
+    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, {500, 497, 39, 30}));
+    on.session.keyboard().type("da");
+    on.session.keyboard().tap(Key::Return);
+    EVENTUALLY(on.isDrawing());
+    EVENTUALLY(!on.inkAt({200, 500}).isEmpty());
+    EVENTUALLY(on.isUntouched({300, 450, 400, 200}));
 }
 
 QTEST_GUILESS_MAIN(TextScenarios)

@@ -1,4 +1,5 @@
 #include "canvas/drawing_view.h"
+#include "canvas/text_field.h"
 #include "core/app_delegate.h"
 
 namespace zeigewerk {
@@ -21,7 +22,10 @@ void DrawingView::keyDown(const KeyEvent &event)
 {
     if (!app)
         return;
-    if (event.isEscape)
+    // Typed before the keyboard had come to the field.
+    if (TextField *field = textField())
+        field->keyDown(event);
+    else if (event.isEscape)
         app->escapePressed();
     else if (isUndo(event))
         app->undoShape();

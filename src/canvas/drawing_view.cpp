@@ -1,5 +1,6 @@
 #include "canvas/drawing_view.h"
 
+#include "canvas/text_entry.h"
 #include "core/app_delegate.h"
 
 namespace zeigewerk {
@@ -9,14 +10,11 @@ DrawingView::DrawingView(QSizeF size)
 {
 }
 
+DrawingView::~DrawingView() = default;
+
 void DrawingView::setSurface(platform::Surface *surface)
 {
     m_surface = surface;
-}
-
-void DrawingView::commitTextField()
-{
-    // There is no text field yet to commit.
 }
 
 } // namespace zeigewerk

@@ -2,17 +2,21 @@
 
 #include "drawing/shape.h"
 #include "platform/surface.h"
+#include "platform/widget_window.h"
 
 #include <QPointer>
 #include <QRectF>
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
 namespace zeigewerk {
 
 class AppDelegate;
+class TextField;
+struct TextEntry;
 
 /// Why a whole canvas was repainted. Drawing and following the pointer are no reasons.
 enum class FullRepaint {
@@ -27,6 +31,7 @@ class DrawingView : public platform::SurfaceContent
 public:
     /// The canvas of a surface of that size at (0, 0); it shows nothing until it has a surface.
     explicit DrawingView(QSizeF size);
+    ~DrawingView() override;
 
     /// The controller; the canvas does nothing while there is none.
     QPointer<AppDelegate> app;
@@ -49,6 +54,10 @@ public:
     void removeDissolvedShapes();
     /// The last pointer position in view coordinates: the middle of the spotlight.
     void setCursorPoint(QPointF point);
+
+    /// The field in which text is being typed on this canvas, and the window that shows it; null without one.
+    TextField *textField() const;
+    platform::WidgetWindow *textWindow() const;
     /// Closes an open text field, keeping its text as a shape.
     void commitTextField();
 
@@ -91,6 +100,8 @@ private:
     void needsDisplay(const platform::Damage &damage);
     void repaintAll(FullRepaint reason);
     void damageFadedShapes(const Scene &next);
+    void openTextField(QPointF point);
+    void closeTextField();
     platform::Damage shapesArea() const;
     platform::Damage holesArea(const Hole &before, const Hole &after) const;
     void drawSpotlight(QPainter &painter, const Hole &hole, const platform::Damage &damage) const;
@@ -102,6 +113,7 @@ private:
     QRectF m_bounds;
     std::vector<Shape> m_shapes;
     std::optional<Shape> m_current;
+    std::unique_ptr<TextEntry> m_textEntry;
     QPointF m_cursorPoint;
     platform::Surface *m_surface = nullptr;
     Scene m_shown;

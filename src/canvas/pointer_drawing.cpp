@@ -31,7 +31,7 @@ void DrawingView::mouseDown(const PointerEvent &event)
     const Tool tool = app->tool();
     commitTextField();
     if (tool == Tool::text)
-        return;
+        return openTextField(event.position);
     changeCurrent(0, [&] {
         m_current = Shape{.tool = tool,
                           .points = {event.position},

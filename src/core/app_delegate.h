@@ -103,6 +103,7 @@ public:
     void adjustSpotRadius(double delta);
 
     TimePoint now() const { return m_clock(); }
+    platform::Desktop &desktop() const { return m_desktop; }
 
     // Drawings across the screens: drawing/history.cpp
 

@@ -17,18 +17,38 @@ void OverlayWindow::setContentView(DrawingView *view)
     view->setSurface(m_surface.get());
 }
 
+void OverlayWindow::setIgnoresMouseEvents(bool ignores)
+{
+    m_surface->setIgnoresMouseEvents(ignores);
+    if (platform::WidgetWindow *field = textWindow())
+        field->setIgnoresMouseEvents(ignores);
+}
+
 void OverlayWindow::orderFrontRegardless()
 {
     const bool wasHidden = !m_surface->isVisible();
     m_surface->orderFrontRegardless();
     if (wasHidden && m_view)
         m_view->surfaceIsBlank();
+    if (platform::WidgetWindow *field = textWindow())
+        field->orderFrontRegardless();
+}
+
+void OverlayWindow::orderOut()
+{
+    if (platform::WidgetWindow *field = textWindow())
+        field->orderOut();
+    m_surface->orderOut();
 }
 
 void OverlayWindow::makeKeyAndOrderFront()
 {
     orderFrontRegardless();
-    m_surface->makeKey();
+    // While text is being typed on the canvas, its keys belong to the field.
+    if (platform::WidgetWindow *field = textWindow())
+        field->makeKey();
+    else
+        m_surface->makeKey();
 }
 
 Overlay::Overlay(platform::Desktop &desktop, const platform::Screen &screen, AppDelegate &app)

@@ -9,8 +9,9 @@ namespace zeigewerk {
 
 class AppDelegate;
 
-/// The transparent window over one screen: a surface of the desktop and the canvas that it shows. Created
-/// hidden and click-through; `AppDelegate::refreshAll` alone changes that.
+/// The transparent window over one screen: a surface of the desktop and the canvas that it shows, with the
+/// text field that may be open on it. Created hidden and click-through; `AppDelegate::refreshAll` alone
+/// changes that.
 class OverlayWindow
 {
 public:
@@ -21,12 +22,15 @@ public:
 
     /// Points, global coordinates, y up.
     QRectF frame() const { return m_surface->frame(); }
-    void setIgnoresMouseEvents(bool ignores) { m_surface->setIgnoresMouseEvents(ignores); }
+    void setIgnoresMouseEvents(bool ignores);
     void orderFrontRegardless();
-    void orderOut() { m_surface->orderOut(); }
+    void orderOut();
     void makeKeyAndOrderFront();
 
 private:
+    /// The window of the text field that is open on the canvas; it follows this one. Null without one.
+    platform::WidgetWindow *textWindow() const { return m_view ? m_view->textWindow() : nullptr; }
+
     std::unique_ptr<platform::Surface> m_surface;
     DrawingView *m_view = nullptr;
 };

@@ -4,6 +4,8 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace zeigewerk {
 
 namespace {
@@ -11,6 +13,22 @@ namespace {
 constexpr int kFontSize = 22;
 /// Glyphs are placed and hinted in whole pixels, and their outlines are rounded outwards.
 constexpr double kGlyphRounding = 2.0;
+
+/// What pasting brings along and no font has a glyph for: line ends, tabs and other control characters.
+bool isUnwritable(QChar character)
+{
+    return character < u' ' || character == u'\x7F' || character == QChar::LineSeparator ||
+           character == QChar::ParagraphSeparator || character == QChar::ObjectReplacementCharacter;
+}
+
+/// The text as it is written: a space for each character that has no glyph, as in the field it was typed
+/// into.
+QString writtenText(QString text)
+{
+    if (std::any_of(text.cbegin(), text.cend(), &isUnwritable))
+        std::replace_if(text.begin(), text.end(), &isUnwritable, QChar(u' '));
+    return text;
+}
 
 } // namespace
 
@@ -30,7 +48,7 @@ void drawTextLine(QPainter &painter, QPointF origin, const QString &text)
     // Glyphs stand upright in a system whose y points down.
     painter.translate(origin);
     painter.scale(1.0, -1.0);
-    painter.drawText(QPointF(0.0, -QFontMetricsF(font).descent()), text);
+    painter.drawText(QPointF(0.0, -QFontMetricsF(font).descent()), writtenText(text));
     painter.restore();
 }
 
@@ -38,9 +56,10 @@ QRectF textLineArea(QPointF origin, const QString &text)
 {
     const QFontMetricsF metrics(canvasFont());
     // In the metrics' own system y points down from the base line.
-    const QRectF glyphs = metrics.boundingRect(text);
+    const QString written = writtenText(text);
+    const QRectF glyphs = metrics.boundingRect(written);
     const double left = std::min(0.0, glyphs.left());
-    const double right = std::max(metrics.horizontalAdvance(text), glyphs.right());
+    const double right = std::max(metrics.horizontalAdvance(written), glyphs.right());
     const double top = std::min(-metrics.ascent(), glyphs.top());
     const double bottom = std::max(metrics.descent(), glyphs.bottom());
     const double baseLine = origin.y() + metrics.descent();

@@ -18,13 +18,10 @@ constexpr int levelOf(SurfaceRole role)
     return role == SurfaceRole::Overlay ? Levels::overlay : Levels::effects;
 }
 
+/// A text field is a part of its overlay, and stands above all of them.
 constexpr int levelOf(WidgetRole role)
 {
-    switch (role) {
-    case WidgetRole::Toolbar:
-        break;
-    }
-    return Levels::toolbar;
+    return role == WidgetRole::TextField ? Levels::overlay : Levels::toolbar;
 }
 
 } // namespace zeigewerk::platform

@@ -6,11 +6,12 @@ namespace zeigewerk::platform {
 
 /// What one of our few Qt windows is for; it decides the level at which it stands.
 enum class WidgetRole {
-    Toolbar, ///< takes the mouse, never the keyboard
+    TextField, ///< lies over its overlay, takes the mouse and the keyboard when it is told to
+    Toolbar,   ///< takes the mouse, never the keyboard
 };
 
-/// A top-level Qt widget as the desktop places it among the surfaces: no window manager moves or decorates it,
-/// and showing or clicking it never moves the keyboard. It is shown and moved through this class alone.
+/// A top-level Qt widget as the desktop places it among the surfaces: no window manager moves or decorates
+/// it, and showing or clicking it never moves the keyboard. It is shown and moved through this class alone.
 class WidgetWindow
 {
 public:
@@ -18,13 +19,21 @@ public:
 
     /// Where the widget lies without its ornament: points, global coordinates, y up.
     virtual QRectF frame() const = 0;
-    /// Moves the lower left corner of the frame there, rounded to whole points.
+    /// Moves the lower left corner of the frame there: a text field to the nearest pixel, a toolbar to whole
+    /// points.
     virtual void setFrameOrigin(QPointF origin) = 0;
 
     virtual bool isVisible() const = 0;
     /// Shows it in front of everything of its level.
     virtual void orderFrontRegardless() = 0;
     virtual void orderOut() = 0;
+
+    /// Whether pointer events pass through to whatever lies beneath; at first they do not.
+    virtual void setIgnoresMouseEvents(bool ignores) = 0;
+    /// Gives it the keyboard. Nothing happens while it is hidden, nor to a toolbar.
+    virtual void makeKey() = 0;
+    /// Whether it is the one of our windows that has the keyboard.
+    virtual bool isKey() const = 0;
 };
 
 } // namespace zeigewerk::platform

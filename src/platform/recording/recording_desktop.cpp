@@ -45,12 +45,14 @@ std::unique_ptr<Surface> RecordingDesktop::makeSurface(SurfaceRole role, const Q
     return surface;
 }
 
-std::unique_ptr<WidgetWindow> RecordingDesktop::makeWindow(WidgetRole, QWidget &widget,
+std::unique_ptr<WidgetWindow> RecordingDesktop::makeWindow(WidgetRole role, QWidget &widget,
                                                            const QMargins &ornament)
 {
-    const QString name = QStringLiteral("toolbar %1").arg(m_windowsMade++);
+    const QString name = QStringLiteral("%1 %2").arg(
+        role == WidgetRole::Toolbar ? QStringLiteral("toolbar") : QStringLiteral("text field"),
+        QString::number(m_windowsMade[role]++));
     note(name + QStringLiteral(": made"));
-    return std::make_unique<RecordingWindow>(*this, name, widget, ornament);
+    return std::make_unique<RecordingWindow>(*this, name, role, widget, ornament);
 }
 
 std::optional<Screen> RecordingDesktop::mainScreen() const
@@ -80,6 +82,7 @@ void RecordingDesktop::activate()
 void RecordingDesktop::deactivate()
 {
     note(QStringLiteral("deactivate"));
+    m_keyWindow.clear();
 }
 
 QStringList RecordingDesktop::takeLog()

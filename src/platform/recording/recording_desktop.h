@@ -61,7 +61,8 @@ private:
 class RecordingWindow : public WidgetWindow
 {
 public:
-    RecordingWindow(RecordingDesktop &desktop, QString name, QWidget &widget, const QMargins &ornament);
+    RecordingWindow(RecordingDesktop &desktop, QString name, WidgetRole role, QWidget &widget,
+                    const QMargins &ornament);
     ~RecordingWindow() override;
 
     QRectF frame() const override;
@@ -69,14 +70,21 @@ public:
     bool isVisible() const override { return m_visible; }
     void orderFrontRegardless() override;
     void orderOut() override;
+    void setIgnoresMouseEvents(bool ignores) override;
+    void makeKey() override;
+    bool isKey() const override;
+
+    bool ignoresMouseEvents() const { return m_ignoresMouseEvents; }
 
 private:
     RecordingDesktop &m_desktop;
     QString m_name;
+    WidgetRole m_role;
     QWidget &m_widget;
     QMargins m_ornament;
     QPointF m_origin;
     bool m_visible = false;
+    bool m_ignoresMouseEvents = false;
 };
 
 /// A desktop for tests: it has the screens and the pointer that the test says, and notes in order what it is
@@ -130,6 +138,9 @@ public:
     void deliverHotKey(HotKeyId id);
     int timesRegistered(HotKeyId id) const;
 
+    /// Which of our windows has the keyboard, such as "overlay 0"; empty for none.
+    QString keyWindow() const { return m_keyWindow; }
+
 private:
     friend class RecordingSurface;
     friend class RecordingWindow;
@@ -151,6 +162,11 @@ private:
     };
 
     void note(const QString &what) { m_log.append(what); }
+    void forgetKey(const QString &window)
+    {
+        if (m_keyWindow == window)
+            m_keyWindow.clear();
+    }
 
     ScreenLayout m_layout;
     QPointF m_mouseLocation;
@@ -161,7 +177,8 @@ private:
     QStringList m_log;
     std::map<SurfaceRole, std::vector<RecordingSurface *>> m_surfaces;
     std::map<SurfaceRole, int> m_surfacesMade;
-    int m_windowsMade = 0;
+    std::map<WidgetRole, int> m_windowsMade;
+    QString m_keyWindow;
     RecordingHotKeys m_hotKeys{*this};
 };
 

@@ -58,6 +58,7 @@ void RecordingSurface::orderFrontRegardless()
 void RecordingSurface::orderOut()
 {
     m_desktop.note(m_name + QStringLiteral(": order out"));
+    m_desktop.forgetKey(m_name);
     m_visible = false;
     m_image = {};
     m_damage = {};
@@ -74,6 +75,8 @@ void RecordingSurface::setIgnoresMouseEvents(bool ignores)
 void RecordingSurface::makeKey()
 {
     m_desktop.note(m_name + QStringLiteral(": make key"));
+    if (m_visible)
+        m_desktop.m_keyWindow = m_name;
 }
 
 void RecordingSurface::setNeedsDisplay(const Damage &damage)

@@ -6,10 +6,11 @@
 
 namespace zeigewerk::platform {
 
-RecordingWindow::RecordingWindow(RecordingDesktop &desktop, QString name, QWidget &widget,
+RecordingWindow::RecordingWindow(RecordingDesktop &desktop, QString name, WidgetRole role, QWidget &widget,
                                  const QMargins &ornament)
     : m_desktop(desktop)
     , m_name(std::move(name))
+    , m_role(role)
     , m_widget(widget)
     , m_ornament(ornament)
 {
@@ -20,6 +21,7 @@ RecordingWindow::RecordingWindow(RecordingDesktop &desktop, QString name, QWidge
 
 RecordingWindow::~RecordingWindow()
 {
+    m_desktop.forgetKey(m_name);
     m_widget.hide();
 }
 
@@ -45,8 +47,28 @@ void RecordingWindow::orderFrontRegardless()
 void RecordingWindow::orderOut()
 {
     m_desktop.note(m_name + QStringLiteral(": order out"));
+    m_desktop.forgetKey(m_name);
     m_visible = false;
     m_widget.hide();
+}
+
+void RecordingWindow::setIgnoresMouseEvents(bool ignores)
+{
+    m_ignoresMouseEvents = ignores;
+    m_desktop.note(m_name +
+                   (ignores ? QStringLiteral(": ignore the mouse") : QStringLiteral(": take the mouse")));
+}
+
+void RecordingWindow::makeKey()
+{
+    m_desktop.note(m_name + QStringLiteral(": make key"));
+    if (m_visible && m_role != WidgetRole::Toolbar)
+        m_desktop.m_keyWindow = m_name;
+}
+
+bool RecordingWindow::isKey() const
+{
+    return m_desktop.m_keyWindow == m_name;
 }
 
 } // namespace zeigewerk::platform

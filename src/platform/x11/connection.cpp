@@ -134,10 +134,27 @@ void Connection::start(std::function<void(const xcb_generic_event_t &)> handler,
             &Connection::endTurn);
 }
 
+void Connection::pause()
+{
+    m_isPaused = true;
+    m_notifier->setEnabled(false);
+}
+
+void Connection::resume()
+{
+    m_isPaused = false;
+    m_notifier->setEnabled(true);
+    readEvents();
+}
+
 void Connection::readEvents()
 {
-    while (const auto event = owned(xcb_poll_for_event(m_xcb)))
+    while (!m_isPaused) {
+        const auto event = owned(xcb_poll_for_event(m_xcb));
+        if (!event)
+            break;
         m_handler(*event);
+    }
     if (xcb_connection_has_error(m_xcb)) {
         m_notifier->setEnabled(false);
         Q_EMIT lost();
@@ -161,7 +178,10 @@ void Connection::endTurn()
 bool Connection::handleQueuedEvents()
 {
     bool hasHandled = false;
-    while (const auto event = owned(xcb_poll_for_queued_event(m_xcb))) {
+    while (!m_isPaused) {
+        const auto event = owned(xcb_poll_for_queued_event(m_xcb));
+        if (!event)
+            break;
         m_handler(*event);
         hasHandled = true;
     }

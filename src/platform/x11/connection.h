@@ -32,6 +32,10 @@ public:
     void start(std::function<void(const xcb_generic_event_t &)> handler,
                std::function<void()> beforeBlocking);
 
+    /// Leaves the events that come alone, until it is told to go on.
+    void pause();
+    void resume();
+
     xcb_connection_t *xcb() const { return m_xcb; }
     xcb_window_t root() const { return m_screen->root; }
     /// Which of the server's screens, in the sense of ":0.1", this is.
@@ -108,6 +112,7 @@ private:
     std::function<void(const xcb_generic_event_t &)> m_handler;
     std::function<void()> m_beforeBlocking;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    bool m_isPaused = false;
 };
 
 } // namespace zeigewerk::platform::x11

@@ -24,6 +24,8 @@ public:
     void borrow();
     /// Gives the keyboard to one of our windows, which must be mapped.
     void give(xcb_window_t window);
+    /// The one of our windows that was given the keyboard last; none if it is gone or was handed back.
+    xcb_window_t key() const { return m_key; }
     /// Interaction has ended: hands the keyboard back, unless somebody else has taken it.
     void handBack();
 

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <tuple>
 
 namespace zeigewerk::platform::x11 {
 
@@ -51,6 +52,9 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
           *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
     , m_hotKeys(*m_connection)
     , m_scrolling(*m_connection)
+    , m_typedKeys(
+          *m_connection, [this](const auto &press) { handlePress(press); },
+          [this](xcb_window_t canvas, const auto &key) { handleTyped(canvas, key); })
 {
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
@@ -160,8 +164,7 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
         return;
     switch (event.event_type) {
     case XCB_INPUT_BUTTON_PRESS:
-        surface->buttonPressed(input);
-        return surface->scrolled(m_scrolling.buttonPressed(input), input);
+        return buttonPressed(input, *surface);
     case XCB_INPUT_BUTTON_RELEASE:
         return surface->buttonReleased(input);
     case XCB_INPUT_MOTION:
@@ -172,8 +175,34 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
     }
 }
 
+void X11Desktop::buttonPressed(const xcb_input_button_press_event_t &event, X11Surface &surface)
+{
+    m_typedKeys.catchUpWith(event.time);
+    const xcb_window_t field = m_focus.key();
+    if (event.detail == XCB_BUTTON_INDEX_1 && m_connection->isAdopted(field)) {
+        surface.makeKey();
+        return m_typedKeys.letGoBefore(event, field);
+    }
+    surface.buttonPressed(event);
+    surface.scrolled(m_scrolling.buttonPressed(event), event);
+}
+
+void X11Desktop::handlePress(const xcb_input_button_press_event_t &press)
+{
+    if (X11Surface *surface = surfaceOf(press.event))
+        surface->buttonPressed(press);
+}
+
+void X11Desktop::handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &key)
+{
+    if (X11Surface *surface = surfaceOf(canvas))
+        surface->keyPressed(m_keymap.keyEvent(key));
+}
+
 void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
 {
+    if (isPress)
+        m_typedKeys.catchUpWith(event.time);
     X11Surface *surface = surfaceOf(event.event);
     if (!isPress) {
         m_focus.keyReleased(event.detail);
@@ -236,20 +265,25 @@ std::vector<xcb_window_t> X11Desktop::windowsFromBottom() const
     struct Shown
     {
         int level;
+        bool isOnOverlay;
         quint64 order;
         std::vector<xcb_window_t> windows;
     };
     std::vector<Shown> shown;
     for (const X11Surface *surface : m_surfaces) {
         if (surface->isVisible())
-            shown.push_back({levelOf(surface->role()), surface->orderedFront(), surface->shownWindows()});
+            shown.push_back(
+                {levelOf(surface->role()), false, surface->orderedFront(), surface->shownWindows()});
     }
     for (const X11WidgetWindow *window : m_widgetWindows) {
         if (window->isVisible() && window->window() != XCB_NONE)
-            shown.push_back({levelOf(window->role()), window->orderedFront(), {window->window()}});
+            shown.push_back({levelOf(window->role()),
+                             window->role() == WidgetRole::TextField,
+                             window->orderedFront(),
+                             {window->window()}});
     }
     std::sort(shown.begin(), shown.end(), [](const Shown &a, const Shown &b) {
-        return std::pair(a.level, a.order) < std::pair(b.level, b.order);
+        return std::tuple(a.level, a.isOnOverlay, a.order) < std::tuple(b.level, b.isOnOverlay, b.order);
     });
     std::vector<xcb_window_t> windows;
     for (const Shown &one : shown)

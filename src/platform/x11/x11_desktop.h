@@ -8,6 +8,7 @@
 #include "platform/x11/scrolling.h"
 #include "platform/x11/selection_owner.h"
 #include "platform/x11/stacking.h"
+#include "platform/x11/typed_keys.h"
 #include "platform/x11/x11_hot_keys.h"
 #include "platform/x11/x11_screens.h"
 
@@ -57,6 +58,9 @@ public:
 private:
     void handle(const xcb_generic_event_t &event);
     void handleInput(const xcb_ge_generic_event_t &event);
+    void buttonPressed(const xcb_input_button_press_event_t &event, X11Surface &surface);
+    void handlePress(const xcb_input_button_press_event_t &press);
+    void handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &key);
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
     void selectionChanged(const xcb_xfixes_selection_notify_event_t &event);
     void tellOfCompositor();
@@ -75,6 +79,7 @@ private:
     Stacking m_stacking;
     X11HotKeys m_hotKeys;
     Scrolling m_scrolling;
+    TypedKeys m_typedKeys;
     std::vector<X11Surface *> m_surfaces;
     std::vector<X11WidgetWindow *> m_widgetWindows;
     quint64 m_lastOrder = 0;

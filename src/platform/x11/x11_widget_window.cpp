@@ -9,6 +9,8 @@
 
 #include <xcb/shape.h>
 
+#include <array>
+
 namespace zeigewerk::platform::x11 {
 
 X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &widget,
@@ -21,7 +23,8 @@ X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &
 {
     // Not a tool window: Qt raises those over everything whenever it shows them.
     m_widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
-                            Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus);
+                            Qt::BypassWindowManagerHint);
+    m_widget.setWindowFlag(Qt::WindowDoesNotAcceptFocus, role == WidgetRole::Toolbar);
     m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
     m_widget.setAttribute(Qt::WA_TranslucentBackground);
     // It is never the active window, and shows its tooltips all the same.
@@ -44,8 +47,11 @@ QRectF X11WidgetWindow::frame() const
 
 void X11WidgetWindow::setFrameOrigin(QPointF origin)
 {
+    m_origin = origin;
     const QRectF wanted(origin, frame().size());
     m_widget.move(m_desktop.layout().qtRect(wanted).marginsAdded(m_ornament).topLeft());
+    if (m_visible)
+        placeToThePixel();
 }
 
 void X11WidgetWindow::orderFrontRegardless()
@@ -64,13 +70,43 @@ void X11WidgetWindow::orderOut()
     if (!m_visible)
         return;
     m_visible = false;
+    // It may just have lost the keyboard to another of our windows, which must have it before this one goes:
+    // else the keys in between go to whatever lies beneath.
+    m_connection.roundTrip();
     m_widget.hide();
+    m_desktop.focus().forget(m_window);
     m_desktop.stacking().windowHidden();
+}
+
+void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
+{
+    if (ignores == m_ignoresMouseEvents)
+        return;
+    m_ignoresMouseEvents = ignores;
+    describeFrame();
+    // So that the very next click, whoever makes it, goes to the right window.
+    m_connection.roundTrip();
+}
+
+void X11WidgetWindow::makeKey()
+{
+    // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
+    if (!m_visible || m_role == WidgetRole::Toolbar)
+        return;
+    m_desktop.focus().give(m_window);
+    // So that the keys which a canvas got until now are at hand before those that come to the widget.
+    m_connection.roundTrip();
+}
+
+bool X11WidgetWindow::isKey() const
+{
+    return m_window != XCB_NONE && m_desktop.focus().key() == m_window;
 }
 
 void X11WidgetWindow::show()
 {
     adoptNativeWindow();
+    placeToThePixel();
     // Some compositors draw such windows in the order in which they were mapped, so it gets its place first.
     m_desktop.stacking().restack();
     m_connection.roundTrip();
@@ -89,8 +125,28 @@ void X11WidgetWindow::adoptNativeWindow()
                 Qt::UniqueConnection);
         m_connection.roundTripOfAdopted();
         refuseShadow(m_connection, m_window);
+        if (m_role == WidgetRole::TextField) {
+            // Others may take the keyboard from it.
+            constexpr std::uint32_t kFocusChange = XCB_EVENT_MASK_FOCUS_CHANGE;
+            xcb_change_window_attributes(m_connection.xcb(), m_window, XCB_CW_EVENT_MASK, &kFocusChange);
+        }
     }
     describeFrame();
+}
+
+void X11WidgetWindow::placeToThePixel()
+{
+    if (m_role != WidgetRole::TextField)
+        return;
+    // After Qt's own request.
+    m_connection.roundTripOfAdopted();
+    const QRectF wanted(m_origin, QSizeF(m_widget.size().shrunkBy(m_ornament)));
+    const QPoint corner = m_desktop.layout().nativeRect(wanted).topLeft();
+    const std::array values = {static_cast<std::uint32_t>(corner.x()),
+                               static_cast<std::uint32_t>(corner.y())};
+    xcb_configure_window(m_connection.xcb(), m_window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
+                         values.data());
+    m_connection.flush();
 }
 
 void X11WidgetWindow::describeFrame()
@@ -100,12 +156,19 @@ void X11WidgetWindow::describeFrame()
     const double scale = m_widget.windowHandle()->devicePixelRatio();
     const QRect frame = m_widget.rect().marginsRemoved(m_ornament);
     const QRect native((QPointF(frame.topLeft()) * scale).toPoint(), frame.size() * scale);
-    // The bounding shape is Qt's, where a mask of the widget goes; the server intersects the two.
+    // The bounding shape is Qt's, where a mask of the widget goes; the server intersects the two. Without a
+    // rectangle the pointer goes through.
     const xcb_rectangle_t takesPointer = {
         static_cast<std::int16_t>(native.x()), static_cast<std::int16_t>(native.y()),
         static_cast<std::uint16_t>(native.width()), static_cast<std::uint16_t>(native.height())};
     xcb_shape_rectangles(m_connection.xcb(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
-                         m_window, 0, 0, 1, &takesPointer);
+                         m_window, 0, 0, m_ignoresMouseEvents ? 0 : 1, &takesPointer);
+    if (m_role == WidgetRole::Toolbar)
+        askForBlur(native);
+}
+
+void X11WidgetWindow::askForBlur(const QRect &native)
+{
     setNumbers(m_connection, m_window, "_KDE_NET_WM_BLUR_BEHIND_REGION", XCB_ATOM_CARDINAL,
                {static_cast<std::uint32_t>(native.x()), static_cast<std::uint32_t>(native.y()),
                 static_cast<std::uint32_t>(native.width()), static_cast<std::uint32_t>(native.height())});

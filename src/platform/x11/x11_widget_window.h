@@ -25,6 +25,9 @@ public:
     bool isVisible() const override { return m_visible; }
     void orderFrontRegardless() override;
     void orderOut() override;
+    void setIgnoresMouseEvents(bool ignores) override;
+    void makeKey() override;
+    bool isKey() const override;
 
     /// None until it is shown for the first time.
     xcb_window_t window() const { return m_window; }
@@ -37,8 +40,10 @@ public:
 private:
     void show();
     void adoptNativeWindow();
-    /// Tells the server which part of the window is the frame.
+    void placeToThePixel();
+    /// Tells the server which part of the window is the frame, and takes the pointer.
     void describeFrame();
+    void askForBlur(const QRect &nativeFrame);
 
     X11Desktop &m_desktop;
     Connection &m_connection;
@@ -46,7 +51,10 @@ private:
     QWidget &m_widget;
     QMargins m_ornament;
     xcb_window_t m_window = XCB_NONE;
+    /// Where a text field is to lie; Qt itself knows whole points only.
+    QPointF m_origin;
     bool m_visible = false;
+    bool m_ignoresMouseEvents = false;
     quint64 m_orderedFront = 0;
 };
 

@@ -41,6 +41,8 @@ DesktopSession::DesktopSession(const DesktopSetup &setup)
     , m_pointer(m_display.client())
     , m_keyboard(m_display.client())
 {
+    if (!setup.keyboardMap.isEmpty())
+        m_display.setKeyboardMap(setup.keyboardMap);
     makeEnvironment(setup.environment);
     m_bus = launch(QStringLiteral("dbus-daemon"),
                    {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),

@@ -27,6 +27,9 @@ struct DesktopSetup
     /// The accessibility bus runs, and Qt's programs are on it from their start.
     bool accessibility = false;
     Mice mice = Mice::XTestOnly;
+    /// The XKB name of a keyboard map, as "de"; the server's own, a US one, if empty. A program that starts
+    /// later has never known another.
+    QString keyboardMap = {};
     /// Set for every process of the session, beside what the session itself sets.
     QMap<QString, QString> environment = {};
 };

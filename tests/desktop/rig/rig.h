@@ -2,6 +2,7 @@
 #pragma once
 
 #include "accessibility.h"   // IWYU pragma: export
+#include "clipboard_user.h"  // IWYU pragma: export
 #include "desktop_session.h" // IWYU pragma: export
 #include "dock.h"            // IWYU pragma: export
 #include "eventually.h"      // IWYU pragma: export

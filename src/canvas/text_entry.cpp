@@ -1,0 +1,93 @@
+// The text tool: a press opens a field, and what was typed becomes a shape.
+
+#include "canvas/text_entry.h"
+
+#include "canvas/drawing_view.h"
+#include "core/app_delegate.h"
+#include "drawing/render_shape.h"
+
+namespace zeigewerk {
+
+namespace {
+
+/// The field hangs mostly below the point of the press.
+constexpr QPointF kFrameFromPress(0, -28);
+constexpr QPointF kTextFromFrame(2, 4);
+
+} // namespace
+
+TextField *DrawingView::textField() const
+{
+    return m_textEntry ? m_textEntry->field.get() : nullptr;
+}
+
+platform::WidgetWindow *DrawingView::textWindow() const
+{
+    return m_textEntry ? m_textEntry->window.get() : nullptr;
+}
+
+void DrawingView::openTextField(QPointF point)
+{
+    if (!m_surface)
+        return;
+    auto entry = std::make_unique<TextEntry>();
+    entry->origin = point + kFrameFromPress;
+    // The field itself is white.
+    entry->field = std::make_unique<TextField>(app->color() == kWhite ? kBlack : app->color());
+    TextField *field = entry->field.get();
+    platform::Desktop *desktop = &app->desktop();
+    const auto adopt = [field, desktop] { field->setComposited(desktop->isComposited()); };
+    QObject::connect(desktop, &platform::Desktop::compositingChanged, field, adopt);
+    adopt();
+    QObject::connect(field, &TextField::entered, field, [this] { commitTextField(); });
+    QObject::connect(field, &TextField::cancelled, field, [this] { closeTextField(); });
+    QObject::connect(field, &TextField::pressed, field, [this] { textWindow()->makeKey(); });
+    QObject::connect(field, &TextField::scrolled, field,
+                     [this](const platform::ScrollEvent &event) { scrollWheel(event); });
+
+    entry->window = desktop->makeWindow(platform::WidgetRole::TextField, *field, {});
+    entry->window->setFrameOrigin(m_surface->frame().topLeft() + entry->origin + kTextFromFrame -
+                                  field->lineOrigin());
+    m_textEntry = std::move(entry);
+    textWindow()->orderFrontRegardless();
+    textWindow()->makeKey();
+}
+
+void DrawingView::commitTextField()
+{
+    if (!m_textEntry)
+        return;
+    m_textEntry->field->commitComposition();
+    const QString text = m_textEntry->field->text();
+    const QPointF start = m_textEntry->origin + kTextFromFrame;
+    closeTextField();
+    if (!app || text.isEmpty())
+        return;
+    m_shapes.push_back(Shape{.tool = Tool::text,
+                             .points = {},
+                             .start = start,
+                             .end = start,
+                             .color = app->color(),
+                             .width = app->lineWidth(),
+                             .text = text,
+                             .created = app->now()});
+    needsDisplay(paintedArea(m_shapes.back()));
+    app->noteShapeAdded(*this);
+}
+
+void DrawingView::closeTextField()
+{
+    const std::unique_ptr<TextEntry> entry = std::move(m_textEntry);
+    if (!entry)
+        return;
+    // Before the field goes, so that no key in between gets lost. A field that did not have the keyboard has
+    // none to pass on, and after interaction it goes back to whoever had it before.
+    if (entry->window->isKey() && app && app->interactionOn() && m_surface)
+        m_surface->makeKey();
+    entry->window.reset();
+    // It may be handling the very key that closes it.
+    entry->field->disconnect();
+    entry->field.release()->deleteLater();
+}
+
+} // namespace zeigewerk

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "canvas/text_field.h"
+#include "platform/widget_window.h"
+
+#include <QPointF>
+
+#include <memory>
+
+namespace zeigewerk {
+
+/// Text that is being typed on a canvas.
+struct TextEntry
+{
+    /// The lower left corner of the field's frame in view coordinates. The window may lie a hair beside it.
+    QPointF origin;
+    std::unique_ptr<TextField> field;
+    // It shows the field, so it goes first.
+    std::unique_ptr<platform::WidgetWindow> window;
+};
+
+} // namespace zeigewerk

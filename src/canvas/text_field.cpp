@@ -1,0 +1,223 @@
+#include "canvas/text_field.h"
+
+#include "drawing/qt_color.h"
+#include "drawing/text_line.h"
+
+#include <QCommonStyle>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QWheelEvent>
+
+namespace zeigewerk {
+
+namespace {
+
+constexpr double kBackgroundAlpha = 0.9;
+constexpr double kPlaceholderAlpha = 0.55;
+/// Where the text's line box is to lie, from the lower left corner.
+constexpr QPointF kLineOrigin(2, 4);
+/// What a line edit keeps free around its text, beside its text margins; it has no name outside Qt.
+constexpr int kOwnLeftMargin = 2;
+constexpr int kOwnTopMargin = 1;
+/// Of the wheel, in Qt's unit.
+constexpr double kAngleOfNotch = 120.0;
+
+/// A plain box, whatever the desktop's own style would make of a line edit, with a caret as bold as the text.
+class FieldStyle : public QCommonStyle
+{
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
+    {
+        constexpr int kCaretWidth = 2;
+        return metric == PM_TextCursorWidth ? kCaretWidth : QCommonStyle::pixelMetric(metric, option, widget);
+    }
+};
+
+Qt::KeyboardModifiers qtModifiers(platform::Modifiers modifiers)
+{
+    using platform::Modifier;
+    Qt::KeyboardModifiers result;
+    result.setFlag(Qt::ShiftModifier, modifiers.testFlag(Modifier::Shift));
+    result.setFlag(Qt::ControlModifier, modifiers.testFlag(Modifier::Ctrl));
+    result.setFlag(Qt::AltModifier, modifiers.testFlag(Modifier::Alt));
+    result.setFlag(Qt::MetaModifier, modifiers.testFlag(Modifier::Super));
+    return result;
+}
+
+platform::Modifiers modifiersOf(Qt::KeyboardModifiers modifiers)
+{
+    using platform::Modifier;
+    platform::Modifiers result;
+    result.setFlag(Modifier::Shift, modifiers.testFlag(Qt::ShiftModifier));
+    result.setFlag(Modifier::Ctrl, modifiers.testFlag(Qt::ControlModifier));
+    result.setFlag(Modifier::Alt, modifiers.testFlag(Qt::AltModifier));
+    result.setFlag(Modifier::Super, modifiers.testFlag(Qt::MetaModifier));
+    return result;
+}
+
+Qt::Key qtKey(const platform::KeyEvent &event)
+{
+    if (event.isEscape)
+        return Qt::Key_Escape;
+    switch (event.character) {
+    case U'\r':
+        return Qt::Key_Return;
+    case U'\b':
+        return Qt::Key_Backspace;
+    case U'\x7F':
+        return Qt::Key_Delete;
+    default:
+        // Qt's keys of ASCII are its characters in upper case.
+        return event.character < 0x80 ? static_cast<Qt::Key>(QChar::toUpper(event.character))
+                                      : Qt::Key_unknown;
+    }
+}
+
+/// Whether the modifiers make a key a command of editing.
+bool isCommand(Qt::KeyboardModifiers modifiers)
+{
+    return (modifiers & (Qt::ControlModifier | Qt::MetaModifier)) && !(modifiers & Qt::AltModifier);
+}
+
+} // namespace
+
+TextField::TextField(const Color &textColor)
+    : m_menu(*this)
+{
+    auto *style = new FieldStyle;
+    style->setParent(this);
+    setStyle(style);
+    setFrame(false);
+    setFont(canvasFont());
+    setFixedSize(kSize);
+    // The canvas writes from the left, whatever the language.
+    setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignTop);
+    setPlaceholderText(QStringLiteral("Text eingeben…"));
+    setAccessibleName(QStringLiteral("Text"));
+    putTextInPlace();
+    setColors(textColor);
+    // Its window may come to have the keyboard at any moment, and then so has the field.
+    setFocus();
+}
+
+void TextField::putTextInPlace()
+{
+    const QFontMetricsF metrics(font());
+    const double wanted = height() - kLineOrigin.y() - metrics.descent();
+    const int top = qRound(wanted - metrics.ascent()) - kOwnTopMargin;
+    setTextMargins(qRound(kLineOrigin.x()) - kOwnLeftMargin, top, 0, 0);
+    m_baseLine = top + kOwnTopMargin + metrics.ascent();
+}
+
+QPointF TextField::lineOrigin() const
+{
+    return {kLineOrigin.x(), height() - m_baseLine - QFontMetricsF(font()).descent()};
+}
+
+void TextField::setColors(const Color &text)
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::Text, toQColor(text));
+    colors.setColor(QPalette::PlaceholderText, toQColor(kBlack.withAlpha(kPlaceholderAlpha)));
+    colors.setColor(QPalette::Highlight, toQColor(kNavy));
+    colors.setColor(QPalette::HighlightedText, toQColor(kWhite));
+    setPalette(colors);
+}
+
+void TextField::setComposited(bool isComposited)
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::Base, toQColor(kWhite.withAlpha(isComposited ? kBackgroundAlpha : 1.0)));
+    setPalette(colors);
+}
+
+void TextField::commitComposition()
+{
+    if (m_composition.isEmpty())
+        return;
+    if (QGuiApplication::focusObject() == this)
+        QGuiApplication::inputMethod()->commit();
+    if (m_composition.isEmpty())
+        return;
+    // There are input methods that do not answer to that.
+    QInputMethodEvent commit;
+    commit.setCommitString(m_composition);
+    QCoreApplication::sendEvent(this, &commit);
+}
+
+void TextField::inputMethodEvent(QInputMethodEvent *event)
+{
+    m_composition = event->preeditString();
+    QLineEdit::inputMethodEvent(event);
+}
+
+void TextField::keyDown(const platform::KeyEvent &event)
+{
+    const Qt::KeyboardModifiers modifiers = qtModifiers(event.modifiers);
+    const bool writes = !isCommand(modifiers) && event.character >= U' ' && event.character != U'\x7F';
+    QKeyEvent press(QEvent::KeyPress, qtKey(event), modifiers,
+                    writes ? QString::fromUcs4(&event.character, 1) : QString());
+    QCoreApplication::sendEvent(this, &press);
+}
+
+void TextField::keyPressEvent(QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers modifiers = event->modifiers();
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        return Q_EMIT cancelled();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return Q_EMIT entered();
+    default:
+        break;
+    }
+    if (!isCommand(modifiers))
+        return QLineEdit::keyPressEvent(event);
+    const bool isShifted = modifiers.testFlag(Qt::ShiftModifier);
+    if (m_menu.perform(static_cast<Qt::Key>(event->key()), isShifted))
+        return;
+    // To Qt, Super is no command: it would write the letter.
+    QKeyEvent command(event->type(), event->key(),
+                      (modifiers & ~Qt::KeyboardModifiers(Qt::MetaModifier)) | Qt::ControlModifier, QString(),
+                      event->isAutoRepeat());
+    QLineEdit::keyPressEvent(&command);
+    event->setAccepted(command.isAccepted());
+}
+
+void TextField::mousePressEvent(QMouseEvent *event)
+{
+    Q_EMIT pressed();
+    QLineEdit::mousePressEvent(event);
+}
+
+void TextField::wheelEvent(QWheelEvent *event)
+{
+    // Where Qt knows pixels, the device measures finer than a notch.
+    const bool isPrecise = !event->pixelDelta().isNull();
+    const double distance =
+        isPrecise ? event->pixelDelta().y() / devicePixelRatio() : event->angleDelta().y() / kAngleOfNotch;
+    event->accept();
+    if (distance != 0.0)
+        Q_EMIT scrolled(
+            {.distance = distance, .isPrecise = isPrecise, .modifiers = modifiersOf(event->modifiers())});
+}
+
+void TextField::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->accept();
+    m_menu.popup(event->globalPos());
+}
+
+void TextField::hideEvent(QHideEvent *event)
+{
+    m_menu.close();
+    QLineEdit::hideEvent(event);
+}
+
+} // namespace zeigewerk

@@ -1,4 +1,6 @@
-// The wheel over a canvas chooses how wide the spotlight is.
+// The wheel chooses how wide the spotlight is.
+
+#include "canvas/spot_radius.h"
 
 #include "canvas/drawing_view.h"
 #include "core/app_delegate.h"
@@ -16,10 +18,15 @@ constexpr double kRadiusPerPoint = 1.2;
 
 } // namespace
 
+double spotRadiusChange(const platform::ScrollEvent &event)
+{
+    return event.distance * (event.isPrecise ? kRadiusPerPoint : kRadiusPerNotch);
+}
+
 void DrawingView::scrollWheel(const platform::ScrollEvent &event)
 {
     if (app && app->spotlightOn())
-        app->adjustSpotRadius(event.distance * (event.isPrecise ? kRadiusPerPoint : kRadiusPerNotch));
+        app->adjustSpotRadius(spotRadiusChange(event));
 }
 
 void AppDelegate::adjustSpotRadius(double delta)

@@ -1,5 +1,6 @@
 #include "core/app_delegate.h"
 
+#include "clicks/click_ring.h"
 #include "commands/status_item.h"
 #include "toolbar/panel_placement.h"
 
@@ -21,7 +22,11 @@ AppDelegate::AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clo
         m_spotRadius = kDefaultSpotRadius;
 }
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate()
+{
+    // They need the desktop and the clock, which need only live as long as the controller does.
+    ClickRing::dropAll(m_desktop);
+}
 
 void AppDelegate::applicationDidFinishLaunching()
 {
@@ -30,6 +35,7 @@ void AppDelegate::applicationDidFinishLaunching()
     buildPanel();
     m_statusItem = std::make_unique<StatusItem>(m_desktop, *this);
     rebuildMenu();
+    installClickMonitors();
     registerHotKeys();
     connect(&m_desktop, &platform::Desktop::screensChanged, this, &AppDelegate::buildOverlays);
     refreshAll();

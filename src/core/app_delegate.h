@@ -170,6 +170,8 @@ private:
     void updateFollowTimer();
     void updateCursorRing();
     void updateEscHotKey();
+    void installClickMonitors();
+    void updateEventMonitor();
     void invert(bool &flag);
     void registerHotKeys();
     void buildPanel();

@@ -29,6 +29,7 @@ void AppDelegate::refreshAll()
     updateCursorRing();
     updateFadeTimer();
     updateEscHotKey();
+    updateEventMonitor();
     refreshToolbar();
     rebuildMenu();
 }

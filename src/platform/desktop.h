@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/event_monitor.h"
 #include "platform/events.h"
 #include "platform/geometry.h"
 #include "platform/surface.h"
@@ -78,6 +79,7 @@ public:
     /// Whether there is a tray of the older kind, in which programs embed a window of theirs.
     virtual bool hasEmbeddingTray() const = 0;
     virtual HotKeys &hotKeys() = 0;
+    virtual EventMonitor &eventMonitor() = 0;
 
     /// Interaction begins: remembers which window has the keyboard, unless it is one of ours already.
     virtual void activate() = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/desktop.h"
+#include "platform/recording/recording_event_monitor.h"
 
 #include <QImage>
 #include <QStringList>
@@ -109,6 +110,7 @@ public:
     bool isComposited() const override { return m_isComposited; }
     bool hasEmbeddingTray() const override { return m_hasEmbeddingTray; }
     HotKeys &hotKeys() override { return m_hotKeys; }
+    RecordingEventMonitor &eventMonitor() override { return m_eventMonitor; }
     void activate() override;
     void deactivate() override;
 
@@ -180,6 +182,7 @@ private:
     std::map<WidgetRole, int> m_windowsMade;
     QString m_keyWindow;
     RecordingHotKeys m_hotKeys{*this};
+    RecordingEventMonitor m_eventMonitor;
 };
 
 } // namespace zeigewerk::platform

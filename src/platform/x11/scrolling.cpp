@@ -36,10 +36,43 @@ std::optional<double> valueOf(const xcb_input_button_press_event_t &event, std::
     return fromFixed(*value);
 }
 
+bool mentions(const xcb_input_raw_motion_event_t &event, std::uint16_t axis)
+{
+    return isSet(xcb_input_raw_button_press_valuator_mask(&event), event.valuators_len, axis);
+}
+
 bool isVerticalAxis(const xcb_input_scroll_class_t &scroll)
 {
     return scroll.type == XCB_INPUT_DEVICE_CLASS_TYPE_SCROLL &&
            scroll.scroll_type == XCB_INPUT_SCROLL_TYPE_VERTICAL;
+}
+
+/// A device's vertical scroll axis as the server describes it.
+struct AxisInfo
+{
+    std::uint16_t number = 0;
+    double increment = 0.0;
+    double value = 0.0;
+};
+
+std::optional<AxisInfo> verticalAxisOf(const xcb_input_xi_device_info_t &device)
+{
+    std::map<std::uint16_t, double> values;
+    const xcb_input_scroll_class_t *vertical = nullptr;
+    for (auto it = xcb_input_xi_device_info_classes_iterator(&device); it.rem;
+         xcb_input_device_class_next(&it)) {
+        const auto &valuator = reinterpret_cast<const xcb_input_valuator_class_t &>(*it.data);
+        const auto &scroll = reinterpret_cast<const xcb_input_scroll_class_t &>(*it.data);
+        if (valuator.type == XCB_INPUT_DEVICE_CLASS_TYPE_VALUATOR)
+            values[valuator.number] = fromFixed(valuator.value);
+        else if (isVerticalAxis(scroll))
+            vertical = &scroll;
+    }
+    if (!vertical)
+        return std::nullopt;
+    return AxisInfo{.number = vertical->number,
+                    .increment = fromFixed(vertical->increment),
+                    .value = values[vertical->number]};
 }
 
 } // namespace
@@ -80,14 +113,43 @@ std::optional<ScrollEvent> Scrolling::pointerMoved(const xcb_input_button_press_
     return value ? axis.valuator.moveTo(*value) : std::nullopt;
 }
 
+std::optional<ScrollEvent> Scrolling::rawMoved(const xcb_input_raw_motion_event_t &event)
+{
+    if (m_isStale)
+        readDevices();
+    const auto found = m_axes.find(event.sourceid);
+    if (found == m_axes.end() || !mentions(event, found->second.number))
+        return std::nullopt;
+    // The event has the value as the driver gave it, which is a way with some drivers and a place with
+    // others. Where the axis stands, the server knows.
+    const auto cookie = xcb_input_xi_query_device(m_connection.xcb(), event.sourceid);
+    const auto reply = owned(xcb_input_xi_query_device_reply(m_connection.xcb(), cookie, nullptr));
+    if (!reply || reply->num_infos == 0)
+        return std::nullopt;
+    const auto axis = verticalAxisOf(*xcb_input_xi_query_device_infos_iterator(reply.get()).data);
+    return axis ? found->second.valuator.moveTo(axis->value) : std::nullopt;
+}
+
 std::optional<ScrollEvent> Scrolling::buttonPressed(const xcb_input_button_press_event_t &event) const
 {
-    const bool isEmulated = (event.flags & XCB_INPUT_POINTER_EVENT_FLAGS_POINTER_EMULATED) != 0;
-    if (isEmulated && m_axes.count(event.sourceid) > 0)
+    return step(event.detail, event.flags, event.sourceid);
+}
+
+std::optional<ScrollEvent> Scrolling::rawButtonPressed(const xcb_input_raw_button_press_event_t &event,
+                                                       std::uint32_t button) const
+{
+    return step(button, event.flags, event.sourceid);
+}
+
+std::optional<ScrollEvent> Scrolling::step(std::uint32_t button, std::uint32_t flags,
+                                           xcb_input_device_id_t source) const
+{
+    const bool isEmulated = (flags & XCB_INPUT_POINTER_EVENT_FLAGS_POINTER_EMULATED) != 0;
+    if (isEmulated && m_axes.count(source) > 0)
         return std::nullopt;
-    if (event.detail == kWheelUp)
+    if (button == kWheelUp)
         return ScrollEvent{.distance = 1.0, .isPrecise = false, .modifiers = {}};
-    if (event.detail == kWheelDown)
+    if (button == kWheelDown)
         return ScrollEvent{.distance = -1.0, .isPrecise = false, .modifiers = {}};
     return std::nullopt;
 }
@@ -102,30 +164,14 @@ void Scrolling::readDevices()
         return;
     m_isStale = false;
     for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem;
-         xcb_input_xi_device_info_next(&device))
-        readDevice(*device.data);
-}
-
-void Scrolling::readDevice(const xcb_input_xi_device_info_t &device)
-{
-    // The master only repeats what the device has that was used last.
-    if (device.type != XCB_INPUT_DEVICE_TYPE_SLAVE_POINTER)
-        return;
-    std::map<std::uint16_t, double> values;
-    const xcb_input_scroll_class_t *vertical = nullptr;
-    for (auto it = xcb_input_xi_device_info_classes_iterator(&device); it.rem;
-         xcb_input_device_class_next(&it)) {
-        const auto &valuator = reinterpret_cast<const xcb_input_valuator_class_t &>(*it.data);
-        const auto &scroll = reinterpret_cast<const xcb_input_scroll_class_t &>(*it.data);
-        if (valuator.type == XCB_INPUT_DEVICE_CLASS_TYPE_VALUATOR)
-            values[valuator.number] = fromFixed(valuator.value);
-        else if (isVerticalAxis(scroll))
-            vertical = &scroll;
+         xcb_input_xi_device_info_next(&device)) {
+        // The master only repeats what the device has that was used last.
+        if (device.data->type != XCB_INPUT_DEVICE_TYPE_SLAVE_POINTER)
+            continue;
+        if (const auto axis = verticalAxisOf(*device.data))
+            m_axes.insert_or_assign(device.data->deviceid,
+                                    Axis{axis->number, ScrollValuator(axis->increment, axis->value)});
     }
-    if (vertical)
-        m_axes.insert_or_assign(
-            device.deviceid,
-            Axis{vertical->number, ScrollValuator(fromFixed(vertical->increment), values[vertical->number])});
 }
 
 } // namespace zeigewerk::platform::x11

@@ -9,20 +9,27 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Makes scroll events of what the pointing devices do over our surfaces. Those that have a scroll axis tell
-/// more by it than by the buttons 4 and 5, which the server then only makes up for older programs.
+/// Makes scroll events of what the pointing devices do: over our surfaces, or, in another object of this
+/// class, anywhere. Devices that have a scroll axis tell more by it than by the buttons 4 and 5, which the
+/// server then only makes up for older programs.
 class Scrolling
 {
 public:
     explicit Scrolling(Connection &connection);
 
-    /// The pointer came to one of our surfaces. What the axes did elsewhere was not for us.
-    void pointerEntered() { readDevices(); }
+    /// From now on the devices are heard: what the axes did until now was not for us.
+    void catchUp() { readDevices(); }
     /// An event about the devices themselves: where their axes stand now is not known.
     void devicesChanged(const xcb_ge_generic_event_t &event);
 
     std::optional<ScrollEvent> pointerMoved(const xcb_input_button_press_event_t &event);
     std::optional<ScrollEvent> buttonPressed(const xcb_input_button_press_event_t &event) const;
+
+    /// The same for raw events, which do not apply the user's order of the buttons: that must have been done
+    /// for `button`.
+    std::optional<ScrollEvent> rawMoved(const xcb_input_raw_motion_event_t &event);
+    std::optional<ScrollEvent> rawButtonPressed(const xcb_input_raw_button_press_event_t &event,
+                                                std::uint32_t button) const;
 
 private:
     struct Axis
@@ -32,7 +39,8 @@ private:
     };
 
     void readDevices();
-    void readDevice(const xcb_input_xi_device_info_t &device);
+    std::optional<ScrollEvent> step(std::uint32_t button, std::uint32_t flags,
+                                    xcb_input_device_id_t source) const;
 
     Connection &m_connection;
     /// Of the physical devices that have one, by device id.

@@ -55,6 +55,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_typedKeys(
           *m_connection, [this](const auto &press) { handlePress(press); },
           [this](xcb_window_t canvas, const auto &key) { handleTyped(canvas, key); })
+    , m_eventMonitor(*m_connection)
 {
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
@@ -154,10 +155,12 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
 {
     if (event.extension != m_connection->xinputOpcode())
         return;
+    if (m_eventMonitor.handle(event))
+        return;
     if (event.event_type == XCB_INPUT_DEVICE_CHANGED || event.event_type == XCB_INPUT_HIERARCHY)
         return m_scrolling.devicesChanged(event);
     if (event.event_type == XCB_INPUT_ENTER)
-        return m_scrolling.pointerEntered();
+        return m_scrolling.catchUp();
     const auto &input = reinterpret_cast<const xcb_input_button_press_event_t &>(event);
     X11Surface *surface = surfaceOf(input.event);
     if (!surface)

@@ -9,6 +9,7 @@
 #include "platform/x11/selection_owner.h"
 #include "platform/x11/stacking.h"
 #include "platform/x11/typed_keys.h"
+#include "platform/x11/x11_event_monitor.h"
 #include "platform/x11/x11_hot_keys.h"
 #include "platform/x11/x11_screens.h"
 
@@ -40,6 +41,7 @@ public:
     bool isComposited() const override { return m_compositor.exists(); }
     bool hasEmbeddingTray() const override { return m_embeddingTray.exists(); }
     HotKeys &hotKeys() override { return m_hotKeys; }
+    EventMonitor &eventMonitor() override { return m_eventMonitor; }
     void activate() override { m_focus.borrow(); }
     void deactivate() override { m_focus.handBack(); }
 
@@ -80,6 +82,7 @@ private:
     X11HotKeys m_hotKeys;
     Scrolling m_scrolling;
     TypedKeys m_typedKeys;
+    X11EventMonitor m_eventMonitor;
     std::vector<X11Surface *> m_surfaces;
     std::vector<X11WidgetWindow *> m_widgetWindows;
     quint64 m_lastOrder = 0;

@@ -159,6 +159,11 @@ QList<WindowInfo> Client::windowsOfProcess(qint64 processId)
     return found;
 }
 
+bool Client::isOfProcess(xcb_window_t window, qint64 processId)
+{
+    return resourceBasesOf(processId).contains(window & ~xcb_get_setup(m_connection)->resource_id_mask);
+}
+
 QList<WindowInfo> Client::windowsOfClass(const QString &windowClass)
 {
     QList<WindowInfo> found;

@@ -71,6 +71,8 @@ public:
     /// Windows made on any of the process's connections, from the bottom to the top, children of such windows
     /// not included.
     QList<WindowInfo> windowsOfProcess(qint64 processId);
+    /// Whether the id belongs to one of the process's connections; it need not be that of a living window.
+    bool isOfProcess(xcb_window_t window, qint64 processId);
     /// Windows of that WM_CLASS class, from the bottom to the top.
     QList<WindowInfo> windowsOfClass(const QString &windowClass);
 

@@ -36,4 +36,30 @@ void Popup::lowerBelow(const Popup &other) const
     m_client.roundTrip();
 }
 
+bool Popup::grabPointer() const
+{
+    m_presses = 0;
+    const auto cookie =
+        xcb_grab_pointer(m_client.connection(), 0, m_id, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC,
+                         XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+    const auto reply = owned(xcb_grab_pointer_reply(m_client.connection(), cookie, nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+void Popup::ungrabPointer() const
+{
+    xcb_ungrab_pointer(m_client.connection(), XCB_CURRENT_TIME);
+    m_client.roundTrip();
+}
+
+int Popup::presses() const
+{
+    constexpr int kSentFlag = 0x80;
+    while (const auto event = owned(xcb_poll_for_event(m_client.connection()))) {
+        if ((event->response_type & ~kSentFlag) == XCB_BUTTON_PRESS)
+            ++m_presses;
+    }
+    return m_presses;
+}
+
 } // namespace zeigewerk::rig

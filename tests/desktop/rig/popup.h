@@ -23,9 +23,17 @@ public:
     /// Puts it right below another one.
     void lowerBelow(const Popup &other) const;
 
+    /// Takes the pointer as a menu does: whatever is pressed and wherever, this program alone is told. False
+    /// if another program has it.
+    bool grabPointer() const;
+    void ungrabPointer() const;
+    /// How many presses it was told of since it took the pointer.
+    int presses() const;
+
 private:
     mutable Client m_client;
     xcb_window_t m_id = XCB_WINDOW_NONE;
+    mutable int m_presses = 0;
 };
 
 } // namespace zeigewerk::rig

@@ -13,3 +13,4 @@
 #include "rig_error.h"       // IWYU pragma: export
 #include "scroll_mouse.h"    // IWYU pragma: export
 #include "window_beneath.h"  // IWYU pragma: export
+#include "window_watch.h"    // IWYU pragma: export

@@ -1,0 +1,108 @@
+#include "clicks/click_ring.h"
+
+#include "drawing/qt_color.h"
+
+#include <QEasingCurve>
+#include <QPainter>
+
+#include <algorithm>
+#include <utility>
+
+namespace zeigewerk {
+
+namespace {
+
+constexpr double kDiameter = 56.0;
+constexpr double kStrokeWidth = 4.0;
+constexpr double kFirstScale = 0.35;
+constexpr double kLastScale = 1.15;
+constexpr double kFirstOpacity = 0.9;
+constexpr double kLastOpacity = 0.0;
+constexpr std::chrono::nanoseconds kStepInterval(1'000'000'000 / 60);
+
+/// "Ease out" as style sheets and animation frameworks define it, which none of Qt's named curves is.
+QEasingCurve easeOut()
+{
+    QEasingCurve curve(QEasingCurve::BezierSpline);
+    curve.addCubicBezierSegment({0.0, 0.0}, {0.58, 1.0}, {1.0, 1.0});
+    return curve;
+}
+
+} // namespace
+
+ClickRing::Live ClickRing::live;
+
+RingPhase RingPhase::at(double progress)
+{
+    static const QEasingCurve curve = easeOut();
+    const double eased = curve.valueForProgress(progress);
+    return {.scale = kFirstScale + eased * (kLastScale - kFirstScale),
+            .opacity = kFirstOpacity + eased * (kLastOpacity - kFirstOpacity)};
+}
+
+void ClickRing::show(platform::Desktop &desktop, QPointF at, const Color &color, Clock clock)
+{
+    live.rings.push_back(std::unique_ptr<ClickRing>(new ClickRing(desktop, at, color, std::move(clock))));
+    if (!live.timer)
+        live.timer = std::make_unique<RepeatingTimer>(kStepInterval, &ClickRing::step);
+}
+
+ClickRing::ClickRing(platform::Desktop &desktop, QPointF at, const Color &color, Clock clock)
+    : m_desktop(desktop)
+    , m_color(color)
+    , m_clock(std::move(clock))
+    , m_shownAt(m_clock())
+    , m_surface(desktop.makeSurface(platform::SurfaceRole::Effect,
+                                    QRectF(at - QPointF(kSide / 2, kSide / 2), QSizeF(kSide, kSide))))
+{
+    m_surface->setIgnoresMouseEvents(true);
+    m_surface->setContent(this);
+    m_surface->orderFrontRegardless();
+    m_surface->setNeedsDisplay(platform::Damage::everything());
+}
+
+void ClickRing::step()
+{
+    for (const auto &ring : live.rings) {
+        ring->m_phase = RingPhase::at(ring->progress());
+        ring->m_surface->setNeedsDisplay(platform::Damage::everything());
+    }
+    removeWhere([](const ClickRing &ring) { return ring.progress() >= 1.0; });
+}
+
+void ClickRing::dropAll(const platform::Desktop &desktop)
+{
+    removeWhere([&](const ClickRing &ring) { return &ring.m_desktop == &desktop; });
+}
+
+template <typename Condition>
+void ClickRing::removeWhere(Condition condition)
+{
+    std::vector<std::unique_ptr<ClickRing>> &rings = live.rings;
+    const auto gone = std::stable_partition(rings.begin(), rings.end(),
+                                            [&](const auto &ring) { return !condition(*ring); });
+    std::for_each(gone, rings.end(), [](const auto &ring) { ring->m_surface->orderOut(); });
+    rings.erase(gone, rings.end());
+    if (rings.empty())
+        live.timer.reset();
+}
+
+double ClickRing::progress() const
+{
+    const std::chrono::duration<double> age = m_clock() - m_shownAt;
+    // A clock that was set back would keep the ring on the screen until it has caught up.
+    const bool isOver = age.count() < 0.0 || age >= kDuration;
+    return isOver ? 1.0 : age / std::chrono::duration<double>(kDuration);
+}
+
+void ClickRing::draw(QPainter &painter, const platform::Damage &)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(
+        QPen(toQColor(m_color.withAlpha(m_color.alpha * m_phase.opacity)), kStrokeWidth * m_phase.scale));
+    painter.setBrush(Qt::NoBrush);
+    const double radius = kDiameter / 2 * m_phase.scale;
+    painter.drawEllipse(QPointF(kSide / 2, kSide / 2), radius, radius);
+}
+
+} // namespace zeigewerk

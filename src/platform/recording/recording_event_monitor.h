@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/event_monitor.h"
+
+#include <utility>
+
+namespace zeigewerk::platform {
+
+/// A monitor that tells of what the test says has happened.
+class RecordingEventMonitor : public EventMonitor
+{
+public:
+    void setListening(MonitoredEvents events) override { m_listening = events; }
+    void setLeftPressHandler(std::function<void()> handler) override { m_leftPress = std::move(handler); }
+    void setScrollHandler(std::function<void(const MonitoredScroll &)> handler) override
+    {
+        m_scroll = std::move(handler);
+    }
+
+    MonitoredEvents listening() const { return m_listening; }
+    /// Somebody presses the left button or turns the wheel; nothing is told of it unless it was asked for, as
+    /// on a real desktop.
+    void pressLeft() const;
+    void scroll(const MonitoredScroll &scroll) const;
+    /// Tells of it although that is no longer wanted: it was under way.
+    void pressLeftLate() const;
+    void scrollLate(const MonitoredScroll &scroll) const;
+
+private:
+    MonitoredEvents m_listening;
+    std::function<void()> m_leftPress;
+    std::function<void(const MonitoredScroll &)> m_scroll;
+};
+
+} // namespace zeigewerk::platform

@@ -1,0 +1,104 @@
+#include "platform/x11/x11_event_monitor.h"
+
+#include "platform/x11/modifiers.h"
+
+namespace zeigewerk::platform::x11 {
+
+namespace {
+
+constexpr std::uint32_t kLeftButton = 1;
+
+std::uint32_t rawEventsFor(MonitoredEvents events)
+{
+    std::uint32_t mask = 0;
+    if (events)
+        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
+    // Scroll axes move in motion events.
+    if (events.testFlag(Monitored::Wheel))
+        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
+    return mask;
+}
+
+} // namespace
+
+X11EventMonitor::X11EventMonitor(Connection &connection)
+    : m_connection(connection)
+    , m_scrolling(connection)
+{
+}
+
+void X11EventMonitor::setListening(MonitoredEvents events)
+{
+    const MonitoredEvents before = std::exchange(m_listening, events);
+    if (events == before)
+        return;
+    if (events.testFlag(Monitored::Wheel) && !before.testFlag(Monitored::Wheel))
+        m_scrolling.catchUp();
+    // Of the master devices, since each raw event comes once for the physical device and once for its master.
+    // The changes of devices are selected for all of them, which is a selection of its own.
+    struct
+    {
+        xcb_input_event_mask_t head;
+        std::uint32_t mask;
+    } selection = {{XCB_INPUT_DEVICE_ALL_MASTER, 1}, rawEventsFor(events)};
+    xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
+    // So that the very next click, whoever makes it, is heard.
+    m_connection.roundTrip();
+}
+
+bool X11EventMonitor::handle(const xcb_ge_generic_event_t &event)
+{
+    const auto &raw = reinterpret_cast<const xcb_input_raw_button_press_event_t &>(event);
+    switch (event.event_type) {
+    case XCB_INPUT_DEVICE_CHANGED:
+    case XCB_INPUT_HIERARCHY:
+        m_scrolling.devicesChanged(event);
+        return false;
+    case XCB_INPUT_RAW_BUTTON_PRESS:
+        buttonPressed(raw);
+        return true;
+    case XCB_INPUT_RAW_MOTION:
+        if (m_listening.testFlag(Monitored::Wheel))
+            tellOfScroll(m_scrolling.rawMoved(raw));
+        return true;
+    default:
+        return false;
+    }
+}
+
+void X11EventMonitor::buttonPressed(const xcb_input_raw_button_press_event_t &event)
+{
+    // What comes late is dropped.
+    if (!m_listening)
+        return;
+    const std::uint32_t button = logicalButton(event.detail);
+    if (button == kLeftButton && m_listening.testFlag(Monitored::LeftPresses) && m_leftPress)
+        m_leftPress();
+    if (m_listening.testFlag(Monitored::Wheel))
+        tellOfScroll(m_scrolling.rawButtonPressed(event, button));
+}
+
+std::uint32_t X11EventMonitor::logicalButton(std::uint32_t physicalButton) const
+{
+    // Raw events number the buttons as the hardware does. For left hands, or for a wheel turned round, the
+    // user may have given them another order.
+    const auto cookie = xcb_get_pointer_mapping(m_connection.xcb());
+    const auto reply = owned(xcb_get_pointer_mapping_reply(m_connection.xcb(), cookie, nullptr));
+    if (!reply || physicalButton < 1 || physicalButton > reply->map_len)
+        return physicalButton;
+    return xcb_get_pointer_mapping_map(reply.get())[physicalButton - 1];
+}
+
+void X11EventMonitor::tellOfScroll(std::optional<ScrollEvent> scroll) const
+{
+    if (!scroll || !m_scroll)
+        return;
+    const auto cookie = xcb_query_pointer(m_connection.xcb(), m_connection.root());
+    const auto pointer = owned(xcb_query_pointer_reply(m_connection.xcb(), cookie, nullptr));
+    if (!pointer)
+        return;
+    scroll->modifiers = modifiersOf(pointer->mask);
+    m_scroll({.event = *scroll, .isOverOurs = m_connection.isOurs(pointer->child)});
+}
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/event_monitor.h"
+#include "platform/x11/connection.h"
+#include "platform/x11/scrolling.h"
+
+#include <xcb/xinput.h>
+
+#include <utility>
+
+namespace zeigewerk::platform::x11 {
+
+/// Watches the pointer by the raw events of X Input 2, which come for each press, whoever holds a grab, and
+/// in addition to the ordinary events. They say neither where the pointer is nor which modifiers are held.
+class X11EventMonitor : public EventMonitor
+{
+public:
+    explicit X11EventMonitor(Connection &connection);
+
+    void setListening(MonitoredEvents events) override;
+    void setLeftPressHandler(std::function<void()> handler) override { m_leftPress = std::move(handler); }
+    void setScrollHandler(std::function<void(const MonitoredScroll &)> handler) override
+    {
+        m_scroll = std::move(handler);
+    }
+
+    /// An event of X Input; true if it concerns nobody else.
+    bool handle(const xcb_ge_generic_event_t &event);
+
+private:
+    void buttonPressed(const xcb_input_raw_button_press_event_t &event);
+    std::uint32_t logicalButton(std::uint32_t physicalButton) const;
+    void tellOfScroll(std::optional<ScrollEvent> scroll) const;
+
+    Connection &m_connection;
+    Scrolling m_scrolling;
+    MonitoredEvents m_listening;
+    std::function<void()> m_leftPress;
+    std::function<void(const MonitoredScroll &)> m_scroll;
+};
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,266 @@
+#include "clicks/click_ring.h"
+#include "controller_fixture.h"
+
+#include <QTest>
+
+using namespace zeigewerk;
+using platform::Modifier;
+using platform::Modifiers;
+using platform::Monitored;
+using platform::MonitoredEvents;
+using platform::MonitoredScroll;
+using platform::RecordingEventMonitor;
+using platform::SurfaceRole;
+using test::Controller;
+
+class EventMonitorsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itListensOnlyForWhatIsNeeded_data();
+    void itListensOnlyForWhatIsNeeded();
+    void withoutTheModeAPressMakesNoSurface();
+    void aPressShowsARingAtThePointer();
+    void theColourIsThatOfTheMomentOfTheClick();
+    void twoQuickPressesShowTwoRings();
+    void aRingOutlivesItsMode();
+    void altAndTheWheelElsewhereChangeTheRadius_data();
+    void altAndTheWheelElsewhereChangeTheRadius();
+    void theRadiusIsThereAtTheNextStart();
+    void theRingsGoWithTheController();
+    void whatArrivesAfterTheControllerDoesNothing();
+};
+
+namespace {
+
+constexpr bool kPrecise = true;
+constexpr bool kOverOurs = true;
+
+MonitoredScroll altNotches(double count)
+{
+    return {.event = {.distance = count, .isPrecise = false, .modifiers = Modifier::Alt},
+            .isOverOurs = false};
+}
+
+std::vector<platform::RecordingSurface *> effects(const Controller &controller)
+{
+    return controller.desktop.surfaces(SurfaceRole::Effect);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(zeigewerk::platform::MonitoredEvents)
+Q_DECLARE_METATYPE(zeigewerk::platform::Modifiers)
+
+void EventMonitorsTest::itListensOnlyForWhatIsNeeded_data()
+{
+    QTest::addColumn<QString>("operations");
+    QTest::addColumn<MonitoredEvents>("expected");
+
+    const auto row = [](const char *name, const char *operations, MonitoredEvents expected) {
+        QTest::newRow(name) << QString(operations) << expected;
+    };
+    row("at the start", "", {});
+    row("clicks", "k", Monitored::LeftPresses);
+    row("clicks on and off", "kk", {});
+    row("spotlight", "s", Monitored::Wheel);
+    row("spotlight on and off", "ss", {});
+    row("both", "ks", Monitored::LeftPresses | Monitored::Wheel);
+    row("Esc ends the spotlight, not the clicks", "kse", Monitored::LeftPresses);
+    row("every other mode", "dwprf", {});
+}
+
+void EventMonitorsTest::itListensOnlyForWhatIsNeeded()
+{
+    QFETCH(QString, operations);
+    QFETCH(MonitoredEvents, expected);
+    Controller controller;
+    controller.perform(operations);
+    QCOMPARE(controller.desktop.eventMonitor().listening(), expected);
+}
+
+void EventMonitorsTest::withoutTheModeAPressMakesNoSurface()
+{
+    Controller controller;
+    controller.perform("dks");
+    controller.perform("k");
+    controller.desktop.takeLog();
+    controller.desktop.eventMonitor().pressLeft();
+    controller.desktop.eventMonitor().pressLeftLate();
+    QVERIFY(effects(controller).empty());
+    QCOMPARE(controller.desktop.takeLog(), QStringList());
+    QVERIFY(ClickRing::live.rings.empty());
+}
+
+void EventMonitorsTest::aPressShowsARingAtThePointer()
+{
+    Controller controller(test::twoScreens());
+    controller.perform("k");
+    // On the other screen, and no canvas is in play.
+    controller.desktop.setMouseLocation({1700, 300});
+    controller.desktop.eventMonitor().pressLeft();
+    QCOMPARE(effects(controller).size(), std::size_t(1));
+    QCOMPARE(effects(controller).front()->frame(), QRectF(1664, 264, 72, 72));
+    QVERIFY(effects(controller).front()->isVisible());
+    QVERIFY(effects(controller).front()->ignoresMouseEvents());
+    // It stays where the click was.
+    controller.desktop.setMouseLocation({100, 100});
+    ClickRing::step();
+    QCOMPARE(effects(controller).front()->frame(), QRectF(1664, 264, 72, 72));
+}
+
+void EventMonitorsTest::theColourIsThatOfTheMomentOfTheClick()
+{
+    Controller controller;
+    controller.perform("k");
+    controller.app().setColor(Color::hex(0x0A84FF));
+    controller.desktop.eventMonitor().pressLeft();
+    controller.app().setColor(Color::hex(0xFF3B30));
+    controller.passTime(0.2);
+    ClickRing::step();
+    platform::RecordingSurface &surface = *effects(controller).front();
+    surface.display();
+    int painted = 0;
+    for (int y = 0; y < surface.image().height(); ++y) {
+        for (int x = 0; x < surface.image().width(); ++x) {
+            const QColor seen = surface.image().pixelColor(x, y);
+            // The fainter a pixel, the coarser its colour.
+            if (seen.alpha() < 40)
+                continue;
+            ++painted;
+            QVERIFY2(std::abs(seen.red() - 0x0A) <= 6 && std::abs(seen.green() - 0x84) <= 6 &&
+                         std::abs(seen.blue() - 0xFF) <= 6,
+                     qPrintable(seen.name()));
+        }
+    }
+    QVERIFY(painted > 100);
+}
+
+void EventMonitorsTest::twoQuickPressesShowTwoRings()
+{
+    Controller controller;
+    controller.perform("k");
+    controller.desktop.eventMonitor().pressLeft();
+    controller.passTime(0.2);
+    controller.desktop.eventMonitor().pressLeft();
+    QCOMPARE(effects(controller).size(), std::size_t(2));
+    controller.passTime(0.251);
+    ClickRing::step();
+    QCOMPARE(effects(controller).size(), std::size_t(1));
+    controller.passTime(0.2);
+    ClickRing::step();
+    QVERIFY(effects(controller).empty());
+    QVERIFY(ClickRing::live.rings.empty());
+}
+
+void EventMonitorsTest::aRingOutlivesItsMode()
+{
+    Controller controller;
+    controller.perform("k");
+    controller.desktop.eventMonitor().pressLeft();
+    controller.perform("k");
+    QCOMPARE(effects(controller).size(), std::size_t(1));
+    // Its own timer ends it.
+    controller.passTime(0.46);
+    QTRY_VERIFY(effects(controller).empty());
+}
+
+void EventMonitorsTest::altAndTheWheelElsewhereChangeTheRadius_data()
+{
+    QTest::addColumn<QString>("operations");
+    QTest::addColumn<double>("before");
+    QTest::addColumn<double>("distance");
+    QTest::addColumn<bool>("isPrecise");
+    QTest::addColumn<Modifiers>("modifiers");
+    QTest::addColumn<bool>("isOverOurs");
+    QTest::addColumn<double>("after");
+
+    const Modifiers alt = Modifier::Alt;
+    QTest::newRow("a notch up") << "s" << 90.0 << 1.0 << !kPrecise << alt << !kOverOurs << 98.0;
+    QTest::newRow("a notch down") << "s" << 90.0 << -1.0 << !kPrecise << alt << !kOverOurs << 82.0;
+    QTest::newRow("fingers up") << "s" << 90.0 << 10.0 << kPrecise << alt << !kOverOurs << 102.0;
+    QTest::newRow("fingers down") << "s" << 90.0 << -10.0 << kPrecise << alt << !kOverOurs << 78.0;
+    QTest::newRow("to the largest") << "s" << 398.0 << 1.0 << !kPrecise << alt << !kOverOurs << 400.0;
+    QTest::newRow("to the smallest") << "s" << 36.0 << -1.0 << !kPrecise << alt << !kOverOurs << 35.0;
+    QTest::newRow("more than Alt") << "s" << 90.0 << 1.0 << !kPrecise << (alt | Modifier::Shift) << !kOverOurs
+                                   << 98.0;
+    QTest::newRow("without Alt") << "s" << 90.0 << 1.0 << !kPrecise << Modifiers() << !kOverOurs << 90.0;
+    QTest::newRow("another modifier")
+        << "s" << 90.0 << 1.0 << !kPrecise << Modifiers(Modifier::Ctrl) << !kOverOurs << 90.0;
+    QTest::newRow("over a window of ours") << "s" << 90.0 << 1.0 << !kPrecise << alt << kOverOurs << 90.0;
+    QTest::newRow("over a canvas that is drawn on")
+        << "sd" << 90.0 << 1.0 << !kPrecise << alt << kOverOurs << 90.0;
+    QTest::newRow("without the spotlight") << "k" << 90.0 << 1.0 << !kPrecise << alt << !kOverOurs << 90.0;
+    QTest::newRow("after Esc") << "se" << 90.0 << 1.0 << !kPrecise << alt << !kOverOurs << 90.0;
+}
+
+void EventMonitorsTest::altAndTheWheelElsewhereChangeTheRadius()
+{
+    QFETCH(QString, operations);
+    QFETCH(double, before);
+    QFETCH(double, distance);
+    QFETCH(bool, isPrecise);
+    QFETCH(Modifiers, modifiers);
+    QFETCH(bool, isOverOurs);
+    QFETCH(double, after);
+    Controller controller;
+    controller.defaults.setDouble(kSpotRadiusKey, before);
+    controller.perform(operations);
+    const RecordingEventMonitor &monitor = controller.desktop.eventMonitor();
+    // Also when it was under way as the mode ended.
+    monitor.scrollLate({.event = {.distance = distance, .isPrecise = isPrecise, .modifiers = modifiers},
+                        .isOverOurs = isOverOurs});
+    QCOMPARE(controller.app().spotRadius(), after);
+    const UserDefaults stored(controller.home.filePath("settings.ini"));
+    QCOMPARE(stored.doubleForKey(kSpotRadiusKey), std::optional(after));
+}
+
+void EventMonitorsTest::theRadiusIsThereAtTheNextStart()
+{
+    Controller controller;
+    controller.perform("s");
+    controller.desktop.eventMonitor().scroll(altNotches(2));
+    controller.desktop.eventMonitor().scroll(altNotches(1));
+    const AppDelegate next(controller.desktop, controller.defaults);
+    QCOMPARE(next.spotRadius(), 114.0);
+}
+
+void EventMonitorsTest::theRingsGoWithTheController()
+{
+    platform::RecordingDesktop desktop;
+    QTemporaryDir home;
+    UserDefaults defaults(home.filePath("settings.ini"));
+    {
+        AppDelegate app(desktop, defaults);
+        app.applicationDidFinishLaunching();
+        app.toggleClicks();
+        desktop.eventMonitor().pressLeft();
+        desktop.eventMonitor().pressLeft();
+        QCOMPARE(ClickRing::live.rings.size(), std::size_t(2));
+    }
+    QVERIFY(ClickRing::live.rings.empty());
+    QVERIFY(!ClickRing::live.timer);
+    QVERIFY(desktop.surfaces(SurfaceRole::Effect).empty());
+}
+
+void EventMonitorsTest::whatArrivesAfterTheControllerDoesNothing()
+{
+    platform::RecordingDesktop desktop;
+    QTemporaryDir home;
+    UserDefaults defaults(home.filePath("settings.ini"));
+    {
+        AppDelegate app(desktop, defaults);
+        app.applicationDidFinishLaunching();
+        app.toggleClicks();
+        app.toggleSpot();
+    }
+    desktop.takeLog();
+    desktop.eventMonitor().pressLeftLate();
+    desktop.eventMonitor().scrollLate(altNotches(1));
+    QCOMPARE(desktop.takeLog(), QStringList());
+    QVERIFY(!defaults.doubleForKey(kSpotRadiusKey));
+}
+
+QTEST_MAIN(EventMonitorsTest)
+#include "event_monitors_test.moc"

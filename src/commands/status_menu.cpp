@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 
 #include <array>
+#include <functional>
 
 namespace zeigewerk {
 
@@ -72,8 +73,8 @@ void StatusMenu::buildActions()
         action->setCheckable(hasCheckMark(row));
         action->setEnabled(row.operation || action->isSeparator());
         if (row.operation) {
-            connect(action, &QAction::triggered, this, [this, operation = row.operation] {
-                (m_app.*operation)();
+            connect(action, &QAction::triggered, this, [this, &row] {
+                std::invoke(row.operation, m_app);
                 // Clicking has flipped the check mark, whether the operation did anything or not.
                 rebuild();
             });

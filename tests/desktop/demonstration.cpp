@@ -55,8 +55,8 @@ Demonstration::Demonstration(const QDir &folder, int scale)
 
 bool Demonstration::play()
 {
-    return m_slide.isShown() && m_program.waitUntilReady() && toolbar() && everyTool() && undo() &&
-           freehand() && pin() && spotlight() && whiteboard() && menu();
+    return m_slide.isShown() && m_program.waitUntilReady() && toolbar() && everyTool() && undo() && text() &&
+           freehand() && pin() && clickRing() && spotlight() && whiteboard() && menu();
 }
 
 bool Demonstration::toolbar()
@@ -91,12 +91,30 @@ bool Demonstration::undo()
            });
 }
 
+bool Demonstration::text()
+{
+    const QRect line(520, 330, 460, 90);
+    const QPoint inField(860, 352);
+    const QColor paper = pixel(inField);
+    const bool isOpen = choose(button::kText) && choose(button::kColor, Green) &&
+                        eventually([&] { return m_toolbar->isOn(button::kColor, Green); }) && drawingIsOn() &&
+                        m_session.pointer().clickAt({530, 350}) &&
+                        eventually([&] { return pixel(inField) != paper; });
+    if (!isOpen)
+        return false;
+    m_session.keyboard().type("Rekord");
+    m_session.keyboard().tap(Key::Return);
+    return shows("4-text.png", "a word, typed and entered",
+                 [&] { return pixel(inField) == paper && count(line, kColors[Green]) > 200; });
+}
+
 bool Demonstration::freehand()
 {
     const QRect beneathChart(150, 935, 960, 60);
     return choose(button::kClear) && eventually([&] { return count(kSlide, kColors[Red]) == 0; }) &&
-           draw(loopAround(slideChartTop(), 260, 330)) && drawWithShift(straight({160, 960}, {1060, 985})) &&
-           shows("4-pen.png", "the pen: a loop, and with Shift a level line", [&] {
+           drawWith(button::kPen, Orange, Medium, loopAround(slideChartTop(), 260, 330)) &&
+           drawWithShift(straight({160, 960}, {1060, 985})) &&
+           shows("5-pen.png", "the pen: a loop, and with Shift a level line", [&] {
                const QRect line = m_session.screenshot().bounds(kColors[Orange], beneathChart);
                return count(kSlide, kColors[Red]) == 0 && line.width() > 850 && line.height() <= 12 &&
                       count(QRect(slideChartTop() - QPoint(140, 180), QSize(280, 360)), kColors[Orange]) >
@@ -108,14 +126,34 @@ bool Demonstration::pin()
 {
     return choose(button::kPin) && eventually([&] { return m_slide.hasFocus(); }) &&
            m_session.pointer().clickAt(slideButton()) &&
-           shows("5-pinned.png", "pinned: the drawing stays, and a click has reached the slide's button",
+           shows("6-pinned.png", "pinned: the drawing stays, and a click has reached the slide's button",
                  [&] { return m_slide.isButtonPressed() && count(kSlide, kColors[Orange]) > 2000; });
+}
+
+bool Demonstration::clickRing()
+{
+    const QPoint place(1000, 200);
+    const int half = 36 * m_scale;
+    const QRect around(place - QPoint(half, half), QSize(2 * half, 2 * half));
+    if (!choose(button::kClicks) || !eventually([&] { return m_toolbar->isOn(button::kClicks); }))
+        return false;
+    const QColor paper = pixel(place);
+    // It lives for half a second only, so what is kept is the very picture on which it was seen.
+    const auto isSeen = [&] {
+        const Screenshot now = m_session.screenshot();
+        const int inked = around.width() * around.height() - now.count(paper, around, 40);
+        return inked > 150 && keep(now, "7-click.png", "a ring round a click on the slide", true);
+    };
+    bool wasSeen = false;
+    for (int attempt = 0; attempt < 5 && !wasSeen; ++attempt)
+        wasSeen = m_session.pointer().clickAt(place) && eventually(isSeen, std::chrono::milliseconds(450));
+    return wasSeen && choose(button::kClicks);
 }
 
 bool Demonstration::spotlight()
 {
     return choose(button::kSpotlight) && m_session.pointer().moveTo(slideChartTop() + QPoint(0, 40)) &&
-           shows("6-spotlight.png", "the spotlight: everything dark but a circle round the pointer",
+           shows("8-spotlight.png", "the spotlight: everything dark but a circle round the pointer",
                  [&] {
                      return isDark({1900, 20}) && !isDark(slideChartTop() + QPoint(78, 40)) &&
                             isDark(slideTitleLeft());
@@ -130,7 +168,7 @@ bool Demonstration::whiteboard()
            drawWith(button::kRectangle, Blue, Medium, straight({300, 380}, {640, 620})) &&
            drawWith(button::kArrow, Navy, Medium, straight({680, 500}, {980, 500})) &&
            drawWith(button::kPen, Red, Broad, loopAround({1250, 500}, 420, 280)) &&
-           shows("7-whiteboard.png", "the whiteboard, and the toolbar in its light look",
+           shows("9-whiteboard.png", "the whiteboard, and the toolbar in its light look",
                  [&] {
                      return pixel({20, 20}) == QColor(Qt::white) && count(middle, kColors[Red]) > 3000 &&
                             !isDark(m_toolbar->background());
@@ -142,7 +180,7 @@ bool Demonstration::menu()
 {
     return choose(button::kAppearance) &&
            m_session.pointer().clickAt(m_toolbar->background(), Pointer::Right) &&
-           shows("8-menu.png", "the menu, which the tray's icon opens too", [&] {
+           shows("10-menu.png", "the menu, which the tray's icon opens too", [&] {
                const QRect panel = m_toolbar->panel();
                const QList<WindowInfo> windows = m_session.client().windowsOfProcess(m_program.processId());
                return std::any_of(windows.begin(), windows.end(), [&](const WindowInfo &window) {
@@ -189,12 +227,17 @@ bool Demonstration::endsWith(Key key)
 bool Demonstration::shows(const char *file, const char *what, const std::function<bool()> &condition)
 {
     const bool isShown = eventually(condition);
+    return keep(m_session.screenshot(), file, what, isShown) && isShown;
+}
+
+bool Demonstration::keep(const Screenshot &picture, const char *file, const char *what, bool isRight)
+{
     const QString path = m_folder.filePath(QString::fromLatin1(file));
-    if (!m_session.screenshot().save(path))
+    if (!picture.save(path))
         return false;
-    std::printf("  %s  %s%s\n", qPrintable(path), isShown ? "" : "should show ", what);
+    std::printf("  %s  %s%s\n", qPrintable(path), isRight ? "" : "should show ", what);
     std::fflush(stdout);
-    return isShown;
+    return true;
 }
 
 } // namespace zeigewerk::rig

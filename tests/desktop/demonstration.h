@@ -24,8 +24,10 @@ private:
     bool toolbar();
     bool everyTool();
     bool undo();
+    bool text();
     bool freehand();
     bool pin();
+    bool clickRing();
     bool spotlight();
     bool whiteboard();
     bool menu();
@@ -44,6 +46,7 @@ private:
     bool isDark(QPoint place) { return pixel(place).lightness() < 128; }
     /// Waits for the condition and keeps a picture of what is shown then.
     bool shows(const char *file, const char *what, const std::function<bool()> &condition);
+    bool keep(const Screenshot &picture, const char *file, const char *what, bool isRight);
 
     QDir m_folder;
     int m_scale;

@@ -93,12 +93,12 @@ bool Demonstration::undo()
 
 bool Demonstration::text()
 {
-    const QRect line(520, 330, 460, 90);
-    const QPoint inField(860, 352);
+    const QRect line(520, 270, 460, 90);
+    const QPoint inField(860, 292);
     const QColor paper = pixel(inField);
     const bool isOpen = choose(button::kText) && choose(button::kColor, Green) &&
                         eventually([&] { return m_toolbar->isOn(button::kColor, Green); }) && drawingIsOn() &&
-                        m_session.pointer().clickAt({530, 350}) &&
+                        m_session.pointer().clickAt({530, 290}) &&
                         eventually([&] { return pixel(inField) != paper; });
     if (!isOpen)
         return false;
@@ -132,7 +132,7 @@ bool Demonstration::pin()
 
 bool Demonstration::clickRing()
 {
-    const QPoint place(1000, 200);
+    const QPoint place(1300, 160);
     const int half = 36 * m_scale;
     const QRect around(place - QPoint(half, half), QSize(2 * half, 2 * half));
     if (!choose(button::kClicks) || !eventually([&] { return m_toolbar->isOn(button::kClicks); }))

@@ -61,9 +61,9 @@ public:
     /// A hidden surface over that frame. An overlay's frame is that of a screen.
     virtual std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) = 0;
 
-    /// Makes a hidden window of that widget, which has its final size, has never been shown, and outlives the
-    /// window. `ornament` are margins of the widget around its frame that take no clicks and may be painted
-    /// on where the desktop is composited: a shadow. Sets the widget's window flags.
+    /// Makes a hidden window of that widget, which has never been shown and outlives the window. It may be
+    /// resized later. `ornament` are margins of the widget around its frame that take no clicks and may be
+    /// painted on where the desktop is composited: a shadow. Sets the widget's window flags.
     virtual std::unique_ptr<WidgetWindow> makeWindow(WidgetRole role, QWidget &widget,
                                                      const QMargins &ornament) = 0;
 

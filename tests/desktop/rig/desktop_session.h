@@ -71,6 +71,9 @@ public:
     /// The window manager's process, or 0 without one.
     qint64 windowManagerProcessId() const { return m_windowManager ? m_windowManager->processId() : 0; }
 
+    /// The compositor's process, or 0 without one.
+    qint64 compositorProcessId() const { return m_compositor ? m_compositor->processId() : 0; }
+
     /// The sessions that exist now, the oldest first: for the picture that a failed expectation takes without
     /// being handed a session.
     static const QList<DesktopSession *> &living() { return livingSessions(); }

@@ -21,24 +21,6 @@ QByteArray procFile(qint64 processId, const char *name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// How often any thread of the process has woken up from waiting.
-int wakeups(qint64 processId)
-{
-    int sum = 0;
-    const QDir threads(QStringLiteral("/proc/%1/task").arg(processId));
-    for (const QString &thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        QFile status(threads.filePath(thread + QStringLiteral("/status")));
-        if (!status.open(QFile::ReadOnly))
-            continue;
-        const QList<QByteArray> lines = status.readAll().split('\n');
-        for (const QByteArray &line : lines) {
-            if (line.startsWith("voluntary_ctxt_switches:"))
-                sum += line.mid(line.indexOf(':') + 1).trimmed().toInt();
-        }
-    }
-    return sum;
-}
-
 } // namespace
 
 std::chrono::nanoseconds cpuTime(qint64 processId)
@@ -56,6 +38,23 @@ qint64 residentBytes(qint64 processId)
     // "size resident shared ...", in pages.
     const QList<QByteArray> fields = procFile(processId, "statm").split(' ');
     return fields.size() > 1 ? fields.at(1).toLongLong() * sysconf(_SC_PAGESIZE) : 0;
+}
+
+int wakeups(qint64 processId)
+{
+    int sum = 0;
+    const QDir threads(QStringLiteral("/proc/%1/task").arg(processId));
+    for (const QString &thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile status(threads.filePath(thread + QStringLiteral("/status")));
+        if (!status.open(QFile::ReadOnly))
+            continue;
+        const QList<QByteArray> lines = status.readAll().split('\n');
+        for (const QByteArray &line : lines) {
+            if (line.startsWith("voluntary_ctxt_switches:"))
+                sum += line.mid(line.indexOf(':') + 1).trimmed().toInt();
+        }
+    }
+    return sum;
 }
 
 bool sleepsFor(qint64 processId, std::chrono::milliseconds duration)

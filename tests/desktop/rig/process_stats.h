@@ -14,6 +14,9 @@ std::chrono::nanoseconds cpuTime(qint64 processId);
 /// Resident memory in bytes, shared pages included; zero if the process is gone.
 qint64 residentBytes(qint64 processId);
 
+/// How often any thread of the process has woken up from waiting; zero if it is gone.
+int wakeups(qint64 processId);
+
 /// Whether no thread of the process woke up from waiting for that long, which is worth waiting for because
 /// nothing shorter than its slowest timer tells a sleeping program from one that ticks. False if it is gone.
 bool sleepsFor(qint64 processId, std::chrono::milliseconds duration);

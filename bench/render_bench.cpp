@@ -7,7 +7,6 @@
 #include "platform/recording/recording_desktop.h"
 
 #include <QApplication>
-#include <QPainter>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -19,7 +18,6 @@ namespace zeigewerk {
 namespace {
 
 using platform::Damage;
-using platform::ViewGeometry;
 
 constexpr QSize kScreen(3840, 2160);
 
@@ -57,15 +55,29 @@ QImage blankScreen()
     return image;
 }
 
+/// A surface that shows nothing but one shape.
+class OneShape : public platform::SurfaceContent
+{
+public:
+    explicit OneShape(const Shape &shape)
+        : m_shape(shape)
+    {
+    }
+
+    void draw(platform::PaintTarget &target) override { renderShape(target, m_shape, 1.0); }
+
+private:
+    const Shape &m_shape;
+};
+
 void renderOneShape(benchmark::State &state)
 {
     const Tool tool = Tool::allCases.at(static_cast<std::size_t>(state.range(0)));
     const Shape shape = exampleOf(tool);
     QImage image = blankScreen();
-    QPainter painter(&image);
-    painter.setTransform(ViewGeometry(kScreen, 1.0).painterTransform());
+    OneShape content(shape);
     while (state.KeepRunning())
-        renderShape(painter, shape, 1.0);
+        platform::paintDamage(image, 1.0, paintedArea(shape), content);
     state.SetLabel(tool.symbol().toStdString());
 }
 BENCHMARK(renderOneShape)->DenseRange(0, 6)->Unit(benchmark::kMicrosecond);

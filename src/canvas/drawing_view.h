@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drawing/shape.h"
+#include "drawing/shape_list.h"
 #include "platform/surface.h"
 #include "platform/widget_window.h"
 
@@ -38,7 +38,7 @@ public:
 
     QRectF bounds() const { return m_bounds; }
     /// The finished shapes, oldest first.
-    const std::vector<Shape> &shapes() const { return m_shapes; }
+    const std::vector<Shape> &shapes() const { return m_shapes.shapes(); }
     /// The shape being dragged out: there is one only between a press and its release.
     const std::optional<Shape> &current() const { return m_current; }
     QPointF cursorPoint() const { return m_cursorPoint; }
@@ -70,7 +70,7 @@ public:
 
     /// Reports what modes, spotlight and fading changed since the last pass; `draw` paints that state.
     void willDisplay() override;
-    void draw(QPainter &painter, const platform::Damage &damage) override;
+    void draw(platform::PaintTarget &target) override;
     void mouseDown(const platform::PointerEvent &event) override;
     void mouseDragged(const platform::PointerEvent &event) override;
     void mouseUp(const platform::PointerEvent &event) override;
@@ -104,14 +104,14 @@ private:
     void closeTextField();
     platform::Damage shapesArea() const;
     platform::Damage holesArea(const Hole &before, const Hole &after) const;
-    void drawSpotlight(QPainter &painter, const Hole &hole, const platform::Damage &damage) const;
+    void drawSpotlight(platform::PaintTarget &target, const Hole &hole) const;
     /// The one way to change the shape in progress: what its points from `firstPoint` on covered before and
     /// cover afterwards is repainted.
     template <typename Change>
     void changeCurrent(std::size_t firstPoint, Change change);
 
     QRectF m_bounds;
-    std::vector<Shape> m_shapes;
+    ShapeList m_shapes;
     std::optional<Shape> m_current;
     std::unique_ptr<TextEntry> m_textEntry;
     QPointF m_cursorPoint;

@@ -72,7 +72,7 @@ void DrawingView::mouseUp(const PointerEvent &)
     // Nothing is repainted: in progress the shape was painted above all finished ones, and now it is the last
     // of them.
     m_current->created = app ? app->now() : WallClock::now();
-    m_shapes.push_back(std::move(*m_current));
+    m_shapes.append(std::move(*m_current));
     m_current.reset();
     if (app)
         app->noteShapeAdded(*this);

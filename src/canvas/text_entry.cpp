@@ -63,7 +63,7 @@ void DrawingView::commitTextField()
     closeTextField();
     if (!app || text.isEmpty())
         return;
-    m_shapes.push_back(Shape{.tool = Tool::text,
+    m_shapes.append(Shape{.tool = Tool::text,
                              .points = {},
                              .start = start,
                              .end = start,
@@ -71,7 +71,7 @@ void DrawingView::commitTextField()
                              .width = app->lineWidth(),
                              .text = text,
                              .created = app->now()});
-    needsDisplay(paintedArea(m_shapes.back()));
+    needsDisplay(paintedArea(shapes().back()));
     app->noteShapeAdded(*this);
 }
 

@@ -1,9 +1,9 @@
 #include "clicks/click_ring.h"
 
 #include "drawing/qt_color.h"
+#include "platform/paint_target.h"
 
 #include <QEasingCurve>
-#include <QPainter>
 
 #include <algorithm>
 #include <utility>
@@ -95,8 +95,9 @@ double ClickRing::progress() const
     return isOver ? 1.0 : age / std::chrono::duration<double>(kDuration);
 }
 
-void ClickRing::draw(QPainter &painter, const platform::Damage &)
+void ClickRing::draw(platform::PaintTarget &target)
 {
+    QPainter &painter = target.painter();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(
         QPen(toQColor(m_color.withAlpha(m_color.alpha * m_phase.opacity)), kStrokeWidth * m_phase.scale));

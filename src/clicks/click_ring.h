@@ -55,7 +55,7 @@ private:
     ClickRing(platform::Desktop &desktop, QPointF at, const Color &color, Clock clock);
 
     double progress() const;
-    void draw(QPainter &painter, const platform::Damage &damage) override;
+    void draw(platform::PaintTarget &target) override;
     template <typename Condition>
     static void removeWhere(Condition condition);
 

@@ -1,8 +1,7 @@
 #include "core/cursor_ring.h"
 
 #include "drawing/qt_color.h"
-
-#include <QPainter>
+#include "platform/paint_target.h"
 
 namespace zeigewerk {
 
@@ -35,8 +34,9 @@ void CursorRing::orderFrontRegardless()
         m_surface->setNeedsDisplay(platform::Damage::everything());
 }
 
-void CursorRing::draw(QPainter &painter, const platform::Damage &)
+void CursorRing::draw(platform::PaintTarget &target)
 {
+    QPainter &painter = target.painter();
     // Always orange: it is the presenter's mark, not part of the drawing.
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(toQColor(kOrange.withAlpha(kStrokeAlpha)), kStrokeWidth));

@@ -22,7 +22,7 @@ public:
     void orderOut() { m_surface->orderOut(); }
 
 private:
-    void draw(QPainter &painter, const platform::Damage &damage) override;
+    void draw(platform::PaintTarget &target) override;
 
     std::unique_ptr<platform::Surface> m_surface;
 };

@@ -50,7 +50,7 @@ void DrawingView::removeDissolvedShapes()
 {
     const Scene now = sceneNow();
     platform::Damage damage;
-    std::erase_if(m_shapes, [&](const Shape &shape) {
+    m_shapes.removeIf([&](const Shape &shape) {
         if (fadeAlpha(shape, now.fading, now.time) > 0.0)
             return false;
         if (fadeAlpha(shape, m_shown.fading, m_shown.time) > 0.0)

@@ -2,12 +2,9 @@
 
 #include "canvas/drawing_view.h"
 #include "core/app_delegate.h"
+#include "drawing/dimming.h"
 #include "drawing/fade.h"
-#include "drawing/qt_color.h"
 #include "drawing/render_shape.h"
-
-#include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -85,18 +82,21 @@ void DrawingView::willDisplay()
     m_shown = next;
 }
 
-void DrawingView::draw(QPainter &painter, const Damage &damage)
+void DrawingView::draw(platform::PaintTarget &target)
 {
     if (!app)
         return;
     if (m_shown.whiteboard)
-        painter.fillRect(withEdge(m_bounds), toQColor(kWhite));
-    for (const Shape &shape : m_shapes)
-        renderShape(painter, shape, fadeAlpha(shape, m_shown.fading, m_shown.time), damage);
+        target.fill(premultiplied(kWhite));
+    // Antialiasing may touch the pixel beyond an outline.
+    const Box area = Box::of(target.area()).grown(1.0 / target.geometry().scale());
+    m_shapes.forEachNear(area, [&](const Shape &shape) {
+        renderShape(target, shape, fadeAlpha(shape, m_shown.fading, m_shown.time));
+    });
     if (m_current)
-        renderShape(painter, *m_current, 1.0, damage);
+        renderShape(target, *m_current, 1.0);
     if (m_shown.spotlight)
-        drawSpotlight(painter, *m_shown.spotlight, damage);
+        drawSpotlight(target, *m_shown.spotlight);
 }
 
 DrawingView::Scene DrawingView::sceneNow() const
@@ -129,7 +129,7 @@ void DrawingView::damageFadedShapes(const Scene &next)
     if (!m_shown.fading && !next.fading)
         return;
     Damage damage;
-    for (const Shape &shape : m_shapes) {
+    for (const Shape &shape : shapes()) {
         if (fadeAlpha(shape, m_shown.fading, m_shown.time) != fadeAlpha(shape, next.fading, next.time))
             damage.add(paintedArea(shape));
     }
@@ -139,7 +139,7 @@ void DrawingView::damageFadedShapes(const Scene &next)
 Damage DrawingView::shapesArea() const
 {
     Damage damage;
-    for (const Shape &shape : m_shapes)
+    for (const Shape &shape : shapes())
         damage.add(paintedArea(shape));
     if (m_current)
         damage.add(paintedArea(*m_current));
@@ -159,23 +159,11 @@ Damage DrawingView::holesArea(const Hole &before, const Hole &after) const
     return damage;
 }
 
-void DrawingView::drawSpotlight(QPainter &painter, const Hole &hole, const Damage &damage) const
+void DrawingView::drawSpotlight(platform::PaintTarget &target, const Hole &hole) const
 {
-    if (hole.radius > distanceToFarthestCorner(m_bounds, hole.middle) + kEdge)
-        return;
-    QPainterPath path;
-    // Odd-even filling leaves the circle out. A part of the circle beyond the rectangle would be filled, but
-    // nothing beyond the damage is painted.
-    path.setFillRule(Qt::OddEvenFill);
-    path.addRect(withEdge(damage.isEverything() ? m_bounds : damage.boundingRect()));
-    path.addEllipse(square(hole.middle, hole.radius));
-    painter.setRenderHint(QPainter::Antialiasing);
-    // Over nothing, replacing is the same as blending; but for blending Qt hands the work out to other
-    // threads in pieces so small that waking them takes several times as long.
-    const bool isCanvasEmpty = !m_shown.whiteboard && m_shapes.empty() && !m_current;
-    painter.setCompositionMode(isCanvasEmpty ? QPainter::CompositionMode_Source
-                                             : QPainter::CompositionMode_SourceOver);
-    painter.fillPath(path, toQColor(kBlack.withAlpha(kDimmingAlpha)));
+    const platform::ViewGeometry &geometry = target.geometry();
+    coverOutside(target, geometry.toPixels(hole.middle), hole.radius * geometry.scale(),
+                 premultiplied(kBlack.withAlpha(kDimmingAlpha)));
 }
 
 } // namespace zeigewerk

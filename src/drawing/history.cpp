@@ -31,10 +31,10 @@ void AppDelegate::clearAll()
 
 bool DrawingView::removeNewestShape()
 {
-    if (m_shapes.empty())
+    if (m_shapes.isEmpty())
         return false;
-    const platform::Damage damage = paintedArea(m_shapes.back());
-    m_shapes.pop_back();
+    const platform::Damage damage = paintedArea(m_shapes.shapes().back());
+    m_shapes.removeLast();
     needsDisplay(damage);
     return true;
 }

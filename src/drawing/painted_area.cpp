@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <numbers>
+#include <optional>
 
 namespace zeigewerk {
 
@@ -24,21 +24,18 @@ double outerHalfWidth(const Shape &shape)
 
 Damage areaOfFreehand(const Shape &shape, std::size_t firstPoint)
 {
-    const auto &points = shape.points;
+    const Polyline &points = shape.points;
     const double halfWidth = outerHalfWidth(shape);
-    const auto firstChanged =
-        points.begin() + static_cast<std::ptrdiff_t>(std::min(firstPoint, points.size()));
+    const std::size_t firstChanged = std::min(firstPoint, points.size());
     // The segment that leads to the first changed point belongs to it, and with it the cap that was there.
-    const auto before =
-        std::find_if(std::make_reverse_iterator(firstChanged), points.rend(), &isDrawablePoint);
-    const QPointF *last = before == points.rend() ? nullptr : &*before;
+    std::optional<QPointF> last = points.lastDrawableOf(firstChanged);
     Damage area;
-    std::for_each(firstChanged, points.end(), [&](const QPointF &point) {
-        if (!isDrawablePoint(point))
-            return;
-        area.addStroke(last ? *last : point, point, halfWidth);
-        last = &point;
-    });
+    for (std::size_t i = firstChanged; i < points.size(); ++i) {
+        if (!isDrawablePoint(points[i]))
+            continue;
+        area.addStroke(last.value_or(points[i]), points[i], halfWidth);
+        last = points[i];
+    }
     return area;
 }
 
@@ -113,6 +110,29 @@ Damage paintedArea(const Shape &shape, std::size_t firstPoint)
     default:
         return areaOfLine(shape);
     }
+}
+
+Box paintedBounds(const Shape &shape)
+{
+    Box bounds;
+    if (shape.tool == Tool::text) {
+        if (!shape.text.isEmpty() && isDrawablePoint(shape.start))
+            bounds = Box::of(textLineArea(shape.start, shape.text));
+        return bounds;
+    }
+    if (!isDrawableWidth(shape.width))
+        return bounds;
+    if (shape.tool.isFreehand()) {
+        bounds = shape.points.bounds();
+    } else if (isDrawablePoint(shape.start) && isDrawablePoint(shape.end)) {
+        bounds.add(shape.start);
+        bounds.add(shape.end);
+        if (shape.tool == Tool::arrow) {
+            for (const QPointF &end : arrowHead(shape))
+                bounds.add(end);
+        }
+    }
+    return bounds.grown(outerHalfWidth(shape));
 }
 
 } // namespace zeigewerk

@@ -1,131 +1,211 @@
 #include "drawing/render_shape.h"
 
-#include "drawing/freehand_path.h"
+#include "drawing/coverage.h"
 #include "drawing/qt_color.h"
 #include "drawing/stroke_geometry.h"
 #include "drawing/text_line.h"
 
+#include <QImage>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <utility>
+#include <vector>
 
 namespace zeigewerk {
 
 namespace {
 
-using platform::Damage;
+using platform::PaintTarget;
 
-/// Antialiasing may touch the pixel beyond an outline.
-constexpr double kEdge = 1.0;
-
-QRectF withEdge(const QRectF &rect)
+/// One coat of a round pen along any number of lines, in view coordinates.
+class Stroke
 {
-    return rect.adjusted(-kEdge, -kEdge, kEdge, kEdge);
-}
-
-QPen roundPen(const Color &color, double width)
-{
-    return {toQColor(color), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
-}
-
-/// Whether any part of the shape may lie in the damage. A freehand stroke is asked segment by segment when
-/// its path is built.
-bool mayTouch(const Shape &shape, const Damage &damage)
-{
-    if (damage.isEverything() || shape.tool.isFreehand())
-        return true;
-    const Damage area = paintedArea(shape);
-    return area.isEverything() ||
-           std::any_of(area.rects().begin(), area.rects().end(),
-                       [&](const QRectF &rect) { return damage.touches(withEdge(rect)); });
-}
-
-void strokeFreehand(QPainter &painter, const Shape &shape, const Color &color, const Damage &damage)
-{
-    const double width = strokeWidth(shape);
-    const Color ink =
-        shape.tool == Tool::highlighter ? color.withAlpha(kHighlighterAlpha * color.alpha) : color;
-    // One path and one stroke: where a see-through stroke crosses itself there is still one coat of it.
-    const QPainterPath path =
-        damage.isEverything() ? freehandPath(shape.points) : freehandPath(shape.points, width / 2.0, damage);
-    painter.strokePath(path, roundPen(ink, width));
-}
-
-void strokeLine(QPainter &painter, const Shape &shape, const Color &color)
-{
-    if (!isDrawablePoint(shape.start) || !isDrawablePoint(shape.end))
-        return;
-    const QPen pen = roundPen(color, shape.width);
-    QPainterPath shaft = dotPath(shape.start);
-    if (shape.start != shape.end) {
-        shaft = QPainterPath(shape.start);
-        shaft.lineTo(shape.end);
+public:
+    Stroke(PaintTarget &target, double width)
+        : m_target(target)
+        , m_halfWidth(width / 2.0)
+        , m_reach(m_halfWidth + kEdge / target.geometry().scale())
+        , m_near(Box::of(target.area()).grown(m_reach))
+    {
     }
-    painter.strokePath(shaft, pen);
+
+    /// What lies in here is near enough to the target to matter.
+    const Box &near() const { return m_near; }
+
+    void addLine(QPointF from, QPointF to)
+    {
+        Box span;
+        span.add(from);
+        span.add(to);
+        if (!span.touches(m_near))
+            return;
+        m_lines.emplace_back(from, to);
+        m_bounds.add(span);
+    }
+
+    void paint(const Color &color)
+    {
+        if (m_lines.empty())
+            return;
+        const platform::ViewGeometry &geometry = m_target.geometry();
+        const Box inked = m_bounds.grown(m_reach);
+        const QRectF area(QPointF(inked.left, inked.bottom), QPointF(inked.right, inked.top));
+        const QRect rect = geometry.damagedPixels(area) & m_target.rect();
+        if (rect.isEmpty())
+            return;
+        Coverage coverage(rect);
+        for (const auto &[from, to] : m_lines)
+            coverage.addLine(geometry.toPixels(from), geometry.toPixels(to), m_halfWidth * geometry.scale());
+        coverage.blendInto(m_target, premultiplied(color));
+    }
+
+private:
+    /// A pixel that is covered in part has its middle within half a pixel of the edge.
+    static constexpr double kEdge = 1.0;
+
+    PaintTarget &m_target;
+    double m_halfWidth;
+    double m_reach;
+    Box m_near;
+    std::vector<std::pair<QPointF, QPointF>> m_lines;
+    Box m_bounds;
+};
+
+void addDot(Stroke &stroke, QPointF point)
+{
+    stroke.addLine(point, point + QPointF(kDotLength, 0.0));
+}
+
+void drawFreehand(PaintTarget &target, const Shape &shape, const Color &color)
+{
+    Stroke stroke(target, strokeWidth(shape));
+    const Box &bounds = shape.points.bounds();
+    const bool isDot = bounds.left == bounds.right && bounds.bottom == bounds.top;
+    if (isDot)
+        addDot(stroke, {bounds.left, bounds.bottom});
+    else
+        shape.points.forEachLineNear(stroke.near(),
+                                     [&](QPointF from, QPointF to) { stroke.addLine(from, to); });
+    stroke.paint(shape.tool == Tool::highlighter ? color.withAlpha(kHighlighterAlpha * color.alpha) : color);
+}
+
+void drawLine(PaintTarget &target, const Shape &shape, const Color &color)
+{
+    Stroke shaft(target, shape.width);
+    if (shape.start == shape.end)
+        addDot(shaft, shape.start);
+    else
+        shaft.addLine(shape.start, shape.end);
+    shaft.paint(color);
     if (shape.tool != Tool::arrow)
         return;
     const auto [barb, tip, otherBarb] = arrowHead(shape);
-    QPainterPath head(barb);
-    head.lineTo(tip);
-    head.lineTo(otherBarb);
-    painter.strokePath(head, pen);
+    Stroke head(target, shape.width);
+    head.addLine(barb, tip);
+    head.addLine(tip, otherBarb);
+    head.paint(color);
 }
 
-void strokeBox(QPainter &painter, const Shape &shape, const Color &color)
+void drawRect(PaintTarget &target, const Shape &shape, const Color &color)
 {
-    if (!isDrawablePoint(shape.start) || !isDrawablePoint(shape.end))
-        return;
-    QPainterPath outline;
-    if (shape.tool == Tool::rect)
-        outline.addRect(spannedRect(shape));
-    else
-        outline.addEllipse(spannedRect(shape));
-    painter.strokePath(outline, {toQColor(color), shape.width, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin});
+    const QRectF rect = spannedRect(shape);
+    Stroke stroke(target, shape.width);
+    stroke.addLine(rect.topLeft(), rect.topRight());
+    stroke.addLine(rect.topRight(), rect.bottomRight());
+    stroke.addLine(rect.bottomRight(), rect.bottomLeft());
+    stroke.addLine(rect.bottomLeft(), rect.topLeft());
+    stroke.paint(color);
 }
 
-void drawText(QPainter &painter, const Shape &shape, const Color &color)
+void drawEllipse(PaintTarget &target, const Shape &shape, const Color &color)
+{
+    const QRectF rect = spannedRect(shape);
+    const QPointF radii(rect.width() / 2.0, rect.height() / 2.0);
+    // As many chords as keep each within this of its arc, in points. It does not depend on the scale, so the
+    // figure is the same on every screen.
+    constexpr double kSagitta = 0.02;
+    constexpr int kFewest = 16;
+    const double farther = std::max(radii.x(), radii.y());
+    const double ratio = std::clamp(1.0 - kSagitta / std::max(farther, kSagitta), -1.0, 1.0);
+    const int chords = std::max(kFewest, static_cast<int>(std::ceil(std::numbers::pi / std::acos(ratio))));
+    const double step = 2.0 * std::numbers::pi / chords;
+    const QPointF turn(std::cos(step), std::sin(step));
+    // Where the end of each chord lies on a circle, turned on from the one before; the last is the first.
+    QPointF unit(1.0, 0.0);
+    const auto onEllipse = [&] {
+        return rect.center() + QPointF(radii.x() * unit.x(), radii.y() * unit.y());
+    };
+    Stroke stroke(target, shape.width);
+    QPointF from = onEllipse();
+    for (int chord = 1; chord <= chords; ++chord) {
+        unit = chord == chords ? QPointF(1.0, 0.0)
+                               : QPointF(unit.x() * turn.x() - unit.y() * turn.y(),
+                                         unit.x() * turn.y() + unit.y() * turn.x());
+        const QPointF to = onEllipse();
+        stroke.addLine(from, to);
+        from = to;
+    }
+    stroke.paint(color);
+}
+
+/// The pixels of the surface on which the text lies, painted on nothing.
+QImage pictureOfText(const platform::ViewGeometry &geometry, const QRect &rect, const Shape &shape,
+                     const Color &color)
+{
+    QImage picture(rect.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setTransform(geometry.painterTransform() * QTransform::fromTranslate(-rect.x(), -rect.y()));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(toQColor(color));
+    drawTextLine(painter, shape.start, shape.text);
+    return picture;
+}
+
+void drawText(PaintTarget &target, const Shape &shape, const Color &color)
 {
     if (shape.text.isEmpty() || !isDrawablePoint(shape.start))
         return;
-    painter.setPen(toQColor(color));
-    drawTextLine(painter, shape.start, shape.text);
+    const platform::ViewGeometry &geometry = target.geometry();
+    const QRect rect = geometry.damagedPixels(textLineArea(shape.start, shape.text));
+    const QRect part = rect & target.rect();
+    if (part.isEmpty())
+        return;
+    // Painted as a whole wherever the part lies: the edges of a glyph that begins outside of what is painted
+    // are rounded in another way.
+    const QImage picture = pictureOfText(geometry, rect, shape, color);
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        const auto *from = reinterpret_cast<const Premultiplied *>(picture.constScanLine(y - rect.top())) +
+                           (part.left() - rect.left());
+        blendSpan(target.row(y) + (part.left() - target.rect().left()), from, part.width());
+    }
 }
 
 } // namespace
 
-void renderShape(QPainter &painter, const Shape &shape, double fade)
-{
-    renderShape(painter, shape, fade, Damage::everything());
-}
-
-void renderShape(QPainter &painter, const Shape &shape, double fade, const Damage &damage)
+void renderShape(PaintTarget &target, const Shape &shape, double fade)
 {
     // Comparing this way round refuses what is no number, too.
-    if (!(fade > 0.0) || (shape.tool != Tool::text && !isDrawableWidth(shape.width)))
+    if (!(fade > 0.0))
         return;
     const Color color = shape.color.withAlpha(std::min(fade, 1.0));
-    if (!mayTouch(shape, damage))
+    if (shape.tool == Tool::text)
+        return drawText(target, shape, color);
+    if (!isDrawableWidth(shape.width))
         return;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(Qt::NoBrush);
-    switch (shape.tool) {
-    case Tool::pen:
-    case Tool::highlighter:
-        strokeFreehand(painter, shape, color, damage);
-        break;
-    case Tool::line:
-    case Tool::arrow:
-        strokeLine(painter, shape, color);
-        break;
-    case Tool::rect:
-    case Tool::ellipse:
-        strokeBox(painter, shape, color);
-        break;
-    case Tool::text:
-        drawText(painter, shape, color);
-        break;
-    }
+    if (shape.tool.isFreehand())
+        return drawFreehand(target, shape, color);
+    if (!isDrawablePoint(shape.start) || !isDrawablePoint(shape.end))
+        return;
+    if (shape.tool == Tool::rect)
+        drawRect(target, shape, color);
+    else if (shape.tool == Tool::ellipse)
+        drawEllipse(target, shape, color);
+    else
+        drawLine(target, shape, color);
 }
 
 } // namespace zeigewerk

@@ -2,22 +2,15 @@
 
 #include "drawing/shape.h"
 #include "platform/damage.h"
+#include "platform/paint_target.h"
 
 #include <cstddef>
 
-class QPainter;
-
 namespace zeigewerk {
 
-/// Draws one shape with its opacity replaced by `fade` (0 to 1). The painter's world transform maps view
-/// coordinates (points, y up) to the target; nothing else of the painter's state is assumed, and it is left
-/// with another pen, brush and antialiasing. A point that is not finite or beyond every
-/// desktop, or a stroke without a positive width, paints nothing.
-void renderShape(QPainter &painter, const Shape &shape, double fade);
-
-/// The same, leaving out what cannot touch `damage`. Inside the damage the pixels are exactly those of the
-/// whole shape, so the painter must be clipped to it.
-void renderShape(QPainter &painter, const Shape &shape, double fade, const platform::Damage &damage);
+/// Draws what of a shape lies in the target, with its opacity replaced by `fade` (0 to 1). A point that is
+/// not finite or beyond every desktop, or a stroke without a positive width, paints nothing.
+void renderShape(platform::PaintTarget &target, const Shape &shape, double fade);
 
 /// Every place that `renderShape` may paint.
 platform::Damage paintedArea(const Shape &shape);
@@ -26,5 +19,8 @@ platform::Damage paintedArea(const Shape &shape);
 /// included: what changes when those points are appended. For the tools that are not freehand it is the
 /// whole area.
 platform::Damage paintedArea(const Shape &shape, std::size_t firstPoint);
+
+/// A rectangle around `paintedArea`, found at once however long the stroke is.
+Box paintedBounds(const Shape &shape);
 
 } // namespace zeigewerk

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "drawing/color.h"
+#include "drawing/polyline.h"
 #include "drawing/tool.h"
 
 #include <QPointF>
 #include <QString>
 
 #include <chrono>
-#include <vector>
 
 namespace zeigewerk {
 
@@ -21,7 +21,7 @@ struct Shape
 {
     Tool tool = Tool::pen;
     /// The sampled path of the freehand tools; the other tools are drawn from `start` and `end` alone.
-    std::vector<QPointF> points;
+    Polyline points;
     QPointF start;
     QPointF end;
     Color color;

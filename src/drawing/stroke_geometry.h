@@ -14,16 +14,8 @@ inline constexpr double kHighlighterWidthFactor = 4.0;
 /// … and this opaque.
 inline constexpr double kHighlighterAlpha = 0.4;
 
-/// The farthest that anything is drawn from a canvas's origin, in points: beyond every desktop, and near
-/// enough that stroking what lies there costs little.
-inline constexpr double kFarthest = 32768.0;
-
-/// Whether the point can be drawn. A shape that was not made by the user's hand may hold anything; what is no
-/// number is not drawable either.
-inline bool isDrawablePoint(QPointF point)
-{
-    return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
-}
+/// A stroke that goes nowhere is drawn this long, in points, so that it leaves a dot.
+inline constexpr double kDotLength = 0.1;
 
 /// How wide the shape is stroked, in points.
 inline double strokeWidth(const Shape &shape)

@@ -1,8 +1,26 @@
 #include "platform/paint_damage.h"
 
-#include <QPainter>
+#include "platform/paint_target.h"
+
+#include <algorithm>
 
 namespace zeigewerk::platform {
+
+namespace {
+
+template <typename Visit>
+void forEachPart(const QRegion &region, const Visit &visit)
+{
+    constexpr int kSide = PaintTarget::kMaxSide;
+    for (const QRect &rect : region) {
+        for (int y = rect.top(); y <= rect.bottom(); y += kSide) {
+            for (int x = rect.left(); x <= rect.right(); x += kSide)
+                visit(QRect(x, y, kSide, kSide) & rect);
+        }
+    }
+}
+
+} // namespace
 
 QRegion damagedRegion(const ViewGeometry &geometry, const Damage &damage)
 {
@@ -18,22 +36,12 @@ QRegion paintDamage(QImage &image, double scale, const Damage &damage, SurfaceCo
 {
     const ViewGeometry geometry(image.size(), scale);
     QRegion region = damagedRegion(geometry, damage);
-    if (region.isEmpty())
-        return region;
-
-    Damage toPaint;
-    for (const QRect &rect : region)
-        toPaint.add(geometry.toView(rect));
-
-    QPainter painter(&image);
-    painter.setClipRegion(region);
-    // Replacing by nothing instead of clearing: for all else Qt hands the rows out to other threads in pieces
-    // so small that waking them takes several times as long.
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(region.boundingRect(), Qt::transparent);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter.setTransform(geometry.painterTransform());
-    content.draw(painter, toPaint);
+    PaintTarget target(geometry);
+    forEachPart(region, [&](const QRect &part) {
+        target.select(part);
+        content.draw(target);
+        target.copyTo(image);
+    });
     return region;
 }
 

@@ -5,9 +5,9 @@
 
 #include <QRectF>
 
-class QPainter;
-
 namespace zeigewerk::platform {
+
+class PaintTarget;
 
 /// What a surface is for; it decides the level at which it stands.
 enum class SurfaceRole {
@@ -24,9 +24,8 @@ public:
     /// The last moment to report damage before the surface paints what has been reported; always called
     /// before `draw`. It must not make or drop a surface.
     virtual void willDisplay() {}
-    /// Paints the picture in view coordinates (points, y up). The painter is clipped to `damage`, whose
-    /// pixels have been made transparent; nothing outside it needs painting.
-    virtual void draw(QPainter &painter, const Damage &damage) = 0;
+    /// Paints what of the picture lies in that part of the surface; it is transparent before.
+    virtual void draw(PaintTarget &target) = 0;
 
     virtual void mouseDown(const PointerEvent &) {}
     virtual void mouseDragged(const PointerEvent &) {}

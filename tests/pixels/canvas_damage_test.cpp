@@ -13,9 +13,7 @@ namespace zeigewerk::test {
 
 namespace {
 
-constexpr int kCanvases = 15;
 constexpr int kStepsEach = 60;
-constexpr QSize kPixels(240, 180);
 
 QString changeModes(Canvas &canvas, RandomShapes &random)
 {
@@ -117,17 +115,24 @@ private Q_SLOTS:
 void CanvasDamageTest::paintingOnlyTheDamageLeavesWhatPaintingEverythingWould_data()
 {
     QTest::addColumn<double>("scale");
-    for (const double scale : {1.0, 1.25, 1.5, 2.0})
-        QTest::addRow("scale %g", scale) << scale;
+    QTest::addColumn<QSize>("pixels");
+    QTest::addColumn<int>("canvases");
+    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+        QTest::addRow("scale %g", scale) << scale << QSize(240, 180) << 15;
+        // More than is painted at a time.
+        QTest::addRow("scale %g, large", scale) << scale << QSize(700, 600) << 3;
+    }
 }
 
 void CanvasDamageTest::paintingOnlyTheDamageLeavesWhatPaintingEverythingWould()
 {
     QFETCH(const double, scale);
+    QFETCH(const QSize, pixels);
+    QFETCH(const int, canvases);
     RandomShapes random;
-    for (int i = 0; i < kCanvases; ++i) {
+    for (int i = 0; i < canvases; ++i) {
         const double radius = random.oneOf(std::array{35.0, 60.5, 90.0, 400.0, 1e9, qInf()});
-        Canvas canvas(kPixels, scale, {.autoFade = random.chance(0.5), .spotRadius = radius});
+        Canvas canvas(pixels, scale, {.autoFade = random.chance(0.5), .spotRadius = radius});
         QStringList steps;
         for (int step = 0; step < kStepsEach; ++step) {
             steps.append(takeStep(canvas, random));

@@ -33,8 +33,7 @@ void CanvasPaintingTest::withoutItsControllerItPaintsNothing()
     DrawingView view(QSizeF(160, 120));
     Picture picture(QSize(160, 120), 1.0);
     view.willDisplay();
-    picture.repaintAll(
-        [&](QPainter &painter, const platform::Damage &damage) { view.draw(painter, damage); });
+    picture.repaintAll([&](platform::PaintTarget &target) { view.draw(target); });
     QVERIFY(isBlank(picture.image()));
 }
 

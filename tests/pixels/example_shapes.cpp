@@ -42,9 +42,9 @@ Shape thickLine(QPointF from, QPointF to, const Color &color)
 Picture pictureOf(const std::vector<Shape> &shapes, double scale, double fade)
 {
     Picture picture((QSizeF(160, 120) * scale).toSize(), scale);
-    picture.repaintAll([&](QPainter &painter, const platform::Damage &) {
+    picture.repaintAll([&](platform::PaintTarget &target) {
         for (const Shape &shape : shapes)
-            renderShape(painter, shape, fade);
+            renderShape(target, shape, fade);
     });
     return picture;
 }

@@ -20,7 +20,7 @@ public:
     {
     }
 
-    void draw(QPainter &painter, const Damage &damage) override { m_paint(painter, damage); }
+    void draw(platform::PaintTarget &target) override { m_paint(target); }
 
 private:
     const Picture::Paint &m_paint;

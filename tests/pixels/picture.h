@@ -2,10 +2,10 @@
 
 #include "platform/damage.h"
 #include "platform/geometry.h"
+#include "platform/paint_target.h"
 
 #include <QColor>
 #include <QImage>
-#include <QPainter>
 #include <QRegion>
 
 #include <functional>
@@ -17,7 +17,7 @@ namespace zeigewerk::test {
 class Picture
 {
 public:
-    using Paint = std::function<void(QPainter &, const platform::Damage &)>;
+    using Paint = std::function<void(platform::PaintTarget &)>;
 
     Picture(QSize pixels, double scale);
 

@@ -33,28 +33,38 @@ class RenderDamageTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void leavingOutWhatIsUndamagedChangesNoPixelInside_data();
     void leavingOutWhatIsUndamagedChangesNoPixelInside();
     void everyPaintedPixelLiesInThePaintedArea_data();
     void everyPaintedPixelLiesInThePaintedArea();
     void appendingAPointChangesOnlyWhatDependsOnIt();
 };
 
+void RenderDamageTest::leavingOutWhatIsUndamagedChangesNoPixelInside_data()
+{
+    QTest::addColumn<QSize>("pixels");
+    QTest::addColumn<int>("cases");
+    QTest::newRow("in one part") << kPixels << kCases;
+    // The whole and the damage are cut into parts at different places.
+    QTest::newRow("in many parts") << kPixels * 5 << 150;
+}
+
 void RenderDamageTest::leavingOutWhatIsUndamagedChangesNoPixelInside()
 {
+    QFETCH(const QSize, pixels);
+    QFETCH(const int, cases);
     RandomShapes random;
-    for (int i = 0; i < kCases; ++i) {
+    for (int i = 0; i < cases; ++i) {
         const double scale = random.scale();
-        Picture whole(kPixels, scale);
-        Picture part(kPixels, scale);
+        Picture whole(pixels, scale);
+        Picture part(pixels, scale);
         const QSizeF view = whole.geometry().points();
         const Shape shape = random.shape(view);
         const double fade = random.chance(0.5) ? 1.0 : random.real(0.0, 1.0);
 
-        whole.repaintAll([&](QPainter &painter, const Damage &) { renderShape(painter, shape, fade); });
-        const QRegion painted =
-            part.repaint(random.damage(view), [&](QPainter &painter, const Damage &damage) {
-                renderShape(painter, shape, fade, damage);
-            });
+        whole.repaintAll([&](platform::PaintTarget &target) { renderShape(target, shape, fade); });
+        const QRegion painted = part.repaint(
+            random.damage(view), [&](platform::PaintTarget &target) { renderShape(target, shape, fade); });
 
         const QString difference = firstDifference(part.image(), whole.image(), painted);
         QVERIFY2(difference.isEmpty(), report(random, i, shape, difference));
@@ -80,7 +90,7 @@ void RenderDamageTest::everyPaintedPixelLiesInThePaintedArea()
         const Picture blank = picture;
         const Shape shape = random.shape(picture.geometry().points());
 
-        picture.repaintAll([&](QPainter &painter, const Damage &) { renderShape(painter, shape, 1.0); });
+        picture.repaintAll([&](platform::PaintTarget &target) { renderShape(target, shape, 1.0); });
 
         const QString difference =
             firstDifferenceOutside(blank.image(), picture.image(), picture.damagedPixels(paintedArea(shape)));
@@ -99,10 +109,10 @@ void RenderDamageTest::appendingAPointChangesOnlyWhatDependsOnIt()
         if (shape.points.empty())
             continue;
 
-        before.repaintAll([&](QPainter &painter, const Damage &) { renderShape(painter, shape, 1.0); });
+        before.repaintAll([&](platform::PaintTarget &target) { renderShape(target, shape, 1.0); });
         const std::size_t firstNew = shape.points.size();
         shape.points.push_back(random.chance(0.2) ? shape.points.front() : random.point(view));
-        after.repaintAll([&](QPainter &painter, const Damage &) { renderShape(painter, shape, 1.0); });
+        after.repaintAll([&](platform::PaintTarget &target) { renderShape(target, shape, 1.0); });
 
         const QRegion changed = after.damagedPixels(paintedArea(shape, firstNew));
         const QString difference = firstDifferenceOutside(before.image(), after.image(), changed);

@@ -1,6 +1,7 @@
 // What was typed must not jump when it becomes a drawing.
 
 #include "canvas/text_field.h"
+#include "drawing/blend.h"
 #include "drawing/render_shape.h"
 #include "drawing/text_line.h"
 #include "pixels/example_shapes.h"
@@ -32,9 +33,9 @@ QImage pictureOf(const QString &text, QPointF start, double scale)
 {
     Picture picture((QSizeF(kSpan) * scale).toSize(), scale);
     const Shape shape = writing(text, start);
-    picture.repaintAll([&](QPainter &painter, const platform::Damage &) {
-        painter.fillRect(QRectF(QPointF(0, 0), kSpan), Qt::white);
-        renderShape(painter, shape, 1.0);
+    picture.repaintAll([&](platform::PaintTarget &target) {
+        target.fill(premultiplied(kWhite));
+        renderShape(target, shape, 1.0);
     });
     return picture.image();
 }

@@ -50,7 +50,7 @@ void ShapeTest::aCopyIsItsOwnShape()
         .tool = Tool::pen, .points = {{1, 1}}, .start = {}, .end = {}, .color = {}, .text = {}};
     Shape copy = original;
     QVERIFY(copy == original);
-    copy.points.emplace_back(2, 2);
+    copy.points.push_back({2, 2});
     QVERIFY(copy != original);
     QCOMPARE(original.points.size(), std::size_t{1});
 }

@@ -85,8 +85,6 @@ QString Connection::prepareExtensions()
 
     const auto *shm = xcb_get_extension_data(m_xcb, &xcb_shm_id);
     if (shm->present) {
-        m_shmOpcode = shm->major_opcode;
-        m_shmCompletionEvent = static_cast<std::uint8_t>(shm->first_event + XCB_SHM_COMPLETION);
         const auto shmVersion =
             owned(xcb_shm_query_version_reply(m_xcb, xcb_shm_query_version(m_xcb), nullptr));
         // Descriptors are passed since 1.2.

@@ -48,8 +48,6 @@ public:
     bool hasSharedMemory() const { return m_hasSharedMemory; }
 
     std::uint8_t xinputOpcode() const { return m_xinputOpcode; }
-    std::uint8_t shmOpcode() const { return m_shmOpcode; }
-    std::uint8_t shmCompletionEvent() const { return m_shmCompletionEvent; }
     std::uint8_t xkbEvent() const { return m_xkbEvent; }
 
     xcb_atom_t atom(const char *name);
@@ -101,8 +99,6 @@ private:
     xcb_cursor_t m_arrowCursor = 0;
     bool m_hasSharedMemory = false;
     std::uint8_t m_xinputOpcode = 0;
-    std::uint8_t m_shmOpcode = 0;
-    std::uint8_t m_shmCompletionEvent = 0;
     std::uint8_t m_xkbEvent = 0;
     std::uint32_t m_rootEventMask = 0;
     ResourceRange m_own;

@@ -78,24 +78,24 @@ QImage &FrameBuffer::image()
     return m_image;
 }
 
-bool FrameBuffer::put(xcb_window_t window, xcb_gcontext_t context, const QRegion &region)
+void FrameBuffer::put(xcb_window_t window, xcb_gcontext_t context, const QRegion &region)
 {
-    int left = region.rectCount();
     for (const QRect &rect : region) {
         if (m_segment)
-            putShared(window, context, rect, --left == 0);
+            putShared(window, context, rect);
         else
             putCopied(window, context, rect);
     }
-    return m_segment != 0 && !region.isEmpty();
 }
 
-void FrameBuffer::putShared(xcb_window_t window, xcb_gcontext_t context, const QRect &rect, bool isLast)
+void FrameBuffer::putShared(xcb_window_t window, xcb_gcontext_t context, const QRect &rect)
 {
-    // The server works in order: when the last one is done, all are.
+    // Nobody waits for its completion. Being told would wake the program a second time for each sample of a
+    // stroke; and a server that reads pixels while they are replaced shows the new ones all the sooner.
+    constexpr std::uint8_t kTellWhenDone = 0;
     xcb_shm_put_image(m_connection.xcb(), window, context, u16(m_size.width()), u16(m_size.height()),
                       u16(rect.x()), u16(rect.y()), u16(rect.width()), u16(rect.height()), s16(rect.x()),
-                      s16(rect.y()), kDepth, XCB_IMAGE_FORMAT_Z_PIXMAP, isLast, m_segment, 0);
+                      s16(rect.y()), kDepth, XCB_IMAGE_FORMAT_Z_PIXMAP, kTellWhenDone, m_segment, 0);
 }
 
 void FrameBuffer::putCopied(xcb_window_t window, xcb_gcontext_t context, const QRect &rect)

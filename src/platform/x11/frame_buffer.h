@@ -22,19 +22,16 @@ public:
     /// The picture; transparent until painted on.
     QImage &image();
 
-    /// Shows that part of the picture in the window. Returns whether the server will tell with a completion
-    /// event for the window when it has read it; until then the picture must not be painted on.
-    bool put(xcb_window_t window, xcb_gcontext_t context, const QRegion &region);
-
-    /// The server's name for the memory; 0 where none is shared.
-    xcb_shm_seg_t segment() const { return m_segment; }
+    /// Shows that part of the picture in the window. Pixels that are changed before the server has read them
+    /// are shown as they are then.
+    void put(xcb_window_t window, xcb_gcontext_t context, const QRegion &region);
 
     /// Gives the memory back, on both sides; the picture is transparent again.
     void release();
 
 private:
     bool shareMemory();
-    void putShared(xcb_window_t window, xcb_gcontext_t context, const QRect &rect, bool isLast);
+    void putShared(xcb_window_t window, xcb_gcontext_t context, const QRect &rect);
     void putCopied(xcb_window_t window, xcb_gcontext_t context, const QRect &rect);
 
     Connection &m_connection;
@@ -42,6 +39,7 @@ private:
     std::size_t m_byteCount;
     int m_memory = -1;
     void *m_address = nullptr;
+    /// The server's name for the memory; 0 where none is shared.
     xcb_shm_seg_t m_segment = 0;
     QImage m_image;
 };

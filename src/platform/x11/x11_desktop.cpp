@@ -8,8 +8,6 @@
 #include <QGuiApplication>
 #include <QWindow>
 
-#include <xcb/shm.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <tuple>
@@ -110,8 +108,6 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
     const std::uint8_t type = event.response_type & kEventType;
     switch (type) {
     case 0:
-        if (as<xcb_generic_error_t>(event).major_code == m_connection->shmOpcode())
-            putFailed();
         qCDebug(logX11, "error %u of request %u", as<xcb_generic_error_t>(event).error_code,
                 as<xcb_generic_error_t>(event).major_code);
         return;
@@ -145,10 +141,6 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
         m_screens.changeAnnounced();
     else if (m_compositor.isChangeEvent(type))
         selectionChanged(as<xcb_xfixes_selection_notify_event_t>(event));
-    else if (m_connection->hasSharedMemory() && type == m_connection->shmCompletionEvent()) {
-        if (X11Surface *surface = surfaceOf(as<xcb_shm_completion_event_t>(event).drawable))
-            surface->putCompleted(as<xcb_shm_completion_event_t>(event).shmseg);
-    }
 }
 
 void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
@@ -230,13 +222,6 @@ void X11Desktop::tellOfCompositor()
     for (X11Surface *surface : m_surfaces)
         surface->compositingChanged();
     Q_EMIT compositingChanged();
-}
-
-void X11Desktop::putFailed()
-{
-    // A put that failed is not reported as completed, and nothing tells whose it was.
-    for (X11Surface *surface : m_surfaces)
-        surface->putFailed();
 }
 
 void X11Desktop::displayAll()

@@ -66,7 +66,6 @@ private:
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
     void selectionChanged(const xcb_xfixes_selection_notify_event_t &event);
     void tellOfCompositor();
-    void putFailed();
     void displayAll();
     X11Surface *surfaceOf(xcb_window_t window) const;
     std::vector<xcb_window_t> windowsFromBottom() const;

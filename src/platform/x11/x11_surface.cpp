@@ -72,7 +72,6 @@ void X11Surface::adoptScale(double scale)
     m_scale = scale;
     // The buffer has the wrong size now; the window forgets its picture when it is resized.
     m_buffer.reset();
-    m_putsInFlight = 0;
     m_inked = {};
     setNeedsDisplay(Damage::everything());
 }
@@ -141,7 +140,7 @@ void X11Surface::setNeedsDisplay(const Damage &damage)
 
 void X11Surface::display()
 {
-    if (!m_isDisplayWanted || m_putsInFlight > 0 || !m_content)
+    if (!m_isDisplayWanted || !m_content)
         return;
     m_content->willDisplay();
     m_isDisplayWanted = false;
@@ -199,14 +198,8 @@ std::vector<xcb_window_t> X11Surface::shownWindows() const
 
 void X11Surface::put(const QRegion &region)
 {
-    if (m_buffer && m_buffer->put(m_window, m_context, region))
-        ++m_putsInFlight;
-}
-
-void X11Surface::putCompleted(xcb_shm_seg_t segment)
-{
-    if (m_buffer && m_buffer->segment() == segment && m_putsInFlight > 0)
-        --m_putsInFlight;
+    if (m_buffer)
+        m_buffer->put(m_window, m_context, region);
 }
 
 void X11Surface::exposed(const QRect &pixels)

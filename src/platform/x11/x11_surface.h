@@ -44,11 +44,8 @@ public:
     /// Counts up with every order-front: within a level the last one is in front.
     quint64 orderedFront() const { return m_orderedFront; }
 
-    /// Paints and shows what was damaged, unless the server is still reading the picture.
+    /// Paints and shows what was damaged.
     void display();
-    /// The server has read the picture in that memory.
-    void putCompleted(xcb_shm_seg_t segment);
-    void putFailed() { m_putsInFlight = 0; }
     /// The compositor came or went.
     void compositingChanged();
     /// That part of the window was uncovered and shows nothing.
@@ -86,7 +83,6 @@ private:
     Damage m_damage;
     bool m_isDisplayWanted = false;
     /// Puts that the server may still be reading the picture for.
-    int m_putsInFlight = 0;
     /// Encloses all that was put since the window was shown; beyond it the window is transparent.
     QRect m_inked;
     std::optional<FrameBuffer> m_buffer;

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "drawing/blend.h"
+
+#include <QPointF>
+#include <QRect>
+
+#include <cstdint>
+#include <vector>
+
+namespace zeigewerk {
+
+/// How much of each pixel strokes cover. A pixel is covered by how far its middle lies inside the nearest
+/// edge, and where strokes overlap, by the one that covers it most: so a path of many lines is one stroke
+/// without seams, in whatever order and parts its lines are added, and a see-through one is one coat.
+///
+/// Coordinates are pixels, x to the right, y down; pixel (x, y) has its middle at (x + 0.5, y + 0.5).
+class Coverage
+{
+public:
+    /// Of those pixels, none of which is covered yet.
+    explicit Coverage(const QRect &rect);
+
+    /// Adds a straight stroke with round ends. Coordinates must be within 2^17 pixels of the origin.
+    void addLine(QPointF from, QPointF to, double halfWidth);
+
+    /// Paints the colour on each pixel as far as it is covered. The target must contain the rectangle.
+    void blendInto(platform::PaintTarget &target, Premultiplied color) const;
+
+private:
+    /// The pixels of a row that may be covered.
+    struct Span
+    {
+        int begin = 0;
+        int end = 0;
+    };
+
+    std::uint8_t *row(int y) { return m_values.data() + (y - m_rect.top()) * m_rect.width(); }
+
+    QRect m_rect;
+    std::vector<std::uint8_t> m_values;
+    std::vector<Span> m_spans;
+};
+
+} // namespace zeigewerk

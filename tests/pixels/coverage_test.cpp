@@ -1,0 +1,181 @@
+#include "drawing/coverage.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <random>
+
+namespace zeigewerk {
+
+namespace {
+
+constexpr QSize kSurface(120, 90);
+constexpr Premultiplied kBlackInk = 0xFF000000U;
+
+struct Line
+{
+    QPointF from;
+    QPointF to;
+};
+
+/// How far each pixel of the rectangle is covered (0 to 255), row by row.
+std::vector<int> coverageOf(const std::vector<Line> &lines, double halfWidth,
+                            const QRect &rect = QRect(QPoint(0, 0), kSurface))
+{
+    platform::PaintTarget target(platform::ViewGeometry(kSurface, 1.0));
+    target.select(rect);
+    Coverage coverage(rect);
+    for (const Line &line : lines)
+        coverage.addLine(line.from, line.to, halfWidth);
+    coverage.blendInto(target, kBlackInk);
+    std::vector<int> values;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = 0; x < rect.width(); ++x)
+            values.push_back(static_cast<int>(target.row(y)[x] >> 24));
+    }
+    return values;
+}
+
+int at(const std::vector<int> &values, int x, int y)
+{
+    return values[static_cast<std::size_t>(y * kSurface.width() + x)];
+}
+
+double distance(QPointF point, const Line &line)
+{
+    const QPointF way = line.to - line.from;
+    const double square = QPointF::dotProduct(way, way);
+    const double part =
+        square > 0.0 ? std::clamp(QPointF::dotProduct(point - line.from, way) / square, 0.0, 1.0) : 0.0;
+    const QPointF away = point - line.from - part * way;
+    return std::hypot(away.x(), away.y());
+}
+
+Line randomLine(std::mt19937 &engine)
+{
+    std::uniform_real_distribution<double> x(-30.0, 150.0);
+    std::uniform_real_distribution<double> y(-30.0, 120.0);
+    std::uniform_int_distribution<int> kind(0, 9);
+    Line line{{x(engine), y(engine)}, {x(engine), y(engine)}};
+    switch (kind(engine)) {
+    case 0:
+        line.to = line.from;
+        break;
+    case 1:
+        line.to.setX(line.from.x());
+        break;
+    case 2:
+        line.to.setY(line.from.y());
+        break;
+    case 3:
+        line.to = line.from + QPointF(0.4, 0.1);
+        break;
+    default:
+        break;
+    }
+    return line;
+}
+
+} // namespace
+
+class CoverageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aPixelIsCoveredByHowFarItLiesInside();
+    void aPixelIsCoveredByItsDistance();
+    void aHairIsNoThickerThanItIs();
+    void theOrderOfLinesDoesNotMatter();
+    void anyPartIsThatPartOfTheWhole();
+};
+
+void CoverageTest::aPixelIsCoveredByHowFarItLiesInside()
+{
+    // From y = 38 to y = 43, so five rows are covered wholly; moved by a quarter, the outer ones in part.
+    const std::vector<int> exact = coverageOf({{{20, 40.5}, {100, 40.5}}}, 2.5);
+    QCOMPARE(at(exact, 60, 37), 0);
+    for (int y = 38; y < 43; ++y)
+        QCOMPARE(at(exact, 60, y), 255);
+    QCOMPARE(at(exact, 60, 43), 0);
+    const std::vector<int> moved = coverageOf({{{20, 40.75}, {100, 40.75}}}, 2.5);
+    QCOMPARE(at(moved, 60, 38), 191);
+    QCOMPARE(at(moved, 60, 39), 255);
+    QCOMPARE(at(moved, 60, 43), 64);
+    QCOMPARE(at(moved, 60, 44), 0);
+    // The ends are round.
+    QCOMPARE(at(exact, 18, 40), 255);
+    QCOMPARE(at(exact, 16, 40), 0);
+    QCOMPARE(at(exact, 17, 38), 0);
+}
+
+void CoverageTest::aPixelIsCoveredByItsDistance()
+{
+    std::mt19937 engine(std::random_device{}());
+    std::uniform_real_distribution<double> halfWidths(0.6, 20.0);
+    for (int i = 0; i < 300; ++i) {
+        const Line line = randomLine(engine);
+        const double halfWidth = halfWidths(engine);
+        const std::vector<int> values = coverageOf({line}, halfWidth);
+        for (int y = 0; y < kSurface.height(); ++y) {
+            for (int x = 0; x < kSurface.width(); ++x) {
+                const double depth = halfWidth + 0.5 - distance({x + 0.5, y + 0.5}, line);
+                const double expected = 255.0 * std::clamp(depth, 0.0, 1.0);
+                // Lines lie on a grid of 1/64 pixel.
+                if (std::abs(at(values, x, y) - expected) > 1.0 + 255.0 / 64.0)
+                    QFAIL(qPrintable(QStringLiteral("line %1: pixel %2, %3 is covered by %4, not %5")
+                                         .arg(i)
+                                         .arg(x)
+                                         .arg(y)
+                                         .arg(at(values, x, y))
+                                         .arg(expected)));
+            }
+        }
+    }
+}
+
+void CoverageTest::aHairIsNoThickerThanItIs()
+{
+    const std::vector<int> values = coverageOf({{{20, 40.5}, {100, 40.5}}}, 0.1);
+    QCOMPARE(at(values, 60, 40), 51);
+    QCOMPARE(at(values, 60, 39), 0);
+    QCOMPARE(at(values, 60, 41), 0);
+}
+
+void CoverageTest::theOrderOfLinesDoesNotMatter()
+{
+    std::mt19937 engine(std::random_device{}());
+    for (int i = 0; i < 50; ++i) {
+        std::vector<Line> lines;
+        for (int n = 0; n < 8; ++n)
+            lines.push_back(randomLine(engine));
+        const std::vector<int> values = coverageOf(lines, 4.0);
+        std::shuffle(lines.begin(), lines.end(), engine);
+        lines.push_back(lines.front());
+        QCOMPARE(coverageOf(lines, 4.0), values);
+    }
+}
+
+void CoverageTest::anyPartIsThatPartOfTheWhole()
+{
+    std::mt19937 engine(std::random_device{}());
+    std::uniform_int_distribution<int> left(0, 100);
+    std::uniform_int_distribution<int> top(0, 70);
+    std::uniform_int_distribution<int> side(1, 19);
+    for (int i = 0; i < 500; ++i) {
+        const std::vector<Line> lines = {randomLine(engine), randomLine(engine)};
+        const std::vector<int> whole = coverageOf(lines, 3.3);
+        const QRect rect(left(engine), top(engine), side(engine), side(engine));
+        const std::vector<int> part = coverageOf(lines, 3.3, rect);
+        auto value = part.begin();
+        for (int y = rect.top(); y <= rect.bottom(); ++y) {
+            for (int x = rect.left(); x <= rect.right(); ++x)
+                QCOMPARE(*value++, at(whole, x, y));
+        }
+    }
+}
+
+} // namespace zeigewerk
+
+QTEST_APPLESS_MAIN(zeigewerk::CoverageTest)
+#include "coverage_test.moc"

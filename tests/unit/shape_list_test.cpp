@@ -1,0 +1,112 @@
+#include "drawing/render_shape.h"
+#include "drawing/shape_list.h"
+
+#include <QTest>
+
+#include <random>
+
+namespace zeigewerk {
+
+namespace {
+
+Shape lineAt(QPointF start, int name)
+{
+    return {.tool = Tool::line,
+            .points = {},
+            .start = start,
+            .end = start + QPointF(20, 10),
+            .color = kOrange,
+            .width = 5.0,
+            .text = QString::number(name)};
+}
+
+QStringList namesNear(const ShapeList &list, const Box &area)
+{
+    QStringList names;
+    list.forEachNear(area, [&](const Shape &shape) { names.append(shape.text); });
+    return names;
+}
+
+/// Asked of every shape.
+QStringList expectedNear(const ShapeList &list, const Box &area)
+{
+    QStringList names;
+    for (const Shape &shape : list.shapes()) {
+        if (paintedBounds(shape).touches(area))
+            names.append(shape.text);
+    }
+    return names;
+}
+
+/// Removes or adds some, anywhere in the list.
+void change(ShapeList &list, std::mt19937 &engine, int name)
+{
+    std::uniform_int_distribution<int> what(0, 30);
+    std::uniform_real_distribution<double> place(0.0, 1000.0);
+    const int chosen = what(engine);
+    if (chosen == 0)
+        list.removeIf([&](const Shape &) { return what(engine) < 6; });
+    else if (chosen <= 5 && !list.isEmpty())
+        list.removeLast();
+    else
+        list.append(lineAt({place(engine), place(engine)}, name));
+}
+
+} // namespace
+
+class ShapeListTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itKeepsTheirOrder();
+    void whateverHappensItFindsWhatLiesThere();
+    void anEmptyListFindsNothing();
+};
+
+void ShapeListTest::itKeepsTheirOrder()
+{
+    ShapeList list;
+    for (int i = 0; i < 100; ++i)
+        list.append(lineAt({0, 0}, i));
+    list.removeIf([](const Shape &shape) { return shape.text.toInt() % 2 == 1; });
+    list.removeLast();
+    QCOMPARE(list.shapes().size(), std::size_t{49});
+    QStringList names;
+    for (int i = 0; i < 98; i += 2)
+        names.append(QString::number(i));
+    QCOMPARE(namesNear(list, {0, 0, 10, 10}), names);
+}
+
+void ShapeListTest::whateverHappensItFindsWhatLiesThere()
+{
+    std::mt19937 engine(std::random_device{}());
+    std::uniform_real_distribution<double> place(-50.0, 1050.0);
+    ShapeList list;
+    for (int i = 0; i < 3000; ++i) {
+        change(list, engine, i);
+        const QPointF corner(place(engine), place(engine));
+        const Box area{corner.x(), corner.y(), corner.x() + 60.0, corner.y() + 60.0};
+        QCOMPARE(namesNear(list, area), expectedNear(list, area));
+    }
+    list.clear();
+    QVERIFY(list.isEmpty());
+    QVERIFY(namesNear(list, {-1e9, -1e9, 1e9, 1e9}).isEmpty());
+}
+
+void ShapeListTest::anEmptyListFindsNothing()
+{
+    ShapeList list;
+    QVERIFY(list.isEmpty());
+    // A shape that shows nothing lies nowhere.
+    Shape nothing = lineAt({0, 0}, 1);
+    nothing.width = 0.0;
+    list.append(nothing);
+    QVERIFY(namesNear(list, {-1e9, -1e9, 1e9, 1e9}).isEmpty());
+    QCOMPARE(list.shapes().size(), std::size_t{1});
+}
+
+} // namespace zeigewerk
+
+QTEST_MAIN(zeigewerk::ShapeListTest)
+#include "shape_list_test.moc"

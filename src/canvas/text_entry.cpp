@@ -64,13 +64,13 @@ void DrawingView::commitTextField()
     if (!app || text.isEmpty())
         return;
     m_shapes.append(Shape{.tool = Tool::text,
-                             .points = {},
-                             .start = start,
-                             .end = start,
-                             .color = app->color(),
-                             .width = app->lineWidth(),
-                             .text = text,
-                             .created = app->now()});
+                          .points = {},
+                          .start = start,
+                          .end = start,
+                          .color = app->color(),
+                          .width = app->lineWidth(),
+                          .text = text,
+                          .created = app->now()});
     needsDisplay(paintedArea(shapes().back()));
     app->noteShapeAdded(*this);
 }

@@ -147,12 +147,12 @@ void Connection::resume()
 
 void Connection::readEvents()
 {
-    while (!m_isPaused) {
-        const auto event = owned(xcb_poll_for_event(m_xcb));
-        if (!event)
-            break;
+    if (m_isPaused)
+        return;
+    // The socket is read once, and what that brought is handled; whatever comes later wakes us again.
+    if (const auto event = owned(xcb_poll_for_event(m_xcb)))
         m_handler(*event);
-    }
+    handleQueuedEvents();
     if (xcb_connection_has_error(m_xcb)) {
         m_notifier->setEnabled(false);
         Q_EMIT lost();

@@ -178,7 +178,7 @@ void onePenSampleAboveOtherShapes(benchmark::State &state)
 {
     samplePen(state, Tool::pen, 100, static_cast<int>(state.range(0)));
 }
-BENCHMARK(onePenSampleAboveOtherShapes)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK(onePenSampleAboveOtherShapes)->Arg(10)->Arg(100)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 
 void wholeCanvas(benchmark::State &state)
 {
@@ -191,6 +191,60 @@ void wholeCanvas(benchmark::State &state)
         platform::paintDamage(image, 1.0, Damage::everything(), program.view());
 }
 BENCHMARK(wholeCanvas)->Unit(benchmark::kMillisecond);
+
+/// Strokes of 50 points each, scattered over the screen.
+void scribble(Program &program, int count)
+{
+    program.app.setTool(Tool::pen);
+    for (int i = 0; i < count; ++i) {
+        // A step by which the places come to lie evenly spread.
+        const QPointF start(std::fmod(i * 0.7548776662 * kScreen.width(), kScreen.width()),
+                            std::fmod(i * 0.5698402910 * kScreen.height(), kScreen.height()));
+        program.view().mouseDown({start, {}});
+        for (int point = 1; point < 50; ++point)
+            program.view().mouseDragged({start + 0.1 * penPoint(10 * point), {}});
+        program.view().mouseUp({start, {}});
+    }
+    program.surface().display();
+}
+
+void wholeCanvasOfScribbles(benchmark::State &state)
+{
+    Program program;
+    program.app.toggleDraw();
+    scribble(program, static_cast<int>(state.range(0)));
+    QImage image = blankScreen();
+    while (state.KeepRunning())
+        platform::paintDamage(image, 1.0, Damage::everything(), program.view());
+}
+BENCHMARK(wholeCanvasOfScribbles)->Arg(0)->Arg(100)->Arg(10'000)->Unit(benchmark::kMillisecond);
+
+/// One more shape among others, and taking it back.
+void drawAndUndo(benchmark::State &state)
+{
+    Program program;
+    program.app.toggleDraw();
+    scribble(program, static_cast<int>(state.range(0)));
+    while (state.KeepRunning()) {
+        program.draw(Tool::line, {500, 500}, {700, 600});
+        program.surface().display();
+        program.app.undoShape();
+        program.surface().display();
+    }
+}
+BENCHMARK(drawAndUndo)->Arg(0)->Arg(10'000)->Unit(benchmark::kMicrosecond);
+
+/// The spotlight appears, where every pixel is dimmed.
+void wholeSpotlight(benchmark::State &state)
+{
+    Program program;
+    program.app.toggleSpot();
+    QImage image = blankScreen();
+    program.surface().display();
+    while (state.KeepRunning())
+        platform::paintDamage(image, 1.0, Damage::everything(), program.view());
+}
+BENCHMARK(wholeSpotlight)->Unit(benchmark::kMillisecond);
 
 void oneSpotlightStep(benchmark::State &state)
 {

@@ -35,10 +35,12 @@ private:
         int end = 0;
     };
 
-    std::uint8_t *row(int y) { return m_values.data() + (y - m_rect.top()) * m_rect.width(); }
+    float *row(int y) { return m_values.data() + (y - m_rect.top()) * m_stride; }
 
     QRect m_rect;
-    std::vector<std::uint8_t> m_values;
+    int m_stride;
+    /// From 0 to 1.
+    std::vector<float> m_values;
     std::vector<Span> m_spans;
 };
 

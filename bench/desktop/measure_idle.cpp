@@ -67,9 +67,10 @@ Memory memoryOfEmptyWindow(rig::DesktopSession &session)
     return memoryOf(window.processId());
 }
 
-void measureWakeups(Results &results, qint64 processId)
+void measureWakeups(Results &results, rig::DesktopSession &session, qint64 processId)
 {
     constexpr int kTenSeconds = 10'000;
+    awaitRest(session, processId);
     const int before = rig::wakeups(processId);
     QTest::qSleep(kTenSeconds);
     results.add(QStringLiteral("wakeups in 10 s, all modes off"), rig::wakeups(processId) - before, QString(),
@@ -91,7 +92,7 @@ void measureIdle(Results &results)
                 QStringLiteral("MiB"));
     results.add(QStringLiteral("idle: private and shared memory above that"),
                 idle.footprint() - empty.footprint(), QStringLiteral("MiB"), {20.0, {}});
-    measureWakeups(results, processId);
+    measureWakeups(results, show.session, processId);
 
     Hand hand(show.session.client());
     const Path path = wander(kScreen);
@@ -111,7 +112,7 @@ void measureIdle(Results &results)
         throw rig::RigError("the overlay stays");
     awaitRest(show.session, processId);
     addMemory(results, QStringLiteral("cleared and hidden"), memoryOf(processId));
-    measureWakeups(results, processId);
+    measureWakeups(results, show.session, processId);
 }
 
 } // namespace zeigewerk::bench

@@ -1,5 +1,6 @@
 #include "platform/x11/x11_desktop.h"
 
+#include "platform/x11/compose_table.h"
 #include "platform/x11/panels.h"
 #include "platform/x11/x11_surface.h"
 #include "platform/x11/x11_widget_window.h"
@@ -54,6 +55,8 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     connect(&m_screens, &X11Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
                         [this] { displayAll(); });
+    // It reads the whole table, so not before our windows are on the screen.
+    QMetaObject::invokeMethod(this, &provideComposeTable, Qt::QueuedConnection);
 }
 
 X11Desktop::~X11Desktop()

@@ -2,6 +2,7 @@
 #include "writing.h"
 
 using namespace zeigewerk::rig;
+using namespace std::chrono_literals;
 
 class TextKeyboardScenarios : public QObject
 {
@@ -13,6 +14,7 @@ private Q_SLOTS:
     void theKeyboardGoesBackFromTheField();
     void theFieldTakesTheKeyboardAgain();
     void aPinnedFieldLetsClicksThrough();
+    void aHeldEscDiscardsTheTextAndEndsNothingMore();
 };
 
 void TextKeyboardScenarios::noKeyIsLostHoweverFastTheHand()
@@ -100,6 +102,27 @@ void TextKeyboardScenarios::aPinnedFieldLetsClicksThrough()
     // Drawn on again, the field goes on where it was.
     on.hotKey(Key::P);
     EVENTUALLY(on.isTyping());
+}
+
+void TextKeyboardScenarios::aHeldEscDiscardsTheTextAndEndsNothingMore()
+{
+    Writing on;
+    QVERIFY(on.open({200, 500}));
+    on.session.keyboard().type("weg");
+    on.session.keyboard().press(Key::Escape);
+    EVENTUALLY(on.isDrawing());
+    // The server repeats a held key after 660 ms, and then 25 times a second.
+    THROUGHOUT(1200ms, on.isDrawing());
+    // Other keys act meanwhile, and so does the next press of this one.
+    QVERIFY(on.pick(button::kPen));
+    const QPoint stroke(600, 300);
+    QVERIFY(on.session.pointer().drag({stroke, stroke + QPoint(100, 0)}));
+    EVENTUALLY(on.pixel(stroke) == kInk);
+    on.command(Key::Z);
+    EVENTUALLY(on.pixel(stroke) == on.beneathColor());
+    on.session.keyboard().release(Key::Escape);
+    on.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(on.beneath.hasFocus());
 }
 
 QTEST_GUILESS_MAIN(TextKeyboardScenarios)

@@ -109,6 +109,8 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
     case XCB_KEY_PRESS:
     case XCB_KEY_RELEASE:
         return handleKey(as<xcb_key_press_event_t>(event), type == XCB_KEY_PRESS);
+    case XCB_KEYMAP_NOTIFY:
+        return m_heldKeys.adopt(as<xcb_keymap_notify_event_t>(event).keys);
     case XCB_FOCUS_OUT:
         return m_focus.focusOut(as<xcb_focus_out_event_t>(event));
     case XCB_CONFIGURE_NOTIFY:
@@ -197,9 +199,12 @@ void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
         m_typedKeys.catchUpWith(event.time);
     X11Surface *surface = surfaceOf(event.event);
     if (!isPress) {
+        m_heldKeys.released(event.detail);
         m_focus.keyReleased(event.detail);
         m_hotKeys.keyReleased(event);
     } else if (surface) {
+        if (!m_heldKeys.isPress(event.detail))
+            return;
         m_focus.keyIsHandled(event.detail);
         surface->keyPressed(m_keymap.keyEvent(event));
         m_focus.noKeyIsHandled();

@@ -196,8 +196,8 @@ void TextField::keyPressEvent(QKeyEvent *event)
 void TextField::paintEvent(QPaintEvent *event)
 {
     QLineEdit::paintEvent(event);
-    // Where letters run to the left the caret has a flag for its direction, and the part that Qt repaints when
-    // the caret goes leaves a pixel of it.
+    // Where letters run to the left the caret has a flag for its direction, and the part that Qt repaints
+    // when the caret goes leaves a pixel of it.
     if (event->rect() != rect())
         update();
 }

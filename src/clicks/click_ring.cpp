@@ -1,6 +1,6 @@
 #include "clicks/click_ring.h"
 
-#include "drawing/qt_color.h"
+#include "drawing/circles.h"
 #include "platform/paint_target.h"
 
 #include <QEasingCurve>
@@ -18,6 +18,7 @@ constexpr double kFirstScale = 0.35;
 constexpr double kLastScale = 1.15;
 constexpr double kFirstOpacity = 0.9;
 constexpr double kLastOpacity = 0.0;
+constexpr QPointF kMiddle(ClickRing::kSide / 2, ClickRing::kSide / 2);
 constexpr std::chrono::nanoseconds kStepInterval(1'000'000'000 / 60);
 
 /// "Ease out" as style sheets and animation frameworks define it, which none of Qt's named curves is.
@@ -26,6 +27,16 @@ QEasingCurve easeOut()
     QEasingCurve curve(QEasingCurve::BezierSpline);
     curve.addCubicBezierSegment({0.0, 0.0}, {0.58, 1.0}, {1.0, 1.0});
     return curve;
+}
+
+double outerRadius(const RingPhase &phase)
+{
+    return (kDiameter + kStrokeWidth) / 2 * phase.scale;
+}
+
+QRectF squareAround(double reach)
+{
+    return {kMiddle - QPointF(reach, reach), kMiddle + QPointF(reach, reach)};
 }
 
 } // namespace
@@ -65,7 +76,7 @@ void ClickRing::step()
 {
     for (const auto &ring : live.rings) {
         ring->m_phase = RingPhase::at(ring->progress());
-        ring->m_surface->setNeedsDisplay(platform::Damage::everything());
+        ring->m_surface->setNeedsDisplay(ring->painted());
     }
     removeWhere([](const ClickRing &ring) { return ring.progress() >= 1.0; });
 }
@@ -95,15 +106,18 @@ double ClickRing::progress() const
     return isOver ? 1.0 : age / std::chrono::duration<double>(kDuration);
 }
 
+platform::Damage ClickRing::painted() const
+{
+    // A ring only grows, so this covers what it was before.
+    return platform::Damage::of(squareAround(outerRadius(m_phase)));
+}
+
 void ClickRing::draw(platform::PaintTarget &target)
 {
-    QPainter &painter = target.painter();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(
-        QPen(toQColor(m_color.withAlpha(m_color.alpha * m_phase.opacity)), kStrokeWidth * m_phase.scale));
-    painter.setBrush(Qt::NoBrush);
-    const double radius = kDiameter / 2 * m_phase.scale;
-    painter.drawEllipse(QPointF(kSide / 2, kSide / 2), radius, radius);
+    const platform::ViewGeometry &geometry = target.geometry();
+    const double scale = m_phase.scale * geometry.scale();
+    strokeCircle(target, geometry.toPixels(kMiddle), kDiameter / 2 * scale, kStrokeWidth / 2 * scale,
+                 premultiplied(m_color.withAlpha(m_color.alpha * m_phase.opacity)));
 }
 
 } // namespace zeigewerk

@@ -2,7 +2,7 @@
 
 #include "canvas/drawing_view.h"
 #include "core/app_delegate.h"
-#include "drawing/dimming.h"
+#include "drawing/circles.h"
 #include "drawing/fade.h"
 #include "drawing/render_shape.h"
 

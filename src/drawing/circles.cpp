@@ -1,0 +1,119 @@
+#include "drawing/circles.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace zeigewerk {
+
+namespace {
+
+/// Half the length of the chord that a row in that distance from the middle cuts off the circle; 0 if none.
+double halfChord(double radius, double distance)
+{
+    return radius > distance ? std::sqrt((radius - distance) * (radius + distance)) : 0.0;
+}
+
+/// A row of the target, and which of its pixels are meant by places relative to its first one's middle.
+class Row
+{
+public:
+    Row(Premultiplied *pixels, int count)
+        : m_pixels(pixels)
+        , m_count(count)
+    {
+    }
+
+    /// The first pixel with its middle at or beyond that place; all of them are before infinity.
+    int firstAt(double place) const
+    {
+        return static_cast<int>(std::ceil(std::clamp(place, 0.0, static_cast<double>(m_count))));
+    }
+    void cover(int begin, int end, Premultiplied color) const
+    {
+        if (begin < end)
+            blendSpan(m_pixels + begin, end - begin, color);
+    }
+    void cover(int place, double part, Premultiplied color) const
+    {
+        const auto coverage = static_cast<std::uint32_t>(std::lround(255.0 * std::clamp(part, 0.0, 1.0)));
+        m_pixels[place] = blended(m_pixels[place], color, coverage);
+    }
+
+private:
+    Premultiplied *m_pixels;
+    int m_count;
+};
+
+constexpr double kRamp = 0.5;
+
+/// One row of the target, as a circle around `middle` sees it.
+class CircleRow
+{
+public:
+    CircleRow(platform::PaintTarget &target, int y, QPointF middle)
+        : m_row(target.row(y), target.rect().width())
+        , m_x(onPixelGrid(middle.x()) - (target.rect().left() + kRamp))
+        , m_distance(std::abs(y + kRamp - onPixelGrid(middle.y())))
+    {
+    }
+
+    const Row &row() const { return m_row; }
+    /// The first pixel in the circle of that radius, and the first one behind it.
+    std::pair<int, int> chord(double radius) const
+    {
+        const double half = halfChord(radius, m_distance);
+        return {m_row.firstAt(m_x - half), m_row.firstAt(m_x + half)};
+    }
+    double distanceOf(int pixel) const
+    {
+        const double x = pixel - m_x;
+        return std::sqrt(x * x + m_distance * m_distance);
+    }
+
+private:
+    Row m_row;
+    /// The middle of the circle, seen from the middle of the row's first pixel.
+    double m_x;
+    double m_distance;
+};
+
+} // namespace
+
+void coverOutside(platform::PaintTarget &target, QPointF middle, double radius, Premultiplied color)
+{
+    const QRect &rect = target.rect();
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        const CircleRow row(target, y, middle);
+        // Covered up to here, then in part, clear, in part again, and covered from there on.
+        const auto [outerBegin, outerEnd] = row.chord(radius + kRamp);
+        const auto [innerBegin, innerEnd] = row.chord(radius - kRamp);
+        const auto coverEdge = [&, &row = row](int begin, int end) {
+            for (int i = begin; i < end; ++i)
+                row.row().cover(i, row.distanceOf(i) - radius + kRamp, color);
+        };
+        row.row().cover(0, outerBegin, color);
+        coverEdge(outerBegin, innerBegin);
+        coverEdge(innerEnd, outerEnd);
+        row.row().cover(outerEnd, rect.width(), color);
+    }
+}
+
+void strokeCircle(platform::PaintTarget &target, QPointF middle, double radius, double halfWidth,
+                  Premultiplied color)
+{
+    const QRect &rect = target.rect();
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        const CircleRow row(target, y, middle);
+        const auto [outerBegin, outerEnd] = row.chord(radius + halfWidth + kRamp);
+        const auto [innerBegin, innerEnd] = row.chord(radius - halfWidth - kRamp);
+        const auto coverEdge = [&, &row = row](int begin, int end) {
+            for (int i = begin; i < end; ++i)
+                row.row().cover(i, halfWidth + kRamp - std::abs(row.distanceOf(i) - radius), color);
+        };
+        coverEdge(outerBegin, innerBegin);
+        coverEdge(innerEnd, outerEnd);
+    }
+}
+
+} // namespace zeigewerk

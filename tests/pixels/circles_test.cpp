@@ -1,0 +1,134 @@
+#include "drawing/circles.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+namespace zeigewerk {
+
+namespace {
+
+constexpr QSize kSurface(120, 90);
+constexpr Premultiplied kBlackInk = 0xFF000000U;
+
+struct Circle
+{
+    QPointF middle;
+    double radius = 0.0;
+    /// Half the width of its stroke. Without a stroke it is a hole, outside of which everything is covered.
+    double halfWidth = 0.0;
+};
+
+/// How far each pixel of the rectangle is covered (0 to 255), row by row.
+std::vector<int> coverageOf(const Circle &circle, const QRect &rect = QRect(QPoint(0, 0), kSurface))
+{
+    platform::PaintTarget target(platform::ViewGeometry(kSurface, 1.0));
+    target.select(rect);
+    if (circle.halfWidth > 0.0)
+        strokeCircle(target, circle.middle, circle.radius, circle.halfWidth, kBlackInk);
+    else
+        coverOutside(target, circle.middle, circle.radius, kBlackInk);
+    std::vector<int> values;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = 0; x < rect.width(); ++x)
+            values.push_back(static_cast<int>(target.row(y)[x] >> 24));
+    }
+    return values;
+}
+
+double expectedAt(const Circle &circle, int x, int y)
+{
+    const double distance = std::hypot(x + 0.5 - circle.middle.x(), y + 0.5 - circle.middle.y());
+    const double depth = circle.halfWidth > 0.0 ? circle.halfWidth - std::abs(distance - circle.radius)
+                                                : distance - circle.radius;
+    return 255.0 * std::clamp(depth + 0.5, 0.0, 1.0);
+}
+
+Circle randomCircle(std::mt19937 &engine)
+{
+    std::uniform_real_distribution<double> x(-60.0, 180.0);
+    std::uniform_real_distribution<double> y(-60.0, 150.0);
+    std::uniform_real_distribution<double> radius(0.2, 90.0);
+    std::uniform_real_distribution<double> halfWidth(0.5, 8.0);
+    std::bernoulli_distribution isHole(0.5);
+    return {{x(engine), y(engine)}, radius(engine), isHole(engine) ? 0.0 : halfWidth(engine)};
+}
+
+} // namespace
+
+class CirclesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aPixelIsCoveredByItsDistance();
+    void anyPartIsThatPartOfTheWhole();
+    void aHoleLargerThanEverythingLeavesItClear();
+    void aHoleElsewhereCoversEverything();
+};
+
+void CirclesTest::aPixelIsCoveredByItsDistance()
+{
+    std::mt19937 engine(std::random_device{}());
+    for (int i = 0; i < 300; ++i) {
+        const Circle circle = randomCircle(engine);
+        const std::vector<int> values = coverageOf(circle);
+        auto value = values.cbegin();
+        for (int y = 0; y < kSurface.height(); ++y) {
+            for (int x = 0; x < kSurface.width(); ++x, ++value) {
+                // Circles lie on a grid of 1/64 pixel.
+                if (std::abs(*value - expectedAt(circle, x, y)) > 1.0 + 255.0 / 64.0)
+                    QFAIL(qPrintable(
+                        QStringLiteral("circle at %1, %2 of radius %3, width %4: pixel %5, %6 is %7")
+                            .arg(circle.middle.x())
+                            .arg(circle.middle.y())
+                            .arg(circle.radius)
+                            .arg(2.0 * circle.halfWidth)
+                            .arg(x)
+                            .arg(y)
+                            .arg(*value)));
+            }
+        }
+    }
+}
+
+void CirclesTest::anyPartIsThatPartOfTheWhole()
+{
+    std::mt19937 engine(std::random_device{}());
+    std::uniform_int_distribution<int> left(0, 100);
+    std::uniform_int_distribution<int> top(0, 70);
+    std::uniform_int_distribution<int> side(1, 19);
+    for (int i = 0; i < 500; ++i) {
+        const Circle circle = randomCircle(engine);
+        const std::vector<int> whole = coverageOf(circle);
+        const QRect rect(left(engine), top(engine), side(engine), side(engine));
+        const std::vector<int> part = coverageOf(circle, rect);
+        auto value = part.cbegin();
+        for (int y = rect.top(); y <= rect.bottom(); ++y) {
+            for (int x = rect.left(); x <= rect.right(); ++x)
+                QCOMPARE(*value++, whole[static_cast<std::size_t>(y * kSurface.width() + x)]);
+        }
+    }
+}
+
+void CirclesTest::aHoleLargerThanEverythingLeavesItClear()
+{
+    const std::vector<int> clear(static_cast<std::size_t>(kSurface.width() * kSurface.height()), 0);
+    for (const double radius :
+         {200.0, 1e9, std::numeric_limits<double>::max(), std::numeric_limits<double>::infinity()})
+        QCOMPARE(coverageOf({{60, 45}, radius}), clear);
+}
+
+void CirclesTest::aHoleElsewhereCoversEverything()
+{
+    const std::vector<int> covered(static_cast<std::size_t>(kSurface.width() * kSurface.height()), 255);
+    for (const QPointF middle : {QPointF(-100, 45), QPointF(300, 45), QPointF(60, -1e6), QPointF(1e9, 1e9)})
+        QCOMPARE(coverageOf({middle, 50.0}), covered);
+}
+
+} // namespace zeigewerk
+
+QTEST_APPLESS_MAIN(zeigewerk::CirclesTest)
+#include "circles_test.moc"

@@ -1,5 +1,7 @@
 #include "hand.h"
 
+#include "wander.h"
+
 #include <xcb/xtest.h>
 
 #include <cerrno>
@@ -31,12 +33,7 @@ void sleepUntil(std::int64_t when)
 
 Path wander(QSize screen)
 {
-    return [screen](int sample) {
-        const double way = 3.0 * sample;
-        return QPointF(screen.width() * (0.5 + 0.45 * std::sin(way / 1100.0)) + 40.0 * std::sin(way / 60.0),
-                       screen.height() * (0.5 + 0.45 * std::sin(way / 1700.0)) + 40.0 * std::cos(way / 60.0))
-            .toPoint();
-    };
+    return [screen](int sample) { return bench::wander(screen, sample).toPoint(); };
 }
 
 Path level(QPoint start)

@@ -12,7 +12,7 @@ namespace zeigewerk::bench {
 /// Where the pointer is at each sample: native root pixels, a different place at each sample.
 using Path = std::function<QPoint(int sample)>;
 
-/// All over a screen, back and forth, in steps of about three pixels: most strokes cross themselves often.
+/// All over a screen, as wander.h has it.
 Path wander(QSize screen);
 /// From left to right at that height, in steps of twelve pixels: a stroke never comes near where it was.
 Path level(QPoint start);

@@ -1,10 +1,11 @@
-// What painting costs: single shapes, one more sample of a stroke, a whole canvas, one step of the spotlight.
+// What painting costs: single shapes, one more sample of a stroke, whole canvases, undo, the spotlight.
 // Each benchmark of a sample or a step paints only its damage, as a surface does.
 
 #include "core/app_delegate.h"
 #include "drawing/render_shape.h"
 #include "platform/paint_damage.h"
 #include "platform/recording/recording_desktop.h"
+#include "wander.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -21,12 +22,9 @@ using platform::Damage;
 
 constexpr QSize kScreen(3840, 2160);
 
-/// A pen that wanders over the whole screen in steps of a few points, as a hand does.
 QPointF penPoint(int sample)
 {
-    const double way = 3.0 * sample;
-    return {kScreen.width() * (0.5 + 0.45 * std::sin(way / 1100.0)) + 40.0 * std::sin(way / 60.0),
-            kScreen.height() * (0.5 + 0.45 * std::sin(way / 1700.0)) + 40.0 * std::cos(way / 60.0)};
+    return bench::wander(kScreen, sample);
 }
 
 Shape stroke(Tool tool, int points)

@@ -70,7 +70,7 @@ void coverRow(float *values, int count, float x, float y, const Line &line)
 
 /// Between strokes that are far from each other on the same rows there are many pixels that none covers; so
 /// many are looked at together.
-constexpr int kBlock = 32;
+constexpr int kBlock = 16;
 
 /// Rounds values from 0 to 1 to bytes from 0 to 255; false if all of them are 0.
 bool toBytes(const float *values, int count, std::uint8_t *bytes)
@@ -97,12 +97,14 @@ int roundedUp(int count)
 
 } // namespace
 
-Coverage::Coverage(const QRect &rect)
-    : m_rect(rect)
-    // A row may be covered a little beyond its end.
-    , m_stride(rect.width() + kAtOnce)
-    , m_values(static_cast<std::size_t>(m_stride) * static_cast<std::size_t>(rect.height()))
-    , m_spans(static_cast<std::size_t>(rect.height()))
+static_assert(kAtOnce <= platform::PaintTarget::kMargin, "a row may be covered a little beyond its end");
+
+Coverage::Coverage(platform::PaintTarget &target)
+    : m_target(target)
+    , m_rect(target.rect())
+    , m_stride(m_rect.width() + platform::PaintTarget::kMargin)
+    , m_values(target.workingMemory())
+    , m_spans(static_cast<std::size_t>(m_rect.height()))
 {
 }
 
@@ -144,19 +146,27 @@ void Coverage::addLine(QPointF from, QPointF to, double halfWidth)
     }
 }
 
-void Coverage::blendInto(platform::PaintTarget &target, Premultiplied color) const
+void Coverage::blend(Premultiplied color)
 {
-    std::array<std::uint8_t, kBlock> bytes;
     for (int y = m_rect.top(); y <= m_rect.bottom(); ++y) {
-        const Span &span = m_spans[static_cast<std::size_t>(y - m_rect.top())];
-        const float *values = m_values.data() + (y - m_rect.top()) * m_stride - m_rect.left();
-        Premultiplied *pixels = target.row(y) - target.rect().left();
-        for (int x = span.begin; x < span.end; x += kBlock) {
-            const int count = std::min(kBlock, span.end - x);
-            if (toBytes(values + x, count, bytes.data()))
-                blendSpan(pixels + x, bytes.data(), count, color);
-        }
+        Span &span = m_spans[static_cast<std::size_t>(y - m_rect.top())];
+        if (span.begin < span.end)
+            blendRow(y, span, color);
+        span = {};
     }
+}
+
+void Coverage::blendRow(int y, Span span, Premultiplied color)
+{
+    float *values = row(y) - m_rect.left();
+    Premultiplied *pixels = m_target.row(y) - m_rect.left();
+    std::array<std::uint8_t, kBlock> bytes;
+    for (int x = span.begin; x < span.end; x += kBlock) {
+        const int count = std::min(kBlock, span.end - x);
+        if (toBytes(values + x, count, bytes.data()))
+            blendSpan(pixels + x, bytes.data(), count, color);
+    }
+    std::fill(values + span.begin, values + span.end + kAtOnce, 0.0F);
 }
 
 } // namespace zeigewerk

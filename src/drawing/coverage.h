@@ -5,7 +5,6 @@
 #include <QPointF>
 #include <QRect>
 
-#include <cstdint>
 #include <vector>
 
 namespace zeigewerk {
@@ -18,14 +17,15 @@ namespace zeigewerk {
 class Coverage
 {
 public:
-    /// Of those pixels, none of which is covered yet.
-    explicit Coverage(const QRect &rect);
+    /// Of the target's part, of which nothing is covered yet. There may be only one for a target at a time,
+    /// and what it covers must be blended in the end.
+    explicit Coverage(platform::PaintTarget &target);
 
     /// Adds a straight stroke with round ends. Coordinates must be within 2^17 pixels of the origin.
     void addLine(QPointF from, QPointF to, double halfWidth);
 
-    /// Paints the colour on each pixel as far as it is covered. The target must contain the rectangle.
-    void blendInto(platform::PaintTarget &target, Premultiplied color) const;
+    /// Paints the colour on each pixel as far as it is covered; then nothing is.
+    void blend(Premultiplied color);
 
 private:
     /// The pixels of a row that may be covered.
@@ -35,12 +35,14 @@ private:
         int end = 0;
     };
 
-    float *row(int y) { return m_values.data() + (y - m_rect.top()) * m_stride; }
+    /// How far each pixel of a row is covered, from 0 to 1.
+    float *row(int y) { return m_values + (y - m_rect.top()) * m_stride; }
+    void blendRow(int y, Span span, Premultiplied color);
 
+    platform::PaintTarget &m_target;
     QRect m_rect;
     int m_stride;
-    /// From 0 to 1.
-    std::vector<float> m_values;
+    float *m_values;
     std::vector<Span> m_spans;
 };
 

@@ -11,8 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <utility>
-#include <vector>
+#include <optional>
 
 namespace zeigewerk {
 
@@ -42,24 +41,16 @@ public:
         span.add(to);
         if (!span.touches(m_near))
             return;
-        m_lines.emplace_back(from, to);
-        m_bounds.add(span);
+        const platform::ViewGeometry &geometry = m_target.geometry();
+        if (!m_coverage)
+            m_coverage.emplace(m_target);
+        m_coverage->addLine(geometry.toPixels(from), geometry.toPixels(to), m_halfWidth * geometry.scale());
     }
 
     void paint(const Color &color)
     {
-        if (m_lines.empty())
-            return;
-        const platform::ViewGeometry &geometry = m_target.geometry();
-        const Box inked = m_bounds.grown(m_reach);
-        const QRectF area(QPointF(inked.left, inked.bottom), QPointF(inked.right, inked.top));
-        const QRect rect = geometry.damagedPixels(area) & m_target.rect();
-        if (rect.isEmpty())
-            return;
-        Coverage coverage(rect);
-        for (const auto &[from, to] : m_lines)
-            coverage.addLine(geometry.toPixels(from), geometry.toPixels(to), m_halfWidth * geometry.scale());
-        coverage.blendInto(m_target, premultiplied(color));
+        if (m_coverage)
+            m_coverage->blend(premultiplied(color));
     }
 
 private:
@@ -70,8 +61,7 @@ private:
     double m_halfWidth;
     double m_reach;
     Box m_near;
-    std::vector<std::pair<QPointF, QPointF>> m_lines;
-    Box m_bounds;
+    std::optional<Coverage> m_coverage;
 };
 
 void addDot(Stroke &stroke, QPointF point)

@@ -15,7 +15,10 @@ void PaintTarget::select(const QRect &rect)
 {
     m_painting.reset();
     m_rect = rect;
-    m_pixels.assign(static_cast<std::size_t>(rect.width()) * static_cast<std::size_t>(rect.height()), 0);
+    const auto width = static_cast<std::size_t>(rect.width());
+    const auto height = static_cast<std::size_t>(rect.height());
+    m_pixels.assign(width * height, 0);
+    m_workingMemory.resize((width + kMargin) * height);
 }
 
 void PaintTarget::fill(std::uint32_t premultiplied)

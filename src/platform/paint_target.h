@@ -22,6 +22,7 @@ public:
     /// The largest width and height that a part has: few enough pixels to stay in a processor's cache while
     /// one shape after the other is painted on them.
     static constexpr int kMaxSide = 256;
+    static constexpr int kMargin = 4;
 
     /// The surface of that geometry; `select` chooses the part.
     explicit PaintTarget(const ViewGeometry &geometry)
@@ -40,6 +41,10 @@ public:
     std::uint32_t *row(int y) { return m_pixels.data() + (y - m_rect.top()) * m_rect.width(); }
     /// Sets every pixel.
     void fill(std::uint32_t premultiplied);
+    /// Working memory: as many zeros as the part has pixels, and `kMargin` more for each row. Whoever writes
+    /// there leaves zeros behind, so that nobody has to clear it.
+    float *workingMemory() { return m_workingMemory.data(); }
+
     /// Paints in view coordinates on the part, for what is not worth painting pixel by pixel.
     QPainter &painter();
 
@@ -57,6 +62,7 @@ private:
     ViewGeometry m_geometry;
     QRect m_rect;
     std::vector<std::uint32_t> m_pixels;
+    std::vector<float> m_workingMemory;
     std::optional<Painting> m_painting;
 };
 

@@ -24,10 +24,10 @@ std::vector<int> coverageOf(const std::vector<Line> &lines, double halfWidth,
 {
     platform::PaintTarget target(platform::ViewGeometry(kSurface, 1.0));
     target.select(rect);
-    Coverage coverage(rect);
+    Coverage coverage(target);
     for (const Line &line : lines)
         coverage.addLine(line.from, line.to, halfWidth);
-    coverage.blendInto(target, kBlackInk);
+    coverage.blend(kBlackInk);
     std::vector<int> values;
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
         for (int x = 0; x < rect.width(); ++x)

@@ -200,7 +200,7 @@ void scribble(Program &program, int count)
                             std::fmod(i * 0.5698402910 * kScreen.height(), kScreen.height()));
         program.view().mouseDown({start, {}});
         for (int point = 1; point < 50; ++point)
-            program.view().mouseDragged({start + 0.1 * penPoint(10 * point), {}});
+            program.view().mouseDragged({start + penPoint(i + point) - penPoint(i), {}});
         program.view().mouseUp({start, {}});
     }
     program.surface().display();

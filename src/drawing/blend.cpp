@@ -27,20 +27,20 @@ void blendSpan(Premultiplied *pixels, int count, Premultiplied color)
         std::fill(pixels, pixels + count, color);
         return;
     }
-    for (int i = 0; i < count; ++i)
+    int i = 0;
+    for (; i + kFour <= count; i += kFour)
+        storeFour(pixels + i, blended(loadFour(pixels + i), fourOf(color), fourOf(kWhole)));
+    for (; i < count; ++i)
         pixels[i] = blended(pixels[i], color, kWhole);
 }
 
 void blendSpan(Premultiplied *pixels, const Premultiplied *over, int count)
 {
-    for (int i = 0; i < count; ++i)
+    int i = 0;
+    for (; i + kFour <= count; i += kFour)
+        storeFour(pixels + i, blended(loadFour(pixels + i), loadFour(over + i), fourOf(kWhole)));
+    for (; i < count; ++i)
         pixels[i] = blended(pixels[i], over[i], kWhole);
-}
-
-void blendSpan(Premultiplied *pixels, const std::uint8_t *coverage, int count, Premultiplied color)
-{
-    for (int i = 0; i < count; ++i)
-        pixels[i] = blended(pixels[i], color, coverage[i]);
 }
 
 } // namespace zeigewerk

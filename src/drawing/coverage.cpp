@@ -1,7 +1,6 @@
 #include "drawing/coverage.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -25,10 +24,8 @@ struct Line
     float most;
 };
 
-/// Four pixels at a time: what the compiler makes of a loop over single ones pays only in rows much longer
-/// than a pen is wide.
-constexpr int kAtOnce = 4;
-using Floats = float __attribute__((vector_size(kAtOnce * sizeof(float))));
+using Floats = float __attribute__((vector_size(kFour * sizeof(float))));
+using Ints = std::int32_t __attribute__((vector_size(kFour * sizeof(std::int32_t))));
 
 Floats least(Floats a, Floats b)
 {
@@ -45,7 +42,7 @@ Floats roots(Floats squares)
     return Floats{std::sqrt(squares[0]), std::sqrt(squares[1]), std::sqrt(squares[2]), std::sqrt(squares[3])};
 }
 
-/// Raises the coverage of pixels in a row, a multiple of kAtOnce, to what the line gives them. `x` is the
+/// Raises the coverage of pixels in a row, a multiple of kFour, to what the line gives them. `x` is the
 /// middle of the first one, and `y` the row's, relative to the line's beginning.
 void coverRow(float *values, int count, float x, float y, const Line &line)
 {
@@ -55,7 +52,7 @@ void coverRow(float *values, int count, float x, float y, const Line &line)
     const Floats limit = none + line.most;
     const float alongY = y * line.wayY;
     Floats pixelX = x + Floats{0.0F, 1.0F, 2.0F, 3.0F};
-    for (int i = 0; i < count; i += kAtOnce, pixelX += static_cast<float>(kAtOnce)) {
+    for (int i = 0; i < count; i += kFour, pixelX += static_cast<float>(kFour)) {
         const Floats along = (pixelX * line.wayX + alongY) * line.perSquare;
         const Floats part = least(most(along, none), one);
         const Floats awayX = pixelX - part * line.wayX;
@@ -68,21 +65,6 @@ void coverRow(float *values, int count, float x, float y, const Line &line)
     }
 }
 
-/// Between strokes that are far from each other on the same rows there are many pixels that none covers; so
-/// many are looked at together.
-constexpr int kBlock = 16;
-
-/// Rounds values from 0 to 1 to bytes from 0 to 255; false if all of them are 0.
-bool toBytes(const float *values, int count, std::uint8_t *bytes)
-{
-    unsigned any = 0;
-    for (int i = 0; i < count; ++i) {
-        bytes[i] = static_cast<std::uint8_t>(static_cast<int>(values[i] * 255.0F + 0.5F));
-        any |= bytes[i];
-    }
-    return any != 0;
-}
-
 /// The whole number at or below; the library's way asks more of every processor than some have.
 int floored(double value)
 {
@@ -92,12 +74,12 @@ int floored(double value)
 
 int roundedUp(int count)
 {
-    return (count + kAtOnce - 1) / kAtOnce * kAtOnce;
+    return (count + kFour - 1) / kFour * kFour;
 }
 
 } // namespace
 
-static_assert(kAtOnce <= platform::PaintTarget::kMargin, "a row may be covered a little beyond its end");
+static_assert(kFour <= platform::PaintTarget::kMargin, "a row may be covered a little beyond its end");
 
 Coverage::Coverage(platform::PaintTarget &target)
     : m_target(target)
@@ -117,32 +99,32 @@ void Coverage::addLine(QPointF from, QPointF to, double halfWidth)
     const Line line{static_cast<float>(way.x()), static_cast<float>(way.y()),
                     square > 0.0 ? static_cast<float>(1.0 / square) : 0.0F, static_cast<float>(reach),
                     static_cast<float>(std::min(2.0 * halfWidth, 1.0))};
-    const double perRow = way.y() != 0.0 ? 1.0 / way.y() : 0.0;
     const int firstRow = std::max(floored(start.y() + std::min(way.y(), 0.0) - reach), m_rect.top());
     const int lastRow = std::min(floored(start.y() + std::max(way.y(), 0.0) + reach), m_rect.bottom());
+    // A short line is near all its rows, as good as wholly.
+    const bool isShort = std::abs(way.x()) <= 2.0 * reach || way.y() == 0.0;
+    const double perRow = isShort ? 0.0 : 1.0 / way.y();
+    double begin = 0.0;
+    double end = 1.0;
     for (int y = firstRow; y <= lastRow; ++y) {
         const double rowY = y + 0.5 - start.y();
-        // The part of the line that is near enough to the row, and what it spans.
-        double begin = 0.0;
-        double end = 1.0;
-        if (way.y() != 0.0) {
+        if (!isShort) {
             const double one = (rowY - reach) * perRow;
             const double other = (rowY + reach) * perRow;
             begin = std::clamp(std::min(one, other), 0.0, 1.0);
             end = std::clamp(std::max(one, other), 0.0, 1.0);
         }
-        const double left = std::min(begin * way.x(), end * way.x()) - reach;
-        const double right = std::max(begin * way.x(), end * way.x()) + reach;
-        const int first = std::max(floored(start.x() + left), m_rect.left());
-        const int last = std::min(floored(start.x() + right), m_rect.right());
-        if (first > last)
+        const double left = start.x() + std::min(begin * way.x(), end * way.x()) - reach;
+        const double right = start.x() + std::max(begin * way.x(), end * way.x()) + reach;
+        const Span span{std::max(floored(left), m_rect.left()), std::min(floored(right), m_rect.right()) + 1};
+        if (span.begin >= span.end)
             continue;
-        const int count = last + 1 - first;
-        coverRow(row(y) + (first - m_rect.left()), roundedUp(count),
-                 static_cast<float>(first + 0.5 - start.x()), static_cast<float>(rowY), line);
-        Span &span = m_spans[static_cast<std::size_t>(y - m_rect.top())];
-        span = span.begin == span.end ? Span{first, last + 1}
-                                      : Span{std::min(span.begin, first), std::max(span.end, last + 1)};
+        coverRow(row(y) + (span.begin - m_rect.left()), roundedUp(span.end - span.begin),
+                 static_cast<float>(span.begin + 0.5 - start.x()), static_cast<float>(rowY), line);
+        Span &covered = m_spans[static_cast<std::size_t>(y - m_rect.top())];
+        covered = covered.begin == covered.end
+                      ? span
+                      : Span{std::min(covered.begin, span.begin), std::max(covered.end, span.end)};
     }
 }
 
@@ -160,13 +142,21 @@ void Coverage::blendRow(int y, Span span, Premultiplied color)
 {
     float *values = row(y) - m_rect.left();
     Premultiplied *pixels = m_target.row(y) - m_rect.left();
-    std::array<std::uint8_t, kBlock> bytes;
-    for (int x = span.begin; x < span.end; x += kBlock) {
-        const int count = std::min(kBlock, span.end - x);
-        if (toBytes(values + x, count, bytes.data()))
-            blendSpan(pixels + x, bytes.data(), count, color);
+    for (int x = span.begin; x < span.end; x += kFour) {
+        Floats covered;
+        std::memcpy(&covered, values + x, sizeof covered);
+        const Four coverage = std::bit_cast<Four>(__builtin_convertvector(covered * 255.0F + 0.5F, Ints));
+        // Between lines that are far from each other on the same row there are many that none covers.
+        if ((coverage[0] | coverage[1] | coverage[2] | coverage[3]) == 0)
+            continue;
+        if (x + kFour <= m_rect.right() + 1) {
+            storeFour(pixels + x, blended(loadFour(pixels + x), fourOf(color), coverage));
+            continue;
+        }
+        for (int i = 0; x + i <= m_rect.right(); ++i)
+            pixels[x + i] = blended(pixels[x + i], color, coverage[i]);
     }
-    std::fill(values + span.begin, values + span.end + kAtOnce, 0.0F);
+    std::fill(values + span.begin, values + span.end + kFour, 0.0F);
 }
 
 } // namespace zeigewerk

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void anOpaqueCoatReplaces();
     void noCoverageChangesNothing();
     void blendingIsRoundedToTheNearest();
+    void fourPixelsAreBlendedEachByItself();
     void aSpanIsBlendedPixelByPixel();
 };
 
@@ -70,23 +71,30 @@ void BlendTest::blendingIsRoundedToTheNearest()
     }
 }
 
+void BlendTest::fourPixelsAreBlendedEachByItself()
+{
+    const Four ground = {0, 0xFF102030, 0x80402010, 0xFFFFFFFF};
+    const Four colors = {0xFF123456, 0x66660000, 0x66660000, 0};
+    const Four coverage = {0, 60, 255, 128};
+    const Four result = blended(ground, colors, coverage);
+    for (int i = 0; i < kFour; ++i)
+        QCOMPARE(result[i], blended(ground[i], colors[i], coverage[i]));
+}
+
 void BlendTest::aSpanIsBlendedPixelByPixel()
 {
-    const std::vector<std::uint8_t> coverage = {0, 1, 60, 128, 254, 255, 7};
     const std::vector<Premultiplied> ground = {0, 0xFF102030, 0x80402010, 0xFFFFFFFF, 1U << 24, 5U << 24, 0};
-    std::vector<Premultiplied> partly = ground;
-    blendSpan(partly.data(), coverage.data(), 7, 0x66660000U);
+    const std::vector<Premultiplied> above = {0xFFFFFFFF, 0x80402010, 0, 0xFF102030, 7, 0x01010101, 5U << 24};
     std::vector<Premultiplied> wholly = ground;
     blendSpan(wholly.data(), 7, 0x66660000U);
     std::vector<Premultiplied> opaque = ground;
     blendSpan(opaque.data(), 7, 0xFF123456U);
     std::vector<Premultiplied> over = ground;
-    blendSpan(over.data(), partly.data(), 7);
+    blendSpan(over.data(), above.data(), 7);
     for (std::size_t i = 0; i < ground.size(); ++i) {
-        QCOMPARE(partly[i], blended(ground[i], 0x66660000U, coverage[i]));
         QCOMPARE(wholly[i], blended(ground[i], 0x66660000U, 255));
         QCOMPARE(opaque[i], 0xFF123456U);
-        QCOMPARE(over[i], blended(ground[i], partly[i], 255));
+        QCOMPARE(over[i], blended(ground[i], above[i], 255));
     }
 }
 

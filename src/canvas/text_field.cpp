@@ -11,6 +11,7 @@
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QWheelEvent>
 
 namespace zeigewerk {
@@ -97,6 +98,8 @@ TextField::TextField(const Color &textColor)
     setFixedSize(kSize);
     // The canvas writes from the left, whatever the language.
     setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignTop);
+    // An arrow key goes where it points, also where a text changes its direction.
+    setCursorMoveStyle(Qt::VisualMoveStyle);
     setPlaceholderText(QStringLiteral("Text eingeben…"));
     setAccessibleName(QStringLiteral("Text"));
     putTextInPlace();
@@ -188,6 +191,15 @@ void TextField::keyPressEvent(QKeyEvent *event)
                       event->isAutoRepeat());
     QLineEdit::keyPressEvent(&command);
     event->setAccepted(command.isAccepted());
+}
+
+void TextField::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    // Where letters run to the left the caret has a flag for its direction, and the part that Qt repaints when
+    // the caret goes leaves a pixel of it.
+    if (event->rect() != rect())
+        update();
 }
 
 void TextField::mousePressEvent(QMouseEvent *event)

@@ -1,3 +1,4 @@
+#include "commands/key_names.h"
 #include "core/app_delegate.h"
 #include "core/termination_signals.h"
 #include "platform/choose_desktop.h"
@@ -25,6 +26,8 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("Zeigewerk"));
     QApplication::setApplicationDisplayName(QStringLiteral("Zeigewerk"));
     QApplication::setQuitOnLastWindowClosed(false);
+    KeyNames keyNames;
+    QApplication::installTranslator(&keyNames);
 
     const auto desktop = connection->makeDesktop();
     UserDefaults defaults;

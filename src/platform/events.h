@@ -28,7 +28,8 @@ struct KeyEvent
 {
     /// Esc as the keyboard layout has it, wherever it lies.
     bool isEscape = false;
-    /// The character that the key stands for in the layout without Ctrl, Alt and Super; 0 for none.
+    /// The character that the key stands for in the layout without Ctrl, Alt and Super; 0 for none. With Ctrl
+    /// or Super, a key of other letters stands for the Latin one of another layout of the user's.
     char32_t character = 0;
     Modifiers modifiers;
 };

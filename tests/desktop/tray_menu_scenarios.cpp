@@ -38,6 +38,9 @@ void TrayMenuScenarios::theTrayShowsTheWholeMenu()
         QCOMPARE(entry.enabled, !kHints.contains(entry.label));
         QCOMPARE(entry.toggleType, withMark.contains(entry.label) ? "checkmark" : "");
         QVERIFY(entry.children.isEmpty());
+        // The tray names the keys itself, in the language that it speaks.
+        const QStringList key = entry.label == kQuit ? QStringList{"Control", "Q"} : QStringList();
+        QCOMPARE(entry.shortcut.value(0), key);
     }
     QCOMPARE(labels, expected);
     QCOMPARE(on.checked(), QStringList{kDark});

@@ -33,15 +33,22 @@ private Q_SLOTS:
 void UndoScenarios::theKeysTakeStrokesBackAcrossTheScreens_data()
 {
     QTest::addColumn<QList<Key>>("modifiers");
-    QTest::newRow("Ctrl") << QList<Key>{Key::Ctrl};
-    QTest::newRow("Ctrl and Shift") << QList<Key>{Key::Ctrl, Key::Shift};
-    QTest::newRow("Super") << QList<Key>{Key::Super};
+    QTest::addColumn<QString>("keyboardMap");
+    QTest::addColumn<Key>("key");
+    QTest::newRow("Ctrl") << QList<Key>{Key::Ctrl} << "us" << Key::Z;
+    QTest::newRow("Ctrl and Shift") << QList<Key>{Key::Ctrl, Key::Shift} << "us" << Key::Z;
+    QTest::newRow("Super") << QList<Key>{Key::Super} << "us" << Key::Z;
+    QTest::newRow("where the letter is on a German keyboard") << QList<Key>{Key::Ctrl} << "de" << Key::Y;
+    QTest::newRow("with Hebrew letters") << QList<Key>{Key::Ctrl} << "il,us" << Key::Z;
+    QTest::newRow("with Russian letters, beside German ones") << QList<Key>{Key::Super} << "ru,de" << Key::Y;
 }
 
 void UndoScenarios::theKeysTakeStrokesBackAcrossTheScreens()
 {
     QFETCH(QList<Key>, modifiers);
-    Presentation on({.screens = {kLeft, kRight}});
+    QFETCH(QString, keyboardMap);
+    QFETCH(Key, key);
+    Presentation on({.screens = {kLeft, kRight}, .keyboardMap = keyboardMap});
     const QColor bareRight = on.pixel(kSecond);
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());
@@ -50,14 +57,14 @@ void UndoScenarios::theKeysTakeStrokesBackAcrossTheScreens()
         EVENTUALLY(on.pixel(place) == kInk);
     }
 
-    on.session.keyboard().chord(modifiers, Key::Z);
+    on.session.keyboard().chord(modifiers, key);
     EVENTUALLY(on.pixel(kThird) == on.beneathColor());
     QCOMPARE(on.pixel(kFirst), kInk);
     QCOMPARE(on.pixel(kSecond), kInk);
-    on.session.keyboard().chord(modifiers, Key::Z);
+    on.session.keyboard().chord(modifiers, key);
     EVENTUALLY(on.pixel(kSecond) == bareRight);
     QCOMPARE(on.pixel(kFirst), kInk);
-    on.session.keyboard().chord(modifiers, Key::Z);
+    on.session.keyboard().chord(modifiers, key);
     EVENTUALLY(on.pixel(kFirst) == on.beneathColor());
     QVERIFY(on.isUntouched({200, 200, 200, 500}));
     QVERIFY(on.session.screenshot().isFilled(bareRight, {1500, 200, 200, 200}));

@@ -1,22 +1,7 @@
+// Where a widget's window lies, and which clicks and keys are its own.
 #include "seam.h"
 
 using namespace zeigewerk::rig;
-using namespace std::chrono_literals;
-
-namespace {
-
-const QMargins kOrnament(20, 16, 20, 24);
-const QSize kSlab(150, 300);
-
-QList<QSize> sizesOf(const QList<WindowInfo> &windows)
-{
-    QList<QSize> sizes;
-    for (const WindowInfo &window : windows)
-        sizes.append(window.geometry.size());
-    return sizes;
-}
-
-} // namespace
 
 class WidgetWindowScenarios : public QObject
 {
@@ -29,11 +14,6 @@ private Q_SLOTS:
     void theOrnamentTakesNoClicks();
     void aMaskOfTheWidgetAndTheOrnamentGoTogether();
     void showingItLeavesTheKeyboardAlone();
-    void levelsKeepTheirOrder_data();
-    void levelsKeepTheirOrder();
-    void menusAndTooltipsComeAboveIt_data();
-    void menusAndTooltipsComeAboveIt();
-    void aMenuThatOpensUnderAnOverlayIsBroughtUp();
     void theWindowOutlivesItsScreen();
     void theWindowOutlivesOneOfTwoMirroredScreens();
 };
@@ -181,85 +161,6 @@ void WidgetWindowScenarios::showingItLeavesTheKeyboardAlone()
     const QList<InputEvent> events = beneath.events();
     for (const InputEvent &event : events)
         QVERIFY(event.kind != InputEvent::Kind::FocusOut);
-}
-
-void WidgetWindowScenarios::levelsKeepTheirOrder_data()
-{
-    QTest::addColumn<QStringList>("shown");
-
-    // The slab is at (200, 500), which is where the others are as well.
-    QTest::newRow("from the bottom") << QStringList{"overlay", "show", "effect 250 600"};
-    QTest::newRow("from the top") << QStringList{"effect 250 600", "show", "overlay"};
-    QTest::newRow("the slab once more") << QStringList{"show", "effect 250 600", "overlay", "show"};
-    QTest::newRow("the slab hidden meanwhile")
-        << QStringList{"show", "hide", "effect 250 600", "overlay", "show"};
-}
-
-void WidgetWindowScenarios::levelsKeepTheirOrder()
-{
-    QFETCH(QStringList, shown);
-    DesktopSession session;
-    Seam seam(session);
-    seam.tell("move 200 500");
-    for (const QString &verb : shown)
-        seam.tell(verb);
-    EVENTUALLY(seam.windows().size() == 3);
-    QCOMPARE(sizesOf(seam.windows()),
-             QList<QSize>({VirtualDisplay::kFullHd.size(), kSlab.grownBy(kOrnament), QSize(56, 56)}));
-    EVENTUALLY(!seam.red().isEmpty());
-}
-
-void WidgetWindowScenarios::menusAndTooltipsComeAboveIt_data()
-{
-    QTest::addColumn<QString>("popup");
-    QTest::newRow("menu") << "menu 250 300";
-    QTest::newRow("tooltip") << "tooltip 250 300";
-}
-
-void WidgetWindowScenarios::menusAndTooltipsComeAboveIt()
-{
-    QFETCH(QString, popup);
-    DesktopSession session;
-    Seam seam(session);
-    seam.tell("move 200 500");
-    for (const QString verb : {"show", "overlay", "effect 250 600"})
-        seam.tell(verb);
-    EVENTUALLY(seam.windows().size() == 3);
-    const QList<QSize> below = sizesOf(seam.windows());
-
-    seam.tell(popup);
-    EVENTUALLY(seam.windows().size() == 4);
-    const QList<QSize> all = sizesOf(seam.windows());
-    QCOMPARE(all.first(3), below);
-    // Qt puts a tooltip a little below and to the right of the pointer.
-    const QRect shown = seam.windows().at(3).geometry;
-    QVERIFY(QRect(250, 300, 10, 30).contains(shown.topLeft()));
-
-    // Another program's popup beats them all until the program has looked.
-    Popup foreign(session, {100, 100, 600, 600}, Qt::green);
-    const auto isRight = [&] {
-        return sizesOf(seam.windows()) == all &&
-               session.client().isAbove(seam.windows().constFirst().id, foreign.id());
-    };
-    EVENTUALLY(isRight());
-    QVERIFY(session.screenshot().count(Qt::red, shown) == 0);
-    foreign.raise();
-    EVENTUALLY(isRight());
-}
-
-void WidgetWindowScenarios::aMenuThatOpensUnderAnOverlayIsBroughtUp()
-{
-    DesktopSession session;
-    Seam seam(session);
-    seam.tell("move 200 500");
-    seam.tell("show");
-    seam.tell("overlay");
-    EVENTUALLY(seam.windows().size() == 2);
-    // Longer than the last look after the overlay came up: only the menu itself can cause another one.
-    THROUGHOUT(600ms, seam.windows().size() == 2);
-    seam.tell("lowered menu 250 300");
-    EVENTUALLY(seam.windows().size() == 3);
-    EVENTUALLY(seam.windows().constLast().geometry.topLeft() == QPoint(250, 300));
 }
 
 void WidgetWindowScenarios::theWindowOutlivesItsScreen()

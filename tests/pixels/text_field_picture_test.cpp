@@ -52,6 +52,30 @@ QRect inkOf(const QImage &image)
     return ink;
 }
 
+/// Whether each pixel of ink in one picture has ink of the other beside it, at most a pixel away.
+bool isCoveredBy(const QImage &image, const QImage &other)
+{
+    const auto isInk = [](const QImage &picture, QPoint place) {
+        return picture.rect().contains(place) && QColor(picture.pixel(place)).blue() < 128;
+    };
+    const auto isNearInk = [&](QPoint place) {
+        for (int dy = -1; dy <= 1; ++dy) {
+            for (int dx = -1; dx <= 1; ++dx) {
+                if (isInk(other, place + QPoint(dx, dy)))
+                    return true;
+            }
+        }
+        return false;
+    };
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (isInk(image, {x, y}) && !isNearInk({x, y}))
+                return false;
+        }
+    }
+    return true;
+}
+
 QByteArray text(const QRect &rect)
 {
     return QStringLiteral("%1 %2 to %3 %4")
@@ -85,7 +109,10 @@ void TextFieldPictureTest::typedTextStandsWhereItWillBeDrawn_data()
     QTest::addColumn<QString>("text");
     for (const double scale : kScales) {
         for (const QString &typed :
-             {QStringLiteral("Lg"), QStringLiteral("Ärger"), QStringLiteral("jÅ|"), QStringLiteral("  x")})
+             {QStringLiteral("Lg"), QStringLiteral("Ärger"), QStringLiteral("jÅ|"), QStringLiteral("  x"),
+              QStringLiteral("שלום"), QStringLiteral("שלום, abc!"), QStringLiteral("abc, שלום!"),
+              QStringLiteral("  שלום abc  "), QStringLiteral("12 שלום 34"), QStringLiteral("مرحبا abc"),
+              QStringLiteral("東京 x"), QStringLiteral("ไทย"), QStringLiteral("😀 x")})
             QTest::addRow("scale %g, %s", scale, qPrintable(typed)) << scale << typed;
     }
 }
@@ -97,13 +124,18 @@ void TextFieldPictureTest::typedTextStandsWhereItWillBeDrawn()
     TextField field(kOrange);
     field.setComposited(false);
     field.setText(text);
-    const QRect typed = inkOf(pictureOf(field, scale));
-    const QRect drawn = inkOf(pictureOf(text, field.lineOrigin(), scale));
+    const QImage typedPicture = pictureOf(field, scale);
+    const QImage drawnPicture = pictureOf(text, field.lineOrigin(), scale);
+    const QRect typed = inkOf(typedPicture);
+    const QRect drawn = inkOf(drawnPicture);
     QVERIFY(!typed.isEmpty());
     const auto isNear = [](int a, int b) { return std::abs(a - b) <= 1; };
     QVERIFY2(isNear(typed.left(), drawn.left()) && isNear(typed.top(), drawn.top()) &&
                  isNear(typed.right(), drawn.right()) && isNear(typed.bottom(), drawn.bottom()),
              test::text(typed) + ", drawn " + test::text(drawn));
+    // And the same letters, in the same order.
+    QVERIFY(isCoveredBy(typedPicture, drawnPicture));
+    QVERIFY(isCoveredBy(drawnPicture, typedPicture));
 }
 
 void TextFieldPictureTest::textThatIsTooLongForTheFieldStaysOnItsLine_data()

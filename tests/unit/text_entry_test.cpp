@@ -5,6 +5,18 @@
 using namespace zeigewerk;
 using test::Writing;
 
+namespace {
+
+/// What an input method does: it shows what it is composing, and hands over what is done.
+void compose(TextField &field, const QString &shown, const QString &done = {})
+{
+    QInputMethodEvent event(shown, {});
+    event.setCommitString(done);
+    QCoreApplication::sendEvent(&field, &event);
+}
+
+} // namespace
+
 class TextEntryTest : public QObject
 {
     Q_OBJECT
@@ -20,6 +32,9 @@ private Q_SLOTS:
     void aPressCommitsAndOpensTheNext();
     void aPressWithAnotherToolCommitsAndDraws();
     void aPressTakesOverWhatIsBeingComposed();
+    void whatIsComposedIsCommittedOnce();
+    void returnTakesOverWhatIsBeingComposed();
+    void escDiscardsWhatIsBeingComposed();
     void undoTakesTextsInTheirOrder();
     void undoOnTheCanvasLeavesTheFieldAlone();
     void aCommittedTextStartsTheFading();
@@ -175,10 +190,48 @@ void TextEntryTest::aPressTakesOverWhatIsBeingComposed()
     Writing on;
     TextField &field = on.open();
     on.type(QStringLiteral("a"));
-    QInputMethodEvent composing(QStringLiteral("にほん"), {});
-    QCoreApplication::sendEvent(&field, &composing);
+    compose(field, QStringLiteral("にほん"));
     on.open({400, 400});
     QCOMPARE(on.texts(), QStringList{"aにほん"});
+}
+
+void TextEntryTest::whatIsComposedIsCommittedOnce()
+{
+    Writing on;
+    TextField &field = on.open();
+    on.type(QStringLiteral("a"));
+    for (const QString &shown : {QStringLiteral("n"), QStringLiteral("に")})
+        compose(field, shown);
+    QCOMPARE(field.text(), QStringLiteral("a"));
+    compose(field, {}, QStringLiteral("日"));
+    QCOMPARE(field.text(), QStringLiteral("a日"));
+    on.type(QStringLiteral("b"));
+    on.press(Qt::Key_Return);
+    QCOMPARE(on.texts(), QStringList{"a日b"});
+}
+
+void TextEntryTest::returnTakesOverWhatIsBeingComposed()
+{
+    // An input method that does not want the key for itself.
+    Writing on;
+    compose(on.open(), QStringLiteral("にほん"));
+    on.press(Qt::Key_Return);
+    QVERIFY(on.view().textField() == nullptr);
+    QCOMPARE(on.texts(), QStringList{"にほん"});
+}
+
+void TextEntryTest::escDiscardsWhatIsBeingComposed()
+{
+    Writing on;
+    compose(on.open(), QStringLiteral("にほん"));
+    on.press(Qt::Key_Escape);
+    QVERIFY(on.view().textField() == nullptr);
+    QCOMPARE(on.texts(), QStringList());
+    QVERIFY(on.app().drawOn());
+    // Nor is any of it in the next field.
+    on.open();
+    on.press(Qt::Key_Return);
+    QCOMPARE(on.texts(), QStringList());
 }
 
 void TextEntryTest::undoTakesTextsInTheirOrder()

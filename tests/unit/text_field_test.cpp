@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 using namespace zeigewerk;
 
 namespace {
@@ -18,6 +20,12 @@ QString pasted(const QString &text)
     QGuiApplication::clipboard()->setText(text);
     QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
     return field.text();
+}
+
+/// Where the caret stands: points from the left edge of the field.
+double caretPlace(const TextField &field)
+{
+    return field.inputMethodQuery(Qt::ImCursorRectangle).toRectF().left();
 }
 
 } // namespace
@@ -41,6 +49,9 @@ private Q_SLOTS:
     void theWheelIsPassedOn();
     void keysOfTheCanvasAreTypedHere();
     void whateverIsPastedStaysOneLine();
+    void arrowsGoWhereTheyPoint_data();
+    void arrowsGoWhereTheyPoint();
+    void homeAndEndAreTheEndsOfTheText();
 };
 
 void TextFieldTest::theFieldIsAWhiteBoxInTheGivenColour()
@@ -221,6 +232,55 @@ void TextFieldTest::whateverIsPastedStaysOneLine()
     QCOMPARE(pasted(lines).size(), lines.size());
     const QString lone = QStringLiteral("a") + QChar(0xD83D) + QStringLiteral("b");
     QCOMPARE(pasted(lone).size(), 3);
+}
+
+void TextFieldTest::arrowsGoWhereTheyPoint_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("from left to right") << QStringLiteral("Welt");
+    QTest::newRow("from right to left") << QStringLiteral("שלום");
+    QTest::newRow("both, begun from the left") << QStringLiteral("abc שלום def");
+    QTest::newRow("both, begun from the right") << QStringLiteral("שלום abc עולם");
+    QTest::newRow("ended the other way") << QStringLiteral("abc שלום");
+}
+
+void TextFieldTest::arrowsGoWhereTheyPoint()
+{
+    QFETCH(QString, text);
+    TextField field(kOrange);
+    field.setText(text);
+    const auto steps = [&field](Qt::Key key) {
+        QList<double> places;
+        for (double place = caretPlace(field); places.isEmpty() || place != places.last();) {
+            places.append(place);
+            QTest::keyClick(&field, key);
+            place = caretPlace(field);
+        }
+        return places;
+    };
+    steps(Qt::Key_Left);
+    const QList<double> toTheRight = steps(Qt::Key_Right);
+    QCOMPARE(toTheRight.size(), text.size() + 1);
+    QVERIFY(std::is_sorted(toTheRight.begin(), toTheRight.end()));
+    const QList<double> toTheLeft = steps(Qt::Key_Left);
+    QCOMPARE(toTheLeft.size(), text.size() + 1);
+    QVERIFY(std::is_sorted(toTheLeft.rbegin(), toTheLeft.rend()));
+}
+
+void TextFieldTest::homeAndEndAreTheEndsOfTheText()
+{
+    for (const QString &text : {QStringLiteral("Welt"), QStringLiteral("שלום")}) {
+        TextField field(kOrange);
+        field.setText(text);
+        QTest::keyClick(&field, Qt::Key_Home);
+        const double first = caretPlace(field);
+        QTest::keyClick(&field, Qt::Key_End);
+        const double last = caretPlace(field);
+        // A text that runs to the left begins at its right.
+        QCOMPARE(first > last, text.isRightToLeft());
+        QTest::keyClick(&field, Qt::Key_Home, Qt::ShiftModifier);
+        QCOMPARE(field.selectedText(), text);
+    }
 }
 
 QTEST_MAIN(TextFieldTest)

@@ -10,6 +10,29 @@
 
 namespace zeigewerk::platform::x11 {
 
+namespace {
+
+/// Symbols of Latin characters are their codes.
+bool isLatin(xkb_keysym_t symbol)
+{
+    return symbol != XKB_KEY_NoSymbol && symbol <= 0xFF;
+}
+
+/// What the key of a command is known by: where the layout writes other letters, the Latin one that the first
+/// other layout of the user's has there. `symbol` itself if there is none.
+xkb_keysym_t latinSymbol(xkb_keymap *keymap, xkb_keycode_t key, xkb_keysym_t symbol)
+{
+    for (xkb_layout_index_t layout = 0; layout < xkb_keymap_num_layouts_for_key(keymap, key); ++layout) {
+        const xkb_keysym_t *symbols = nullptr;
+        const int count = xkb_keymap_key_get_syms_by_level(keymap, key, layout, 0, &symbols);
+        if (count == 1 && isLatin(*symbols))
+            return *symbols;
+    }
+    return symbol;
+}
+
+} // namespace
+
 Keymap::Keymap(Connection &connection)
     : m_connection(connection)
 {
@@ -46,8 +69,11 @@ KeyEvent Keymap::keyEvent(const xcb_key_press_event_t &event)
     constexpr xkb_mod_mask_t kChoosing = 0xFF & ~(XCB_MOD_MASK_CONTROL | kAltMask | kSuperMask);
     const xkb_layout_index_t layout = (event.state >> 13) & 3;
     xkb_state_update_mask(m_state.get(), event.state & kChoosing, 0, 0, 0, 0, layout);
-    const xkb_keysym_t symbol = xkb_state_key_get_one_sym(m_state.get(), event.detail);
+    xkb_keysym_t symbol = xkb_state_key_get_one_sym(m_state.get(), event.detail);
     result.isEscape = symbol == XKB_KEY_Escape;
+    const bool isCommand = result.modifiers.testAnyFlags(Modifier::Ctrl | Modifier::Super);
+    if (isCommand && xkb_keysym_to_utf32(symbol) > 0xFF)
+        symbol = latinSymbol(m_keymap.get(), event.detail, symbol);
     result.character = xkb_keysym_to_utf32(symbol);
     return result;
 }

@@ -57,13 +57,14 @@ xcb_window_t createSurfaceWindow(Connection &connection, SurfaceRole role, const
     constexpr std::uint32_t kOverrideRedirect = 1;
     const std::uint32_t mask = XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT |
                                XCB_CW_EVENT_MASK | XCB_CW_COLORMAP | XCB_CW_CURSOR;
-    const std::array<std::uint32_t, 6> values = {kTransparent,
-                                                 kBorder,
-                                                 kOverrideRedirect,
-                                                 XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_KEY_PRESS |
-                                                     XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_FOCUS_CHANGE,
-                                                 connection.argbColormap(),
-                                                 connection.arrowCursor()};
+    const std::array<std::uint32_t, 6> values = {
+        kTransparent,
+        kBorder,
+        kOverrideRedirect,
+        XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
+            XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_KEYMAP_STATE,
+        connection.argbColormap(),
+        connection.arrowCursor()};
     xcb_create_window(connection.xcb(), kDepth, window, connection.root(),
                       static_cast<std::int16_t>(nativeFrame.x()), static_cast<std::int16_t>(nativeFrame.y()),
                       static_cast<std::uint16_t>(nativeFrame.width()),

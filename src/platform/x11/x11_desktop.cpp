@@ -1,18 +1,16 @@
 #include "platform/x11/x11_desktop.h"
 
+#include "platform/x11/compose_table.h"
 #include "platform/x11/panels.h"
 #include "platform/x11/x11_surface.h"
 #include "platform/x11/x11_widget_window.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
-#include <QWindow>
 
 #include <xcb/shm.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <tuple>
 
 namespace zeigewerk::platform::x11 {
 
@@ -26,17 +24,6 @@ template <typename Event>
 const Event &as(const xcb_generic_event_t &event)
 {
     return reinterpret_cast<const Event &>(event);
-}
-
-/// Our menus, then our tooltips, each in the order in which they were made: so do they cover each other.
-void appendPopups(std::vector<xcb_window_t> &windows)
-{
-    for (const Qt::WindowType type : {Qt::Popup, Qt::ToolTip}) {
-        for (const QWindow *window : QGuiApplication::topLevelWindows()) {
-            if (window->type() == type && window->isVisible() && window->handle())
-                windows.push_back(static_cast<xcb_window_t>(window->winId()));
-        }
-    }
 }
 
 } // namespace
@@ -68,6 +55,8 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     connect(&m_screens, &X11Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
                         [this] { displayAll(); });
+    // It reads the whole table, so not before our windows are on the screen.
+    QMetaObject::invokeMethod(this, &provideComposeTable, Qt::QueuedConnection);
 }
 
 X11Desktop::~X11Desktop()
@@ -120,6 +109,8 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
     case XCB_KEY_PRESS:
     case XCB_KEY_RELEASE:
         return handleKey(as<xcb_key_press_event_t>(event), type == XCB_KEY_PRESS);
+    case XCB_KEYMAP_NOTIFY:
+        return m_heldKeys.adopt(as<xcb_keymap_notify_event_t>(event).keys);
     case XCB_FOCUS_OUT:
         return m_focus.focusOut(as<xcb_focus_out_event_t>(event));
     case XCB_CONFIGURE_NOTIFY:
@@ -208,9 +199,12 @@ void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
         m_typedKeys.catchUpWith(event.time);
     X11Surface *surface = surfaceOf(event.event);
     if (!isPress) {
+        m_heldKeys.released(event.detail);
         m_focus.keyReleased(event.detail);
         m_hotKeys.keyReleased(event);
     } else if (surface) {
+        if (!m_heldKeys.isPress(event.detail))
+            return;
         m_focus.keyIsHandled(event.detail);
         surface->keyPressed(m_keymap.keyEvent(event));
         m_focus.noKeyIsHandled();
@@ -243,66 +237,6 @@ void X11Desktop::displayAll()
 {
     for (X11Surface *surface : m_surfaces)
         surface->display();
-}
-
-void X11Desktop::surfaceGone(X11Surface &surface)
-{
-    m_surfaces.erase(std::remove(m_surfaces.begin(), m_surfaces.end(), &surface), m_surfaces.end());
-}
-
-void X11Desktop::windowGone(X11WidgetWindow &window)
-{
-    m_widgetWindows.erase(std::remove(m_widgetWindows.begin(), m_widgetWindows.end(), &window),
-                          m_widgetWindows.end());
-}
-
-X11Surface *X11Desktop::surfaceOf(xcb_window_t window) const
-{
-    const auto isThat = [window](const X11Surface *surface) { return surface->owns(window); };
-    const auto found = std::find_if(m_surfaces.begin(), m_surfaces.end(), isThat);
-    return found == m_surfaces.end() ? nullptr : *found;
-}
-
-std::vector<xcb_window_t> X11Desktop::windowsFromBottom() const
-{
-    struct Shown
-    {
-        int level;
-        bool isOnOverlay;
-        quint64 order;
-        std::vector<xcb_window_t> windows;
-    };
-    std::vector<Shown> shown;
-    for (const X11Surface *surface : m_surfaces) {
-        if (surface->isVisible())
-            shown.push_back(
-                {levelOf(surface->role()), false, surface->orderedFront(), surface->shownWindows()});
-    }
-    for (const X11WidgetWindow *window : m_widgetWindows) {
-        if (window->isVisible() && window->window() != XCB_NONE)
-            shown.push_back({levelOf(window->role()),
-                             window->role() == WidgetRole::TextField,
-                             window->orderedFront(),
-                             {window->window()}});
-    }
-    std::sort(shown.begin(), shown.end(), [](const Shown &a, const Shown &b) {
-        return std::tuple(a.level, a.isOnOverlay, a.order) < std::tuple(b.level, b.isOnOverlay, b.order);
-    });
-    std::vector<xcb_window_t> windows;
-    for (const Shown &one : shown)
-        windows.insert(windows.end(), one.windows.begin(), one.windows.end());
-    // They come up by themselves: only what may cover them needs them kept on top.
-    if (!windows.empty())
-        appendPopups(windows);
-    return windows;
-}
-
-std::vector<QRect> X11Desktop::nativeScreens() const
-{
-    std::vector<QRect> frames;
-    for (const Screen &screen : layout().screens())
-        frames.push_back(screen.nativeFrame);
-    return frames;
 }
 
 } // namespace zeigewerk::platform::x11

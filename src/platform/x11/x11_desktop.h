@@ -4,6 +4,7 @@
 #include "platform/levels.h"
 #include "platform/x11/connection.h"
 #include "platform/x11/focus.h"
+#include "platform/x11/held_keys.h"
 #include "platform/x11/keymap.h"
 #include "platform/x11/scrolling.h"
 #include "platform/x11/selection_owner.h"
@@ -76,6 +77,7 @@ private:
     X11Screens m_screens;
     Focus m_focus;
     Keymap m_keymap;
+    HeldKeys m_heldKeys;
     SelectionOwner m_compositor;
     SelectionOwner m_embeddingTray;
     Stacking m_stacking;

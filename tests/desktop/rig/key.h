@@ -22,6 +22,7 @@ enum class Key : std::uint8_t {
     Digit9 = 10 + 8,
     Digit0 = 11 + 8,
     Minus = 12 + 8, // ß
+    Equal = 13 + 8, // the dead acute accent, with Shift the grave one
     Backspace = 14 + 8,
     Tab = 15 + 8,
     Q = 16 + 8,
@@ -48,6 +49,7 @@ enum class Key : std::uint8_t {
     L = 38 + 8,
     Semicolon = 39 + 8,  // ö
     Apostrophe = 40 + 8, // ä
+    Grave = 41 + 8,      // the dead circumflex
     Shift = 42 + 8,
     Z = 44 + 8, // Y
     X = 45 + 8,

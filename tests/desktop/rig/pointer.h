@@ -4,6 +4,8 @@
 #include <QList>
 #include <QPoint>
 
+#include <chrono>
+
 namespace zeigewerk::rig {
 
 class Client;
@@ -49,7 +51,7 @@ public:
     QPoint location() const;
 
 private:
-    void fake(int type, int detail, QPoint place);
+    void fake(int type, int detail, QPoint place, std::chrono::milliseconds delay = {});
     bool awaitButton(int button, bool down);
 
     Client &m_client;

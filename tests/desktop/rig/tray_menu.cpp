@@ -7,6 +7,15 @@ namespace zeigewerk::rig {
 
 namespace {
 
+/// It comes as an array of arrays of strings.
+QList<QStringList> readShortcut(const QVariant &value)
+{
+    QList<QStringList> presses;
+    if (value.canConvert<QDBusArgument>())
+        value.value<QDBusArgument>() >> presses;
+    return presses;
+}
+
 void readProperties(const QVariantMap &properties, TrayMenuItem &item)
 {
     item.label = properties.value(QStringLiteral("label")).toString();
@@ -15,6 +24,7 @@ void readProperties(const QVariantMap &properties, TrayMenuItem &item)
     item.type = properties.value(QStringLiteral("type"), item.type).toString();
     item.toggleType = properties.value(QStringLiteral("toggle-type")).toString();
     item.toggleState = properties.value(QStringLiteral("toggle-state"), item.toggleState).toInt();
+    item.shortcut = readShortcut(properties.value(QStringLiteral("shortcut")));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 namespace zeigewerk::rig {
@@ -20,6 +21,8 @@ struct TrayMenuItem
     QString toggleType;
     /// 1 is on, 0 off, anything else neither.
     int toggleState = -1;
+    /// The keys to be pressed together, for each press: "Control", "Alt", "Shift" or "Super", and a key.
+    QList<QStringList> shortcut;
     QList<TrayMenuItem> children;
 
     bool isSeparator() const { return type == QStringLiteral("separator"); }

@@ -1,0 +1,93 @@
+#include "platform/x11/held_keys.h"
+
+#include <QTest>
+
+#include <initializer_list>
+
+using zeigewerk::platform::x11::HeldKeys;
+
+namespace {
+
+constexpr std::uint8_t kEscape = 9;
+constexpr std::uint8_t kZ = 52;
+
+/// As the server writes which keys are held.
+std::array<std::uint8_t, 31> map(std::initializer_list<int> keys)
+{
+    std::array<std::uint8_t, 31> bytes = {};
+    for (const int key : keys) {
+        std::uint8_t &byte = bytes.at(static_cast<std::size_t>(key / 8 - 1));
+        byte = static_cast<std::uint8_t>(byte | 1U << (key % 8));
+    }
+    return bytes;
+}
+
+} // namespace
+
+class HeldKeysTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aKeyHeldFromElsewhereCountsOnlyOnceReleased();
+    void otherKeysCountMeanwhile();
+    void aKeyOfOurOwnGoesOnRepeating();
+    void whatWasReleasedElsewhereIsNotHeld();
+    void everyKeyHasItsBit();
+};
+
+void HeldKeysTest::aKeyHeldFromElsewhereCountsOnlyOnceReleased()
+{
+    HeldKeys keys;
+    keys.adopt(map({kEscape}));
+    QVERIFY(!keys.isPress(kEscape));
+    QVERIFY(!keys.isPress(kEscape));
+    keys.released(kEscape);
+    QVERIFY(keys.isPress(kEscape));
+    QVERIFY(keys.isPress(kEscape));
+}
+
+void HeldKeysTest::otherKeysCountMeanwhile()
+{
+    HeldKeys keys;
+    keys.adopt(map({kEscape}));
+    QVERIFY(keys.isPress(kZ));
+    keys.released(kZ);
+    QVERIFY(keys.isPress(kZ));
+    QVERIFY(!keys.isPress(kEscape));
+}
+
+void HeldKeysTest::aKeyOfOurOwnGoesOnRepeating()
+{
+    HeldKeys keys;
+    keys.adopt(map({}));
+    QVERIFY(keys.isPress(kZ));
+    // As when the pointer comes to the window.
+    keys.adopt(map({kZ}));
+    QVERIFY(keys.isPress(kZ));
+}
+
+void HeldKeysTest::whatWasReleasedElsewhereIsNotHeld()
+{
+    HeldKeys keys;
+    keys.adopt(map({kEscape}));
+    keys.adopt(map({}));
+    QVERIFY(keys.isPress(kEscape));
+    // Nor is it our own for ever: released elsewhere, and pressed there again.
+    keys.adopt(map({}));
+    keys.adopt(map({kEscape}));
+    QVERIFY(!keys.isPress(kEscape));
+}
+
+void HeldKeysTest::everyKeyHasItsBit()
+{
+    for (int key = 8; key < 256; ++key) {
+        HeldKeys keys;
+        keys.adopt(map({key}));
+        for (int other = 8; other < 256; ++other)
+            QCOMPARE(keys.isPress(static_cast<std::uint8_t>(other)), other != key);
+    }
+}
+
+QTEST_APPLESS_MAIN(HeldKeysTest)
+#include "held_keys_test.moc"

@@ -147,6 +147,12 @@ void Connection::resume()
     readEvents();
 }
 
+void Connection::catchUp()
+{
+    roundTrip();
+    handleQueuedEvents();
+}
+
 void Connection::readEvents()
 {
     while (!m_isPaused) {

@@ -73,6 +73,7 @@ void X11WidgetWindow::orderOut()
     // It may just have lost the keyboard to another of our windows, which must have it before this one goes:
     // else the keys in between go to whatever lies beneath.
     m_connection.roundTrip();
+    m_desktop.typedKeys().windowCloses(m_window, m_widget, m_desktop.focus().key());
     m_widget.hide();
     m_desktop.focus().forget(m_window);
     m_desktop.stacking().windowHidden();
@@ -93,6 +94,7 @@ void X11WidgetWindow::makeKey()
     // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
     if (!m_visible || m_role == WidgetRole::Toolbar)
         return;
+    m_desktop.typedKeys().keyboardComes(m_window);
     m_desktop.focus().give(m_window);
     // So that the keys which a canvas got until now are at hand before those that come to the widget.
     m_connection.roundTrip();

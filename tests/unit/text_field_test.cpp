@@ -233,7 +233,7 @@ void TextFieldTest::whateverIsPastedStaysOneLine()
 {
     QCOMPARE(pasted(QString(10'000, u'x')), QString(10'000, u'x'));
     QCOMPARE(pasted(QStringLiteral("😀🏳️‍🌈")), QStringLiteral("😀🏳️‍🌈"));
-    // A line edit keeps these and shows a space for each.
+    // A line edit keeps these. For the line end and \x01 it shows a space.
     const QString lines = QStringLiteral("eins\nzwei\tdrei\x01");
     QCOMPARE(pasted(lines).size(), lines.size());
     const QString lone = QStringLiteral("a") + QChar(0xD83D) + QStringLiteral("b");

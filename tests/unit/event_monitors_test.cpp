@@ -48,6 +48,21 @@ std::vector<platform::RecordingSurface *> effects(const Controller &controller)
     return controller.desktop.surfaces(SurfaceRole::Effect);
 }
 
+/// What outlives a controller.
+struct ShortLife
+{
+    platform::RecordingDesktop desktop;
+    QTemporaryDir home;
+    UserDefaults defaults{home.filePath("settings.ini")};
+
+    std::unique_ptr<AppDelegate> begin()
+    {
+        auto app = std::make_unique<AppDelegate>(desktop, defaults);
+        app->applicationDidFinishLaunching();
+        return app;
+    }
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(zeigewerk::platform::MonitoredEvents)
@@ -228,38 +243,32 @@ void EventMonitorsTest::theRadiusIsThereAtTheNextStart()
 
 void EventMonitorsTest::theRingsGoWithTheController()
 {
-    platform::RecordingDesktop desktop;
-    QTemporaryDir home;
-    UserDefaults defaults(home.filePath("settings.ini"));
+    ShortLife life;
     {
-        AppDelegate app(desktop, defaults);
-        app.applicationDidFinishLaunching();
-        app.toggleClicks();
-        desktop.eventMonitor().pressLeft();
-        desktop.eventMonitor().pressLeft();
+        const auto app = life.begin();
+        app->toggleClicks();
+        life.desktop.eventMonitor().pressLeft();
+        life.desktop.eventMonitor().pressLeft();
         QCOMPARE(ClickRing::live.rings.size(), std::size_t(2));
     }
     QVERIFY(ClickRing::live.rings.empty());
     QVERIFY(!ClickRing::live.timer);
-    QVERIFY(desktop.surfaces(SurfaceRole::Effect).empty());
+    QVERIFY(life.desktop.surfaces(SurfaceRole::Effect).empty());
 }
 
 void EventMonitorsTest::whatArrivesAfterTheControllerDoesNothing()
 {
-    platform::RecordingDesktop desktop;
-    QTemporaryDir home;
-    UserDefaults defaults(home.filePath("settings.ini"));
+    ShortLife life;
     {
-        AppDelegate app(desktop, defaults);
-        app.applicationDidFinishLaunching();
-        app.toggleClicks();
-        app.toggleSpot();
+        const auto app = life.begin();
+        app->toggleClicks();
+        app->toggleSpot();
     }
-    desktop.takeLog();
-    desktop.eventMonitor().pressLeftLate();
-    desktop.eventMonitor().scrollLate(altNotches(1));
-    QCOMPARE(desktop.takeLog(), QStringList());
-    QVERIFY(!defaults.doubleForKey(kSpotRadiusKey));
+    life.desktop.takeLog();
+    life.desktop.eventMonitor().pressLeftLate();
+    life.desktop.eventMonitor().scrollLate(altNotches(1));
+    QCOMPARE(life.desktop.takeLog(), QStringList());
+    QVERIFY(!life.defaults.doubleForKey(kSpotRadiusKey));
 }
 
 QTEST_MAIN(EventMonitorsTest)

@@ -8,7 +8,8 @@ build_packages=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev libqt6svg6-dev libgl-dev
     libxcb1-dev libxcb-shm0-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-shape0-dev libxcb-cursor-dev
-    libxcb-xkb-dev libxcb-randr0-dev libxcb-xtest0-dev libxcb-res0-dev libxkbcommon-dev libxkbcommon-x11-dev
+    libxcb-xkb-dev libxcb-randr0-dev libxcb-damage0-dev libxcb-xtest0-dev libxcb-res0-dev libxkbcommon-dev
+    libxkbcommon-x11-dev
     libbenchmark-dev
 )
 # A virtual desktop: display, window manager, compositor, session bus, accessibility bus, keyboard maps, a font.
@@ -62,8 +63,8 @@ name_missing_tools() {
     for tool in cmake ninja g++ pkg-config; do
         command -v "$tool" >/dev/null || missing+=("$tool")
     done
-    for module in Qt6Widgets Qt6Svg Qt6DBus xcb xcb-shm xcb-xinput xcb-xfixes xcb-shape xcb-cursor xcb-xkb xcb-randr xcb-xtest xcb-res \
-        xkbcommon xkbcommon-x11 benchmark; do
+    for module in Qt6Widgets Qt6Svg Qt6DBus xcb xcb-shm xcb-xinput xcb-xfixes xcb-shape xcb-cursor xcb-xkb xcb-randr xcb-damage \
+        xcb-xtest xcb-res xkbcommon xkbcommon-x11 benchmark; do
         pkg-config --exists "$module" 2>/dev/null || missing+=("$module (development files)")
     done
     if [[ " $* " == *" openbox "* ]]; then

@@ -55,6 +55,7 @@ private:
     ClickRing(platform::Desktop &desktop, QPointF at, const Color &color, Clock clock);
 
     double progress() const;
+    platform::Damage painted() const;
     void draw(QPainter &painter, const platform::Damage &damage) override;
     template <typename Condition>
     static void removeWhere(Condition condition);

@@ -143,7 +143,8 @@ void TextPlaceScenarios::textFromRightToLeftStaysWhereItWasTyped()
     EVENTUALLY(other.paste() == text);
     on.session.keyboard().tap(Key::Return);
     EVENTUALLY(on.isDrawing());
-    EVENTUALLY(!on.inkAt(place).isEmpty());
+    // Until the field, and its caret, are gone from the screen too.
+    EVENTUALLY(on.pixel(place + QPoint(250, 10)) == on.beneathColor() && !on.inkAt(place).isEmpty());
     const Ink drawn(on, around);
     // It begins at the left, as all text does.
     QVERIFY(on.inkAt(place).left() >= 0);

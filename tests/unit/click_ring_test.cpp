@@ -25,6 +25,7 @@ private Q_SLOTS:
     void atItsLargestItIsNotClipped();
     void itIsEmptyInItsMiddle();
     void aTranslucentColourStaysTranslucent();
+    void aStepPaintsNoMoreThanTheRing();
     void eachRingGoesAfterItsOwnTime();
     void theTimerRunsOnlyWhileThereIsARing();
     void aClockThatIsSetBackEndsIt();
@@ -197,6 +198,24 @@ void ClickRingTest::aTranslucentColourStaysTranslucent()
     const QImage picture = stage.picture();
     const int onLine = alphaAt(picture, 28 * 0.35, 0);
     QVERIFY2(std::abs(onLine - 255 * 0.45) <= 2, qPrintable(QString::number(onLine)));
+}
+
+void ClickRingTest::aStepPaintsNoMoreThanTheRing()
+{
+    Stage stage;
+    stage.show();
+    RecordingSurface &surface = *stage.surfaces().front();
+    surface.display();
+    for (int i = 0; i < 5; ++i) {
+        const qint64 before = surface.paintedPixels();
+        stage.passTime(0.04);
+        surface.display();
+        // Its line included, and the pixels at both ends that antialiasing may touch.
+        const double side = 60 * RingPhase::at(0.04 * (i + 1) / 0.45).scale + 4;
+        const qint64 painted = surface.paintedPixels() - before;
+        QVERIFY(painted > 0);
+        QVERIFY(static_cast<double>(painted) <= side * side);
+    }
 }
 
 void ClickRingTest::eachRingGoesAfterItsOwnTime()

@@ -90,6 +90,16 @@ void Stacking::restack()
     restackAbove(highestForeign(childrenFromTop()));
 }
 
+void Stacking::insert(xcb_window_t window)
+{
+    const std::vector<xcb_window_t> windows = m_windows();
+    const auto found = std::find(windows.begin(), windows.end(), window);
+    if (found == windows.begin() || found == windows.end())
+        return restack();
+    place(window, *std::prev(found));
+    m_connection.flush();
+}
+
 void Stacking::restackAbove(xcb_window_t highestForeign)
 {
     m_sinceRestack.start();

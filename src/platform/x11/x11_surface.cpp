@@ -86,7 +86,10 @@ void X11Surface::orderFrontRegardless()
     }
     m_visible = true;
     compositingChanged();
-    m_desktop.stacking().restack();
+    if (m_role == SurfaceRole::Effect)
+        m_desktop.stacking().insert(m_window);
+    else
+        m_desktop.stacking().restack();
     xcb_map_window(m_connection.xcb(), m_window);
     // A window that we were put above may have gone meanwhile.
     m_desktop.stacking().checkSoon();
@@ -122,7 +125,8 @@ void X11Surface::setIgnoresMouseEvents(bool ignores)
         xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, m_window, 0, 0, XCB_PIXMAP_NONE);
     updateInputWindow();
     // So that the very next click, whoever makes it, goes to the right window.
-    m_connection.roundTrip();
+    if (m_visible)
+        m_connection.roundTrip();
 }
 
 void X11Surface::makeKey()

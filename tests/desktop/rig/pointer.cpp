@@ -18,12 +18,17 @@ constexpr std::chrono::milliseconds kShortestPress{2};
 
 } // namespace
 
-void Pointer::fake(int type, int detail, QPoint place, std::chrono::milliseconds delay)
+void Pointer::send(int type, int detail, QPoint place, std::chrono::milliseconds delay)
 {
     xcb_test_fake_input(m_client.connection(), static_cast<std::uint8_t>(type),
                         static_cast<std::uint8_t>(detail), static_cast<std::uint32_t>(delay.count()),
                         m_client.root(), static_cast<std::int16_t>(place.x()),
                         static_cast<std::int16_t>(place.y()), 0);
+}
+
+void Pointer::fake(int type, int detail, QPoint place, std::chrono::milliseconds delay)
+{
+    send(type, detail, place, delay);
     m_client.roundTrip();
 }
 
@@ -65,6 +70,15 @@ bool Pointer::click(int button)
 {
     const bool pressed = press(button);
     return release(button) && pressed;
+}
+
+void Pointer::clickAtOnce(int count)
+{
+    for (int i = 0; i < count; ++i) {
+        send(XCB_BUTTON_PRESS, Left, {});
+        send(XCB_BUTTON_RELEASE, Left, {});
+    }
+    m_client.roundTrip();
 }
 
 bool Pointer::clickAt(QPoint place, int button)

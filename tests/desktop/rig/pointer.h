@@ -40,6 +40,9 @@ public:
     bool release(int button = Left);
     /// A press and a release where the pointer is.
     bool click(int button = Left);
+    /// So many of them where the pointer is, as close together as no hand makes them; comes back when the
+    /// server has them all, whoever has been told of them.
+    void clickAtOnce(int count);
     /// A press and a release at a place.
     bool clickAt(QPoint place, int button = Left);
     /// Goes to the first point, presses, makes one motion for each other point, and releases at the last.
@@ -51,6 +54,7 @@ public:
     QPoint location() const;
 
 private:
+    void send(int type, int detail, QPoint place, std::chrono::milliseconds delay = {});
     void fake(int type, int detail, QPoint place, std::chrono::milliseconds delay = {});
     bool awaitButton(int button, bool down);
 

@@ -49,7 +49,7 @@ std::vector<platform::RecordingSurface *> effects(const Controller &controller)
 }
 
 /// What outlives a controller.
-struct ShortLife
+struct Surroundings
 {
     platform::RecordingDesktop desktop;
     QTemporaryDir home;
@@ -243,32 +243,32 @@ void EventMonitorsTest::theRadiusIsThereAtTheNextStart()
 
 void EventMonitorsTest::theRingsGoWithTheController()
 {
-    ShortLife life;
+    Surroundings around;
     {
-        const auto app = life.begin();
+        const auto app = around.begin();
         app->toggleClicks();
-        life.desktop.eventMonitor().pressLeft();
-        life.desktop.eventMonitor().pressLeft();
+        around.desktop.eventMonitor().pressLeft();
+        around.desktop.eventMonitor().pressLeft();
         QCOMPARE(ClickRing::live.rings.size(), std::size_t(2));
     }
     QVERIFY(ClickRing::live.rings.empty());
     QVERIFY(!ClickRing::live.timer);
-    QVERIFY(life.desktop.surfaces(SurfaceRole::Effect).empty());
+    QVERIFY(around.desktop.surfaces(SurfaceRole::Effect).empty());
 }
 
 void EventMonitorsTest::whatArrivesAfterTheControllerDoesNothing()
 {
-    ShortLife life;
+    Surroundings around;
     {
-        const auto app = life.begin();
+        const auto app = around.begin();
         app->toggleClicks();
         app->toggleSpot();
     }
-    life.desktop.takeLog();
-    life.desktop.eventMonitor().pressLeftLate();
-    life.desktop.eventMonitor().scrollLate(altNotches(1));
-    QCOMPARE(life.desktop.takeLog(), QStringList());
-    QVERIFY(!life.defaults.doubleForKey(kSpotRadiusKey));
+    around.desktop.takeLog();
+    around.desktop.eventMonitor().pressLeftLate();
+    around.desktop.eventMonitor().scrollLate(altNotches(1));
+    QCOMPARE(around.desktop.takeLog(), QStringList());
+    QVERIFY(!around.defaults.doubleForKey(kSpotRadiusKey));
 }
 
 QTEST_MAIN(EventMonitorsTest)

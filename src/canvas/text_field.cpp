@@ -173,6 +173,8 @@ void TextField::inputMethodEvent(QInputMethodEvent *event)
 void TextField::keyDown(const platform::KeyEvent &event)
 {
     const Qt::KeyboardModifiers modifiers = qtModifiers(event.modifiers);
+    // A dead key does nothing here: Qt composes accents of what comes to the field itself, and what reaches
+    // the canvas before was typed within a few milliseconds of the press that opens the field.
     const bool writes = !isCommand(modifiers) && event.character >= U' ' && event.character != U'\x7F';
     QKeyEvent press(QEvent::KeyPress, qtKey(event), modifiers,
                     writes ? QString::fromUcs4(&event.character, 1) : QString());

@@ -84,12 +84,6 @@ public:
     ToolbarUser presenter;
 
 private:
-    static DesktopSetup withAccessibility(DesktopSetup setup)
-    {
-        setup.accessibility = true;
-        return setup;
-    }
-
     double m_scale;
 };
 

@@ -46,8 +46,9 @@ void DrawingView::openTextField(QPointF point)
                      [this](const platform::ScrollEvent &event) { scrollWheel(event); });
 
     entry->window = desktop->makeWindow(platform::WidgetRole::TextField, *field, {});
-    entry->window->setFrameOrigin(m_surface->frame().topLeft() + entry->origin + kTextFromFrame -
-                                  field->lineOrigin());
+    const QRectF screenFrame = m_surface->frame();
+    entry->window->setFrameOriginOn(screenFrame, screenFrame.topLeft() + entry->origin + kTextFromFrame -
+                                                     field->lineOrigin());
     m_textEntry = std::move(entry);
     textWindow()->orderFrontRegardless();
     textWindow()->makeKey();

@@ -14,6 +14,8 @@
 #include <QPaintEvent>
 #include <QWheelEvent>
 
+#include <array>
+
 namespace zeigewerk {
 
 namespace {
@@ -25,8 +27,10 @@ constexpr QPointF kLineOrigin(2, 4);
 /// What a line edit keeps free around its text, beside its text margins; it has no name outside Qt.
 constexpr int kOwnLeftMargin = 2;
 constexpr int kOwnTopMargin = 1;
-/// Of the wheel, in Qt's unit.
-constexpr double kAngleOfNotch = 120.0;
+/// Of the wheel, in Qt's unit …
+constexpr int kAngleOfNotch = 120;
+/// … and of the fine scrolling that takes the same way.
+constexpr double kPointsPerNotch = 15.0;
 
 /// A plain box, whatever the desktop's own style would make of a line edit, with a caret as bold as the text.
 class FieldStyle : public QCommonStyle
@@ -39,25 +43,32 @@ public:
     }
 };
 
+struct ModifierRow
+{
+    platform::Modifier ours;
+    Qt::KeyboardModifier qts;
+};
+
+constexpr std::array kModifiers = {
+    ModifierRow{platform::Modifier::Shift, Qt::ShiftModifier},
+    ModifierRow{platform::Modifier::Ctrl, Qt::ControlModifier},
+    ModifierRow{platform::Modifier::Alt, Qt::AltModifier},
+    ModifierRow{platform::Modifier::Super, Qt::MetaModifier},
+};
+
 Qt::KeyboardModifiers qtModifiers(platform::Modifiers modifiers)
 {
-    using platform::Modifier;
     Qt::KeyboardModifiers result;
-    result.setFlag(Qt::ShiftModifier, modifiers.testFlag(Modifier::Shift));
-    result.setFlag(Qt::ControlModifier, modifiers.testFlag(Modifier::Ctrl));
-    result.setFlag(Qt::AltModifier, modifiers.testFlag(Modifier::Alt));
-    result.setFlag(Qt::MetaModifier, modifiers.testFlag(Modifier::Super));
+    for (const ModifierRow &row : kModifiers)
+        result.setFlag(row.qts, modifiers.testFlag(row.ours));
     return result;
 }
 
 platform::Modifiers modifiersOf(Qt::KeyboardModifiers modifiers)
 {
-    using platform::Modifier;
     platform::Modifiers result;
-    result.setFlag(Modifier::Shift, modifiers.testFlag(Qt::ShiftModifier));
-    result.setFlag(Modifier::Ctrl, modifiers.testFlag(Qt::ControlModifier));
-    result.setFlag(Modifier::Alt, modifiers.testFlag(Qt::AltModifier));
-    result.setFlag(Modifier::Super, modifiers.testFlag(Qt::MetaModifier));
+    for (const ModifierRow &row : kModifiers)
+        result.setFlag(row.ours, modifiers.testFlag(row.qts));
     return result;
 }
 
@@ -162,6 +173,8 @@ void TextField::inputMethodEvent(QInputMethodEvent *event)
 void TextField::keyDown(const platform::KeyEvent &event)
 {
     const Qt::KeyboardModifiers modifiers = qtModifiers(event.modifiers);
+    // A dead key does nothing here: Qt composes accents of what comes to the field itself, and what reaches
+    // the canvas before was typed within a few milliseconds of the press that opens the field.
     const bool writes = !isCommand(modifiers) && event.character >= U' ' && event.character != U'\x7F';
     QKeyEvent press(QEvent::KeyPress, qtKey(event), modifiers,
                     writes ? QString::fromUcs4(&event.character, 1) : QString());
@@ -210,14 +223,19 @@ void TextField::mousePressEvent(QMouseEvent *event)
 
 void TextField::wheelEvent(QWheelEvent *event)
 {
-    // Where Qt knows pixels, the device measures finer than a notch.
-    const bool isPrecise = !event->pixelDelta().isNull();
-    const double distance =
-        isPrecise ? event->pixelDelta().y() / devicePixelRatio() : event->angleDelta().y() / kAngleOfNotch;
     event->accept();
-    if (distance != 0.0)
-        Q_EMIT scrolled(
-            {.distance = distance, .isPrecise = isPrecise, .modifiers = modifiersOf(event->modifiers())});
+    // Qt has a use of its own for Alt: with it, the wheel is the horizontal one. The pixels say nothing,
+    // since Qt makes some up for classic wheels too.
+    const bool isTurned = event->modifiers().testFlag(Qt::AltModifier);
+    const int angle = isTurned ? event->angleDelta().x() : event->angleDelta().y();
+    if (angle == 0)
+        return;
+    // As on the canvas, whole notches are a wheel's.
+    const bool isPrecise = angle % kAngleOfNotch != 0;
+    const double notches = static_cast<double>(angle) / kAngleOfNotch;
+    Q_EMIT scrolled({.distance = isPrecise ? notches * kPointsPerNotch : notches,
+                     .isPrecise = isPrecise,
+                     .modifiers = modifiersOf(event->modifiers())});
 }
 
 void TextField::contextMenuEvent(QContextMenuEvent *event)

@@ -48,8 +48,8 @@ public:
     AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock = &WallClock::now);
     ~AppDelegate() override;
 
-    /// The launch sequence: overlays, toolbar, status item, hot keys, the watch over the screens. Called
-    /// once.
+    /// The launch sequence: overlays, toolbar, status item, click monitors, hot keys, the watch over the
+    /// screens. Called once.
     void applicationDidFinishLaunching();
 
     // Modes: core/modes.cpp

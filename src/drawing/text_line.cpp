@@ -14,10 +14,11 @@ constexpr int kFontSize = 22;
 /// Glyphs are placed and hinted in whole pixels, and their outlines are rounded outwards.
 constexpr double kGlyphRounding = 2.0;
 
-/// What pasting brings along and no font has a glyph for: line ends, tabs and other control characters.
+/// What pasting brings along and would not stay on the line: line ends and most other control characters. A
+/// tab goes to the next tab stop, and fonts have a glyph for the last of the control characters.
 bool isUnwritable(QChar character)
 {
-    return character < u' ' || character == u'\x7F' || character == QChar::LineSeparator ||
+    return (character < u' ' && character != u'\t') || character == QChar::LineSeparator ||
            character == QChar::ParagraphSeparator || character == QChar::ObjectReplacementCharacter;
 }
 

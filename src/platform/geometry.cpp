@@ -64,17 +64,36 @@ QPointF ScreenLayout::pointOfPixel(QPointF nativePosition) const
 QRect ScreenLayout::nativeRect(const QRectF &frame) const
 {
     const Screen *screen = nearest(m_screens, frame.center(), [](const Screen &s) { return s.frame; });
-    if (!screen)
-        return frame.toAlignedRect();
-    const double scale = screen->scale;
-    const QPointF middle((frame.center().x() - screen->frame.left()) * scale,
-                         (screen->frame.bottom() - frame.center().y()) * scale);
+    return screen ? nativeRectOn(*screen, frame) : frame.toAlignedRect();
+}
+
+QRect ScreenLayout::nativeRectOn(const Screen &screen, const QRectF &frame)
+{
+    const double scale = screen.scale;
+    const QPointF middle((frame.center().x() - screen.frame.left()) * scale,
+                         (screen.frame.bottom() - frame.center().y()) * scale);
     // A hair less than the next whole pixel is rounding noise of the division that made the frame.
     constexpr double kNoise = 1e-6;
     const QSize size(static_cast<int>(std::ceil(frame.width() * scale - kNoise)),
                      static_cast<int>(std::ceil(frame.height() * scale - kNoise)));
     const QPointF corner = middle - QPointF(size.width(), size.height()) / 2;
-    return {screen->nativeFrame.topLeft() + QPoint(qRound(corner.x()), qRound(corner.y())), size};
+    return {screen.nativeFrame.topLeft() + QPoint(qRound(corner.x()), qRound(corner.y())), size};
+}
+
+QRect ScreenLayout::cutToScale(const Screen &screen, const QRect &nativeRect) const
+{
+    const auto wouldScale = [&](const Screen &other) {
+        return other.scale != screen.scale && other.nativeFrame.intersects(nativeRect);
+    };
+    if (screen.nativeFrame.contains(nativeRect.center()) ||
+        std::none_of(m_screens.begin(), m_screens.end(), wouldScale))
+        return nativeRect;
+    // A window is no smaller than a point.
+    const int point = static_cast<int>(std::ceil(screen.scale));
+    const QPoint last = screen.nativeFrame.bottomRight();
+    const QPoint corner(std::min(nativeRect.left(), last.x() - point + 1),
+                        std::min(nativeRect.top(), last.y() - point + 1));
+    return {corner, QPoint(std::min(nativeRect.right(), last.x()), std::min(nativeRect.bottom(), last.y()))};
 }
 
 QRectF ScreenLayout::frameOfQtRect(const QRect &qtRect) const
@@ -101,6 +120,12 @@ std::optional<Screen> ScreenLayout::screenHolding(const QRect &nativeRect) const
     return found == m_screens.end() ? std::nullopt : std::optional(*found);
 }
 
+std::optional<Screen> ScreenLayout::screenAt(QPointF point) const
+{
+    const Screen *screen = nearest(m_screens, point, [](const Screen &s) { return s.frame; });
+    return screen ? std::optional(*screen) : std::nullopt;
+}
+
 QRectF ScreenLayout::frameOfPart(const Screen &screen, const QRect &nativePart)
 {
     if (nativePart.isEmpty())
@@ -112,7 +137,7 @@ QRectF ScreenLayout::frameOfPart(const Screen &screen, const QRect &nativePart)
 
 double ScreenLayout::scaleAt(QPointF point) const
 {
-    const Screen *screen = nearest(m_screens, point, [](const Screen &s) { return s.frame; });
+    const std::optional<Screen> screen = screenAt(point);
     return screen ? screen->scale : 1.0;
 }
 

@@ -52,6 +52,11 @@ public:
     QPointF pointOfPixel(QPointF nativePosition) const;
     /// The pixels that a rectangle in points covers, at the scale of the screen under its middle.
     QRect nativeRect(const QRectF &frame) const;
+    /// The same at the scale of that screen, wherever the rectangle lies.
+    static QRect nativeRectOn(const Screen &screen, const QRectF &frame);
+    /// What of a rectangle in that screen's pixels Qt can show at that screen's scale: it gives a window the
+    /// scale of the screen under its middle, else of one that it touches.
+    QRect cutToScale(const Screen &screen, const QRect &nativeRect) const;
     /// A rectangle in Qt's global coordinates (points, y down) and the frame that it is in ours (points, y
     /// up).
     QRectF frameOfQtRect(const QRect &qtRect) const;
@@ -59,6 +64,8 @@ public:
     /// The screen that holds the largest part of the rectangle in pixels; the primary one if none holds any
     /// of it, none without screens.
     std::optional<Screen> screenHolding(const QRect &nativeRect) const;
+    /// The screen that holds the point, else the nearest; none without screens.
+    std::optional<Screen> screenAt(QPointF point) const;
     /// The frame of a part of the screen that is given in pixels; empty if that is.
     static QRectF frameOfPart(const Screen &screen, const QRect &nativePart);
     /// The scale of the screen that holds the point, else of the nearest.

@@ -19,9 +19,12 @@ public:
 
     /// Where the widget lies without its ornament: points, global coordinates, y up.
     virtual QRectF frame() const = 0;
-    /// Moves the lower left corner of the frame there: a text field to the nearest pixel, a toolbar to whole
-    /// points.
+    /// Moves the lower left corner of the frame to the nearest whole point.
     virtual void setFrameOrigin(QPointF origin) = 0;
+    /// For a text field, once, before it is shown: moves that corner to the nearest pixel of the screen with
+    /// that frame, whose scale the window then has. It may stick out of the screen; but where its middle
+    /// would lie outside and a screen of another scale begins, its widget is cut at the edge.
+    virtual void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) = 0;
 
     virtual bool isVisible() const = 0;
     /// Shows it in front of everything of its level.

@@ -65,12 +65,6 @@ public:
     ToolbarUser presenter;
 
 private:
-    static DesktopSetup withAccessibility(DesktopSetup setup)
-    {
-        setup.accessibility = true;
-        return setup;
-    }
-
     WindowWatch m_watch;
     int m_closingClicks = 0;
 };

@@ -86,6 +86,8 @@ void FocusScenarios::theKeyboardGoesBackToWhoHadIt()
             on.hotKey(key);
     }
     EVENTUALLY(on.beneath.hasFocus());
+    // Until the program has seen Esc released, it holds on to the keys.
+    EVENTUALLY(isKeyboardFree(on.session));
     on.beneath.forget();
     on.session.keyboard().tap(Key::A);
     EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});

@@ -23,6 +23,13 @@ inline QColor dimmed(const QColor &color)
     return {dim(color.red()), dim(color.green()), dim(color.blue())};
 }
 
+/// For presenters who look for buttons by their names.
+inline DesktopSetup withAccessibility(DesktopSetup setup)
+{
+    setup.accessibility = true;
+    return setup;
+}
+
 /// What every scenario begins with: somebody presents an ordinary window, which has the keyboard, and the
 /// program waits for its hot keys.
 class Presentation

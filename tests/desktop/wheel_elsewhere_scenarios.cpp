@@ -1,37 +1,20 @@
 // Alt and the wheel over other applications.
 
-#include "presentation.h"
-#include "settings_file.h"
+#include "spotlight_radius.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
 
 namespace {
 
-/// As many points as the spotlight's radius when nothing is stored, and by a notch of the wheel.
-constexpr int kRadius = 90;
-constexpr int kNotch = 8;
-const QPoint kMiddle(600, 400);
-
-/// Whether the spotlight's edge is that far from its middle.
 bool reaches(Presentation &on, int radius)
 {
-    const Screenshot seen = on.session.screenshot();
-    const QColor ground = on.beneathColor();
-    return seen.pixel(kMiddle + QPoint(radius - 3, 0)) == ground &&
-           seen.pixel(kMiddle + QPoint(radius + 3, 0)) == dimmed(ground) &&
-           seen.pixel(kMiddle - QPoint(0, radius - 3)) == ground &&
-           seen.pixel(kMiddle - QPoint(0, radius + 3)) == dimmed(ground);
-}
-
-QString storedRadius(const Presentation &on)
-{
-    return SettingsFile(on.session).value("ZeigewerkSpotRadius");
+    return reaches(on.session, radius, on.beneathColor());
 }
 
 bool isStored(const Presentation &on, int radius)
 {
-    return storedRadius(on) == QString::number(radius);
+    return isStored(on.session, radius);
 }
 
 /// No window manager, since most of them have a use of their own for Alt and the wheel.
@@ -130,8 +113,8 @@ void WheelElsewhereScenarios::withoutTheSpotlightItDoesNothing()
     on.session.keyboard().chord({Key::Ctrl}, Key::S);
     EVENTUALLY(reaches(on, kRadius));
     QVERIFY(on.session.pointer().wheel(1));
-    EVENTUALLY(!storedRadius(on).isEmpty());
-    QCOMPARE(storedRadius(on), QString::number(kRadius + kNotch));
+    EVENTUALLY(!storedRadius(on.session).isEmpty());
+    QCOMPARE(storedRadius(on.session), QString::number(kRadius + kNotch));
 }
 
 void WheelElsewhereScenarios::overOurOwnWindowsItCountsOnceOrNotAtAll()
@@ -162,7 +145,7 @@ void WheelElsewhereScenarios::overOurOwnWindowsItCountsOnceOrNotAtAll()
     QVERIFY(on.session.pointer().moveTo(kMiddle));
     QVERIFY(on.session.pointer().wheel(1));
     EVENTUALLY(reaches(on, kRadius + 2 * kNotch));
-    QCOMPARE(storedRadius(on), QString::number(kRadius + 2 * kNotch));
+    QCOMPARE(storedRadius(on.session), QString::number(kRadius + 2 * kNotch));
 }
 
 void WheelElsewhereScenarios::aScrollAxisIsHeardInsteadOfItsButtons()

@@ -1,31 +1,6 @@
-#include "presentation.h"
-#include "settings_file.h"
+#include "spotlight_radius.h"
 
 using namespace zeigewerk::rig;
-
-namespace {
-
-/// As many points as the spotlight's radius when nothing is stored, and by a notch of the wheel.
-constexpr int kRadius = 90;
-constexpr int kNotch = 8;
-const QPoint kMiddle(600, 400);
-
-/// Whether the spotlight's edge is that far from its middle, on that ground.
-bool reaches(DesktopSession &session, int radius, const QColor &ground)
-{
-    const Screenshot seen = session.screenshot();
-    return seen.pixel(kMiddle + QPoint(radius - 3, 0)) == ground &&
-           seen.pixel(kMiddle + QPoint(radius + 3, 0)) == dimmed(ground) &&
-           seen.pixel(kMiddle - QPoint(0, radius - 3)) == ground &&
-           seen.pixel(kMiddle - QPoint(0, radius + 3)) == dimmed(ground);
-}
-
-QString storedRadius(const DesktopSession &session)
-{
-    return SettingsFile(session).value("ZeigewerkSpotRadius");
-}
-
-} // namespace
 
 Q_DECLARE_METATYPE(zeigewerk::rig::Compositor)
 
@@ -58,7 +33,7 @@ void WheelScenarios::theWheelWidensTheSpotlightForGood()
     QVERIFY(on.session.pointer().wheel(-2));
     const int chosen = kRadius + 3 * kNotch;
     EVENTUALLY(reaches(on.session, chosen, Qt::white));
-    EVENTUALLY(storedRadius(on.session) == QString::number(chosen));
+    EVENTUALLY(isStored(on.session, chosen));
 
     QCOMPARE(on.program.terminate(), std::optional(0));
     Program again(on.session);
@@ -78,7 +53,7 @@ void WheelScenarios::withoutACompositorTheWheelIsHeardToo()
     EVENTUALLY(isGrabbedByAnother(on.session, {}, Key::Escape));
     on.beneath.forget();
     QVERIFY(on.session.pointer().wheel(2));
-    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius + 2 * kNotch));
+    EVENTUALLY(isStored(on.session, kRadius + 2 * kNotch));
     QVERIFY(on.beneath.presses(Pointer::WheelUp).isEmpty());
 
     on.hotKey(Key::W);
@@ -155,18 +130,18 @@ void WheelScenarios::aScrollAxisIsHeardInsteadOfItsButtons()
 
     // The first notch counts already, and each counts once.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius + kNotch));
+    EVENTUALLY(isStored(on.session, kRadius + kNotch));
     QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
-    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius - 2 * kNotch));
+    EVENTUALLY(isStored(on.session, kRadius - 2 * kNotch));
     EVENTUALLY(reaches(on.session, kRadius - 2 * kNotch, Qt::white));
     // Fingers: a third of a notch is five points.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch / 3));
-    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius - 2 * kNotch + 6));
+    EVENTUALLY(isStored(on.session, kRadius - 2 * kNotch + 6));
     // The classic wheel beside it.
     QVERIFY(on.session.pointer().wheel(1));
-    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius - kNotch + 6));
+    EVENTUALLY(isStored(on.session, kRadius - kNotch + 6));
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    EVENTUALLY(storedRadius(on.session) == QString::number(kRadius + 6));
+    EVENTUALLY(isStored(on.session, kRadius + 6));
     QVERIFY(on.beneath.presses(Pointer::WheelUp).isEmpty());
 }
 
@@ -186,7 +161,7 @@ void WheelScenarios::whatAScrollAxisDidElsewhereDoesNotCount()
         EVENTUALLY(on.hasKeyboard());
         EVENTUALLY(reaches(on.session, kRadius + (round - 1) * kNotch, Qt::white));
         QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-        EVENTUALLY(storedRadius(on.session) == QString::number(kRadius + round * kNotch));
+        EVENTUALLY(isStored(on.session, kRadius + round * kNotch));
         on.session.keyboard().tap(Key::Escape);
         EVENTUALLY(on.beneath.hasFocus());
         EVENTUALLY(on.pixel({10, 10}) == on.beneathColor());

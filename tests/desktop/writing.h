@@ -24,8 +24,14 @@ public:
     static constexpr QRect kAroundPress = QRect(-4, -4, 330, 40);
 
     explicit Writing(const DesktopSetup &setup = {}, double scale = 1.0)
-        : Presentation(withAccessibility(setup),
-                       {{"QT_SCREEN_SCALE_FACTORS", QString("DUMMY0=%1;DUMMY1=%1").arg(scale)}})
+        : Writing(setup, scale, scale)
+    {
+    }
+    /// With that scale on the first screen and another one on the second.
+    Writing(const DesktopSetup &setup, double scale, double scaleOfSecond)
+        : Presentation(
+              withAccessibility(setup),
+              {{"QT_SCREEN_SCALE_FACTORS", QString("DUMMY0=%1;DUMMY1=%2").arg(scale).arg(scaleOfSecond)}})
         , presenter(session, program, scale)
         , m_scale(scale)
     {
@@ -78,12 +84,6 @@ public:
     ToolbarUser presenter;
 
 private:
-    static DesktopSetup withAccessibility(DesktopSetup setup)
-    {
-        setup.accessibility = true;
-        return setup;
-    }
-
     double m_scale;
 };
 

@@ -113,7 +113,8 @@ void TextFieldPictureTest::typedTextStandsWhereItWillBeDrawn_data()
              {QStringLiteral("Lg"), QStringLiteral("Ärger"), QStringLiteral("jÅ|"), QStringLiteral("  x"),
               QStringLiteral("שלום"), QStringLiteral("שלום, abc!"), QStringLiteral("abc, שלום!"),
               QStringLiteral("  שלום abc  "), QStringLiteral("12 שלום 34"), QStringLiteral("مرحبا abc"),
-              QStringLiteral("東京 x"), QStringLiteral("ไทย"), QStringLiteral("😀 x")})
+              QStringLiteral("東京 x"), QStringLiteral("ไทย"), QStringLiteral("😀 x"), QStringLiteral("a\tb"),
+              QStringLiteral("\tWelt\t!"), QStringLiteral("a\x7F") + u'b', QStringLiteral("a\nb\x01") + u'c'})
             QTest::addRow("scale %g, %s", scale, qPrintable(typed)) << scale << typed;
     }
 }
@@ -137,6 +138,9 @@ void TextFieldPictureTest::typedTextStandsWhereItWillBeDrawn()
     // And the same letters, in the same order.
     QVERIFY(isCoveredBy(typedPicture, drawnPicture));
     QVERIFY(isCoveredBy(drawnPicture, typedPicture));
+    // All of which is repainted when the text is.
+    const QRectF area = textLineArea(field.lineOrigin(), text);
+    QVERIFY(area.left() * scale <= drawn.left() && drawn.right() < area.right() * scale);
 }
 
 void TextFieldPictureTest::textThatIsTooLongForTheFieldStaysOnItsLine_data()

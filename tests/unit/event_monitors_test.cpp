@@ -48,6 +48,21 @@ std::vector<platform::RecordingSurface *> effects(const Controller &controller)
     return controller.desktop.surfaces(SurfaceRole::Effect);
 }
 
+/// What outlives a controller.
+struct Surroundings
+{
+    platform::RecordingDesktop desktop;
+    QTemporaryDir home;
+    UserDefaults defaults{home.filePath("settings.ini")};
+
+    std::unique_ptr<AppDelegate> begin()
+    {
+        auto app = std::make_unique<AppDelegate>(desktop, defaults);
+        app->applicationDidFinishLaunching();
+        return app;
+    }
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(zeigewerk::platform::MonitoredEvents)
@@ -228,38 +243,32 @@ void EventMonitorsTest::theRadiusIsThereAtTheNextStart()
 
 void EventMonitorsTest::theRingsGoWithTheController()
 {
-    platform::RecordingDesktop desktop;
-    QTemporaryDir home;
-    UserDefaults defaults(home.filePath("settings.ini"));
+    Surroundings around;
     {
-        AppDelegate app(desktop, defaults);
-        app.applicationDidFinishLaunching();
-        app.toggleClicks();
-        desktop.eventMonitor().pressLeft();
-        desktop.eventMonitor().pressLeft();
+        const auto app = around.begin();
+        app->toggleClicks();
+        around.desktop.eventMonitor().pressLeft();
+        around.desktop.eventMonitor().pressLeft();
         QCOMPARE(ClickRing::live.rings.size(), std::size_t(2));
     }
     QVERIFY(ClickRing::live.rings.empty());
     QVERIFY(!ClickRing::live.timer);
-    QVERIFY(desktop.surfaces(SurfaceRole::Effect).empty());
+    QVERIFY(around.desktop.surfaces(SurfaceRole::Effect).empty());
 }
 
 void EventMonitorsTest::whatArrivesAfterTheControllerDoesNothing()
 {
-    platform::RecordingDesktop desktop;
-    QTemporaryDir home;
-    UserDefaults defaults(home.filePath("settings.ini"));
+    Surroundings around;
     {
-        AppDelegate app(desktop, defaults);
-        app.applicationDidFinishLaunching();
-        app.toggleClicks();
-        app.toggleSpot();
+        const auto app = around.begin();
+        app->toggleClicks();
+        app->toggleSpot();
     }
-    desktop.takeLog();
-    desktop.eventMonitor().pressLeftLate();
-    desktop.eventMonitor().scrollLate(altNotches(1));
-    QCOMPARE(desktop.takeLog(), QStringList());
-    QVERIFY(!defaults.doubleForKey(kSpotRadiusKey));
+    around.desktop.takeLog();
+    around.desktop.eventMonitor().pressLeftLate();
+    around.desktop.eventMonitor().scrollLate(altNotches(1));
+    QCOMPARE(around.desktop.takeLog(), QStringList());
+    QVERIFY(!around.defaults.doubleForKey(kSpotRadiusKey));
 }
 
 QTEST_MAIN(EventMonitorsTest)

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void aScreensFrameIsItsPixelsAgain();
     void everyPixelIsOnTheScreenThatHoldsIt();
     void effectsAreCentredOnThePixelUnderThePointer();
+    void aWindowIsCutWhereAnotherScaleBegins();
     void aRectangleHoldsItsLowerLeftEdgesOnly();
     void viewPointsMakeARoundTrip_data();
     void viewPointsMakeARoundTrip();
@@ -117,6 +118,19 @@ void GeometryTest::effectsAreCentredOnThePixelUnderThePointer()
         QVERIFY(std::abs(ring.x() + ring.width() / 2.0 - (pixel.x() + 0.5)) <= 0.5);
         QVERIFY(std::abs(ring.y() + ring.height() / 2.0 - (pixel.y() + 0.5)) <= 0.5);
     }
+}
+
+void GeometryTest::aWindowIsCutWhereAnotherScaleBegins()
+{
+    const ScreenLayout layout = mixedScales();
+    const Screen &left = layout.screens().at(0);
+    const auto cut = [&](const QRect &window) { return layout.cutToScale(left, window); };
+    // Its middle is on its screen, on another one, and on none beside another one and beside none.
+    QCOMPARE(cut({1800, 100, 240, 32}), QRect(1800, 100, 240, 32));
+    QCOMPARE(cut({1801, 100, 340, 32}), QRect(1801, 100, 119, 32));
+    QCOMPARE(cut({1801, -20, 340, 32}), QRect(1801, -20, 119, 32));
+    QCOMPARE(cut({1919, -200, 340, 32}), QRect(1919, -200, 340, 32));
+    QCOMPARE(cut({1920, 100, 340, 32}), QRect(1919, 100, 1, 32));
 }
 
 void GeometryTest::aRectangleHoldsItsLowerLeftEdgesOnly()

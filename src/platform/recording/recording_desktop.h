@@ -68,6 +68,7 @@ public:
 
     QRectF frame() const override;
     void setFrameOrigin(QPointF origin) override;
+    void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) override;
     bool isVisible() const override { return m_visible; }
     void orderFrontRegardless() override;
     void orderOut() override;

@@ -37,6 +37,11 @@ void RecordingWindow::setFrameOrigin(QPointF origin)
     m_origin = layout.frameOfQtRect(layout.qtRect({origin, frame().size()})).topLeft();
 }
 
+void RecordingWindow::setFrameOriginOn(const QRectF &, QPointF origin)
+{
+    setFrameOrigin(origin);
+}
+
 void RecordingWindow::orderFrontRegardless()
 {
     m_desktop.note(m_name + QStringLiteral(": order front"));

@@ -145,6 +145,12 @@ void Connection::resume()
     readEvents();
 }
 
+void Connection::catchUp()
+{
+    roundTrip();
+    handleQueuedEvents();
+}
+
 void Connection::readEvents()
 {
     if (m_isPaused)

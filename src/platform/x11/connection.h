@@ -35,6 +35,8 @@ public:
     /// Leaves the events that come alone, until it is told to go on.
     void pause();
     void resume();
+    /// Handles what has happened by now, unless it is paused.
+    void catchUp();
 
     xcb_connection_t *xcb() const { return m_xcb; }
     xcb_window_t root() const { return m_screen->root; }

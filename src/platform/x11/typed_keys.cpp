@@ -1,7 +1,9 @@
 #include "platform/x11/typed_keys.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -13,6 +15,8 @@ constexpr char kMark[] = "_ZEIGEWERK_TYPED_KEYS";
 /// The mark comes back within a millisecond; should it get lost, the pointer must not wait for ever.
 constexpr std::chrono::seconds kPatience(1);
 constexpr std::uint8_t kEventType = 0x7F;
+/// More than anybody types before Qt reads the first of it. Some never come to Qt, as those of hot keys.
+constexpr std::size_t kMostRemembered = 256;
 
 /// With the number that xcb puts behind the first 32 bytes.
 std::size_t sizeOf(const xcb_input_button_press_event_t &event)
@@ -26,6 +30,27 @@ bool isLater(xcb_timestamp_t one, xcb_timestamp_t other)
     return static_cast<std::int32_t>(one - other) > 0;
 }
 
+const xcb_input_button_press_event_t &pressOf(const std::vector<char> &bytes)
+{
+    return *reinterpret_cast<const xcb_input_button_press_event_t *>(bytes.data());
+}
+
+/// What core events are made of.
+std::vector<xcb_input_device_id_t> masterKeyboards(Connection &connection)
+{
+    const auto cookie = xcb_input_xi_query_device(connection.xcb(), XCB_INPUT_DEVICE_ALL_MASTER);
+    const auto reply = owned(xcb_input_xi_query_device_reply(connection.xcb(), cookie, nullptr));
+    std::vector<xcb_input_device_id_t> keyboards;
+    if (!reply)
+        return keyboards;
+    for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem;
+         xcb_input_xi_device_info_next(&device)) {
+        if (device.data->type == XCB_INPUT_DEVICE_TYPE_MASTER_KEYBOARD)
+            keyboards.push_back(device.data->deviceid);
+    }
+    return keyboards;
+}
+
 } // namespace
 
 TypedKeys::TypedKeys(Connection &connection, HandlePress handlePress, HandleKey handleKey)
@@ -36,6 +61,7 @@ TypedKeys::TypedKeys(Connection &connection, HandlePress handlePress, HandleKey 
     m_patience.setSingleShot(true);
     m_patience.setInterval(kPatience);
     m_patience.callOnTimeout(this, &TypedKeys::resume);
+    QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
 TypedKeys::~TypedKeys()
@@ -43,93 +69,235 @@ TypedKeys::~TypedKeys()
     QCoreApplication::instance()->removeNativeEventFilter(this);
 }
 
+void TypedKeys::keyboardComes(xcb_window_t window)
+{
+    if (!m_isHolding)
+        setWindow(window);
+}
+
+void TypedKeys::keyboardGoes()
+{
+    if (!m_isHolding)
+        setWindow(XCB_NONE);
+}
+
 void TypedKeys::letGoBefore(const xcb_input_button_press_event_t &press, xcb_window_t window)
 {
+    setWindow(window);
     const auto *bytes = reinterpret_cast<const char *>(&press);
     m_press.assign(bytes, bytes + sizeOf(press));
-    m_window = window;
+    m_canvas = press.event;
+    hold();
+}
+
+void TypedKeys::windowCloses(xcb_window_t window, QWidget &widget, xcb_window_t canvas)
+{
+    if (window != m_window)
+        return;
+    if (!m_isHolding) {
+        if (canvas == XCB_NONE || canvas == window)
+            return setWindow(XCB_NONE);
+        m_canvas = canvas;
+        hold();
+    }
+    m_closed = &widget;
+    widget.installEventFilter(this);
+}
+
+void TypedKeys::setWindow(xcb_window_t window)
+{
+    if (m_closed)
+        m_closed->removeEventFilter(this);
+    m_closed.clear();
+    if (window == m_window)
+        return;
+    const bool wasNone = std::exchange(m_window, window) == XCB_NONE;
+    m_down.reset();
+    m_repeats.clear();
+    if (wasNone || window == XCB_NONE)
+        announceKeys(window != XCB_NONE);
+}
+
+void TypedKeys::announceKeys(bool on)
+{
+    m_announced.clear();
+    // Raw events of all masters at once are a selection of its own, which others make.
+    for (const xcb_input_device_id_t keyboard : masterKeyboards(m_connection)) {
+        struct
+        {
+            xcb_input_event_mask_t head;
+            std::uint32_t mask;
+        } selection = {{keyboard, 1}, on ? XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS : 0U};
+        xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
+    }
+}
+
+void TypedKeys::hold()
+{
+    m_isHolding = true;
     m_connection.pause();
-    QCoreApplication::instance()->installNativeEventFilter(this);
-    sendMark();
     m_patience.start();
+    if (!sendMark())
+        resumeFrom(m_mark);
 }
 
-const xcb_input_button_press_event_t &TypedKeys::press() const
+bool TypedKeys::sendMark()
 {
-    return *reinterpret_cast<const xcb_input_button_press_event_t *>(m_press.data());
-}
-
-void TypedKeys::sendMark()
-{
-    // The server sends a window's events to a client in order, so this one arrives after the keys.
+    // The server sends a window's events to a client in order, so this one arrives after the keys; none does
+    // if the window is gone.
     xcb_client_message_event_t event = {};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = m_window;
     event.type = m_connection.atom(kMark);
     event.data.data32[0] = ++m_mark;
-    xcb_send_event(m_connection.xcb(), false, m_window, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char *>(&event));
-    m_connection.flush();
+    const auto cookie = xcb_send_event_checked(m_connection.xcb(), false, m_window, XCB_EVENT_MASK_NO_EVENT,
+                                               reinterpret_cast<const char *>(&event));
+    return !owned(xcb_request_check(m_connection.xcb(), cookie));
+}
+
+bool TypedKeys::isMark(const xcb_client_message_event_t &event)
+{
+    return event.type == m_connection.atom(kMark);
 }
 
 bool TypedKeys::nativeEventFilter(const QByteArray &eventType, void *message, qintptr *)
 {
-    if (eventType != "xcb_generic_event_t")
+    if (m_window == XCB_NONE || eventType != "xcb_generic_event_t")
         return false;
     switch (static_cast<const xcb_generic_event_t *>(message)->response_type & kEventType) {
     case XCB_KEY_PRESS: {
         const auto &key = *static_cast<const xcb_key_press_event_t *>(message);
-        if (!isAfterPress(key))
-            return false;
-        m_keysAfter.push_back(key);
-        return true;
+        // What was done on the canvases before it comes first.
+        if (key.event == m_window && !m_isHolding)
+            m_connection.catchUp();
+        return key.event == m_window && takes(key);
     }
-    case XCB_CLIENT_MESSAGE:
-        if (!isMark(*static_cast<const xcb_client_message_event_t *>(message)))
+    case XCB_KEY_RELEASE: {
+        const auto &key = *static_cast<const xcb_key_release_event_t *>(message);
+        if (key.event == m_window)
+            m_down.reset(key.detail);
+        return false;
+    }
+    case XCB_CLIENT_MESSAGE: {
+        const auto &event = *static_cast<const xcb_client_message_event_t *>(message);
+        if (!isMark(event))
             return false;
         // Qt has read the keys by now, and hands them on when it has read all that there is.
-        QMetaObject::invokeMethod(this, &TypedKeys::resume, Qt::QueuedConnection);
+        resumeFrom(event.data.data32[0]);
         return true;
+    }
     default:
         return false;
     }
 }
 
-bool TypedKeys::isMark(const xcb_client_message_event_t &event)
+bool TypedKeys::takes(const xcb_key_press_event_t &event)
 {
-    return event.type == m_connection.atom(kMark) && event.data.data32[0] == m_mark;
+    const bool isRepeat = m_down.test(event.detail);
+    m_down.set(event.detail);
+    if (isRepeat)
+        remember(m_repeats, keyOf(event));
+    // What was announced came before everything that has not been read on our connection.
+    const bool isEarly = wasAnnounced(keyOf(event));
+    if (!m_isHolding)
+        return false;
+    const bool waits = m_press.empty() ? !isEarly : !isEarly && isAfterPress(event.time);
+    if (!waits && !m_closed)
+        return false;
+    // Repeats belong to whom the hand pressed the key for.
+    if (isRepeat)
+        return true;
+    if (waits)
+        m_waiting.push_back(event);
+    else
+        m_handleKey(m_canvas, event);
+    return true;
 }
 
-bool TypedKeys::isAfterPress(const xcb_key_press_event_t &event) const
+bool TypedKeys::wasAnnounced(const Key &key)
 {
-    return !m_press.empty() && event.event == m_window && isLater(event.time, press().time);
+    const auto found = std::find(m_announced.begin(), m_announced.end(), key);
+    if (found == m_announced.end())
+        return false;
+    m_announced.erase(m_announced.begin(), found + 1);
+    return true;
+}
+
+bool TypedKeys::isAfterPress(xcb_timestamp_t time) const
+{
+    return !isLater(pressOf(m_press).time, time);
+}
+
+bool TypedKeys::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_closed.data() || event->type() != QEvent::KeyPress)
+        return false;
+    // Qt had read it before it handled the key that closed the window.
+    const auto &key = static_cast<const QKeyEvent &>(*event);
+    xcb_key_press_event_t native = {};
+    native.detail = static_cast<xcb_keycode_t>(key.nativeScanCode());
+    native.state = static_cast<std::uint16_t>(key.nativeModifiers());
+    native.time = static_cast<xcb_timestamp_t>(key.timestamp());
+    if (std::find(m_repeats.begin(), m_repeats.end(), keyOf(native)) == m_repeats.end())
+        m_handleKey(m_canvas, native);
+    return true;
+}
+
+void TypedKeys::resumeFrom(std::uint32_t mark)
+{
+    const auto resumeIfCurrent = [this, mark] {
+        if (mark == m_mark)
+            resume();
+    };
+    QMetaObject::invokeMethod(this, resumeIfCurrent, Qt::QueuedConnection);
 }
 
 void TypedKeys::resume()
 {
-    if (m_press.empty())
+    if (!m_isHolding)
         return; // it took longer than there was patience for
     m_patience.stop();
-    QCoreApplication::instance()->removeNativeEventFilter(this);
+    m_isHolding = false;
+    setWindow(XCB_NONE);
     const std::vector<char> held = std::exchange(m_press, {});
-    const auto &press = *reinterpret_cast<const xcb_input_button_press_event_t *>(held.data());
-    m_canvas = press.event;
-    m_handlePress(press);
+    if (!held.empty())
+        m_handlePress(pressOf(held));
     // Whatever else was done before the last of those keys has arrived after this, and comes in its turn.
     m_connection.roundTrip();
     m_connection.resume();
-    if (m_press.empty() && !m_keysAfter.empty())
-        catchUpWith(m_keysAfter.back().time);
+    // There are keys that nobody announces: those that a program sends to the window by itself.
+    while (!m_isHolding && !m_waiting.empty())
+        handleFirst();
+}
+
+void TypedKeys::keyAnnounced(const xcb_input_raw_key_press_event_t &event)
+{
+    const Key key{event.time, event.detail};
+    catchUpWith(key.time);
+    if (!m_waiting.empty() && key == keyOf(m_waiting.front()))
+        return handleFirst();
+    remember(m_announced, key);
+}
+
+void TypedKeys::remember(std::deque<Key> &keys, const Key &key)
+{
+    keys.push_back(key);
+    if (keys.size() > kMostRemembered)
+        keys.pop_front();
 }
 
 void TypedKeys::catchUpWith(xcb_timestamp_t time)
 {
-    while (!m_keysAfter.empty() && !isLater(m_keysAfter.front().time, time)) {
-        const xcb_key_press_event_t key = m_keysAfter.front();
-        m_keysAfter.pop_front();
-        m_handleKey(m_canvas, key);
-    }
+    while (!m_isHolding && !m_waiting.empty() && isLater(time, m_waiting.front().time))
+        handleFirst();
+}
+
+void TypedKeys::handleFirst()
+{
+    const xcb_key_press_event_t key = m_waiting.front();
+    m_waiting.pop_front();
+    m_handleKey(m_canvas, key);
 }
 
 } // namespace zeigewerk::platform::x11

@@ -145,6 +145,8 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
         return m_scrolling.devicesChanged(event);
     if (event.event_type == XCB_INPUT_ENTER)
         return m_scrolling.catchUp();
+    if (event.event_type == XCB_INPUT_RAW_KEY_PRESS)
+        return m_typedKeys.keyAnnounced(reinterpret_cast<const xcb_input_raw_key_press_event_t &>(event));
     const auto &input = reinterpret_cast<const xcb_input_button_press_event_t &>(event);
     X11Surface *surface = surfaceOf(input.event);
     if (!surface)
@@ -183,7 +185,7 @@ void X11Desktop::handlePress(const xcb_input_button_press_event_t &press)
 void X11Desktop::handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &key)
 {
     if (X11Surface *surface = surfaceOf(canvas))
-        surface->keyPressed(m_keymap.keyEvent(key));
+        pressKey(*surface, key);
 }
 
 void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
@@ -198,12 +200,17 @@ void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
     } else if (surface) {
         if (!m_heldKeys.isPress(event.detail))
             return;
-        m_focus.keyIsHandled(event.detail);
-        surface->keyPressed(m_keymap.keyEvent(event));
-        m_focus.noKeyIsHandled();
+        pressKey(*surface, event);
     } else if (event.event == m_connection->root()) {
         m_hotKeys.keyPressed(event);
     }
+}
+
+void X11Desktop::pressKey(X11Surface &surface, const xcb_key_press_event_t &key)
+{
+    m_focus.keyIsHandled(key.detail);
+    surface.keyPressed(m_keymap.keyEvent(key));
+    m_focus.noKeyIsHandled();
 }
 
 void X11Desktop::selectionChanged(const xcb_xfixes_selection_notify_event_t &event)

@@ -44,12 +44,17 @@ public:
     HotKeys &hotKeys() override { return m_hotKeys; }
     EventMonitor &eventMonitor() override { return m_eventMonitor; }
     void activate() override { m_focus.borrow(); }
-    void deactivate() override { m_focus.handBack(); }
+    void deactivate() override
+    {
+        m_focus.handBack();
+        m_typedKeys.keyboardGoes();
+    }
 
     Connection &connection() { return *m_connection; }
     const ScreenLayout &layout() const { return m_screens.layout(); }
     Focus &focus() { return m_focus; }
     Stacking &stacking() { return m_stacking; }
+    TypedKeys &typedKeys() { return m_typedKeys; }
 
     void surfaceMade(X11Surface &surface) { m_surfaces.push_back(&surface); }
     void surfaceGone(X11Surface &surface);
@@ -65,6 +70,7 @@ private:
     void handlePress(const xcb_input_button_press_event_t &press);
     void handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &key);
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
+    void pressKey(X11Surface &surface, const xcb_key_press_event_t &key);
     void selectionChanged(const xcb_xfixes_selection_notify_event_t &event);
     void tellOfCompositor();
     void displayAll();

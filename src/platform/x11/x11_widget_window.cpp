@@ -4,6 +4,7 @@
 #include "platform/x11/x11_desktop.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
 
@@ -47,11 +48,37 @@ QRectF X11WidgetWindow::frame() const
 
 void X11WidgetWindow::setFrameOrigin(QPointF origin)
 {
-    m_origin = origin;
     const QRectF wanted(origin, frame().size());
     m_widget.move(m_desktop.layout().qtRect(wanted).marginsAdded(m_ornament).topLeft());
-    if (m_visible)
-        placeToThePixel();
+}
+
+void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin)
+{
+    const ScreenLayout &layout = m_desktop.layout();
+    const std::optional<Screen> screen = layout.screenAt(screenFrame.center());
+    if (!screen)
+        return setFrameOrigin(origin);
+    const QRectF wanted(origin, QSizeF(m_widget.size()));
+    const QRect whole = ScreenLayout::nativeRectOn(*screen, wanted);
+    const QRect window = layout.cutToScale(*screen, whole);
+    m_nativeCorner = window.topLeft();
+    if (window != whole) {
+        const QSizeF size = QSizeF(window.size()) / screen->scale;
+        m_widget.setFixedSize(qMax(1, qFloor(size.width())), qMax(1, qFloor(size.height())));
+    }
+    putOnScreen(screen->name);
+    // Qt counts each screen's points from its native corner.
+    const QPoint home = screen->nativeFrame.topLeft();
+    const QPointF points = QPointF(window.topLeft() - home) / screen->scale;
+    m_widget.move(home + QPoint(qFloor(points.x()), qFloor(points.y())));
+}
+
+void X11WidgetWindow::putOnScreen(const QString &name)
+{
+    for (QScreen *screen : QGuiApplication::screens()) {
+        if (screen->name() == name)
+            m_widget.setScreen(screen);
+    }
 }
 
 void X11WidgetWindow::orderFrontRegardless()
@@ -73,6 +100,7 @@ void X11WidgetWindow::orderOut()
     // It may just have lost the keyboard to another of our windows, which must have it before this one goes:
     // else the keys in between go to whatever lies beneath.
     m_connection.roundTrip();
+    m_desktop.typedKeys().windowCloses(m_window, m_widget, m_desktop.focus().key());
     m_widget.hide();
     m_desktop.focus().forget(m_window);
     m_desktop.stacking().windowHidden();
@@ -93,6 +121,7 @@ void X11WidgetWindow::makeKey()
     // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
     if (!m_visible || m_role == WidgetRole::Toolbar)
         return;
+    m_desktop.typedKeys().keyboardComes(m_window);
     m_desktop.focus().give(m_window);
     // So that the keys which a canvas got until now are at hand before those that come to the widget.
     m_connection.roundTrip();
@@ -136,14 +165,12 @@ void X11WidgetWindow::adoptNativeWindow()
 
 void X11WidgetWindow::placeToThePixel()
 {
-    if (m_role != WidgetRole::TextField)
+    if (!m_nativeCorner)
         return;
     // After Qt's own request.
     m_connection.roundTripOfAdopted();
-    const QRectF wanted(m_origin, QSizeF(m_widget.size().shrunkBy(m_ornament)));
-    const QPoint corner = m_desktop.layout().nativeRect(wanted).topLeft();
-    const std::array values = {static_cast<std::uint32_t>(corner.x()),
-                               static_cast<std::uint32_t>(corner.y())};
+    const std::array values = {static_cast<std::uint32_t>(m_nativeCorner->x()),
+                               static_cast<std::uint32_t>(m_nativeCorner->y())};
     xcb_configure_window(m_connection.xcb(), m_window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
                          values.data());
     m_connection.flush();

@@ -6,6 +6,8 @@
 #include <QMargins>
 #include <QWidget>
 
+#include <optional>
+
 namespace zeigewerk::platform::x11 {
 
 class X11Desktop;
@@ -22,6 +24,7 @@ public:
 
     QRectF frame() const override;
     void setFrameOrigin(QPointF origin) override;
+    void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) override;
     bool isVisible() const override { return m_visible; }
     void orderFrontRegardless() override;
     void orderOut() override;
@@ -40,6 +43,7 @@ public:
 private:
     void show();
     void adoptNativeWindow();
+    void putOnScreen(const QString &name);
     void placeToThePixel();
     /// Tells the server which part of the window is the frame, and takes the pointer.
     void describeFrame();
@@ -51,8 +55,8 @@ private:
     QWidget &m_widget;
     QMargins m_ornament;
     xcb_window_t m_window = XCB_NONE;
-    /// Where a text field is to lie; Qt itself knows whole points only.
-    QPointF m_origin;
+    /// Where a text field is to lie in pixels; Qt itself knows whole points only.
+    std::optional<QPoint> m_nativeCorner;
     bool m_visible = false;
     bool m_ignoresMouseEvents = false;
     quint64 m_orderedFront = 0;

@@ -12,23 +12,19 @@ namespace zeigewerk::rig {
 namespace {
 
 constexpr std::chrono::seconds kPatience{1};
-/// The times of events are in milliseconds. No hand is so quick that what follows a click has the time of its
-/// press, and only the time says which of the two came first where they reach a program on two connections.
-constexpr std::chrono::milliseconds kShortestPress{2};
 
 } // namespace
 
-void Pointer::send(int type, int detail, QPoint place, std::chrono::milliseconds delay)
+void Pointer::send(int type, int detail, QPoint place)
 {
     xcb_test_fake_input(m_client.connection(), static_cast<std::uint8_t>(type),
-                        static_cast<std::uint8_t>(detail), static_cast<std::uint32_t>(delay.count()),
-                        m_client.root(), static_cast<std::int16_t>(place.x()),
-                        static_cast<std::int16_t>(place.y()), 0);
+                        static_cast<std::uint8_t>(detail), XCB_CURRENT_TIME, m_client.root(),
+                        static_cast<std::int16_t>(place.x()), static_cast<std::int16_t>(place.y()), 0);
 }
 
-void Pointer::fake(int type, int detail, QPoint place, std::chrono::milliseconds delay)
+void Pointer::fake(int type, int detail, QPoint place)
 {
-    send(type, detail, place, delay);
+    send(type, detail, place);
     m_client.roundTrip();
 }
 
@@ -47,7 +43,7 @@ bool Pointer::press(int button)
 
 bool Pointer::release(int button)
 {
-    fake(XCB_BUTTON_RELEASE, button, {}, kShortestPress);
+    fake(XCB_BUTTON_RELEASE, button, {});
     return awaitButton(button, false);
 }
 

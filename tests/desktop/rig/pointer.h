@@ -4,8 +4,6 @@
 #include <QList>
 #include <QPoint>
 
-#include <chrono>
-
 namespace zeigewerk::rig {
 
 class Client;
@@ -54,8 +52,8 @@ public:
     QPoint location() const;
 
 private:
-    void send(int type, int detail, QPoint place, std::chrono::milliseconds delay = {});
-    void fake(int type, int detail, QPoint place, std::chrono::milliseconds delay = {});
+    void send(int type, int detail, QPoint place);
+    void fake(int type, int detail, QPoint place);
     bool awaitButton(int button, bool down);
 
     Client &m_client;

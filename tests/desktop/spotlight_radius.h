@@ -1,0 +1,36 @@
+// How wide the spotlight is, for scenarios with the wheel.
+#pragma once
+
+#include "presentation.h"
+#include "settings_file.h"
+
+namespace zeigewerk::rig {
+
+/// As many points as the spotlight's radius when nothing is stored, and by a notch of the wheel.
+inline constexpr int kRadius = 90;
+inline constexpr int kNotch = 8;
+/// Where these scenarios have the spotlight.
+inline constexpr QPoint kMiddle = QPoint(600, 400);
+
+/// Whether the spotlight's edge is that far from its middle, on that ground.
+inline bool reaches(DesktopSession &session, int radius, const QColor &ground)
+{
+    const Screenshot seen = session.screenshot();
+    return seen.pixel(kMiddle + QPoint(radius - 3, 0)) == ground &&
+           seen.pixel(kMiddle + QPoint(radius + 3, 0)) == dimmed(ground) &&
+           seen.pixel(kMiddle - QPoint(0, radius - 3)) == ground &&
+           seen.pixel(kMiddle - QPoint(0, radius + 3)) == dimmed(ground);
+}
+
+/// Empty if none is stored.
+inline QString storedRadius(const DesktopSession &session)
+{
+    return SettingsFile(session).value("ZeigewerkSpotRadius");
+}
+
+inline bool isStored(const DesktopSession &session, int radius)
+{
+    return storedRadius(session) == QString::number(radius);
+}
+
+} // namespace zeigewerk::rig

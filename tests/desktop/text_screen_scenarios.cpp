@@ -1,0 +1,109 @@
+// A text field at the edge of its screen, beside one of another scale.
+#include "writing.h"
+
+using namespace zeigewerk::rig;
+
+namespace {
+
+constexpr QRect kScreen(0, 0, 1280, 1024);
+constexpr QRect kScreenBeside(1280, 0, 1600, 900);
+constexpr QRect kScreenBelow(0, 1024, 1600, 900);
+/// With room for a press beneath the toolbar at twice its size.
+constexpr QRect kLargeScreen(0, 0, 2560, 1440);
+constexpr QRect kScreenBesideLarge(2560, 0, 1600, 1440);
+
+/// Where the window is that has the keyboard.
+QRect keyboardAt(Writing &on)
+{
+    const auto window = on.session.client().window(on.session.client().inputFocus());
+    return window ? window->geometry : QRect();
+}
+
+bool isNearPoint(QPoint a, QPoint b)
+{
+    return std::abs(a.x() - b.x()) <= 1 && std::abs(a.y() - b.y()) <= 1;
+}
+
+} // namespace
+
+class TextScreenScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theFieldHasTheScaleOfItsScreen_data();
+    void theFieldHasTheScaleOfItsScreen();
+    void aCutFieldShowsTheTextWhereItStays();
+};
+
+void TextScreenScenarios::theFieldHasTheScaleOfItsScreen_data()
+{
+    QTest::addColumn<QList<QRect>>("screens");
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<double>("scaleOfSecond");
+    QTest::addColumn<QPoint>("press");
+    QTest::addColumn<double>("scaleThere");
+    QTest::addColumn<QSize>("size");
+
+    const QList<QRect> row = {kScreen, kScreenBeside};
+    const QList<QRect> largeRow = {kLargeScreen, kScreenBesideLarge};
+    const QList<QRect> column = {kScreen, kScreenBelow};
+    // As much of the field as its own screen has room for.
+    QTest::newRow("beside a denser screen") << row << 1.0 << 2.0 << QPoint(1200, 100) << 1.0 << QSize(79, 32);
+    QTest::newRow("beside the last line of a denser screen")
+        << row << 1.0 << 2.0 << QPoint(1200, 900) << 1.0 << QSize(79, 32);
+    QTest::newRow("at the very edge") << row << 1.0 << 2.0 << QPoint(1279, 100) << 1.0 << QSize(1, 32);
+    QTest::newRow("beside a coarser screen")
+        << largeRow << 2.0 << 1.0 << QPoint(2380, 1350) << 2.0 << QSize(179, 64);
+    QTest::newRow("beside one with a broken scale")
+        << row << 1.0 << 1.5 << QPoint(1200, 100) << 1.0 << QSize(79, 32);
+    QTest::newRow("above a denser screen")
+        << column << 1.0 << 2.0 << QPoint(300, 1015) << 1.0 << QSize(340, 12);
+    // Its middle stays on its screen, and the rest lies over the other one.
+    QTest::newRow("a little over the edge")
+        << row << 1.0 << 2.0 << QPoint(1100, 100) << 1.0 << QSize(340, 32);
+    QTest::newRow("beside a screen of the same scale")
+        << row << 1.0 << 1.0 << QPoint(1200, 100) << 1.0 << QSize(340, 32);
+    QTest::newRow("on the denser screen") << row << 1.0 << 2.0 << QPoint(1400, 300) << 2.0 << QSize(680, 64);
+    QTest::newRow("on the coarser screen") << row << 2.0 << 1.0 << QPoint(1400, 300) << 1.0 << QSize(340, 32);
+}
+
+void TextScreenScenarios::theFieldHasTheScaleOfItsScreen()
+{
+    QFETCH(QList<QRect>, screens);
+    QFETCH(double, scale);
+    QFETCH(double, scaleOfSecond);
+    QFETCH(QPoint, press);
+    QFETCH(double, scaleThere);
+    QFETCH(QSize, size);
+    Writing on({.screens = screens}, scale, scaleOfSecond);
+    QVERIFY(on.session.pointer().clickAt(press));
+    const QPoint corner = press - QPoint(0, qRound(4 * scaleThere));
+    const auto isThere = [&] {
+        const QRect field = keyboardAt(on);
+        return isNearPoint(field.topLeft(), corner) &&
+               isNearPoint({field.width(), field.height()}, {size.width(), size.height()});
+    };
+
+    EVENTUALLY(isThere());
+}
+
+void TextScreenScenarios::aCutFieldShowsTheTextWhereItStays()
+{
+    const QPoint press(1200, 900);
+    Writing on({.screens = {kScreen, kScreenBeside}}, 1.0, 2.0);
+    QVERIFY(on.session.pointer().clickAt(press));
+    EVENTUALLY(keyboardAt(on).width() < kScreen.width());
+    on.session.keyboard().type("m");
+    // Without the caret.
+    const QRect letter(press, QSize(20, 17));
+    const auto ink = [&] { return on.session.screenshot().bounds(kInk, letter, 8); };
+    EVENTUALLY(!ink().isEmpty());
+    const QRect typed = ink();
+    on.session.keyboard().tap(Key::Return);
+    EVENTUALLY(keyboardAt(on) == kScreen);
+    EVENTUALLY(isNear(ink(), typed));
+}
+
+QTEST_GUILESS_MAIN(TextScreenScenarios)
+#include "text_screen_scenarios.moc"

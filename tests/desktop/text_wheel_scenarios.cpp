@@ -1,0 +1,77 @@
+// The wheel over a presenter's text field does what it does on the canvas beneath.
+#include "spotlight_radius.h"
+#include "writing.h"
+
+using namespace zeigewerk::rig;
+
+namespace {
+
+/// A field is open under the pointer, and the spotlight on. No window manager, since most of them have a use
+/// of their own for Alt and the wheel.
+class FieldUnderPointer : public Writing
+{
+public:
+    explicit FieldUnderPointer(Mice mice = Mice::XTestOnly)
+        : Writing({.windowManager = WindowManager::None, .mice = mice})
+    {
+        if (!open(kMiddle) || !session.pointer().moveTo(kMiddle + QPoint(100, 10)))
+            throw RigError("no field is open under the pointer");
+        hotKey(Key::S);
+        if (!eventually([&] { return pixel({10, 10}) == dimmed(beneathColor()) && isTyping(); }))
+            throw RigError("there is no spotlight");
+    }
+};
+
+} // namespace
+
+class TextWheelScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theClassicWheelResizesTheSpotlight();
+    void aScrollAxisResizesTheSpotlight();
+};
+
+void TextWheelScenarios::theClassicWheelResizesTheSpotlight()
+{
+    FieldUnderPointer on;
+    QVERIFY(on.session.pointer().wheel(2));
+    EVENTUALLY(isStored(on.session, kRadius + 2 * kNotch));
+    on.session.keyboard().press(Key::Alt);
+    QVERIFY(on.session.pointer().wheel(-3));
+    EVENTUALLY(isStored(on.session, kRadius - kNotch));
+    on.session.keyboard().release(Key::Alt);
+    // It is no horizontal wheel.
+    QVERIFY(on.session.pointer().click(Pointer::WheelRight));
+    QVERIFY(on.session.pointer().wheel(1));
+    EVENTUALLY(isStored(on.session, kRadius));
+}
+
+void TextWheelScenarios::aScrollAxisResizesTheSpotlight()
+{
+    if (!ScrollMouse::isAvailable())
+        QSKIP("this X server comes without its test driver for input devices");
+    FieldUnderPointer on(Mice::WithScrollAxis);
+    ScrollMouse mouse(on.session.display().scrollMousePath());
+    // From the first notch Qt learns where the axis stands, and no more. When the letter shows, it has.
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    on.session.keyboard().type("m");
+    EVENTUALLY(!on.inkAt(kMiddle).isEmpty());
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(isStored(on.session, kRadius + kNotch));
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(isStored(on.session, kRadius + 2 * kNotch));
+    QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
+    EVENTUALLY(isStored(on.session, kRadius - kNotch));
+    // Fingers: a third of a notch is five points.
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch / 3));
+    EVENTUALLY(isStored(on.session, kRadius - kNotch + 6));
+    on.session.keyboard().press(Key::Alt);
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(isStored(on.session, kRadius + 6));
+    on.session.keyboard().release(Key::Alt);
+}
+
+QTEST_GUILESS_MAIN(TextWheelScenarios)
+#include "text_wheel_scenarios.moc"

@@ -24,8 +24,8 @@ public:
 
     /// Puts our windows, mapped or not, in their order above the others.
     void restack();
-    /// Puts one of our windows, which is not mapped yet, in its place among the others. They keep theirs: with
-    /// hundreds of them, each new one would else move all.
+    /// Puts one of our windows, which is not mapped yet, in its place among the others. They keep theirs:
+    /// with hundreds of them, each new one would else move all.
     void insert(xcb_window_t window);
     /// Something was raised or mapped: looks a little later whether our order still holds.
     void checkSoon();

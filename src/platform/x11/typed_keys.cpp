@@ -127,7 +127,7 @@ void TypedKeys::announceKeys(bool on)
         {
             xcb_input_event_mask_t head;
             std::uint32_t mask;
-        } selection = {{keyboard, 1}, on ? XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS : 0U};
+        } selection = {{keyboard, 1}, on ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS} : 0U};
         xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
     }
 }

@@ -22,8 +22,9 @@ Costs Costs::operator*(double factor) const
 
 void awaitRest(rig::DesktopSession &session, qint64 programId)
 {
-    // Longer than a frame of the compositor and than any timer of ours but those of the fading.
-    constexpr std::chrono::milliseconds kRest = 100ms;
+    // Longer than a frame of the compositor, and than the quarter of a second after which the program has a
+    // last look at what another window's coming or going did to the order of windows.
+    constexpr std::chrono::milliseconds kRest = 300ms;
     const auto deadline = std::chrono::steady_clock::now() + 60s;
     while (std::chrono::steady_clock::now() < deadline) {
         const Costs before = Costs::of(session, programId);

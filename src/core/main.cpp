@@ -19,6 +19,9 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "zeigewerk: %s\n", qPrintable(problem));
         return EXIT_FAILURE;
     }
+    // One is what whoever started it twice wants.
+    if (!connection->becomeOnlyInstance())
+        return EXIT_SUCCESS;
     qputenv("QT_QPA_PLATFORM", connection->qtPlatform());
 
     // Qt's own event loop wakes up for a third less than glib's. Whatever we start is not to be told.

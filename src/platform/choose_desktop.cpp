@@ -1,5 +1,6 @@
 #include "platform/choose_desktop.h"
 
+#include "platform/x11/only_instance.h"
 #include "platform/x11/x11_desktop.h"
 
 namespace zeigewerk::platform {
@@ -14,6 +15,7 @@ public:
     {
     }
 
+    bool becomeOnlyInstance() override { return x11::becomeOnlyInstance(*m_connection); }
     QByteArray qtPlatform() const override { return QByteArrayLiteral("xcb"); }
     std::unique_ptr<Desktop> makeDesktop() override
     {

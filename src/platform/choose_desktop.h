@@ -14,6 +14,8 @@ class DesktopConnection
 public:
     virtual ~DesktopConnection() = default;
 
+    /// Whether this is the only one of our programs on the desktop; from then on it is, until the connection ends.
+    virtual bool becomeOnlyInstance() = 0;
     /// The name of Qt's platform plugin that belongs to it.
     virtual QByteArray qtPlatform() const = 0;
     /// The desktop; needs the application object. Called once.

@@ -16,6 +16,9 @@ private Q_SLOTS:
     void signalsEndItInOrder();
     void afterAKillTheDesktopIsUsable();
     void waitingItSleeps();
+    void aSecondStartEndsQuietly();
+    void ofTwoStartsAtOnceOneStays();
+    void oneThatWasKilledIsInNobodysWay();
 };
 
 void ProcessScenarios::withoutADisplayItSaysSoAndEnds_data()
@@ -82,6 +85,49 @@ void ProcessScenarios::waitingItSleeps()
     // What was under way ends; from then on nothing happens any more.
     EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
     QVERIFY(sleepsFor(on.program.processId(), 4s));
+}
+
+void ProcessScenarios::aSecondStartEndsQuietly()
+{
+    Presentation on;
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    for (int i = 0; i < 3; ++i) {
+        Program second(on.session);
+        QCOMPARE(second.waitForExit(), std::optional(0));
+        QVERIFY(second.output().isEmpty());
+    }
+    // The first one goes on as if nothing had been.
+    QVERIFY(on.program.isRunning());
+    QVERIFY(on.hasKeyboard());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.beneath.hasFocus() && on.overlays().isEmpty());
+}
+
+void ProcessScenarios::ofTwoStartsAtOnceOneStays()
+{
+    DesktopSession session;
+    for (int i = 0; i < 3; ++i) {
+        Program one(session);
+        Program other(session);
+        EVENTUALLY(!one.isRunning() || !other.isRunning());
+        Program &gone = one.isRunning() ? other : one;
+        Program &stays = one.isRunning() ? one : other;
+        QCOMPARE(gone.waitForExit(), std::optional(0));
+        QVERIFY(stays.waitUntilReady());
+        QCOMPARE(stays.terminate(), std::optional(0));
+    }
+}
+
+void ProcessScenarios::oneThatWasKilledIsInNobodysWay()
+{
+    DesktopSession session;
+    Program first(session);
+    QVERIFY(first.waitUntilReady());
+    QCOMPARE(kill(static_cast<pid_t>(first.processId()), SIGKILL), 0);
+    EVENTUALLY(!first.isRunning());
+    Program second(session);
+    QVERIFY(second.waitUntilReady());
 }
 
 QTEST_GUILESS_MAIN(ProcessScenarios)

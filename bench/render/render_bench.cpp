@@ -206,6 +206,20 @@ void scribble(Program &program, int count)
     program.surface().display();
 }
 
+void onePenSampleAboveScribbles(benchmark::State &state)
+{
+    Program program;
+    program.app.toggleDraw();
+    scribble(program, static_cast<int>(state.range(0)));
+    program.view().mouseDown({penPoint(0), {}});
+    int sample = 1;
+    while (state.KeepRunning()) {
+        program.view().mouseDragged({penPoint(sample++), {}});
+        program.surface().display();
+    }
+}
+BENCHMARK(onePenSampleAboveScribbles)->Arg(0)->Arg(10'000)->Unit(benchmark::kMicrosecond);
+
 void wholeCanvasOfScribbles(benchmark::State &state)
 {
     Program program;

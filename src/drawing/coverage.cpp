@@ -86,8 +86,8 @@ Coverage::Coverage(platform::PaintTarget &target)
     , m_rect(target.rect())
     , m_stride(m_rect.width() + platform::PaintTarget::kMargin)
     , m_values(target.workingMemory())
-    , m_spans(static_cast<std::size_t>(m_rect.height()))
 {
+    std::fill_n(m_spans.begin(), m_rect.height(), Span());
 }
 
 void Coverage::addLine(QPointF from, QPointF to, double halfWidth)

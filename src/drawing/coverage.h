@@ -5,7 +5,7 @@
 #include <QPointF>
 #include <QRect>
 
-#include <vector>
+#include <array>
 
 namespace zeigewerk {
 
@@ -31,8 +31,8 @@ private:
     /// The pixels of a row that may be covered.
     struct Span
     {
-        int begin = 0;
-        int end = 0;
+        int begin;
+        int end;
     };
 
     /// How far each pixel of a row is covered, from 0 to 1.
@@ -43,7 +43,8 @@ private:
     QRect m_rect;
     int m_stride;
     float *m_values;
-    std::vector<Span> m_spans;
+    /// One for each row of the part; the rest is not in use.
+    std::array<Span, platform::PaintTarget::kMaxSide> m_spans;
 };
 
 } // namespace zeigewerk

@@ -6,7 +6,7 @@ set -euo pipefail
 # To build the program, its tests and its benchmarks.
 build_packages=(
     cmake ninja-build g++ pkg-config
-    qt6-base-dev libqt6svg6-dev libgl-dev
+    qt6-base-dev qt6-svg-dev libgl-dev
     libxcb1-dev libxcb-shm0-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-shape0-dev libxcb-cursor-dev
     libxcb-xkb-dev libxcb-randr0-dev libxcb-damage0-dev libxcb-xtest0-dev libxcb-res0-dev libxkbcommon-dev
     libxkbcommon-x11-dev

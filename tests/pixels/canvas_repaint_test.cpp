@@ -56,6 +56,12 @@ void CanvasRepaintTest::fullRepaintsHaveTheirReasons()
     canvas.display();
     canvas.pass(4.2);
     canvas.display();
+    canvas.draw(thickLine({50, 250}, {350, 50}));
+    canvas.display();
+    canvas.app().undoShape();
+    canvas.display();
+    canvas.app().clearAll();
+    canvas.display();
     QCOMPARE(counts(), std::pair(0, 0));
     canvas.app().toggleBoard();
     canvas.display();
@@ -63,6 +69,8 @@ void CanvasRepaintTest::fullRepaintsHaveTheirReasons()
     canvas.app().toggleSpot();
     canvas.display();
     canvas.movePointer({100, 100});
+    canvas.display();
+    canvas.view().scrollWheel({.distance = 3.0, .isPrecise = false, .modifiers = {}});
     canvas.display();
     QCOMPARE(counts(), std::pair(1, 1));
     canvas.app().toggleBoard();

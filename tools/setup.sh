@@ -83,7 +83,9 @@ build() {
     mkdir -p "$folder"
     if [ ! -f "$folder/build.ninja" ]; then
         say "Configuring $folder …"
-        cmake --preset "$preset" -DZEIGEWERK_WERROR="${ZEIGEWERK_WERROR:-OFF}" >"$folder/configure.log" 2>&1 ||
+        cmake --preset "$preset" \
+            -DZEIGEWERK_WERROR="${ZEIGEWERK_WERROR:-OFF}" \
+            ${ZEIGEWERK_BENCH:+-DZEIGEWERK_BENCH="$ZEIGEWERK_BENCH"} >"$folder/configure.log" 2>&1 ||
             { tail -n 30 "$folder/configure.log" >&2; fail "Configuring failed; see $folder/configure.log"; }
     fi
     ninja -C "$folder" -n "$@" | grep -q 'no work to do' && return 0

@@ -15,10 +15,15 @@ void PaintTarget::select(const QRect &rect)
 {
     m_painting.reset();
     m_rect = rect;
-    const auto width = static_cast<std::size_t>(rect.width());
-    const auto height = static_cast<std::size_t>(rect.height());
-    m_pixels.assign(width * height, 0);
-    m_workingMemory.resize((width + kMargin) * height);
+    m_pixels.assign(static_cast<std::size_t>(rect.width()) * static_cast<std::size_t>(rect.height()), 0);
+}
+
+float *PaintTarget::workingMemory()
+{
+    // Only what strokes needs it, which a spotlight on an empty canvas does not.
+    m_workingMemory.resize(static_cast<std::size_t>(m_rect.width() + kMargin) *
+                           static_cast<std::size_t>(m_rect.height()));
+    return m_workingMemory.data();
 }
 
 void PaintTarget::fill(std::uint32_t premultiplied)

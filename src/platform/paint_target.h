@@ -43,7 +43,7 @@ public:
     void fill(std::uint32_t premultiplied);
     /// Working memory: as many zeros as the part has pixels, and `kMargin` more for each row. Whoever writes
     /// there leaves zeros behind, so that nobody has to clear it.
-    float *workingMemory() { return m_workingMemory.data(); }
+    float *workingMemory();
 
     /// Paints in view coordinates on the part, for what is not worth painting pixel by pixel.
     QPainter &painter();

@@ -8,7 +8,6 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace zeigewerk::platform::x11 {

@@ -118,12 +118,6 @@ bool Damage::touches(const QRectF &rect) const
                        [&](const QRectF &damaged) { return touch(damaged, normalized); });
 }
 
-QRectF Damage::boundingRect() const
-{
-    return m_rects.empty() ? QRectF()
-                           : std::accumulate(m_rects.begin() + 1, m_rects.end(), m_rects.front(), united);
-}
-
 void Damage::addPiece(const QRectF &piece, double longestShortSide)
 {
     if (m_everything || m_rects.empty() || !isFinite(piece) || !touch(m_rects.back(), piece)) {

@@ -35,9 +35,6 @@ public:
     bool isEverything() const { return m_everything; }
     /// The rectangles; meaningless when the damage is everything.
     const std::vector<QRectF> &rects() const { return m_rects; }
-    /// The smallest rectangle around all of them; meaningless when there are none or the damage is
-    /// everything.
-    QRectF boundingRect() const;
     /// Whether any part of `rect`, its edges included, is damaged.
     bool touches(const QRectF &rect) const;
 

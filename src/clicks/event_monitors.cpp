@@ -33,7 +33,7 @@ void AppDelegate::updateEventMonitor()
 {
     MonitoredEvents events;
     events.setFlag(Monitored::LeftPresses, m_clicksOn);
-    events.setFlag(Monitored::Wheel, m_spotlightOn);
+    events.setFlag(Monitored::WheelWithAlt, m_spotlightOn);
     m_desktop.eventMonitor().setListening(events);
 }
 

@@ -9,12 +9,12 @@ namespace zeigewerk::platform {
 /// What an event monitor can be asked to tell of.
 enum class Monitored {
     LeftPresses = 1 << 0,
-    Wheel = 1 << 1,
+    WheelWithAlt = 1 << 1,
 };
 Q_DECLARE_FLAGS(MonitoredEvents, Monitored)
 Q_DECLARE_OPERATORS_FOR_FLAGS(MonitoredEvents)
 
-/// A step of the wheel anywhere on the desktop.
+/// A step of the wheel, made while Alt was held, anywhere on the desktop.
 struct MonitoredScroll
 {
     ScrollEvent event;
@@ -37,7 +37,7 @@ public:
     /// Called once for each press of the left button; who has swapped the buttons has it elsewhere. Where the
     /// pointer is, the desktop tells.
     virtual void setLeftPressHandler(std::function<void()> handler) = 0;
-    /// Called once for each step of the wheel.
+    /// Called once for each step of the wheel that was made while Alt was held, and perhaps for others.
     virtual void setScrollHandler(std::function<void(const MonitoredScroll &)> handler) = 0;
 };
 

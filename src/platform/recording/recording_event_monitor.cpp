@@ -10,7 +10,7 @@ void RecordingEventMonitor::pressLeft() const
 
 void RecordingEventMonitor::scroll(const MonitoredScroll &scroll) const
 {
-    if (m_listening.testFlag(Monitored::Wheel))
+    if (m_listening.testFlag(Monitored::WheelWithAlt))
         scrollLate(scroll);
 }
 

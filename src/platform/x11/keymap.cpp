@@ -1,10 +1,6 @@
-// The X server's header names a field `explicit`, which C++ keeps for itself.
-#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
-#include <xcb/xkb.h>
-#undef explicit
-
 #include "platform/x11/keymap.h"
 #include "platform/x11/modifiers.h"
+#include "platform/x11/xkb.h"
 
 #include <xkbcommon/xkbcommon-x11.h>
 

@@ -104,9 +104,7 @@ std::optional<ScrollEvent> Scrolling::pointerMoved(const xcb_input_button_press_
     if (m_isStale)
         readDevices();
     const auto found = m_axes.find(event.sourceid);
-    // The numbers wrap round.
-    const bool isOld = static_cast<std::int32_t>(event.full_sequence - m_readBy) < 0;
-    if (found == m_axes.end() || isOld)
+    if (found == m_axes.end() || isFromBeforeReading(event.full_sequence))
         return std::nullopt;
     Axis &axis = found->second;
     const std::optional<double> value = valueOf(event, axis.number);
@@ -132,21 +130,31 @@ std::optional<ScrollEvent> Scrolling::rawMoved(const xcb_input_raw_motion_event_
 
 std::optional<ScrollEvent> Scrolling::buttonPressed(const xcb_input_button_press_event_t &event) const
 {
-    return step(event.detail, event.flags, event.sourceid);
+    return isOfAxis(event.flags, event.sourceid) ? std::nullopt : step(event.detail);
 }
 
 std::optional<ScrollEvent> Scrolling::rawButtonPressed(const xcb_input_raw_button_press_event_t &event,
                                                        std::uint32_t button) const
 {
-    return step(button, event.flags, event.sourceid);
+    const bool isToldByAxis =
+        isOfAxis(event.flags, event.sourceid) && !isFromBeforeReading(event.full_sequence);
+    return isToldByAxis ? std::nullopt : step(button);
 }
 
-std::optional<ScrollEvent> Scrolling::step(std::uint32_t button, std::uint32_t flags,
-                                           xcb_input_device_id_t source) const
+bool Scrolling::isOfAxis(std::uint32_t flags, xcb_input_device_id_t source) const
 {
     const bool isEmulated = (flags & XCB_INPUT_POINTER_EVENT_FLAGS_POINTER_EMULATED) != 0;
-    if (isEmulated && m_axes.count(source) > 0)
-        return std::nullopt;
+    return isEmulated && m_axes.count(source) > 0;
+}
+
+bool Scrolling::isFromBeforeReading(std::uint32_t sequence) const
+{
+    // The numbers wrap round.
+    return static_cast<std::int32_t>(sequence - m_readBy) < 0;
+}
+
+std::optional<ScrollEvent> Scrolling::step(std::uint32_t button)
+{
     if (button == kWheelUp)
         return ScrollEvent{.distance = 1.0, .isPrecise = false, .modifiers = {}};
     if (button == kWheelDown)

@@ -26,7 +26,7 @@ public:
     std::optional<ScrollEvent> buttonPressed(const xcb_input_button_press_event_t &event) const;
 
     /// The same for raw events, which do not apply the user's order of the buttons: that must have been done
-    /// for `button`.
+    /// for `button`. What an axis did before `catchUp` is told by its button.
     std::optional<ScrollEvent> rawMoved(const xcb_input_raw_motion_event_t &event);
     std::optional<ScrollEvent> rawButtonPressed(const xcb_input_raw_button_press_event_t &event,
                                                 std::uint32_t button) const;
@@ -39,8 +39,11 @@ private:
     };
 
     void readDevices();
-    std::optional<ScrollEvent> step(std::uint32_t button, std::uint32_t flags,
-                                    xcb_input_device_id_t source) const;
+    /// Whether a button was pressed only on behalf of a scroll axis.
+    bool isOfAxis(std::uint32_t flags, xcb_input_device_id_t source) const;
+    /// Whether an event of that number says nothing that the last reading of the axes did not.
+    bool isFromBeforeReading(std::uint32_t sequence) const;
+    static std::optional<ScrollEvent> step(std::uint32_t button);
 
     Connection &m_connection;
     /// Of the physical devices that have one, by device id.

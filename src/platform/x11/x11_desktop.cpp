@@ -126,9 +126,10 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
     default:
         break;
     }
-    if (type == m_connection->xkbEvent())
-        m_keymap.invalidate();
-    else if (m_screens.isChangeEvent(type))
+    if (type == m_connection->xkbEvent()) {
+        if (!m_eventMonitor.handleXkb(event))
+            m_keymap.invalidate();
+    } else if (m_screens.isChangeEvent(type))
         m_screens.changeAnnounced();
     else if (m_compositor.isChangeEvent(type))
         selectionChanged(as<xcb_xfixes_selection_notify_event_t>(event));

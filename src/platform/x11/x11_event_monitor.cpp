@@ -8,22 +8,12 @@ namespace {
 
 constexpr std::uint32_t kLeftButton = 1;
 
-std::uint32_t rawEventsFor(MonitoredEvents events)
-{
-    std::uint32_t mask = 0;
-    if (events)
-        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
-    // Scroll axes move in motion events.
-    if (events.testFlag(Monitored::Wheel))
-        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
-    return mask;
-}
-
 } // namespace
 
 X11EventMonitor::X11EventMonitor(Connection &connection)
     : m_connection(connection)
     , m_scrolling(connection)
+    , m_alt(connection)
 {
 }
 
@@ -32,18 +22,41 @@ void X11EventMonitor::setListening(MonitoredEvents events)
     const MonitoredEvents before = std::exchange(m_listening, events);
     if (events == before)
         return;
-    if (events.testFlag(Monitored::Wheel) && !before.testFlag(Monitored::Wheel))
+    const bool hearsWheel = events.testFlag(Monitored::WheelWithAlt);
+    if (hearsWheel != before.testFlag(Monitored::WheelWithAlt))
+        m_alt.setWatching(hearsWheel);
+    selectRawEvents();
+    listenToAxes(hearsWheel && m_alt.isHeld());
+    // So that the very next click, whoever makes it, is heard.
+    m_connection.roundTrip();
+}
+
+void X11EventMonitor::listenToAxes(bool listens)
+{
+    if (listens == m_hearsAxes)
+        return;
+    m_hearsAxes = listens;
+    selectRawEvents();
+    // A step made since Alt was pressed, and before this is known, counts by the button that goes with it.
+    if (listens)
         m_scrolling.catchUp();
+}
+
+void X11EventMonitor::selectRawEvents()
+{
+    std::uint32_t mask = 0;
+    if (m_listening)
+        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
+    if (m_hearsAxes)
+        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
     // Of the master devices, since each raw event comes once for the physical device and once for its master.
     // The changes of devices are selected for all of them, which is a selection of its own.
     struct
     {
         xcb_input_event_mask_t head;
         std::uint32_t mask;
-    } selection = {{XCB_INPUT_DEVICE_ALL_MASTER, 1}, rawEventsFor(events)};
+    } selection = {{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask};
     xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
-    // So that the very next click, whoever makes it, is heard.
-    m_connection.roundTrip();
 }
 
 bool X11EventMonitor::handle(const xcb_ge_generic_event_t &event)
@@ -58,12 +71,20 @@ bool X11EventMonitor::handle(const xcb_ge_generic_event_t &event)
         buttonPressed(raw);
         return true;
     case XCB_INPUT_RAW_MOTION:
-        if (m_listening.testFlag(Monitored::Wheel))
+        if (m_hearsAxes)
             tellOfScroll(m_scrolling.rawMoved(raw));
         return true;
     default:
         return false;
     }
+}
+
+bool X11EventMonitor::handleXkb(const xcb_generic_event_t &event)
+{
+    if (!m_alt.handle(event))
+        return false;
+    listenToAxes(m_listening.testFlag(Monitored::WheelWithAlt) && m_alt.isHeld());
+    return true;
 }
 
 void X11EventMonitor::buttonPressed(const xcb_input_raw_button_press_event_t &event)
@@ -74,7 +95,7 @@ void X11EventMonitor::buttonPressed(const xcb_input_raw_button_press_event_t &ev
     const std::uint32_t button = logicalButton(event.detail);
     if (button == kLeftButton && m_listening.testFlag(Monitored::LeftPresses) && m_leftPress)
         m_leftPress();
-    if (m_listening.testFlag(Monitored::Wheel))
+    if (m_listening.testFlag(Monitored::WheelWithAlt))
         tellOfScroll(m_scrolling.rawButtonPressed(event, button));
 }
 

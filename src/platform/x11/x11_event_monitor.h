@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/event_monitor.h"
+#include "platform/x11/alt_watch.h"
 #include "platform/x11/connection.h"
 #include "platform/x11/scrolling.h"
 
@@ -26,15 +27,23 @@ public:
 
     /// An event of X Input; true if it concerns nobody else.
     bool handle(const xcb_ge_generic_event_t &event);
+    /// An event of XKB; the same.
+    bool handleXkb(const xcb_generic_event_t &event);
 
 private:
+    void listenToAxes(bool listens);
+    void selectRawEvents();
     void buttonPressed(const xcb_input_raw_button_press_event_t &event);
     std::uint32_t logicalButton(std::uint32_t physicalButton) const;
     void tellOfScroll(std::optional<ScrollEvent> scroll) const;
 
     Connection &m_connection;
     Scrolling m_scrolling;
+    AltWatch m_alt;
     MonitoredEvents m_listening;
+    /// Scroll axes move in motion events, each of which wakes the program: they are heard only while Alt is
+    /// held.
+    bool m_hearsAxes = false;
     std::function<void()> m_leftPress;
     std::function<void(const MonitoredScroll &)> m_scroll;
 };

@@ -36,6 +36,17 @@ double distanceToFarthestCorner(const QRectF &rect, QPointF point)
     return std::hypot(dx, dy);
 }
 
+/// What lies in the outer rectangle and not in the inner one, which it holds.
+Damage frameAround(const QRectF &inner, const QRectF &outer)
+{
+    Damage frame;
+    frame.add(QRectF(outer.topLeft(), QPointF(outer.right(), inner.top())));
+    frame.add(QRectF(QPointF(outer.left(), inner.top()), inner.bottomLeft()));
+    frame.add(QRectF(inner.topRight(), QPointF(outer.right(), inner.bottom())));
+    frame.add(QRectF(QPointF(outer.left(), inner.bottom()), outer.bottomRight()));
+    return frame;
+}
+
 } // namespace
 
 void DrawingView::setCursorPoint(QPointF point)
@@ -148,14 +159,23 @@ Damage DrawingView::shapesArea() const
 
 Damage DrawingView::holesArea(const Hole &before, const Hole &after) const
 {
-    Damage damage;
+    std::vector<QRectF> areas;
+    // What is clear in both stays as it is. A square of it is left out, since the edge of the circle in more
+    // rectangles costs the X server more than the pixels.
+    QRectF core = m_bounds;
     for (const Hole &hole : {before, after}) {
         // The radius may be infinite; beyond the bounds nothing shows.
         const double radius = std::min(distanceToFarthestCorner(m_bounds, hole.middle), hole.radius);
         const QRectF area = withEdge(square(hole.middle, radius)) & m_bounds;
         if (!area.isEmpty())
-            damage.add(area);
+            areas.push_back(area);
+        core &= square(hole.middle, std::max(radius - kEdge, 0.0) * M_SQRT1_2);
     }
+    if (!core.isEmpty())
+        return frameAround(core, areas.front() | areas.back());
+    Damage damage;
+    for (const QRectF &area : areas)
+        damage.add(area);
     return damage;
 }
 

@@ -4,19 +4,6 @@
 
 namespace zeigewerk {
 
-void Box::add(QPointF point)
-{
-    add(Box{point.x(), point.y(), point.x(), point.y()});
-}
-
-void Box::add(const Box &other)
-{
-    left = std::min(left, other.left);
-    bottom = std::min(bottom, other.bottom);
-    right = std::max(right, other.right);
-    top = std::max(top, other.top);
-}
-
 Polyline::Polyline(const std::vector<QPointF> &points)
 {
     reserve(points.size());

@@ -35,8 +35,14 @@ struct Box
     static Box of(const QRectF &rect) { return {rect.left(), rect.top(), rect.right(), rect.bottom()}; }
 
     bool isEmpty() const { return right < left; }
-    void add(QPointF point);
-    void add(const Box &other);
+    void add(QPointF point) { add(Box{point.x(), point.y(), point.x(), point.y()}); }
+    void add(const Box &other)
+    {
+        left = std::min(left, other.left);
+        bottom = std::min(bottom, other.bottom);
+        right = std::max(right, other.right);
+        top = std::max(top, other.top);
+    }
     Box grown(double margin) const { return {left - margin, bottom - margin, right + margin, top + margin}; }
     /// Whether they have a point in common; an empty one has none with any.
     bool touches(const Box &other) const

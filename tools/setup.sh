@@ -15,7 +15,7 @@ build_packages=(
 # A virtual desktop: display, window manager, compositor, session bus, accessibility bus, keyboard maps, a font.
 desktop_packages=(
     xserver-xorg-core xserver-xorg-video-dummy xkb-data x11-xkb-utils x11-xserver-utils
-    openbox picom dbus dbus-daemon at-spi2-core fonts-dejavu-core
+    openbox xfwm4 i3-wm picom dbus dbus-daemon at-spi2-core fonts-dejavu-core
 )
 
 say() { printf '%s\n' "$*"; }
@@ -68,7 +68,7 @@ name_missing_tools() {
         pkg-config --exists "$module" 2>/dev/null || missing+=("$module (development files)")
     done
     if [[ " $* " == *" openbox "* ]]; then
-        for tool in Xorg openbox picom dbus-daemon xkbcomp; do
+        for tool in Xorg openbox xfwm4 i3 picom dbus-daemon xkbcomp; do
             command -v "$tool" >/dev/null || [ -x "/usr/lib/xorg/$tool" ] || missing+=("$tool")
         done
         [ -e /usr/share/dbus-1/services/org.a11y.Bus.service ] || missing+=("the accessibility bus of at-spi2")

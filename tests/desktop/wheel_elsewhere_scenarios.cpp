@@ -191,7 +191,7 @@ void WheelElsewhereScenarios::afterwardsTheProgramSleeps()
     on.session.keyboard().tap(Key::Escape);
     EVENTUALLY(on.isUntouched({0, 0, 1700, 1080}));
     EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
-    // A scroll axis moves in motion events, so all of them are heard with the spotlight; now none is.
+    // A scroll axis moves in motion events; now nobody asks for those.
     QTimer hand;
     int steps = 0;
     hand.callOnTimeout([&] { steps += on.session.pointer().moveTo(kMiddle + QPoint(steps + 1, 0)); });

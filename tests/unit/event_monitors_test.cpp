@@ -79,9 +79,9 @@ void EventMonitorsTest::itListensOnlyForWhatIsNeeded_data()
     row("at the start", "", {});
     row("clicks", "k", Monitored::LeftPresses);
     row("clicks on and off", "kk", {});
-    row("spotlight", "s", Monitored::Wheel);
+    row("spotlight", "s", Monitored::WheelWithAlt);
     row("spotlight on and off", "ss", {});
-    row("both", "ks", Monitored::LeftPresses | Monitored::Wheel);
+    row("both", "ks", Monitored::LeftPresses | Monitored::WheelWithAlt);
     row("Esc ends the spotlight, not the clicks", "kse", Monitored::LeftPresses);
     row("every other mode", "dwprf", {});
 }

@@ -47,7 +47,7 @@ DesktopSession::DesktopSession(const DesktopSetup &setup)
     m_bus = launch(QStringLiteral("dbus-daemon"),
                    {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
                     QStringLiteral("--address=") + busAddress()});
-    launchWindowManager(setup.windowManager);
+    launchWindowManager(setup);
     if (setup.compositor == Compositor::Picom)
         launchCompositor();
     awaitManagers(setup);
@@ -123,27 +123,34 @@ std::unique_ptr<ChildProcess> DesktopSession::launch(const QString &program, con
     });
 }
 
-void DesktopSession::launchWindowManager(WindowManager kind)
+void DesktopSession::launchWindowManager(const DesktopSetup &setup)
 {
-    switch (kind) {
+    switch (setup.windowManager) {
     case WindowManager::Openbox:
         m_windowManager = launch(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
         return;
     case WindowManager::Xfwm4:
-        m_windowManager = launch(QStringLiteral("xfwm4"),
-                                 {QStringLiteral("--compositor=off"), QStringLiteral("--vblank=off")});
+        m_windowManager =
+            launch(QStringLiteral("xfwm4"), {setup.compositor == Compositor::OfWindowManager
+                                                 ? QStringLiteral("--compositor=on")
+                                                 : QStringLiteral("--compositor=off"),
+                                             QStringLiteral("--vblank=off")});
         return;
-    case WindowManager::I3: {
-        // Without a configuration i3 opens a wizard.
-        QFile configuration(home().filePath(QStringLiteral("i3.conf")));
-        if (!configuration.open(QIODevice::WriteOnly) || configuration.write("# i3 config file (v4)\n") < 0)
-            failRig(QStringLiteral("cannot write to the home folder"));
-        m_windowManager = launch(QStringLiteral("i3"), {QStringLiteral("-c"), configuration.fileName()});
-        return;
-    }
+    case WindowManager::I3:
+        return launchI3();
     case WindowManager::None:
         return;
     }
+}
+
+void DesktopSession::launchI3()
+{
+    // Without a configuration i3 opens a wizard.
+    QFile configuration(home().filePath(QStringLiteral("i3.conf")));
+    if (!configuration.open(QIODevice::WriteOnly) || configuration.write("# i3 config file (v4)\n") < 0)
+        failRig(QStringLiteral("cannot write to the home folder"));
+    configuration.close();
+    m_windowManager = launch(QStringLiteral("i3"), {QStringLiteral("-c"), configuration.fileName()});
 }
 
 bool DesktopSession::hasWindowManager()

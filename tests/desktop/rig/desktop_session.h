@@ -1,6 +1,7 @@
 // A whole desktop for one test: display, home, bus, window manager, compositor.
 #pragma once
 
+#include "desktop_kind.h"
 #include "keyboard.h"
 #include "pointer.h"
 #include "screenshot.h"
@@ -15,15 +16,12 @@
 
 namespace zeigewerk::rig {
 
-enum class WindowManager { Openbox, Xfwm4, I3, None };
-enum class Compositor { Picom, None };
-
-/// What a session is made of; the defaults are the common desktop.
+/// What a session is made of. Whoever does not choose the desktop gets the one of this run of the tests.
 struct DesktopSetup
 {
     QList<QRect> screens = {VirtualDisplay::kFullHd};
-    WindowManager windowManager = WindowManager::Openbox;
-    Compositor compositor = Compositor::Picom;
+    WindowManager windowManager = desktopOfRun().windowManager;
+    Compositor compositor = desktopOfRun().compositor;
     /// The accessibility bus runs, and Qt's programs are on it from their start.
     bool accessibility = false;
     Mice mice = Mice::XTestOnly;
@@ -83,7 +81,8 @@ private:
 
     void makeEnvironment(const QMap<QString, QString> &extra);
     std::unique_ptr<ChildProcess> launch(const QString &program, const QStringList &arguments);
-    void launchWindowManager(WindowManager kind);
+    void launchWindowManager(const DesktopSetup &setup);
+    void launchI3();
     void launchCompositor();
     void awaitManagers(const DesktopSetup &setup);
     void awaitWindowManager();

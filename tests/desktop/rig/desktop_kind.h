@@ -1,0 +1,21 @@
+// Which of the desktops in the world a test runs on.
+#pragma once
+
+namespace zeigewerk::rig {
+
+enum class WindowManager { Openbox, Xfwm4, I3, None };
+/// One that the window manager brings along exists with xfwm4 only.
+enum class Compositor { Picom, OfWindowManager, None };
+
+struct DesktopKind
+{
+    WindowManager windowManager = WindowManager::Openbox;
+    Compositor compositor = Compositor::Picom;
+};
+
+/// The desktop that ZEIGEWERK_TEST_DESKTOP names: "openbox+picom", which is meant if it is not set, "xfwm4" with
+/// the compositor of its own, "i3+picom", "picom" without a window manager, "openbox" without a compositor, or
+/// "none" of either. Throws RigError if it names another.
+DesktopKind desktopOfRun();
+
+} // namespace zeigewerk::rig

@@ -65,7 +65,7 @@ void CompositorScenarios::withoutACompositorPinningInADragLetsItBeFinished()
 
 void CompositorScenarios::drawingsOutliveTheCompositor()
 {
-    Presentation on;
+    Presentation on({.compositor = Compositor::Picom});
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.session.pointer().drag({{400, 300}, {500, 320}, {600, 300}}));

@@ -4,7 +4,7 @@
 namespace zeigewerk::rig {
 
 enum class WindowManager { Openbox, Xfwm4, I3, None };
-/// One that the window manager brings along exists with xfwm4 only.
+/// The window manager brings one along only if it is xfwm4; with others Picom is meant then.
 enum class Compositor { Picom, OfWindowManager, None };
 
 struct DesktopKind

@@ -6,6 +6,7 @@
 #include "managed_probe.h"
 #include "process_stats.h"
 #include "rig_error.h"
+#include "window_manager_settings.h"
 
 #include <QFile>
 
@@ -28,6 +29,12 @@ constexpr QLatin1String kInherited[] = {
     QLatin1String("GCOV_PREFIX"),    QLatin1String("GCOV_PREFIX_STRIP"),
 };
 
+bool needsPicom(const DesktopSetup &setup)
+{
+    return setup.compositor == Compositor::Picom ||
+           (setup.compositor == Compositor::OfWindowManager && setup.windowManager != WindowManager::Xfwm4);
+}
+
 void signalAll(const QList<qint64> &processes, int signal)
 {
     for (const qint64 processId : processes)
@@ -48,7 +55,7 @@ DesktopSession::DesktopSession(const DesktopSetup &setup)
                    {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
                     QStringLiteral("--address=") + busAddress()});
     launchWindowManager(setup);
-    if (setup.compositor == Compositor::Picom)
+    if (needsPicom(setup))
         launchCompositor();
     awaitManagers(setup);
     if (setup.accessibility)
@@ -130,6 +137,7 @@ void DesktopSession::launchWindowManager(const DesktopSetup &setup)
         m_windowManager = launch(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
         return;
     case WindowManager::Xfwm4:
+        writeXfwm4Settings(home());
         m_windowManager =
             launch(QStringLiteral("xfwm4"), {setup.compositor == Compositor::OfWindowManager
                                                  ? QStringLiteral("--compositor=on")
@@ -137,20 +145,12 @@ void DesktopSession::launchWindowManager(const DesktopSetup &setup)
                                              QStringLiteral("--vblank=off")});
         return;
     case WindowManager::I3:
-        return launchI3();
+        m_windowManager =
+            launch(QStringLiteral("i3"), {QStringLiteral("-c"), writeI3Settings(home())});
+        return;
     case WindowManager::None:
         return;
     }
-}
-
-void DesktopSession::launchI3()
-{
-    // Without a configuration i3 opens a wizard.
-    QFile configuration(home().filePath(QStringLiteral("i3.conf")));
-    if (!configuration.open(QIODevice::WriteOnly) || configuration.write("# i3 config file (v4)\n") < 0)
-        failRig(QStringLiteral("cannot write to the home folder"));
-    configuration.close();
-    m_windowManager = launch(QStringLiteral("i3"), {QStringLiteral("-c"), configuration.fileName()});
 }
 
 bool DesktopSession::hasWindowManager()

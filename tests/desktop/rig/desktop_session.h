@@ -82,7 +82,6 @@ private:
     void makeEnvironment(const QMap<QString, QString> &extra);
     std::unique_ptr<ChildProcess> launch(const QString &program, const QStringList &arguments);
     void launchWindowManager(const DesktopSetup &setup);
-    void launchI3();
     void launchCompositor();
     void awaitManagers(const DesktopSetup &setup);
     void awaitWindowManager();

@@ -141,8 +141,12 @@ void Outputs::apply(const QMap<int, QRect> &wanted)
     for (auto it = wanted.cbegin(); it != wanted.cend(); ++it)
         if (before.value(it.key()) != *it)
             cookies.append(set(it.key(), *it, resources.modes.value(modeName(it->size()))));
+    // Asking this way has the driver look which outputs have a screen now, as it does by itself with real
+    // ones.
+    const auto look = xcb_randr_get_screen_resources(c, m_client.root());
     xcb_ungrab_server(c);
 
+    owned(xcb_randr_get_screen_resources_reply(c, look, nullptr));
     for (const auto cookie : cookies) {
         const auto reply = owned(xcb_randr_set_crtc_config_reply(c, cookie, nullptr));
         if (!reply || reply->status != XCB_RANDR_SET_CONFIG_SUCCESS)

@@ -1,0 +1,44 @@
+#include "window_manager_settings.h"
+
+#include "rig_error.h"
+
+#include <QFile>
+
+namespace zeigewerk::rig {
+
+namespace {
+
+void write(const QDir &home, const QString &name, const QByteArray &content)
+{
+    QFile file(home.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
+        failRig(QStringLiteral("cannot write %1: %2").arg(file.fileName(), file.errorString()));
+}
+
+} // namespace
+
+void writeXfwm4Settings(const QDir &home)
+{
+    const auto folder = QStringLiteral(".config/xfce4/xfconf/xfce-perchannel-xml");
+    if (!home.mkpath(folder))
+        failRig(QStringLiteral("cannot make %1").arg(home.filePath(folder)));
+    write(home, folder + QStringLiteral("/xfce4-keyboard-shortcuts.xml"),
+          R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-keyboard-shortcuts" version="1.0">
+  <property name="xfwm4" type="empty">
+    <property name="custom" type="empty">
+      <property name="override" type="bool" value="true"/>
+    </property>
+  </property>
+</channel>
+)");
+}
+
+QString writeI3Settings(const QDir &home)
+{
+    const auto name = QStringLiteral("i3.conf");
+    write(home, name, "# i3 config file (v4)\nfor_window [all] floating enable, border none\n");
+    return home.filePath(name);
+}
+
+} // namespace zeigewerk::rig

@@ -1,0 +1,16 @@
+// What window managers are told before they start.
+#pragma once
+
+#include <QDir>
+#include <QString>
+
+namespace zeigewerk::rig {
+
+/// Writes settings with which xfwm4 takes no keys: on its own it takes Ctrl+Alt+D, to show the desktop.
+void writeXfwm4Settings(const QDir &home);
+
+/// Writes a configuration for i3, which opens a wizard without one, and returns its path. Windows float, as
+/// elsewhere: a tiling one would have the size that i3 wants.
+QString writeI3Settings(const QDir &home);
+
+} // namespace zeigewerk::rig

@@ -23,7 +23,7 @@ void measureSpotlight(Results &results, double rate, const Bars &bars)
     const Path path = wander(kScreen);
     hand.moveTo(path(0));
     awaitRest(show.session, show.program.processId());
-    PixelWatch watch(show.session.client(), {kScreen.width() - 1, kScreen.height() - 1});
+    PixelWatch watch(show.session.client(), {kScreen.width() - 2, kScreen.height() - 2});
     show.hotKey(rig::Key::S);
     watch.untilChanged(std::chrono::steady_clock::now());
 

@@ -6,8 +6,9 @@ using namespace std::chrono_literals;
 
 Costs Costs::of(rig::DesktopSession &session, qint64 programId)
 {
+    const qint64 compositor = session.compositorProcessId();
     return {rig::cpuTime(programId), rig::cpuTime(session.display().serverProcessId()),
-            rig::cpuTime(session.compositorProcessId())};
+            compositor ? rig::cpuTime(compositor) : Milliseconds::zero()};
 }
 
 Costs Costs::operator-(const Costs &earlier) const

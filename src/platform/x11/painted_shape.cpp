@@ -9,9 +9,10 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// Less than the highlighter's opacity (102), more than the faint outer pixels of an antialiased edge, which
-/// are dark where nothing blends them.
+/// Less than the highlighter's opacity (102), more than the faint outer pixels of an antialiased edge.
 constexpr int kVisibleAlpha = 64;
+/// More than the spotlight's dimming (140), less than an edge that is as good as covered.
+constexpr int kSolidAlpha = 192;
 
 xcb_rectangle_t rectangle(const QRect &rect)
 {
@@ -36,7 +37,8 @@ struct Spans
 void addRow(const QImage &picture, const QRect &rect, int row, Spans &spans)
 {
     const auto *pixels = reinterpret_cast<const QRgb *>(picture.constScanLine(row));
-    const auto isPainted = [](QRgb pixel) { return qAlpha(pixel) >= kVisibleAlpha; };
+    const int leastAlpha = row % 2 == 0 ? kVisibleAlpha : kSolidAlpha;
+    const auto isPainted = [&](QRgb pixel) { return qAlpha(pixel) >= leastAlpha; };
     const QRgb *const end = pixels + rect.x() + rect.width();
     for (const QRgb *from = pixels + rect.x(); from != end;) {
         const bool painted = isPainted(*from);
@@ -57,6 +59,17 @@ void showWhole(Connection &connection, xcb_window_t window)
 void showNothing(Connection &connection, xcb_window_t window)
 {
     change(connection, window, XCB_SHAPE_SO_SET, {});
+}
+
+void showColors(QImage &picture, const QRegion &region)
+{
+    for (const QRect &rect : region) {
+        for (int row = rect.top(); row <= rect.bottom(); ++row) {
+            auto *pixels = reinterpret_cast<QRgb *>(picture.scanLine(row));
+            std::transform(pixels + rect.left(), pixels + rect.left() + rect.width(), pixels + rect.left(),
+                           [](QRgb pixel) { return qUnpremultiply(pixel); });
+        }
+    }
 }
 
 void showPainted(Connection &connection, xcb_window_t window, const QImage &picture, const QRegion &region)

@@ -154,8 +154,10 @@ void X11Surface::display()
         m_buffer.emplace(m_connection, m_nativeFrame.size());
     const QRegion region = paintDamage(m_buffer->image(), m_scale, std::exchange(m_damage, {}), *m_content);
     m_inked |= region.boundingRect();
-    if (!m_desktop.isComposited())
+    if (!m_desktop.isComposited()) {
+        showColors(m_buffer->image(), region);
         showPainted(m_connection, m_window, m_buffer->image(), region);
+    }
     put(region);
 }
 
@@ -163,15 +165,13 @@ void X11Surface::compositingChanged()
 {
     if (!m_visible)
         return;
-    if (m_desktop.isComposited()) {
+    if (m_desktop.isComposited())
         showWhole(m_connection, m_window);
-    } else {
+    else
         showNothing(m_connection, m_window);
-        if (!m_inked.isEmpty())
-            showPainted(m_connection, m_window, m_buffer->image(), m_inked);
-    }
-    // Its contents went with the place where the server kept them.
-    put(m_inked);
+    // Its contents went with the place where the server kept them, and see-through colours are others now.
+    if (!m_inked.isEmpty())
+        setNeedsDisplay(Damage::of(ViewGeometry(m_nativeFrame.size(), m_scale).toView(m_inked)));
     updateInputWindow();
 }
 

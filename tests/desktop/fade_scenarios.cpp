@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 #include "settings_file.h"
 
 #include <algorithm>
@@ -156,5 +157,5 @@ void FadeScenarios::theWhiteboardHoldsWhatWouldFade()
     EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
 }
 
-QTEST_GUILESS_MAIN(FadeScenarios)
+REGISTER_GUILESS_TEST(FadeScenarios)
 #include "fade_scenarios.moc"

@@ -1,4 +1,5 @@
 // The rig's mouse, keyboard and hot keys, without the program.
+#include "registered_test.h"
 #include "rig.h"
 
 using namespace zeigewerk::rig;
@@ -154,5 +155,5 @@ void RigInputSelfTest::trialGrabFindsTheThiefAndNothingElse()
     EVENTUALLY(!isGrabbedByAnother(session, modifiers, Key::P));
 }
 
-QTEST_GUILESS_MAIN(RigInputSelfTest)
+REGISTER_GUILESS_TEST(RigInputSelfTest)
 #include "rig_input_self_test.moc"

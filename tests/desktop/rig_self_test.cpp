@@ -1,4 +1,5 @@
 // The rig itself, without the program: what it says of a desktop must be so before anything is judged by it.
+#include "registered_test.h"
 #include "rig.h"
 
 #include <csignal>
@@ -238,5 +239,5 @@ void RigSelfTest::pictureOfAFailureShowsTheScreen()
     QCOMPARE(QImage(saved.first()).pixelColor(kBeneath.center()), kBlue);
 }
 
-QTEST_GUILESS_MAIN(RigSelfTest)
+REGISTER_GUILESS_TEST(RigSelfTest)
 #include "rig_self_test.moc"

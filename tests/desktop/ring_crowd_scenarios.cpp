@@ -1,5 +1,6 @@
 // Many rings at once: that all of them move, and what that costs.
 #include "click_rings.h"
+#include "registered_test.h"
 
 #include <numeric>
 
@@ -127,5 +128,5 @@ void RingCrowdScenarios::allRingsOfACrowdMove()
     EVENTUALLY(on.isUntouched({0, 0, 1700, 1080}));
 }
 
-QTEST_GUILESS_MAIN(RingCrowdScenarios)
+REGISTER_GUILESS_TEST(RingCrowdScenarios)
 #include "ring_crowd_scenarios.moc"

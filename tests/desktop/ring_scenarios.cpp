@@ -1,5 +1,6 @@
 // How the ring round a click looks, and where it stands.
 #include "click_rings.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
@@ -144,5 +145,5 @@ void RingScenarios::aRingIsAboveTheToolbar()
     }());
 }
 
-QTEST_GUILESS_MAIN(RingScenarios)
+REGISTER_GUILESS_TEST(RingScenarios)
 #include "ring_scenarios.moc"

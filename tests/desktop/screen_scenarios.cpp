@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 
@@ -156,5 +157,5 @@ void ScreenScenarios::allScreensOffAndOnAgain()
     EVENTUALLY(on.pixel({350, 500}) == kInk);
 }
 
-QTEST_GUILESS_MAIN(ScreenScenarios)
+REGISTER_GUILESS_TEST(ScreenScenarios)
 #include "screen_scenarios.moc"

@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 
@@ -148,5 +149,5 @@ void SpotlightScenarios::followingThePointerLeavesNoTrace()
     EVENTUALLY(on.isFilled(dimmed(on.beneathColor()), {0, 0, 1500, 1080}));
 }
 
-QTEST_GUILESS_MAIN(SpotlightScenarios)
+REGISTER_GUILESS_TEST(SpotlightScenarios)
 #include "spotlight_scenarios.moc"

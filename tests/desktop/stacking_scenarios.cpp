@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
@@ -105,5 +106,5 @@ void StackingScenarios::nothingIsRestackedWithoutNeed()
     THROUGHOUT(600ms, on.session.client().stackedChildren(on.session.client().root()) == order);
 }
 
-QTEST_GUILESS_MAIN(StackingScenarios)
+REGISTER_GUILESS_TEST(StackingScenarios)
 #include "stacking_scenarios.moc"

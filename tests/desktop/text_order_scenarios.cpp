@@ -1,4 +1,5 @@
 // Keys and clicks come in the order in which they were made, however the program gets to read them.
+#include "registered_test.h"
 #include "writing.h"
 
 #include <xcb/xtest.h>
@@ -227,5 +228,5 @@ void TextOrderScenarios::anEscThatWaitedReachesNobodyElse()
     on.session.keyboard().release(Key::Escape);
 }
 
-QTEST_GUILESS_MAIN(TextOrderScenarios)
+REGISTER_GUILESS_TEST(TextOrderScenarios)
 #include "text_order_scenarios.moc"

@@ -1,4 +1,5 @@
 // Where the toolbar stands, and what is kept from one run of the program to the next.
+#include "registered_test.h"
 #include "rehearsal.h"
 #include "settings_file.h"
 
@@ -261,5 +262,5 @@ void ToolbarPlaceScenarios::settingsThatCannotBeWrittenHinderNothing()
     QCOMPARE(run.program.terminate(), std::optional(0));
 }
 
-QTEST_GUILESS_MAIN(ToolbarPlaceScenarios)
+REGISTER_GUILESS_TEST(ToolbarPlaceScenarios)
 #include "toolbar_place_scenarios.moc"

@@ -1,4 +1,5 @@
 // What the buttons of the toolbar do.
+#include "registered_test.h"
 #include "rehearsal.h"
 
 #include <algorithm>
@@ -246,5 +247,5 @@ void ToolbarScenarios::quitEndsTheProgram()
     EVENTUALLY(on.beneath.hasFocus());
 }
 
-QTEST_GUILESS_MAIN(ToolbarScenarios)
+REGISTER_GUILESS_TEST(ToolbarScenarios)
 #include "toolbar_scenarios.moc"

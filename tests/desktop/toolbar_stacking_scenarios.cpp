@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
@@ -163,5 +164,5 @@ void ToolbarStackingScenarios::withoutACompositorItIsThereToo()
     QVERIFY(on.beneath.presses().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(ToolbarStackingScenarios)
+REGISTER_GUILESS_TEST(ToolbarStackingScenarios)
 #include "toolbar_stacking_scenarios.moc"

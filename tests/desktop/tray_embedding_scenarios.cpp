@@ -1,6 +1,7 @@
 // The icon in a tray of the older kind.
 
 #include "presentation.h"
+#include "registered_test.h"
 #include "rig/embedding_tray.h"
 #include "rig/tray_watcher.h"
 
@@ -142,5 +143,5 @@ void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu()
     QCOMPARE(on.program->waitForExit(), std::optional(0));
 }
 
-QTEST_GUILESS_MAIN(TrayEmbeddingScenarios)
+REGISTER_GUILESS_TEST(TrayEmbeddingScenarios)
 #include "tray_embedding_scenarios.moc"

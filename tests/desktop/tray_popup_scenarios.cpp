@@ -1,5 +1,6 @@
 // The menu as the program itself pops it up.
 
+#include "registered_test.h"
 #include "tray_presentation.h"
 
 using namespace zeigewerk::rig;
@@ -154,5 +155,5 @@ void TrayPopupScenarios::ctrlQQuitsOnlyWhileTheMenuIsOpen()
     QVERIFY(on.beneath.hasFocus());
 }
 
-QTEST_GUILESS_MAIN(TrayPopupScenarios)
+REGISTER_GUILESS_TEST(TrayPopupScenarios)
 #include "tray_popup_scenarios.moc"

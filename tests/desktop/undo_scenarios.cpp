@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 
@@ -106,5 +107,5 @@ void UndoScenarios::whileNothingIsDrawnOnTheKeysBelongToTheApplications()
     QCOMPARE(on.pixel(kFirst), kInk);
 }
 
-QTEST_GUILESS_MAIN(UndoScenarios)
+REGISTER_GUILESS_TEST(UndoScenarios)
 #include "undo_scenarios.moc"

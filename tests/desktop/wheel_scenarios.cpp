@@ -1,3 +1,4 @@
+#include "registered_test.h"
 #include "spotlight_radius.h"
 
 using namespace zeigewerk::rig;
@@ -168,5 +169,5 @@ void WheelScenarios::whatAScrollAxisDidElsewhereDoesNotCount()
     }
 }
 
-QTEST_GUILESS_MAIN(WheelScenarios)
+REGISTER_GUILESS_TEST(WheelScenarios)
 #include "wheel_scenarios.moc"

@@ -1,5 +1,6 @@
 #include "pixels/canvas.h"
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -132,7 +133,8 @@ void CanvasPaintingTest::theShapeInProgressLiesAboveTheOthers()
     QCOMPARE(canvas.at({150, 100}), QColor(Qt::black));
 }
 
+REGISTER_TEST(CanvasPaintingTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::CanvasPaintingTest)
 #include "canvas_painting_test.moc"

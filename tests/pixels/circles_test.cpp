@@ -1,4 +1,5 @@
 #include "drawing/circles.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -128,7 +129,8 @@ void CirclesTest::aHoleElsewhereCoversEverything()
         QCOMPARE(coverageOf({middle, 50.0}), covered);
 }
 
+REGISTER_APPLESS_TEST(CirclesTest)
+
 } // namespace zeigewerk
 
-QTEST_APPLESS_MAIN(zeigewerk::CirclesTest)
 #include "circles_test.moc"

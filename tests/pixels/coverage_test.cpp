@@ -1,4 +1,5 @@
 #include "drawing/coverage.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -175,7 +176,8 @@ void CoverageTest::anyPartIsThatPartOfTheWhole()
     }
 }
 
+REGISTER_APPLESS_TEST(CoverageTest)
+
 } // namespace zeigewerk
 
-QTEST_APPLESS_MAIN(zeigewerk::CoverageTest)
 #include "coverage_test.moc"

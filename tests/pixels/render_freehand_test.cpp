@@ -1,4 +1,5 @@
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -118,7 +119,8 @@ void RenderFreehandTest::pointsThatCannotBeDrawnAreLeftOut()
         pictureOf({freehand(Tool::pen, {{20, 20}, {90, 70}})}).image());
 }
 
+REGISTER_TEST(RenderFreehandTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::RenderFreehandTest)
 #include "render_freehand_test.moc"

@@ -1,5 +1,6 @@
 #include "drawing/render_shape.h"
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -228,7 +229,8 @@ void RenderShapeTest::whatCannotBeDrawnPaintsNothing()
     QVERIFY(paintedArea(shape).isEmpty());
 }
 
+REGISTER_TEST(RenderShapeTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::RenderShapeTest)
 #include "render_shape_test.moc"

@@ -1,5 +1,6 @@
 #include "pixels/canvas.h"
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -134,7 +135,8 @@ void SpotlightTest::aHugeSpotlightLeavesEverythingClear()
     QVERIFY(isBlank(canvas.image()));
 }
 
+REGISTER_TEST(SpotlightTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::SpotlightTest)
 #include "spotlight_test.moc"

@@ -1,4 +1,5 @@
 #include "pixels/picture.h"
+#include "registered_test.h"
 #include "toolbar/template_image.h"
 
 #include <QTest>
@@ -209,7 +210,8 @@ void TemplateImageTest::whatHasNoSizePaintsNothing()
     QVERIFY(isBlank(painted(nothing, 1, {3, 4})));
 }
 
+REGISTER_TEST(TemplateImageTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::TemplateImageTest)
 #include "template_image_test.moc"

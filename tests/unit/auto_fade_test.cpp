@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -248,5 +249,5 @@ void AutoFadeTest::whatWasAlreadyInvisibleIsNotRepainted()
     QVERIFY(!controller.surface().display());
 }
 
-QTEST_MAIN(AutoFadeTest)
+REGISTER_TEST(AutoFadeTest)
 #include "auto_fade_test.moc"

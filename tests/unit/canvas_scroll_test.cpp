@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QFile>
 #include <QTest>
@@ -161,5 +162,5 @@ void CanvasScrollTest::whereNothingCanBeWrittenTheRadiusHoldsForThisRun()
     QVERIFY(app.autoFadeOn());
 }
 
-QTEST_MAIN(CanvasScrollTest)
+REGISTER_TEST(CanvasScrollTest)
 #include "canvas_scroll_test.moc"

@@ -1,5 +1,6 @@
 #include "clicks/click_ring.h"
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -271,5 +272,5 @@ void EventMonitorsTest::whatArrivesAfterTheControllerDoesNothing()
     QVERIFY(!around.defaults.doubleForKey(kSpotRadiusKey));
 }
 
-QTEST_MAIN(EventMonitorsTest)
+REGISTER_TEST(EventMonitorsTest)
 #include "event_monitors_test.moc"

@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -120,5 +121,5 @@ void FadeTimerTest::finishingShapesKeepsItsRhythm()
     QVERIFY(controller.app().isFadeTimerRunning());
 }
 
-QTEST_MAIN(FadeTimerTest)
+REGISTER_TEST(FadeTimerTest)
 #include "fade_timer_test.moc"

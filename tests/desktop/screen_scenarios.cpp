@@ -1,14 +1,8 @@
 #include "presentation.h"
 #include "registered_test.h"
+#include "two_screens.h"
 
 using namespace zeigewerk::rig;
-
-namespace {
-
-const QRect kLeft(0, 0, 1280, 1024);
-const QRect kRight(1280, 0, 1600, 900);
-
-} // namespace
 
 class ScreenScenarios : public QObject
 {

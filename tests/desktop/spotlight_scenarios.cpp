@@ -1,14 +1,7 @@
-#include "presentation.h"
 #include "registered_test.h"
+#include "spotlight_radius.h"
 
 using namespace zeigewerk::rig;
-
-namespace {
-
-/// As many points as the spotlight's radius when nothing is stored.
-constexpr int kRadius = 90;
-
-} // namespace
 
 class SpotlightScenarios : public QObject
 {

@@ -4,12 +4,6 @@
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
 
-namespace {
-
-const QRect kScreen(0, 0, 1920, 1080);
-
-} // namespace
-
 class StackingScenarios : public QObject
 {
     Q_OBJECT
@@ -79,7 +73,7 @@ void StackingScenarios::aScreenLockerIsNeverCovered()
     Presentation on;
     QVERIFY(pinAStroke(on));
     const xcb_window_t overlay = on.overlays().constFirst().id;
-    const Popup locker(on.session, kScreen, Qt::black);
+    const Popup locker(on.session, VirtualDisplay::kFullHd, Qt::black);
     // Something happens that makes the program look again; the locker's own popup among it.
     const Popup ofLocker(on.session, {300, 200, 400, 300}, Qt::green);
     const Popup popup(on.session, {800, 200, 100, 100}, Qt::red);

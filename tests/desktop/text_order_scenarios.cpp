@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QPoint kFirst(100, 100);
+const QPoint kWordPlace(100, 100);
 const QString kWord("abcdefgh");
 
 /// The program does not read anything while this lives: what is done meanwhile has all come when it goes on.
@@ -70,13 +70,13 @@ private:
 /// A word stands there, typed at leisure.
 QRect inkOfWord(Writing &on)
 {
-    if (!on.open(kFirst))
+    if (!on.open(kWordPlace))
         throw RigError("no field opens");
     on.session.keyboard().type(kWord);
     on.session.keyboard().tap(Key::Return);
-    if (!eventually([&] { return on.isDrawing() && !on.inkAt(kFirst).isEmpty(); }))
+    if (!eventually([&] { return on.isDrawing() && !on.inkAt(kWordPlace).isEmpty(); }))
         throw RigError("nothing is written");
-    return on.inkAt(kFirst);
+    return on.inkAt(kWordPlace);
 }
 
 } // namespace

@@ -16,9 +16,9 @@ constexpr QPoint kThere(220, 1020);
 
 /// A presentation on a desktop that had its tray before the program came: one that comes later tells so in
 /// two ways, and Qt docks its icon twice.
-struct TrayPresentation
+struct DockedPresentation
 {
-    TrayPresentation()
+    DockedPresentation()
         : beneath(session, VirtualDisplay::kFullHd, Qt::blue)
         , tray(session, kTrayPlace)
     {
@@ -126,7 +126,7 @@ void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu_data()
 void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu()
 {
     QFETCH(int, button);
-    TrayPresentation on;
+    DockedPresentation on;
     const qsizetype withoutMenu = on.shownWindows().size();
     QVERIFY(on.session.pointer().clickAt(kHere, button));
     EVENTUALLY(on.shownWindows().size() > withoutMenu);

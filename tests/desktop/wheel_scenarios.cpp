@@ -3,8 +3,6 @@
 
 using namespace zeigewerk::rig;
 
-Q_DECLARE_METATYPE(zeigewerk::rig::Compositor)
-
 class WheelScenarios : public QObject
 {
     Q_OBJECT

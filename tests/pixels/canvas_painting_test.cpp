@@ -8,12 +8,6 @@
 
 namespace zeigewerk::test {
 
-namespace {
-
-const QColor kBoard(255, 255, 255);
-
-} // namespace
-
 class CanvasPaintingTest : public QObject
 {
     Q_OBJECT

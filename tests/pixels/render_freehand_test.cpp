@@ -4,16 +4,8 @@
 #include <QTest>
 
 #include <cmath>
-#include <limits>
 
 namespace zeigewerk::test {
-
-namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-
-} // namespace
 
 class RenderFreehandTest : public QObject
 {

@@ -5,14 +5,10 @@
 #include <QTest>
 
 #include <cmath>
-#include <limits>
 
 namespace zeigewerk::test {
 
 namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 QByteArray place(QPointF point)
 {

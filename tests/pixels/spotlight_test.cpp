@@ -12,7 +12,6 @@ namespace zeigewerk::test {
 namespace {
 
 const QColor kDim(0, 0, 0, 140);
-const QColor kBoard(255, 255, 255);
 /// What is left of white under black of alpha 0.55.
 constexpr int kDimmedWhite = 115;
 

@@ -10,7 +10,6 @@ namespace zeigewerk::test {
 namespace {
 
 const QColor kTint(200, 90, 30);
-constexpr double kScales[] = {1.0, 1.25, 1.5, 2.0};
 
 /// A square whose right half is covered by half.
 TemplateImage halfCovered()

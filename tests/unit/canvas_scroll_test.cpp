@@ -9,6 +9,7 @@
 using namespace zeigewerk;
 using platform::ScrollEvent;
 using test::Controller;
+using test::kPrecise;
 
 class CanvasScrollTest : public QObject
 {
@@ -28,8 +29,6 @@ private Q_SLOTS:
 namespace {
 
 using platform::Modifier;
-
-constexpr bool kPrecise = true;
 
 ScrollEvent notches(double count)
 {

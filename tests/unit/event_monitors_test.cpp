@@ -13,6 +13,7 @@ using platform::MonitoredScroll;
 using platform::RecordingEventMonitor;
 using platform::SurfaceRole;
 using test::Controller;
+using test::kPrecise;
 
 class EventMonitorsTest : public QObject
 {
@@ -35,7 +36,6 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr bool kPrecise = true;
 constexpr bool kOverOurs = true;
 
 MonitoredScroll altNotches(double count)

@@ -18,16 +18,6 @@ private Q_SLOTS:
     void finishingShapesKeepsItsRhythm();
 };
 
-namespace {
-
-void startWithFading(Controller &controller)
-{
-    controller.defaults.setBool(kAutoFadeKey, true);
-    controller.app().toggleDraw();
-}
-
-} // namespace
-
 void FadeTimerTest::itRunsExactlyWhileSomethingMayFade_data()
 {
     QTest::addColumn<QString>("before");
@@ -67,7 +57,7 @@ void FadeTimerTest::itRunsExactlyWhileSomethingMayFade()
 void FadeTimerTest::itMakesTheTicks()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view());
     platform::RecordingSurface &surface = controller.surface();
     surface.display();
@@ -86,7 +76,7 @@ void FadeTimerTest::itMakesTheTicks()
 void FadeTimerTest::itEndsWithTheLastShape()
 {
     Controller controller(test::twoScreens());
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view(0));
     controller.passTime(1.0);
     controller.draw(controller.view(1));
@@ -106,7 +96,7 @@ void FadeTimerTest::itEndsWithTheLastShape()
 void FadeTimerTest::finishingShapesKeepsItsRhythm()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view(), {50, 50}, {60, 50});
     controller.passTime(5.0);
     // Finished faster than the timer ticks, shapes would put its tick off for ever if each began it anew.

@@ -39,7 +39,7 @@ bool canSelectMore(const QLineEdit &field)
     return field.selectionLength() < field.text().length();
 }
 
-struct Row
+struct EditRow
 {
     /// Empty for a separator.
     QStringView title;
@@ -50,15 +50,16 @@ struct Row
     bool isSeparator() const { return title.isEmpty(); }
 };
 
-constexpr std::array kRows = {
-    Row{u"Widerrufen", Qt::CTRL | Qt::Key_Z, [](QLineEdit &field) { field.undo(); }, &canUndo},
-    Row{u"Wiederholen", Qt::CTRL | Qt::SHIFT | Qt::Key_Z, [](QLineEdit &field) { field.redo(); }, &canRedo},
-    Row{},
-    Row{u"Ausschneiden", Qt::CTRL | Qt::Key_X, [](QLineEdit &field) { field.cut(); }, &hasSelection},
-    Row{u"Kopieren", Qt::CTRL | Qt::Key_C, [](QLineEdit &field) { field.copy(); }, &hasSelection},
-    Row{u"Einfügen", Qt::CTRL | Qt::Key_V, [](QLineEdit &field) { field.paste(); }, &canPaste},
-    Row{u"Alles auswählen", Qt::CTRL | Qt::Key_A, [](QLineEdit &field) { field.selectAll(); },
-        &canSelectMore},
+constexpr std::array kEditRows = {
+    EditRow{u"Widerrufen", Qt::CTRL | Qt::Key_Z, [](QLineEdit &field) { field.undo(); }, &canUndo},
+    EditRow{u"Wiederholen", Qt::CTRL | Qt::SHIFT | Qt::Key_Z, [](QLineEdit &field) { field.redo(); },
+            &canRedo},
+    EditRow{},
+    EditRow{u"Ausschneiden", Qt::CTRL | Qt::Key_X, [](QLineEdit &field) { field.cut(); }, &hasSelection},
+    EditRow{u"Kopieren", Qt::CTRL | Qt::Key_C, [](QLineEdit &field) { field.copy(); }, &hasSelection},
+    EditRow{u"Einfügen", Qt::CTRL | Qt::Key_V, [](QLineEdit &field) { field.paste(); }, &canPaste},
+    EditRow{u"Alles auswählen", Qt::CTRL | Qt::Key_A, [](QLineEdit &field) { field.selectAll(); },
+            &canSelectMore},
 };
 
 } // namespace
@@ -68,7 +69,7 @@ EditMenu::EditMenu(QLineEdit &field)
     , m_field(field)
 {
     setAccessibleName(title());
-    for (const Row &row : kRows) {
+    for (const EditRow &row : kEditRows) {
         QAction *action = row.isSeparator() ? addSeparator() : addAction(row.title.toString());
         m_actions.push_back(action);
         if (row.isSeparator())
@@ -85,10 +86,10 @@ EditMenu::EditMenu(QLineEdit &field)
 bool EditMenu::perform(Qt::Key key, bool isShifted)
 {
     const QKeyCombination pressed(isShifted ? Qt::CTRL | Qt::SHIFT : Qt::CTRL, key);
-    const auto row = std::find_if(kRows.begin(), kRows.end(), [pressed](const Row &each) {
+    const auto row = std::find_if(kEditRows.begin(), kEditRows.end(), [pressed](const EditRow &each) {
         return !each.isSeparator() && each.key == pressed;
     });
-    if (row == kRows.end())
+    if (row == kEditRows.end())
         return false;
     row->perform(m_field);
     return true;
@@ -96,9 +97,9 @@ bool EditMenu::perform(Qt::Key key, bool isShifted)
 
 void EditMenu::refresh()
 {
-    for (std::size_t i = 0; i < kRows.size(); ++i) {
-        if (!kRows.at(i).isSeparator())
-            m_actions.at(i)->setEnabled(kRows.at(i).isPossible(m_field));
+    for (std::size_t i = 0; i < kEditRows.size(); ++i) {
+        if (!kEditRows.at(i).isSeparator())
+            m_actions.at(i)->setEnabled(kEditRows.at(i).isPossible(m_field));
     }
 }
 

@@ -14,7 +14,7 @@ namespace zeigewerk {
 
 namespace {
 
-struct Row
+struct StatusRow
 {
     /// Empty for a separator.
     QStringView title;
@@ -27,29 +27,29 @@ struct Row
 
 /// The modifiers are written as glyphs in the titles, since these combinations are hot keys: as shortcuts of
 /// the actions Qt would act on them a second time. Quitting is the last row.
-constexpr Row kSeparator = {};
-constexpr std::array kRows = {
-    Row{u"Zeichnen  ⌃⌥D", &AppDelegate::toggleDraw, &AppDelegate::drawOn},
-    Row{u"Spotlight  ⌃⌥S", &AppDelegate::toggleSpot, &AppDelegate::spotlightOn},
-    Row{u"Whiteboard  ⌃⌥W", &AppDelegate::toggleBoard, &AppDelegate::whiteboardOn},
-    Row{u"Klicks anzeigen  ⌃⌥K", &AppDelegate::toggleClicks, &AppDelegate::clicksOn},
-    Row{u"Zeichnung anpinnen  ⌃⌥P", &AppDelegate::togglePin, &AppDelegate::pinnedOn},
-    Row{u"Cursor-Ring", &AppDelegate::toggleRing, &AppDelegate::cursorRingOn},
-    Row{u"Auto-Fade (4 s)", &AppDelegate::toggleFade, &AppDelegate::autoFadeOn},
-    Row{u"Werkzeugleiste dunkel", &AppDelegate::toggleDarkUI, &AppDelegate::darkUI},
+constexpr StatusRow kSeparator = {};
+constexpr std::array kStatusRows = {
+    StatusRow{u"Zeichnen  ⌃⌥D", &AppDelegate::toggleDraw, &AppDelegate::drawOn},
+    StatusRow{u"Spotlight  ⌃⌥S", &AppDelegate::toggleSpot, &AppDelegate::spotlightOn},
+    StatusRow{u"Whiteboard  ⌃⌥W", &AppDelegate::toggleBoard, &AppDelegate::whiteboardOn},
+    StatusRow{u"Klicks anzeigen  ⌃⌥K", &AppDelegate::toggleClicks, &AppDelegate::clicksOn},
+    StatusRow{u"Zeichnung anpinnen  ⌃⌥P", &AppDelegate::togglePin, &AppDelegate::pinnedOn},
+    StatusRow{u"Cursor-Ring", &AppDelegate::toggleRing, &AppDelegate::cursorRingOn},
+    StatusRow{u"Auto-Fade (4 s)", &AppDelegate::toggleFade, &AppDelegate::autoFadeOn},
+    StatusRow{u"Werkzeugleiste dunkel", &AppDelegate::toggleDarkUI, &AppDelegate::darkUI},
     kSeparator,
-    Row{u"Alles löschen", &AppDelegate::clearAll},
-    Row{u"Werkzeugleiste ausblenden  ⌃⌥T", &AppDelegate::toggleToolbar, &AppDelegate::toolbarVisible,
-        u"Werkzeugleiste einblenden  ⌃⌥T"},
+    StatusRow{u"Alles löschen", &AppDelegate::clearAll},
+    StatusRow{u"Werkzeugleiste ausblenden  ⌃⌥T", &AppDelegate::toggleToolbar, &AppDelegate::toolbarVisible,
+              u"Werkzeugleiste einblenden  ⌃⌥T"},
     kSeparator,
-    Row{u"Esc beendet Zeichnen/Spotlight"},
-    Row{u"⌥ + Scrollen: Spotlight-Größe"},
-    Row{u"⇧ beim Zeichnen: gerade Linie / Quadrat / Kreis"},
+    StatusRow{u"Esc beendet Zeichnen/Spotlight"},
+    StatusRow{u"⌥ + Scrollen: Spotlight-Größe"},
+    StatusRow{u"⇧ beim Zeichnen: gerade Linie / Quadrat / Kreis"},
     kSeparator,
-    Row{u"Zeigewerk beenden", &AppDelegate::quit},
+    StatusRow{u"Zeigewerk beenden", &AppDelegate::quit},
 };
 
-bool hasCheckMark(const Row &row)
+bool hasCheckMark(const StatusRow &row)
 {
     return row.flag && row.titleWhenOff.isEmpty();
 }
@@ -67,7 +67,7 @@ StatusMenu::StatusMenu(AppDelegate &app)
 
 void StatusMenu::buildActions()
 {
-    for (const Row &row : kRows) {
+    for (const StatusRow &row : kStatusRows) {
         auto *action = new QAction(row.title.toString(), this);
         action->setSeparator(row.title.isEmpty());
         action->setCheckable(hasCheckMark(row));
@@ -100,8 +100,8 @@ void StatusMenu::buildMenu(QMenu &menu)
 
 void StatusMenu::rebuild()
 {
-    for (std::size_t i = 0; i < kRows.size(); ++i) {
-        const Row &row = kRows[i];
+    for (std::size_t i = 0; i < kStatusRows.size(); ++i) {
+        const StatusRow &row = kStatusRows[i];
         if (!row.flag)
             continue;
         const bool isOn = (m_app.*row.flag)();

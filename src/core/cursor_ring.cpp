@@ -8,7 +8,7 @@ namespace zeigewerk {
 namespace {
 
 constexpr double kInset = 4.0;
-constexpr double kStrokeWidth = 2.5;
+constexpr double kRingWidth = 2.5;
 constexpr double kFillAlpha = 0.2;
 constexpr double kStrokeAlpha = 0.9;
 
@@ -39,7 +39,7 @@ void CursorRing::draw(platform::PaintTarget &target)
     QPainter &painter = target.painter();
     // Always orange: it is the presenter's mark, not part of the drawing.
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(toQColor(kOrange.withAlpha(kStrokeAlpha)), kStrokeWidth));
+    painter.setPen(QPen(toQColor(kOrange.withAlpha(kStrokeAlpha)), kRingWidth));
     painter.setBrush(toQColor(kOrange.withAlpha(kFillAlpha)));
     painter.drawEllipse(QRectF(0, 0, kSide, kSide).adjusted(kInset, kInset, -kInset, -kInset));
 }

@@ -38,7 +38,8 @@ std::optional<QString> UserDefaults::stringForKey(QAnyStringView key) const
 {
     const QVariant value = m_settings.value(key.toString());
     // An unquoted comma makes a list of a text; that is not what was written.
-    return value.metaType() == QMetaType::fromType<QString>() ? std::optional(value.toString()) : std::nullopt;
+    return value.metaType() == QMetaType::fromType<QString>() ? std::optional(value.toString())
+                                                              : std::nullopt;
 }
 
 void UserDefaults::setBool(QAnyStringView key, bool value)

@@ -15,10 +15,10 @@ double halfChord(double radius, double distance)
 }
 
 /// A row of the target, and which of its pixels are meant by places relative to its first one's middle.
-class Row
+class PixelRow
 {
 public:
-    Row(Premultiplied *pixels, int count)
+    PixelRow(Premultiplied *pixels, int count)
         : m_pixels(pixels)
         , m_count(count)
     {
@@ -58,7 +58,7 @@ public:
     {
     }
 
-    const Row &row() const { return m_row; }
+    const PixelRow &row() const { return m_row; }
     /// The first pixel in the circle of that radius, and the first one behind it.
     std::pair<int, int> chord(double radius) const
     {
@@ -72,7 +72,7 @@ public:
     }
 
 private:
-    Row m_row;
+    PixelRow m_row;
     /// The middle of the circle, seen from the middle of the row's first pixel.
     double m_x;
     double m_distance;

@@ -14,7 +14,7 @@ constexpr double kDistanceFromEdge = 24.0;
 /// As much as a hand finds and takes hold of.
 constexpr double kHandhold = 48.0;
 /// Screens lie within a few thousand points; what is far beyond that is no place.
-constexpr double kFarthest = 1e6;
+constexpr double kFarthestPlace = 1e6;
 
 } // namespace
 
@@ -28,7 +28,7 @@ std::optional<SavedFrame> SavedFrame::fromString(const QString &text)
     for (std::size_t i = 0; i < kNumbers; ++i) {
         bool isNumber = false;
         numbers.at(i) = words.at(static_cast<int>(i)).toDouble(&isNumber);
-        if (!isNumber || !(std::abs(numbers.at(i)) < kFarthest))
+        if (!isNumber || !(std::abs(numbers.at(i)) < kFarthestPlace))
             return std::nullopt;
     }
     // The name of a screen may have blanks in it.

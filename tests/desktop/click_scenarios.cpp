@@ -1,5 +1,6 @@
 // Which clicks give a ring.
 #include "click_rings.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
@@ -174,5 +175,5 @@ void ClickScenarios::withNobodyClickingItSleeps()
     QVERIFY(steps > 0);
 }
 
-QTEST_GUILESS_MAIN(ClickScenarios)
+REGISTER_GUILESS_TEST(ClickScenarios)
 #include "click_scenarios.moc"

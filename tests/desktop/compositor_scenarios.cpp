@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 
@@ -79,5 +80,5 @@ void CompositorScenarios::drawingsOutliveTheCompositor()
                on.isUntouched({400, 340, 300, 140}));
 }
 
-QTEST_GUILESS_MAIN(CompositorScenarios)
+REGISTER_GUILESS_TEST(CompositorScenarios)
 #include "compositor_scenarios.moc"

@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 #include <cmath>
 
@@ -191,5 +192,5 @@ void DrawingScenarios::aHiddenOverlayHoldsNoFrameBuffer()
     EVENTUALLY(on.program.residentBytes() - before < frameBuffer / 10);
 }
 
-QTEST_GUILESS_MAIN(DrawingScenarios)
+REGISTER_GUILESS_TEST(DrawingScenarios)
 #include "drawing_scenarios.moc"

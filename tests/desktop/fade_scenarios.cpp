@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 #include "settings_file.h"
 
 #include <algorithm>
@@ -8,14 +9,14 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QRect kScreen(0, 0, 1280, 800);
-const QPoint kPlace(300, 300);
-const QColor kBeneath(0x20, 0x60, 0xA0);
+const QRect kSmallScreen(0, 0, 1280, 800);
+const QPoint kStroke(300, 300);
+const QColor kGround(0x20, 0x60, 0xA0);
 
 /// What a program on a busy machine may lag behind the clock, in seconds.
 constexpr double kLag = 1.0;
 /// A step of opacity that a screenshot cannot tell.
-constexpr double kRounding = 0.02;
+constexpr double kUnseenStep = 0.02;
 
 /// How opaque a stroke of that age in seconds is.
 double opacityAt(double age)
@@ -24,7 +25,7 @@ double opacityAt(double age)
 }
 
 /// One look at the stroke.
-struct Look
+struct StrokeLook
 {
     /// Between these the stroke's age was at that time, in seconds. What is on the screen may be older, not
     /// newer, so the stroke is at least as opaque as the older age says.
@@ -35,7 +36,7 @@ struct Look
 
 double opacityOf(const QColor &seen)
 {
-    return double(seen.red() - kBeneath.red()) / (kInk.red() - kBeneath.red());
+    return double(seen.red() - kGround.red()) / (kInk.red() - kGround.red());
 }
 
 /// A stroke with auto-fade on, watched until it has gone.
@@ -50,19 +51,19 @@ public:
     bool draw()
     {
         Pointer &pointer = m_session.pointer();
-        const bool drawn = pointer.moveTo(kPlace - QPoint(50, 0)) && pointer.press() &&
-                           pointer.moveTo(kPlace + QPoint(50, 0));
+        const bool drawn = pointer.moveTo(kStroke - QPoint(50, 0)) && pointer.press() &&
+                           pointer.moveTo(kStroke + QPoint(50, 0));
         m_sinceBefore.start();
         const bool released = pointer.release();
         m_sinceAfter.start();
         return drawn && released;
     }
 
-    Look look()
+    StrokeLook look()
     {
-        Look look;
+        StrokeLook look;
         look.youngest = double(m_sinceAfter.elapsed()) / 1000.0;
-        look.opacity = opacityOf(m_session.screenshot().pixel(kPlace));
+        look.opacity = opacityOf(m_session.screenshot().pixel(kStroke));
         look.oldest = double(m_sinceBefore.elapsed()) / 1000.0;
         return look;
     }
@@ -78,7 +79,7 @@ struct Fading
 {
     Fading()
         : isStored(SettingsFile(session).write("ZeigewerkAutoFade=true\n"))
-        , beneath(session, kScreen, kBeneath)
+        , beneath(session, kSmallScreen, kGround)
         , program(session)
     {
         if (!isStored || !program.waitUntilReady())
@@ -88,7 +89,7 @@ struct Fading
 
     bool isDrawnOn() { return session.client().inputFocus() != beneath.id(); }
 
-    DesktopSession session{{.screens = {kScreen}}};
+    DesktopSession session{{.screens = {kSmallScreen}}};
     bool isStored;
     WindowBeneath beneath;
     Program program;
@@ -113,26 +114,26 @@ void FadeScenarios::aStrokeHoldsDissolvesAndLeavesTheProgramAsleep()
     QVERIFY(stroke.draw());
     EVENTUALLY(stroke.look().opacity == 1.0);
 
-    QList<Look> looks;
+    QList<StrokeLook> looks;
     do
         looks.append(stroke.look());
     while (looks.constLast().opacity != 0.0 && looks.constLast().youngest < 10.0);
 
     double last = 1.0;
     int dissolving = 0;
-    for (const Look &look : std::as_const(looks)) {
+    for (const StrokeLook &look : std::as_const(looks)) {
         const QByteArray what = QByteArray::number(look.opacity) + " between " +
                                 QByteArray::number(look.youngest) + " and " +
                                 QByteArray::number(look.oldest) + " s";
-        QVERIFY2(look.opacity >= opacityAt(look.oldest) - kRounding, what);
-        QVERIFY2(look.opacity <= opacityAt(look.youngest - kLag) + kRounding, what);
+        QVERIFY2(look.opacity >= opacityAt(look.oldest) - kUnseenStep, what);
+        QVERIFY2(look.opacity <= opacityAt(look.youngest - kLag) + kUnseenStep, what);
         QVERIFY2(look.opacity <= last, what);
         last = look.opacity;
         dissolving += look.opacity > 0.1 && look.opacity < 0.9 ? 1 : 0;
     }
     QCOMPARE(last, 0.0);
     QVERIFY(dissolving > 0);
-    QVERIFY(on.session.screenshot().isFilled(kBeneath, {200, 200, 200, 200}));
+    QVERIFY(on.session.screenshot().isFilled(kGround, {200, 200, 200, 200}));
 
     // Still drawing, but nothing is left to fade.
     EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
@@ -149,12 +150,12 @@ void FadeScenarios::theWhiteboardHoldsWhatWouldFade()
     EVENTUALLY(on.session.screenshot().pixel({300, 400}) == QColor(Qt::white));
     // Long after it would have gone it is as it was …
     EVENTUALLY_WITHIN(10s, stroke.look().youngest > 5.5);
-    QCOMPARE(on.session.screenshot().pixel(kPlace), kInk);
+    QCOMPARE(on.session.screenshot().pixel(kStroke), kInk);
     // … and without the whiteboard it goes.
     on.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
-    EVENTUALLY(on.session.screenshot().isFilled(kBeneath, {200, 200, 200, 300}));
+    EVENTUALLY(on.session.screenshot().isFilled(kGround, {200, 200, 200, 300}));
     EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
 }
 
-QTEST_GUILESS_MAIN(FadeScenarios)
+REGISTER_GUILESS_TEST(FadeScenarios)
 #include "fade_scenarios.moc"

@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
@@ -191,5 +192,5 @@ void FocusScenarios::aHeldEscReachesNobodyElse()
     EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
 }
 
-QTEST_GUILESS_MAIN(FocusScenarios)
+REGISTER_GUILESS_TEST(FocusScenarios)
 #include "focus_scenarios.moc"

@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
@@ -103,5 +104,5 @@ void HotKeyScenarios::hotKeysNeverReachTheApplications()
         QVERIFY(!on.beneath.pressedKeys().contains(key));
 }
 
-QTEST_GUILESS_MAIN(HotKeyScenarios)
+REGISTER_GUILESS_TEST(HotKeyScenarios)
 #include "hot_key_scenarios.moc"

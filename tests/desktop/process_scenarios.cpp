@@ -1,4 +1,5 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 #include <signal.h>
 
@@ -130,5 +131,5 @@ void ProcessScenarios::oneThatWasKilledIsInNobodysWay()
     QVERIFY(second.waitUntilReady());
 }
 
-QTEST_GUILESS_MAIN(ProcessScenarios)
+REGISTER_GUILESS_TEST(ProcessScenarios)
 #include "process_scenarios.moc"

@@ -1,4 +1,5 @@
 // What the rig says of a program's buttons, against a program whose buttons are known.
+#include "registered_test.h"
 #include "rig.h"
 
 #include <algorithm>
@@ -147,5 +148,5 @@ void RigAccessibilitySelfTest::nothingOfTheBusIsLeftBehind()
     QVERIFY(processesWithEnvironment(mark).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(RigAccessibilitySelfTest)
+REGISTER_GUILESS_TEST(RigAccessibilitySelfTest)
 #include "rig_accessibility_self_test.moc"

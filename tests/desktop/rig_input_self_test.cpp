@@ -1,14 +1,9 @@
 // The rig's mouse, keyboard and hot keys, without the program.
+#include "registered_test.h"
 #include "rig.h"
+#include "rig_self_test.h"
 
 using namespace zeigewerk::rig;
-
-namespace {
-
-const QRect kBeneath(200, 100, 800, 600);
-const QColor kBlue(0x20, 0x60, 0xC0);
-
-} // namespace
 
 class RigInputSelfTest : public QObject
 {
@@ -154,5 +149,5 @@ void RigInputSelfTest::trialGrabFindsTheThiefAndNothingElse()
     EVENTUALLY(!isGrabbedByAnother(session, modifiers, Key::P));
 }
 
-QTEST_GUILESS_MAIN(RigInputSelfTest)
+REGISTER_GUILESS_TEST(RigInputSelfTest)
 #include "rig_input_self_test.moc"

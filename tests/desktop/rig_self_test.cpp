@@ -1,4 +1,7 @@
 // The rig itself, without the program: what it says of a desktop must be so before anything is judged by it.
+#include "rig_self_test.h"
+
+#include "registered_test.h"
 #include "rig.h"
 
 #include <csignal>
@@ -8,10 +11,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QRect kLeft(0, 0, 1280, 720);
-const QRect kRight(1280, 0, 1920, 1080);
-const QRect kBeneath(200, 100, 800, 600);
-const QColor kBlue(0x20, 0x60, 0xC0);
+const QRect kHd(0, 0, 1280, 720);
+const QRect kFullHdBeside(1280, 0, 1920, 1080);
 
 } // namespace
 
@@ -59,23 +60,23 @@ void RigSelfTest::windowBeneathShowsItsColourAtItsPlace()
 
 void RigSelfTest::screensComeAndGo()
 {
-    DesktopSession session({.screens = {kLeft, kRight}});
+    DesktopSession session({.screens = {kHd, kFullHdBeside}});
     VirtualDisplay &display = session.display();
     using Screens = QMap<int, QRect>;
-    QCOMPARE(display.screens(), Screens({{0, kLeft}, {1, kRight}}));
-    QCOMPARE(session.screenshot().rect(), kLeft | kRight);
+    QCOMPARE(display.screens(), Screens({{0, kHd}, {1, kFullHdBeside}}));
+    QCOMPARE(session.screenshot().rect(), kHd | kFullHdBeside);
     display.unplug(1);
-    QCOMPARE(display.screens(), Screens({{0, kLeft}}));
-    QCOMPARE(session.screenshot().rect(), kLeft);
+    QCOMPARE(display.screens(), Screens({{0, kHd}}));
+    QCOMPARE(session.screenshot().rect(), kHd);
     display.plug(2, QRect(0, 720, 3840, 2160));
-    QCOMPARE(display.screens(), Screens({{0, kLeft}, {2, QRect(0, 720, 3840, 2160)}}));
-    display.plug(0, kRight.translated(-1280, 0));
+    QCOMPARE(display.screens(), Screens({{0, kHd}, {2, QRect(0, 720, 3840, 2160)}}));
+    display.plug(0, kFullHdBeside.translated(-1280, 0));
     display.unplug(2);
     QCOMPARE(display.screens(), Screens({{0, QRect(0, 0, 1920, 1080)}}));
     display.unplug(0);
     QVERIFY(display.screens().isEmpty());
-    display.plug(0, kLeft);
-    QCOMPARE(session.screenshot().rect(), kLeft);
+    display.plug(0, kHd);
+    QCOMPARE(session.screenshot().rect(), kHd);
 }
 
 void RigSelfTest::raisedWindowIsAboveTheOther()
@@ -238,5 +239,5 @@ void RigSelfTest::pictureOfAFailureShowsTheScreen()
     QCOMPARE(QImage(saved.first()).pixelColor(kBeneath.center()), kBlue);
 }
 
-QTEST_GUILESS_MAIN(RigSelfTest)
+REGISTER_GUILESS_TEST(RigSelfTest)
 #include "rig_self_test.moc"

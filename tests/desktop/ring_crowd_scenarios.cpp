@@ -1,5 +1,6 @@
 // Many rings at once: that all of them move, and what that costs.
 #include "click_rings.h"
+#include "registered_test.h"
 
 #include <numeric>
 
@@ -8,7 +9,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kClicks = 200;
+constexpr int kManyClicks = 200;
 /// One for each sixtieth of 450 ms, one at its beginning, and what the server asks for when it comes.
 constexpr int kMostFrames = 27 + 1 + 2;
 /// Of a ring that is seen to move.
@@ -44,7 +45,7 @@ public:
         m_known = m_windows.windows().size();
         const auto programBefore = program.cpuTime();
         const auto serverBefore = cpuTime(session.display().serverProcessId());
-        session.pointer().clickAtOnce(kClicks);
+        session.pointer().clickAtOnce(kManyClicks);
         if (!eventually([&] { return isOver(crowd); }, 60s))
             return std::nullopt;
         crowd.ofProgram = program.cpuTime() - programBefore;
@@ -73,7 +74,7 @@ private:
         const auto shown = [](const WatchedWindow &ring) { return ring.isShown; };
         crowd.mostAtOnce = std::max(crowd.mostAtOnce, std::count_if(all.begin(), all.end(), shown));
         const auto gone = [](const WatchedWindow &ring) { return ring.isGone; };
-        return all.size() == kClicks && std::all_of(all.begin(), all.end(), gone);
+        return all.size() == kManyClicks && std::all_of(all.begin(), all.end(), gone);
     }
 
     WindowWatch m_windows;
@@ -116,7 +117,7 @@ void RingCrowdScenarios::allRingsOfACrowdMove()
     // How many frames there is time for depends on how busy the machine is, so several crowds are looked at.
     constexpr int kMostCrowds = 20;
     qsizetype moving = 0;
-    for (int i = 0; moving < kClicks; ++i) {
+    for (int i = 0; moving < kManyClicks; ++i) {
         QVERIFY(i < kMostCrowds);
         const std::optional<Crowd> crowd = on.next();
         QVERIFY(crowd.has_value());
@@ -127,5 +128,5 @@ void RingCrowdScenarios::allRingsOfACrowdMove()
     EVENTUALLY(on.isUntouched({0, 0, 1700, 1080}));
 }
 
-QTEST_GUILESS_MAIN(RingCrowdScenarios)
+REGISTER_GUILESS_TEST(RingCrowdScenarios)
 #include "ring_crowd_scenarios.moc"

@@ -1,15 +1,14 @@
 // How the ring round a click looks, and where it stands.
 #include "click_rings.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
 
-Q_DECLARE_METATYPE(zeigewerk::rig::Compositor)
-
 namespace {
 
 /// How a ring looks at one moment.
-struct Look
+struct RingLook
 {
     int width = 0;
     double opacity = 0.0;
@@ -20,7 +19,7 @@ constexpr double kFirstScale = 0.35;
 constexpr double kLastScale = 1.15;
 
 /// The ring round that place on the window beneath.
-Look lookOf(ClickRings &on, QPoint place)
+RingLook lookOf(ClickRings &on, QPoint place)
 {
     const Screenshot seen = on.session.screenshot();
     const int ground = on.beneathColor().red();
@@ -39,7 +38,7 @@ Look lookOf(ClickRings &on, QPoint place)
 }
 
 /// Whether size and opacity belong to the same moment: both go the same way from first to last.
-bool isARing(const Look &look)
+bool isARing(const RingLook &look)
 {
     const double scale = double(look.width) / kDiameter;
     const double grown = (scale - kFirstScale) / (kLastScale - kFirstScale);
@@ -55,14 +54,14 @@ int growthSeen(ClickRings &on, QPoint place)
     constexpr double kFaint = 0.15;
     constexpr double kRounding = 0.02;
     int moments = 0;
-    Look before = {0, 1.0};
+    RingLook before = {0, 1.0};
     const QDeadlineTimer deadline(kDeadline);
     while (!on.areAllGone()) {
         if (deadline.hasExpired()) {
             QTest::qFail("the ring does not go", __FILE__, __LINE__);
             break;
         }
-        const Look look = lookOf(on, place);
+        const RingLook look = lookOf(on, place);
         if (look.opacity < kFaint)
             continue;
         if (!isARing(look) || look.width < before.width || look.opacity > before.opacity + kRounding) {
@@ -144,5 +143,5 @@ void RingScenarios::aRingIsAboveTheToolbar()
     }());
 }
 
-QTEST_GUILESS_MAIN(RingScenarios)
+REGISTER_GUILESS_TEST(RingScenarios)
 #include "ring_scenarios.moc"

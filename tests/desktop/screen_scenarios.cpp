@@ -1,13 +1,8 @@
 #include "presentation.h"
+#include "registered_test.h"
+#include "two_screens.h"
 
 using namespace zeigewerk::rig;
-
-namespace {
-
-const QRect kLeft(0, 0, 1280, 1024);
-const QRect kRight(1280, 0, 1600, 900);
-
-} // namespace
 
 class ScreenScenarios : public QObject
 {
@@ -156,5 +151,5 @@ void ScreenScenarios::allScreensOffAndOnAgain()
     EVENTUALLY(on.pixel({350, 500}) == kInk);
 }
 
-QTEST_GUILESS_MAIN(ScreenScenarios)
+REGISTER_GUILESS_TEST(ScreenScenarios)
 #include "screen_scenarios.moc"

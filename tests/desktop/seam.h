@@ -2,12 +2,9 @@
 #pragma once
 
 #include "rig.h"
+#include "two_screens.h"
 
 namespace zeigewerk::rig {
-
-// Two screens side by side, their upper edges at the same height.
-inline constexpr QRect kLeft(0, 0, 1280, 1024);
-inline constexpr QRect kRight(1280, 0, 1600, 900);
 
 /// Qt's setting for "scale of the first;scale of the second".
 inline QString factorsOf(const QString &scales)

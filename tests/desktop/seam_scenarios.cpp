@@ -1,3 +1,4 @@
+#include "registered_test.h"
 #include "seam.h"
 
 using namespace zeigewerk::rig;
@@ -114,5 +115,5 @@ void SeamScenarios::theEmbeddingTrayComesAndGoes()
     EVENTUALLY(seam.tell("tray") == "0 2");
 }
 
-QTEST_GUILESS_MAIN(SeamScenarios)
+REGISTER_GUILESS_TEST(SeamScenarios)
 #include "seam_scenarios.moc"

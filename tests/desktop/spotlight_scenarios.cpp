@@ -1,13 +1,7 @@
-#include "presentation.h"
+#include "registered_test.h"
+#include "spotlight_radius.h"
 
 using namespace zeigewerk::rig;
-
-namespace {
-
-/// As many points as the spotlight's radius when nothing is stored.
-constexpr int kRadius = 90;
-
-} // namespace
 
 class SpotlightScenarios : public QObject
 {
@@ -148,5 +142,5 @@ void SpotlightScenarios::followingThePointerLeavesNoTrace()
     EVENTUALLY(on.isFilled(dimmed(on.beneathColor()), {0, 0, 1500, 1080}));
 }
 
-QTEST_GUILESS_MAIN(SpotlightScenarios)
+REGISTER_GUILESS_TEST(SpotlightScenarios)
 #include "spotlight_scenarios.moc"

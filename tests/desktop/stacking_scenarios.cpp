@@ -1,13 +1,8 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
-
-namespace {
-
-const QRect kScreen(0, 0, 1920, 1080);
-
-} // namespace
 
 class StackingScenarios : public QObject
 {
@@ -78,7 +73,7 @@ void StackingScenarios::aScreenLockerIsNeverCovered()
     Presentation on;
     QVERIFY(pinAStroke(on));
     const xcb_window_t overlay = on.overlays().constFirst().id;
-    const Popup locker(on.session, kScreen, Qt::black);
+    const Popup locker(on.session, VirtualDisplay::kFullHd, Qt::black);
     // Something happens that makes the program look again; the locker's own popup among it.
     const Popup ofLocker(on.session, {300, 200, 400, 300}, Qt::green);
     const Popup popup(on.session, {800, 200, 100, 100}, Qt::red);
@@ -105,5 +100,5 @@ void StackingScenarios::nothingIsRestackedWithoutNeed()
     THROUGHOUT(600ms, on.session.client().stackedChildren(on.session.client().root()) == order);
 }
 
-QTEST_GUILESS_MAIN(StackingScenarios)
+REGISTER_GUILESS_TEST(StackingScenarios)
 #include "stacking_scenarios.moc"

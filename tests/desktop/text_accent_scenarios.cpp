@@ -1,4 +1,5 @@
 // Accents that a presenter types by a dead key and a letter.
+#include "registered_test.h"
 #include "writing.h"
 
 using namespace zeigewerk::rig;
@@ -91,5 +92,5 @@ void TextAccentScenarios::accentsComeOntoTheCanvas()
     QCOMPARE(on.inkAt(typed), on.inkAt(pasted));
 }
 
-QTEST_GUILESS_MAIN(TextAccentScenarios)
+REGISTER_GUILESS_TEST(TextAccentScenarios)
 #include "text_accent_scenarios.moc"

@@ -1,4 +1,5 @@
 // Who has the keyboard while a presenter's text field is open, and after it.
+#include "registered_test.h"
 #include "writing.h"
 
 using namespace zeigewerk::rig;
@@ -125,5 +126,5 @@ void TextKeyboardScenarios::aHeldEscDiscardsTheTextAndEndsNothingMore()
     EVENTUALLY(on.beneath.hasFocus());
 }
 
-QTEST_GUILESS_MAIN(TextKeyboardScenarios)
+REGISTER_GUILESS_TEST(TextKeyboardScenarios)
 #include "text_keyboard_scenarios.moc"

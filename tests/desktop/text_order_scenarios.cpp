@@ -1,4 +1,5 @@
 // Keys and clicks come in the order in which they were made, however the program gets to read them.
+#include "registered_test.h"
 #include "writing.h"
 
 #include <xcb/xtest.h>
@@ -10,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QPoint kFirst(100, 100);
+const QPoint kWordPlace(100, 100);
 const QString kWord("abcdefgh");
 
 /// The program does not read anything while this lives: what is done meanwhile has all come when it goes on.
@@ -69,13 +70,13 @@ private:
 /// A word stands there, typed at leisure.
 QRect inkOfWord(Writing &on)
 {
-    if (!on.open(kFirst))
+    if (!on.open(kWordPlace))
         throw RigError("no field opens");
     on.session.keyboard().type(kWord);
     on.session.keyboard().tap(Key::Return);
-    if (!eventually([&] { return on.isDrawing() && !on.inkAt(kFirst).isEmpty(); }))
+    if (!eventually([&] { return on.isDrawing() && !on.inkAt(kWordPlace).isEmpty(); }))
         throw RigError("nothing is written");
-    return on.inkAt(kFirst);
+    return on.inkAt(kWordPlace);
 }
 
 } // namespace
@@ -227,5 +228,5 @@ void TextOrderScenarios::anEscThatWaitedReachesNobodyElse()
     on.session.keyboard().release(Key::Escape);
 }
 
-QTEST_GUILESS_MAIN(TextOrderScenarios)
+REGISTER_GUILESS_TEST(TextOrderScenarios)
 #include "text_order_scenarios.moc"

@@ -1,4 +1,5 @@
 // Where a presenter's text stands: in the field, and then on the canvas.
+#include "registered_test.h"
 #include "writing.h"
 
 using namespace zeigewerk::rig;
@@ -170,5 +171,5 @@ void TextPlaceScenarios::withoutACompositorTheFieldIsWhite()
     EVENTUALLY(on.isUntouched({300, 450, 400, 200}));
 }
 
-QTEST_GUILESS_MAIN(TextPlaceScenarios)
+REGISTER_GUILESS_TEST(TextPlaceScenarios)
 #include "text_place_scenarios.moc"

@@ -1,4 +1,5 @@
 // How a presenter edits the text in the field.
+#include "registered_test.h"
 #include "writing.h"
 
 using namespace zeigewerk::rig;
@@ -98,5 +99,5 @@ void TextScenarios::escDiscardsTheTextOnly()
     EVENTUALLY(on.beneath.hasFocus());
 }
 
-QTEST_GUILESS_MAIN(TextScenarios)
+REGISTER_GUILESS_TEST(TextScenarios)
 #include "text_scenarios.moc"

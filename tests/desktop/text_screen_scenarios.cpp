@@ -1,4 +1,5 @@
 // A text field at the edge of its screen, beside one of another scale.
+#include "registered_test.h"
 #include "writing.h"
 
 using namespace zeigewerk::rig;
@@ -105,5 +106,5 @@ void TextScreenScenarios::aCutFieldShowsTheTextWhereItStays()
     EVENTUALLY(isNear(ink(), typed));
 }
 
-QTEST_GUILESS_MAIN(TextScreenScenarios)
+REGISTER_GUILESS_TEST(TextScreenScenarios)
 #include "text_screen_scenarios.moc"

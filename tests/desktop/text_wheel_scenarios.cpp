@@ -1,4 +1,5 @@
 // The wheel over a presenter's text field does what it does on the canvas beneath.
+#include "registered_test.h"
 #include "spotlight_radius.h"
 #include "writing.h"
 
@@ -73,5 +74,5 @@ void TextWheelScenarios::aScrollAxisResizesTheSpotlight()
     on.session.keyboard().release(Key::Alt);
 }
 
-QTEST_GUILESS_MAIN(TextWheelScenarios)
+REGISTER_GUILESS_TEST(TextWheelScenarios)
 #include "text_wheel_scenarios.moc"

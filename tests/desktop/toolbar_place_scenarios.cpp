@@ -1,4 +1,5 @@
 // Where the toolbar stands, and what is kept from one run of the program to the next.
+#include "registered_test.h"
 #include "rehearsal.h"
 #include "settings_file.h"
 
@@ -8,7 +9,6 @@ using namespace zeigewerk::rig;
 
 namespace {
 
-const QRect kScreen = VirtualDisplay::kFullHd;
 const char kFolder[] = ".config/zeigewerk";
 const char kFile[] = ".config/zeigewerk/zeigewerk.ini";
 
@@ -86,7 +86,7 @@ void ToolbarPlaceScenarios::itStartsAtTheRightEdgeOfTheScreen_data()
 void ToolbarPlaceScenarios::itStartsAtTheRightEdgeOfTheScreen()
 {
     QFETCH(int, scale);
-    const QRect screen(QPoint(0, 0), kScreen.size() * scale);
+    const QRect screen(QPoint(0, 0), VirtualDisplay::kFullHd.size() * scale);
     DesktopSession session({.screens = {screen}, .accessibility = true});
     Run run(session, scale);
     QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), screen, scale));
@@ -105,7 +105,8 @@ void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgai
 {
     QFETCH(bool, byTheGrip);
     QFETCH(int, scale);
-    DesktopSession session({.screens = {QRect(QPoint(0, 0), kScreen.size() * scale)}, .accessibility = true});
+    DesktopSession session(
+        {.screens = {QRect(QPoint(0, 0), VirtualDisplay::kFullHd.size() * scale)}, .accessibility = true});
     const QPoint way(-600 * scale, -150 * scale);
     QRect left;
     {
@@ -191,7 +192,7 @@ void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable()
     QVERIFY(SettingsFile(session).write("ZeigewerkToolbar=" + saved + '\n'));
     Run run(session);
     if (panel.isNull())
-        QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), kScreen));
+        QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), VirtualDisplay::kFullHd));
     else
         QCOMPARE(run.presenter.panel(), panel);
     QVERIFY(run.presenter.click(button::kColor, 4));
@@ -201,7 +202,7 @@ void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable()
 void ToolbarPlaceScenarios::itFollowsItsScreenAwayAndBack()
 {
     const QRect second(1920, 0, 1280, 1024);
-    DesktopSession session({.screens = {kScreen, second}, .accessibility = true});
+    DesktopSession session({.screens = {VirtualDisplay::kFullHd, second}, .accessibility = true});
     Run run(session);
     const QPoint way(600, -100);
     const QRect left = run.presenter.panel().translated(way);
@@ -209,7 +210,7 @@ void ToolbarPlaceScenarios::itFollowsItsScreenAwayAndBack()
     QVERIFY(session.pointer().drag({grip, grip + way / 2, grip + way}));
     EVENTUALLY(run.presenter.panel() == left);
     session.display().unplug(1);
-    EVENTUALLY(kScreen.contains(run.presenter.panel()));
+    EVENTUALLY(VirtualDisplay::kFullHd.contains(run.presenter.panel()));
     QVERIFY(run.presenter.click(button::kColor, 4));
     EVENTUALLY(run.presenter.isOn(button::kColor, 4));
     session.display().plug(1, second);
@@ -250,7 +251,7 @@ void ToolbarPlaceScenarios::settingsThatCannotBeWrittenHinderNothing()
     blockSettings(session, obstacle);
     Run run(session);
     const QRect panel = run.presenter.panel();
-    QVERIFY(standsAtItsFirstPlace(panel, kScreen));
+    QVERIFY(standsAtItsFirstPlace(panel, VirtualDisplay::kFullHd));
     const QPoint grip = run.presenter.grip();
     QVERIFY(session.pointer().drag({grip, grip - QPoint(100, 0), grip - QPoint(300, 0)}));
     EVENTUALLY(run.presenter.panel() == panel.translated(-300, 0));
@@ -261,5 +262,5 @@ void ToolbarPlaceScenarios::settingsThatCannotBeWrittenHinderNothing()
     QCOMPARE(run.program.terminate(), std::optional(0));
 }
 
-QTEST_GUILESS_MAIN(ToolbarPlaceScenarios)
+REGISTER_GUILESS_TEST(ToolbarPlaceScenarios)
 #include "toolbar_place_scenarios.moc"

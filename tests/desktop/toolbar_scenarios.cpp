@@ -1,4 +1,5 @@
 // What the buttons of the toolbar do.
+#include "registered_test.h"
 #include "rehearsal.h"
 
 #include <algorithm>
@@ -7,8 +8,8 @@ using namespace zeigewerk::rig;
 
 namespace {
 
-constexpr QPoint kPlace(400, 300);
-constexpr QPoint kOtherPlace(400, 500);
+constexpr QPoint kStrokePlace(400, 300);
+constexpr QPoint kOtherStrokePlace(400, 500);
 
 /// As the eye goes over the toolbar: from top to bottom, from left to right.
 QList<AccessibleButton> inReadingOrder(QList<AccessibleButton> buttons)
@@ -79,15 +80,15 @@ void ToolbarScenarios::drawingIsTurnedOnAndOff()
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.presenter.isOn(button::kDraw));
-    QVERIFY(on.strokeFrom(kPlace));
-    EVENTUALLY(on.strokeColor(kPlace) == kInk);
+    QVERIFY(on.strokeFrom(kStrokePlace));
+    EVENTUALLY(on.strokeColor(kStrokePlace) == kInk);
 
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.beneath.hasFocus());
     EVENTUALLY(on.isSlideUntouched());
     QVERIFY(!on.presenter.isOn(button::kDraw));
-    QVERIFY(on.session.pointer().clickAt(kPlace));
-    EVENTUALLY(on.beneath.presses() == QList<QPoint>{kPlace});
+    QVERIFY(on.session.pointer().clickAt(kStrokePlace));
+    EVENTUALLY(on.beneath.presses() == QList<QPoint>{kStrokePlace});
 }
 
 void ToolbarScenarios::theWhiteboardIsTurnedOnAndOff()
@@ -98,8 +99,8 @@ void ToolbarScenarios::theWhiteboardIsTurnedOnAndOff()
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.presenter.isOn(button::kWhiteboard));
     QVERIFY(!on.presenter.isOn(button::kDraw));
-    QVERIFY(on.strokeFrom(kPlace));
-    EVENTUALLY(on.strokeColor(kPlace) == kInk);
+    QVERIFY(on.strokeFrom(kStrokePlace));
+    EVENTUALLY(on.strokeColor(kStrokePlace) == kInk);
 
     QVERIFY(on.presenter.click(button::kWhiteboard));
     EVENTUALLY(on.isSlideUntouched());
@@ -113,8 +114,8 @@ void ToolbarScenarios::theSpotlightIsTurnedOnAndOff()
     EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
     QVERIFY(on.presenter.isOn(button::kSpotlight));
     QVERIFY(on.beneath.hasFocus());
-    QVERIFY(on.session.pointer().moveTo(kPlace));
-    EVENTUALLY(on.pixel(kPlace) == on.beneathColor());
+    QVERIFY(on.session.pointer().moveTo(kStrokePlace));
+    EVENTUALLY(on.pixel(kStrokePlace) == on.beneathColor());
 
     QVERIFY(on.presenter.click(button::kSpotlight));
     EVENTUALLY(on.isSlideUntouched());
@@ -126,19 +127,19 @@ void ToolbarScenarios::theRingIsTurnedOnAndOff()
     Rehearsal on;
     const auto ring = [](QPoint pointer) { return QRect(pointer - QPoint(28, 28), QSize(56, 56)); };
     QVERIFY(on.presenter.click(button::kRing));
-    for (const QPoint place : {kPlace, kOtherPlace}) {
+    for (const QPoint place : {kStrokePlace, kOtherStrokePlace}) {
         QVERIFY(on.session.pointer().moveTo(place));
         // Around the pointer, and nowhere else.
         EVENTUALLY(!on.isUntouched(ring(place).adjusted(0, 0, 0, -40)));
         EVENTUALLY(!on.isUntouched(ring(place).adjusted(0, 40, 0, 0)));
-        EVENTUALLY(on.isUntouched(ring(place == kPlace ? kOtherPlace : kPlace)));
+        EVENTUALLY(on.isUntouched(ring(place == kStrokePlace ? kOtherStrokePlace : kStrokePlace)));
     }
     QVERIFY(on.presenter.isOn(button::kRing));
     QVERIFY(on.beneath.hasFocus());
 
     QVERIFY(on.presenter.click(button::kRing));
     EVENTUALLY(!on.presenter.isOn(button::kRing));
-    QVERIFY(on.session.pointer().moveTo(kPlace));
+    QVERIFY(on.session.pointer().moveTo(kStrokePlace));
     EVENTUALLY(on.isSlideUntouched());
 }
 
@@ -150,24 +151,24 @@ void ToolbarScenarios::pinningLeavesTheDrawingAndLetsClicksThrough()
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(!on.presenter.isOn(button::kPin));
-    QVERIFY(on.strokeFrom(kPlace));
-    EVENTUALLY(on.strokeColor(kPlace) == kInk);
+    QVERIFY(on.strokeFrom(kStrokePlace));
+    EVENTUALLY(on.strokeColor(kStrokePlace) == kInk);
 
     QVERIFY(on.presenter.click(button::kPin));
     EVENTUALLY(on.beneath.hasFocus());
     QVERIFY(on.presenter.isOn(button::kPin));
     QVERIFY(!on.presenter.isOn(button::kDraw));
     on.beneath.forget();
-    QVERIFY(on.session.pointer().clickAt(kPlace));
-    EVENTUALLY(on.beneath.presses() == QList<QPoint>{kPlace});
-    QCOMPARE(on.strokeColor(kPlace), kInk);
+    QVERIFY(on.session.pointer().clickAt(kStrokePlace));
+    EVENTUALLY(on.beneath.presses() == QList<QPoint>{kStrokePlace});
+    QCOMPARE(on.strokeColor(kStrokePlace), kInk);
 
     // Unpinned, it is drawn on again.
     QVERIFY(on.presenter.click(button::kPin));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.presenter.isOn(button::kDraw));
     QVERIFY(!on.presenter.isOn(button::kPin));
-    QCOMPARE(on.strokeColor(kPlace), kInk);
+    QCOMPARE(on.strokeColor(kStrokePlace), kInk);
 }
 
 void ToolbarScenarios::undoAndClearTakeShapesAway()
@@ -175,12 +176,12 @@ void ToolbarScenarios::undoAndClearTakeShapesAway()
     Rehearsal on;
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.strokeFrom(kPlace));
-    QVERIFY(on.strokeFrom(kOtherPlace));
-    EVENTUALLY(on.strokeColor(kOtherPlace) == kInk);
+    QVERIFY(on.strokeFrom(kStrokePlace));
+    QVERIFY(on.strokeFrom(kOtherStrokePlace));
+    EVENTUALLY(on.strokeColor(kOtherStrokePlace) == kInk);
     QVERIFY(on.presenter.click(button::kUndo));
-    EVENTUALLY(on.strokeColor(kOtherPlace) == on.beneathColor());
-    QCOMPARE(on.strokeColor(kPlace), kInk);
+    EVENTUALLY(on.strokeColor(kOtherStrokePlace) == on.beneathColor());
+    QCOMPARE(on.strokeColor(kStrokePlace), kInk);
     QVERIFY(on.presenter.click(button::kUndo));
     EVENTUALLY(on.isSlideUntouched());
     // With nothing left it does nothing. Toolbar and canvas hear of the hand on ways of their own, so the
@@ -189,16 +190,16 @@ void ToolbarScenarios::undoAndClearTakeShapesAway()
     QVERIFY(on.presenter.click(button::kWidth, 2));
     EVENTUALLY(on.presenter.isOn(button::kWidth, 2));
 
-    QVERIFY(on.strokeFrom(kPlace));
-    QVERIFY(on.strokeFrom(kOtherPlace));
-    EVENTUALLY(on.strokeColor(kOtherPlace) == kInk);
+    QVERIFY(on.strokeFrom(kStrokePlace));
+    QVERIFY(on.strokeFrom(kOtherStrokePlace));
+    EVENTUALLY(on.strokeColor(kOtherStrokePlace) == kInk);
     QVERIFY(on.presenter.click(button::kClear));
     EVENTUALLY(on.isSlideUntouched());
     // It is still drawn on.
     QVERIFY(on.hasKeyboard());
-    QVERIFY(on.strokeFrom(kPlace));
-    EVENTUALLY(on.strokeColor(kPlace) == kInk);
-    QCOMPARE(on.strokeColor(kOtherPlace), on.beneathColor());
+    QVERIFY(on.strokeFrom(kStrokePlace));
+    EVENTUALLY(on.strokeColor(kStrokePlace) == kInk);
+    QCOMPARE(on.strokeColor(kOtherStrokePlace), on.beneathColor());
 }
 
 void ToolbarScenarios::clicksAndFadeAreTurnedOnAndOff()
@@ -225,8 +226,8 @@ void ToolbarScenarios::screenReadersPressAsThePointerClicks()
     QVERIFY(press(button::kColor, 3));
     EVENTUALLY(on.presenter.isOn(button::kRectangle) && on.presenter.isOn(button::kColor, 3));
     QVERIFY(!on.presenter.isOn(button::kPen));
-    QVERIFY(on.session.pointer().drag({kPlace, kPlace + QPoint(100, 100)}));
-    EVENTUALLY(on.pixel(kPlace + QPoint(100, 50)) == QColor(0x34, 0xC7, 0x59));
+    QVERIFY(on.session.pointer().drag({kStrokePlace, kStrokePlace + QPoint(100, 100)}));
+    EVENTUALLY(on.pixel(kStrokePlace + QPoint(100, 50)) == QColor(0x34, 0xC7, 0x59));
     QVERIFY(press(button::kUndo));
     EVENTUALLY(on.isSlideUntouched());
     QVERIFY(press(button::kDraw));
@@ -246,5 +247,5 @@ void ToolbarScenarios::quitEndsTheProgram()
     EVENTUALLY(on.beneath.hasFocus());
 }
 
-QTEST_GUILESS_MAIN(ToolbarScenarios)
+REGISTER_GUILESS_TEST(ToolbarScenarios)
 #include "toolbar_scenarios.moc"

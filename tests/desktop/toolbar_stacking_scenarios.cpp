@@ -1,11 +1,10 @@
 #include "presentation.h"
+#include "registered_test.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
 
 namespace {
-
-const QRect kScreen(0, 0, 1920, 1080);
 
 /// A place on the toolbar's background, beside its buttons; its shadow is as wide on the left as on the
 /// right.
@@ -56,7 +55,7 @@ void ToolbarStackingScenarios::itIsShownFromTheStart()
     EVENTUALLY(isSeen(on, on.beneathColor()));
     const WindowInfo toolbar = *on.toolbar();
     QVERIFY(toolbar.overrideRedirect);
-    QVERIFY(kScreen.contains(toolbar.geometry));
+    QVERIFY(VirtualDisplay::kFullHd.contains(toolbar.geometry));
     QVERIFY(on.session.client().isAbove(toolbar.id, on.beneath.id()));
     QVERIFY(on.beneath.hasFocus());
 }
@@ -65,10 +64,10 @@ void ToolbarStackingScenarios::itStaysAboveAWindowRaisedLater()
 {
     Presentation on;
     EVENTUALLY(isSeen(on, on.beneathColor()));
-    WindowBeneath later(on.session, kScreen, Qt::green);
+    WindowBeneath later(on.session, VirtualDisplay::kFullHd, Qt::green);
     EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green));
     EVENTUALLY(isSeen(on, Qt::green));
-    const Popup popup(on.session, kScreen.adjusted(10, 10, -10, -10), Qt::magenta);
+    const Popup popup(on.session, VirtualDisplay::kFullHd.adjusted(10, 10, -10, -10), Qt::magenta);
     EVENTUALLY(on.pixel({20, 20}) == QColor(Qt::magenta) && isSeen(on, Qt::magenta));
 }
 
@@ -78,7 +77,7 @@ void ToolbarStackingScenarios::itStaysAboveAFullScreenWindow()
     EVENTUALLY(isSeen(on, on.beneathColor()));
     QVERIFY(on.beneath.setFullScreen(true));
     EVENTUALLY(on.pixel({2, 2}) == on.beneathColor() && isSeen(on, on.beneathColor()));
-    WindowBeneath later(on.session, kScreen, Qt::green);
+    WindowBeneath later(on.session, VirtualDisplay::kFullHd, Qt::green);
     QVERIFY(later.setFullScreen(true));
     EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green) && isSeen(on, Qt::green));
 }
@@ -89,13 +88,13 @@ void ToolbarStackingScenarios::itIsAboveTheOverlays()
     EVENTUALLY(isSeen(on, on.beneathColor()));
     for (int i = 0; i < 3; ++i) {
         on.hotKey(Key::W);
-        EVENTUALLY(on.isFilled(Qt::white, kScreen));
+        EVENTUALLY(on.isFilled(Qt::white, VirtualDisplay::kFullHd));
         EVENTUALLY(on.hasKeyboard() && on.overlays().size() == 1);
         QVERIFY(on.session.client().isAbove(on.toolbar()->id, on.overlays().constFirst().id));
         QVERIFY(isSeen(on, Qt::white));
         // So it stays when somebody else comes up.
-        const Popup popup(on.session, kScreen.adjusted(10, 10, -10, -10), Qt::magenta);
-        EVENTUALLY(on.isFilled(Qt::white, kScreen) && isSeen(on, Qt::white));
+        const Popup popup(on.session, VirtualDisplay::kFullHd.adjusted(10, 10, -10, -10), Qt::magenta);
+        EVENTUALLY(on.isFilled(Qt::white, VirtualDisplay::kFullHd) && isSeen(on, Qt::white));
         on.hotKey(Key::W);
         EVENTUALLY(on.overlays().isEmpty());
     }
@@ -139,13 +138,13 @@ void ToolbarStackingScenarios::itIsThereAgainWhenTheScreensAre()
     on.session.display().unplug(0);
     // It has noticed.
     EVENTUALLY(on.overlays().isEmpty());
-    on.session.display().plug(0, kScreen);
+    on.session.display().plug(0, VirtualDisplay::kFullHd);
     EVENTUALLY(!on.overlays().isEmpty());
     on.hotKey(Key::D);
     EVENTUALLY(on.overlays().isEmpty());
     EVENTUALLY(isSeen(on, on.beneathColor()));
     // On top of what comes later, too.
-    WindowBeneath later(on.session, kScreen, Qt::green);
+    WindowBeneath later(on.session, VirtualDisplay::kFullHd, Qt::green);
     EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green) && isSeen(on, Qt::green));
 }
 
@@ -154,7 +153,7 @@ void ToolbarStackingScenarios::withoutACompositorItIsThereToo()
     Presentation on({.compositor = Compositor::None});
     EVENTUALLY(isSeen(on, on.beneathColor()));
     on.hotKey(Key::W);
-    EVENTUALLY(on.isFilled(Qt::white, kScreen) && isSeen(on, Qt::white));
+    EVENTUALLY(on.isFilled(Qt::white, VirtualDisplay::kFullHd) && isSeen(on, Qt::white));
     on.beneath.forget();
     QVERIFY(on.session.pointer().clickAt(backgroundOf(*on.toolbar())));
     EVENTUALLY(on.hasKeyboard());
@@ -163,5 +162,5 @@ void ToolbarStackingScenarios::withoutACompositorItIsThereToo()
     QVERIFY(on.beneath.presses().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(ToolbarStackingScenarios)
+REGISTER_GUILESS_TEST(ToolbarStackingScenarios)
 #include "toolbar_stacking_scenarios.moc"

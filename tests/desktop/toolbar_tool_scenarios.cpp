@@ -1,4 +1,5 @@
 // What is drawn with what was chosen on the toolbar.
+#include "registered_test.h"
 #include "rehearsal.h"
 
 #include <array>
@@ -177,5 +178,5 @@ void ToolbarToolScenarios::pickingAToolLeavesTheWhiteboardAlone()
     QCOMPARE(on.pixel({500, 350}), QColor(Qt::white));
 }
 
-QTEST_GUILESS_MAIN(ToolbarToolScenarios)
+REGISTER_GUILESS_TEST(ToolbarToolScenarios)
 #include "toolbar_tool_scenarios.moc"

@@ -1,4 +1,5 @@
 // The toolbar as a window among those of others: it takes the mouse and never the keyboard.
+#include "registered_test.h"
 #include "rehearsal.h"
 
 using namespace zeigewerk::rig;
@@ -207,5 +208,5 @@ void ToolbarWindowScenarios::hoveringShowsATooltip()
         QVERIFY(window.id == tooltip()->id || on.session.client().isAbove(tooltip()->id, window.id));
 }
 
-QTEST_GUILESS_MAIN(ToolbarWindowScenarios)
+REGISTER_GUILESS_TEST(ToolbarWindowScenarios)
 #include "toolbar_window_scenarios.moc"

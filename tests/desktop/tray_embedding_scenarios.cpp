@@ -1,6 +1,7 @@
 // The icon in a tray of the older kind.
 
 #include "presentation.h"
+#include "registered_test.h"
 #include "rig/embedding_tray.h"
 #include "rig/tray_watcher.h"
 
@@ -15,9 +16,9 @@ constexpr QPoint kThere(220, 1020);
 
 /// A presentation on a desktop that had its tray before the program came: one that comes later tells so in
 /// two ways, and Qt docks its icon twice.
-struct TrayPresentation
+struct DockedPresentation
 {
-    TrayPresentation()
+    DockedPresentation()
         : beneath(session, VirtualDisplay::kFullHd, Qt::blue)
         , tray(session, kTrayPlace)
     {
@@ -125,7 +126,7 @@ void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu_data()
 void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu()
 {
     QFETCH(int, button);
-    TrayPresentation on;
+    DockedPresentation on;
     const qsizetype withoutMenu = on.shownWindows().size();
     QVERIFY(on.session.pointer().clickAt(kHere, button));
     EVENTUALLY(on.shownWindows().size() > withoutMenu);
@@ -142,5 +143,5 @@ void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu()
     QCOMPARE(on.program->waitForExit(), std::optional(0));
 }
 
-QTEST_GUILESS_MAIN(TrayEmbeddingScenarios)
+REGISTER_GUILESS_TEST(TrayEmbeddingScenarios)
 #include "tray_embedding_scenarios.moc"

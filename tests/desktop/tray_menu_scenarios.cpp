@@ -1,5 +1,6 @@
 // The menu as the tray shows it.
 
+#include "registered_test.h"
 #include "tray_presentation.h"
 
 using namespace zeigewerk::rig;
@@ -202,5 +203,5 @@ void TrayMenuScenarios::manyChangesCostNothing()
     QVERIFY(!on.isChecked(label::kClicks));
 }
 
-QTEST_GUILESS_MAIN(TrayMenuScenarios)
+REGISTER_GUILESS_TEST(TrayMenuScenarios)
 #include "tray_menu_scenarios.moc"

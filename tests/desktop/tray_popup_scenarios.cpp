@@ -1,5 +1,6 @@
 // The menu as the program itself pops it up.
 
+#include "registered_test.h"
 #include "tray_presentation.h"
 
 using namespace zeigewerk::rig;
@@ -8,7 +9,7 @@ using namespace std::chrono_literals;
 namespace {
 
 /// In the left half, away from the toolbar.
-constexpr QPoint kPlace(300, 300);
+constexpr QPoint kMenuPlace(300, 300);
 
 /// The program's windows that came since others were noted.
 class NewWindows
@@ -66,12 +67,12 @@ void TrayPopupScenarios::aPlainClickOpensTheMenu()
     QFETCH(bool, isContextMenu);
     TrayPresentation on;
     NewWindows menus(on);
-    QVERIFY(on.session.pointer().moveTo(kPlace));
-    QVERIFY(isContextMenu ? on.panel.host.openContextMenu(on.item, kPlace)
-                          : on.panel.host.activate(on.item, kPlace));
+    QVERIFY(on.session.pointer().moveTo(kMenuPlace));
+    QVERIFY(isContextMenu ? on.panel.host.openContextMenu(on.item, kMenuPlace)
+                          : on.panel.host.activate(on.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
     const WindowInfo menu = menus.now().first();
-    QCOMPARE(menu.geometry.topLeft(), kPlace);
+    QCOMPARE(menu.geometry.topLeft(), kMenuPlace);
     QVERIFY(menu.overrideRedirect);
     QVERIFY(on.beneath.hasFocus());
     // A click into nothing closes it, and is for nobody else.
@@ -88,7 +89,7 @@ void TrayPopupScenarios::escClosesTheMenuAndNothingElse()
     TrayPresentation on;
     const auto openAndEsc = [&on] {
         NewWindows menus(on);
-        return on.panel.host.activate(on.item, kPlace) &&
+        return on.panel.host.activate(on.item, kMenuPlace) &&
                eventually([&] { return menus.now().size() == 1; }) &&
                (on.session.keyboard().tap(Key::Escape), eventually([&] { return menus.now().isEmpty(); }));
     };
@@ -119,9 +120,9 @@ void TrayPopupScenarios::theOpenMenuStandsAboveTheWhiteboard()
     TrayPresentation on;
     on.hotKey(Key::W);
     EVENTUALLY(on.hasKeyboard() && on.pixel({10, 1000}) == QColor(Qt::white));
-    QVERIFY(on.session.pointer().moveTo(kPlace));
+    QVERIFY(on.session.pointer().moveTo(kMenuPlace));
     NewWindows menus(on);
-    QVERIFY(on.panel.host.activate(on.item, kPlace));
+    QVERIFY(on.panel.host.activate(on.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
     const QRect menu = menus.now().first().geometry;
     EVENTUALLY(!on.session.screenshot().isFilled(Qt::white, menu));
@@ -146,7 +147,7 @@ void TrayPopupScenarios::ctrlQQuitsOnlyWhileTheMenuIsOpen()
     QVERIFY(on.program.isRunning());
 
     NewWindows menus(on);
-    QVERIFY(on.panel.host.activate(on.item, kPlace));
+    QVERIFY(on.panel.host.activate(on.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
     on.session.keyboard().chord({Key::Ctrl}, Key::Q);
     QCOMPARE(on.program.waitForExit(), std::optional(0));
@@ -154,5 +155,5 @@ void TrayPopupScenarios::ctrlQQuitsOnlyWhileTheMenuIsOpen()
     QVERIFY(on.beneath.hasFocus());
 }
 
-QTEST_GUILESS_MAIN(TrayPopupScenarios)
+REGISTER_GUILESS_TEST(TrayPopupScenarios)
 #include "tray_popup_scenarios.moc"

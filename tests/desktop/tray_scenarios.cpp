@@ -1,5 +1,6 @@
 // The item in the tray, whatever comes and goes.
 
+#include "registered_test.h"
 #include "tray_presentation.h"
 
 using namespace zeigewerk::rig;
@@ -179,5 +180,5 @@ void TrayScenarios::theProgramOutlivesTheSessionBus()
     QCOMPARE(on.program.terminate(), std::optional(0));
 }
 
-QTEST_GUILESS_MAIN(TrayScenarios)
+REGISTER_GUILESS_TEST(TrayScenarios)
 #include "tray_scenarios.moc"

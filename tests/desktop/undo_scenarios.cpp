@@ -1,11 +1,10 @@
 #include "presentation.h"
+#include "registered_test.h"
+#include "two_screens.h"
 
 using namespace zeigewerk::rig;
 
 namespace {
-
-const QRect kLeft(0, 0, 1280, 1024);
-const QRect kRight(1280, 0, 1600, 900);
 
 // In the left halves of the screens: the toolbar is at the right of one of them.
 const QPoint kFirst(300, 300);   // on the left screen
@@ -106,5 +105,5 @@ void UndoScenarios::whileNothingIsDrawnOnTheKeysBelongToTheApplications()
     QCOMPARE(on.pixel(kFirst), kInk);
 }
 
-QTEST_GUILESS_MAIN(UndoScenarios)
+REGISTER_GUILESS_TEST(UndoScenarios)
 #include "undo_scenarios.moc"

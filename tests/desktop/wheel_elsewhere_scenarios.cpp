@@ -1,5 +1,6 @@
 // Alt and the wheel over other applications.
 
+#include "registered_test.h"
 #include "spotlight_radius.h"
 
 using namespace zeigewerk::rig;
@@ -200,5 +201,5 @@ void WheelElsewhereScenarios::afterwardsTheProgramSleeps()
     QVERIFY(steps > 0);
 }
 
-QTEST_GUILESS_MAIN(WheelElsewhereScenarios)
+REGISTER_GUILESS_TEST(WheelElsewhereScenarios)
 #include "wheel_elsewhere_scenarios.moc"

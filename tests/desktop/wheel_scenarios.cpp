@@ -1,8 +1,7 @@
+#include "registered_test.h"
 #include "spotlight_radius.h"
 
 using namespace zeigewerk::rig;
-
-Q_DECLARE_METATYPE(zeigewerk::rig::Compositor)
 
 class WheelScenarios : public QObject
 {
@@ -168,5 +167,5 @@ void WheelScenarios::whatAScrollAxisDidElsewhereDoesNotCount()
     }
 }
 
-QTEST_GUILESS_MAIN(WheelScenarios)
+REGISTER_GUILESS_TEST(WheelScenarios)
 #include "wheel_scenarios.moc"

@@ -1,4 +1,5 @@
 // What a widget's window is above of, and what is above it.
+#include "registered_test.h"
 #include "seam.h"
 
 using namespace zeigewerk::rig;
@@ -110,5 +111,5 @@ void WidgetStackingScenarios::aMenuThatOpensUnderAnOverlayIsBroughtUp()
     EVENTUALLY(seam.windows().constLast().geometry.topLeft() == QPoint(250, 300));
 }
 
-QTEST_GUILESS_MAIN(WidgetStackingScenarios)
+REGISTER_GUILESS_TEST(WidgetStackingScenarios)
 #include "widget_stacking_scenarios.moc"

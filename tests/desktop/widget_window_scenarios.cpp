@@ -1,4 +1,5 @@
 // Where a widget's window lies, and which clicks and keys are its own.
+#include "registered_test.h"
 #include "seam.h"
 
 using namespace zeigewerk::rig;
@@ -209,5 +210,5 @@ void WidgetWindowScenarios::theWindowOutlivesOneOfTwoMirroredScreens()
     QCOMPARE(seam.tell("frame"), QString("100 200 150 300"));
 }
 
-QTEST_GUILESS_MAIN(WidgetWindowScenarios)
+REGISTER_GUILESS_TEST(WidgetWindowScenarios)
 #include "widget_window_scenarios.moc"

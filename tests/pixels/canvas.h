@@ -8,6 +8,8 @@
 
 namespace zeigewerk::test {
 
+inline const QColor kBoard(255, 255, 255);
+
 /// What stands in the settings when the program starts.
 struct Settings
 {

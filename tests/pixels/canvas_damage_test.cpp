@@ -4,6 +4,7 @@
 #include "pixels/canvas.h"
 #include "pixels/picture.h"
 #include "pixels/random_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -149,7 +150,8 @@ void CanvasDamageTest::paintingOnlyTheDamageLeavesWhatPaintingEverythingWould()
     }
 }
 
+REGISTER_TEST(CanvasDamageTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::CanvasDamageTest)
 #include "canvas_damage_test.moc"

@@ -1,17 +1,12 @@
 #include "pixels/canvas.h"
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
 #include <cmath>
 
 namespace zeigewerk::test {
-
-namespace {
-
-const QColor kBoard(255, 255, 255);
-
-} // namespace
 
 class CanvasPaintingTest : public QObject
 {
@@ -132,7 +127,8 @@ void CanvasPaintingTest::theShapeInProgressLiesAboveTheOthers()
     QCOMPARE(canvas.at({150, 100}), QColor(Qt::black));
 }
 
+REGISTER_TEST(CanvasPaintingTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::CanvasPaintingTest)
 #include "canvas_painting_test.moc"

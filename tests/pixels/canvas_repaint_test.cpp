@@ -1,5 +1,6 @@
 #include "pixels/canvas.h"
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -127,7 +128,8 @@ void CanvasRepaintTest::aFadingShapePaintsOnlyItself()
     QCOMPARE(canvas.at({400, 1100}), kInk);
 }
 
+REGISTER_TEST(CanvasRepaintTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::CanvasRepaintTest)
 #include "canvas_repaint_test.moc"

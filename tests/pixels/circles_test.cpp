@@ -1,4 +1,6 @@
 #include "drawing/circles.h"
+#include "pixels/covered_pixels.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -6,12 +8,9 @@
 #include <limits>
 #include <random>
 
-namespace zeigewerk {
+namespace zeigewerk::test {
 
 namespace {
-
-constexpr QSize kSurface(120, 90);
-constexpr Premultiplied kBlackInk = 0xFF000000U;
 
 struct Circle
 {
@@ -22,20 +21,15 @@ struct Circle
 };
 
 /// How far each pixel of the rectangle is covered (0 to 255), row by row.
-std::vector<int> coverageOf(const Circle &circle, const QRect &rect = QRect(QPoint(0, 0), kSurface))
+std::vector<int> coverageOf(const Circle &circle, const QRect &rect = kWholeSurface)
 {
-    platform::PaintTarget target(platform::ViewGeometry(kSurface, 1.0));
-    target.select(rect);
-    if (circle.halfWidth > 0.0)
-        strokeCircle(target, circle.middle, circle.radius, circle.halfWidth, kBlackInk);
-    else
-        coverOutside(target, circle.middle, circle.radius, kBlackInk);
-    std::vector<int> values;
-    for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        for (int x = 0; x < rect.width(); ++x)
-            values.push_back(static_cast<int>(target.row(y)[x] >> 24));
-    }
-    return values;
+    const auto paint = [&](platform::PaintTarget &target) {
+        if (circle.halfWidth > 0.0)
+            strokeCircle(target, circle.middle, circle.radius, circle.halfWidth, kBlackInk);
+        else
+            coverOutside(target, circle.middle, circle.radius, kBlackInk);
+    };
+    return coverageBy(paint, rect);
 }
 
 double expectedAt(const Circle &circle, int x, int y)
@@ -128,7 +122,8 @@ void CirclesTest::aHoleElsewhereCoversEverything()
         QCOMPARE(coverageOf({middle, 50.0}), covered);
 }
 
-} // namespace zeigewerk
+REGISTER_APPLESS_TEST(CirclesTest)
 
-QTEST_APPLESS_MAIN(zeigewerk::CirclesTest)
+} // namespace zeigewerk::test
+
 #include "circles_test.moc"

@@ -1,16 +1,15 @@
 #include "drawing/coverage.h"
+#include "pixels/covered_pixels.h"
+#include "registered_test.h"
 
 #include <QTest>
 
 #include <cmath>
 #include <random>
 
-namespace zeigewerk {
+namespace zeigewerk::test {
 
 namespace {
-
-constexpr QSize kSurface(120, 90);
-constexpr Premultiplied kBlackInk = 0xFF000000U;
 
 struct Line
 {
@@ -20,20 +19,15 @@ struct Line
 
 /// How far each pixel of the rectangle is covered (0 to 255), row by row.
 std::vector<int> coverageOf(const std::vector<Line> &lines, double halfWidth,
-                            const QRect &rect = QRect(QPoint(0, 0), kSurface))
+                            const QRect &rect = kWholeSurface)
 {
-    platform::PaintTarget target(platform::ViewGeometry(kSurface, 1.0));
-    target.select(rect);
-    Coverage coverage(target);
-    for (const Line &line : lines)
-        coverage.addLine(line.from, line.to, halfWidth);
-    coverage.blend(kBlackInk);
-    std::vector<int> values;
-    for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        for (int x = 0; x < rect.width(); ++x)
-            values.push_back(static_cast<int>(target.row(y)[x] >> 24));
-    }
-    return values;
+    const auto paint = [&](platform::PaintTarget &target) {
+        Coverage coverage(target);
+        for (const Line &line : lines)
+            coverage.addLine(line.from, line.to, halfWidth);
+        coverage.blend(kBlackInk);
+    };
+    return coverageBy(paint, rect);
 }
 
 int at(const std::vector<int> &values, int x, int y)
@@ -175,7 +169,8 @@ void CoverageTest::anyPartIsThatPartOfTheWhole()
     }
 }
 
-} // namespace zeigewerk
+REGISTER_APPLESS_TEST(CoverageTest)
 
-QTEST_APPLESS_MAIN(zeigewerk::CoverageTest)
+} // namespace zeigewerk::test
+
 #include "coverage_test.moc"

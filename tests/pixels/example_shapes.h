@@ -3,14 +3,15 @@
 #include "drawing/shape.h"
 #include "pixels/picture.h"
 
-#include <array>
+#include <limits>
 #include <vector>
 
 namespace zeigewerk::test {
 
 inline const QColor kInk(0xF2, 0x9A, 0x00);
 inline const QColor kNothing(0, 0, 0, 0);
-inline constexpr std::array kScales = {1.0, 1.25, 1.5, 2.0};
+inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
+inline constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 using Points = std::vector<QPointF>;
 

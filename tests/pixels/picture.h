@@ -8,9 +8,12 @@
 #include <QImage>
 #include <QRegion>
 
+#include <array>
 #include <functional>
 
 namespace zeigewerk::test {
+
+inline constexpr std::array kScales = {1.0, 1.25, 1.5, 2.0};
 
 /// An image in memory that is painted as a surface is: in view coordinates (points, y up) at some scale, and
 /// only where it is damaged.

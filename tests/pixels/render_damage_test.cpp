@@ -1,6 +1,7 @@
 #include "drawing/render_shape.h"
 #include "pixels/picture.h"
 #include "pixels/random_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -120,7 +121,8 @@ void RenderDamageTest::appendingAPointChangesOnlyWhatDependsOnIt()
     }
 }
 
+REGISTER_TEST(RenderDamageTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::RenderDamageTest)
 #include "render_damage_test.moc"

@@ -1,18 +1,11 @@
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
 #include <cmath>
-#include <limits>
 
 namespace zeigewerk::test {
-
-namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-
-} // namespace
 
 class RenderFreehandTest : public QObject
 {
@@ -118,7 +111,8 @@ void RenderFreehandTest::pointsThatCannotBeDrawnAreLeftOut()
         pictureOf({freehand(Tool::pen, {{20, 20}, {90, 70}})}).image());
 }
 
+REGISTER_TEST(RenderFreehandTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::RenderFreehandTest)
 #include "render_freehand_test.moc"

@@ -1,17 +1,14 @@
 #include "drawing/render_shape.h"
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
 #include <cmath>
-#include <limits>
 
 namespace zeigewerk::test {
 
 namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 QByteArray place(QPointF point)
 {
@@ -228,7 +225,8 @@ void RenderShapeTest::whatCannotBeDrawnPaintsNothing()
     QVERIFY(paintedArea(shape).isEmpty());
 }
 
+REGISTER_TEST(RenderShapeTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::RenderShapeTest)
 #include "render_shape_test.moc"

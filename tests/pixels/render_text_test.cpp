@@ -1,5 +1,6 @@
 #include "drawing/text_line.h"
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QFontMetricsF>
 #include <QTest>
@@ -75,7 +76,8 @@ void RenderTextTest::textStandsUprightOnItsLineBox()
     QCOMPARE(picture.at(QPointF(ink.right() - 2, ink.bottom() - 2)), kNothing);
 }
 
+REGISTER_TEST(RenderTextTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::RenderTextTest)
 #include "render_text_test.moc"

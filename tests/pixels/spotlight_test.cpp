@@ -1,5 +1,6 @@
 #include "pixels/canvas.h"
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -11,7 +12,6 @@ namespace zeigewerk::test {
 namespace {
 
 const QColor kDim(0, 0, 0, 140);
-const QColor kBoard(255, 255, 255);
 /// What is left of white under black of alpha 0.55.
 constexpr int kDimmedWhite = 115;
 
@@ -134,7 +134,8 @@ void SpotlightTest::aHugeSpotlightLeavesEverythingClear()
     QVERIFY(isBlank(canvas.image()));
 }
 
+REGISTER_TEST(SpotlightTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::SpotlightTest)
 #include "spotlight_test.moc"

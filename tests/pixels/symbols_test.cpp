@@ -1,4 +1,5 @@
 #include "pixels/picture.h"
+#include "registered_test.h"
 #include "toolbar/symbols.h"
 
 #include <QTest>
@@ -249,7 +250,8 @@ void SymbolsTest::whatIsNoSymbolGivesNone()
     QVERIFY(!symbolImage(name));
 }
 
+REGISTER_TEST(SymbolsTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::SymbolsTest)
 #include "symbols_test.moc"

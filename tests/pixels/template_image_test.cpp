@@ -1,4 +1,5 @@
 #include "pixels/picture.h"
+#include "registered_test.h"
 #include "toolbar/template_image.h"
 
 #include <QTest>
@@ -9,7 +10,6 @@ namespace zeigewerk::test {
 namespace {
 
 const QColor kTint(200, 90, 30);
-constexpr double kScales[] = {1.0, 1.25, 1.5, 2.0};
 
 /// A square whose right half is covered by half.
 TemplateImage halfCovered()
@@ -209,7 +209,8 @@ void TemplateImageTest::whatHasNoSizePaintsNothing()
     QVERIFY(isBlank(painted(nothing, 1, {3, 4})));
 }
 
+REGISTER_TEST(TemplateImageTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::TemplateImageTest)
 #include "template_image_test.moc"

@@ -5,6 +5,7 @@
 #include "drawing/render_shape.h"
 #include "drawing/text_line.h"
 #include "pixels/example_shapes.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -209,7 +210,8 @@ void TextFieldPictureTest::anythingPastedCanBeDrawn()
     QVERIFY(!inkOf(pictureOf(field, 1.0)).isEmpty());
 }
 
+REGISTER_TEST(TextFieldPictureTest)
+
 } // namespace zeigewerk::test
 
-QTEST_MAIN(zeigewerk::test::TextFieldPictureTest)
 #include "text_field_picture_test.moc"

@@ -1,6 +1,7 @@
 // The whole toolbar against stored pictures. After a deliberate change they are painted anew with
 // ZEIGEWERK_STORE_PICTURES=1 in the environment; look at them before you commit them.
 
+#include "registered_test.h"
 #include "toolbar/pal_button.h"
 #include "toolbar/panel.h"
 #include "unit/controller_fixture.h"
@@ -151,5 +152,5 @@ void ToolbarPictureTest::aMovedButtonIsSeen()
     QVERIFY(!firstDifference(pictureOf(*controller, 1), right).isEmpty());
 }
 
-QTEST_MAIN(ToolbarPictureTest)
+REGISTER_TEST(ToolbarPictureTest)
 #include "toolbar_picture_test.moc"

@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -27,12 +28,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-void startWithFading(Controller &controller)
-{
-    controller.defaults.setBool(kAutoFadeKey, true);
-    controller.app().toggleDraw();
-}
 
 int inkAlpha(Controller &controller, std::size_t screen = 0)
 {
@@ -63,7 +58,7 @@ void AutoFadeTest::aStrokeHoldsThenDissolvesThenGoes()
     QFETCH(int, alpha);
     QFETCH(bool, isThere);
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view());
     QCOMPARE(inkAlpha(controller), 255);
     controller.passTime(age);
@@ -76,7 +71,7 @@ void AutoFadeTest::aStrokeHoldsThenDissolvesThenGoes()
 void AutoFadeTest::strokesGoOneAfterTheOtherInTheirOrder()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     for (const double y : {100.0, 200.0, 300.0}) {
         controller.draw(controller.view(), {100, y}, {200, y});
         controller.passTime(2.0);
@@ -96,7 +91,7 @@ void AutoFadeTest::strokesGoOneAfterTheOtherInTheirOrder()
 void AutoFadeTest::strokesOnEveryScreenFade()
 {
     Controller controller(test::twoScreens());
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view(0));
     controller.draw(controller.view(1));
     controller.passTime(4.4);
@@ -108,7 +103,7 @@ void AutoFadeTest::strokesOnEveryScreenFade()
 void AutoFadeTest::theWhiteboardSuspendsFading()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view());
     controller.passTime(4.5);
     controller.app().tickFade();
@@ -131,7 +126,7 @@ void AutoFadeTest::theWhiteboardSuspendsFading()
 void AutoFadeTest::turnedOffFadingStrokesAreOpaqueAgain()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view());
     controller.passTime(4.6);
     controller.app().tickFade();
@@ -149,7 +144,7 @@ void AutoFadeTest::turnedOffFadingStrokesAreOpaqueAgain()
 void AutoFadeTest::theShapeInProgressNeitherFadesNorCounts()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.view().mouseDown({{100, 100}, {}});
     controller.view().mouseDragged({{200, 150}, {}});
     controller.app().refreshAll();
@@ -169,7 +164,7 @@ void AutoFadeTest::theShapeInProgressNeitherFadesNorCounts()
 void AutoFadeTest::aPinnedDrawingFades()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view());
     controller.app().togglePin();
     controller.passTime(4.4);
@@ -198,7 +193,7 @@ void AutoFadeTest::theSettingIsWritten()
 void AutoFadeTest::aClockSetBackLeavesStrokesOpaque()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view());
     controller.passTime(4.4);
     controller.app().tickFade();
@@ -216,7 +211,7 @@ void AutoFadeTest::aClockSetBackLeavesStrokesOpaque()
 void AutoFadeTest::shapesOnHoldAreNotRepainted()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     for (int i = 0; i < 1000; ++i) {
         const double x = 20.0 * (i % 40);
         const double y = 20.0 * (i / 40);
@@ -236,7 +231,7 @@ void AutoFadeTest::shapesOnHoldAreNotRepainted()
 void AutoFadeTest::whatWasAlreadyInvisibleIsNotRepainted()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view());
     controller.passTime(5.0);
     // Painted by another cause than a tick, it is invisible before it is removed.
@@ -248,5 +243,5 @@ void AutoFadeTest::whatWasAlreadyInvisibleIsNotRepainted()
     QVERIFY(!controller.surface().display());
 }
 
-QTEST_MAIN(AutoFadeTest)
+REGISTER_TEST(AutoFadeTest)
 #include "auto_fade_test.moc"

@@ -1,4 +1,5 @@
 #include "drawing/blend.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -98,7 +99,8 @@ void BlendTest::aSpanIsBlendedPixelByPixel()
     }
 }
 
+REGISTER_APPLESS_TEST(BlendTest)
+
 } // namespace zeigewerk
 
-QTEST_APPLESS_MAIN(zeigewerk::BlendTest)
 #include "blend_test.moc"

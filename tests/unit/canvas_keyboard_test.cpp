@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -101,5 +102,5 @@ void CanvasKeyboardTest::withoutAControllerKeysDoNothing()
     QVERIFY(view.shapes().empty());
 }
 
-QTEST_MAIN(CanvasKeyboardTest)
+REGISTER_TEST(CanvasKeyboardTest)
 #include "canvas_keyboard_test.moc"

@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QFile>
 #include <QTest>
@@ -8,6 +9,7 @@
 using namespace zeigewerk;
 using platform::ScrollEvent;
 using test::Controller;
+using test::kPrecise;
 
 class CanvasScrollTest : public QObject
 {
@@ -27,8 +29,6 @@ private Q_SLOTS:
 namespace {
 
 using platform::Modifier;
-
-constexpr bool kPrecise = true;
 
 ScrollEvent notches(double count)
 {
@@ -161,5 +161,5 @@ void CanvasScrollTest::whereNothingCanBeWrittenTheRadiusHoldsForThisRun()
     QVERIFY(app.autoFadeOn());
 }
 
-QTEST_MAIN(CanvasScrollTest)
+REGISTER_TEST(CanvasScrollTest)
 #include "canvas_scroll_test.moc"

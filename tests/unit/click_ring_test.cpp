@@ -1,6 +1,7 @@
 #include "clicks/click_ring.h"
 #include "platform/levels.h"
 #include "platform/recording/recording_desktop.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -285,5 +286,5 @@ void ClickRingTest::droppingTakesTheRingsOfOneDesktop()
     QVERIFY(!ClickRing::live.timer);
 }
 
-QTEST_MAIN(ClickRingTest)
+REGISTER_TEST(ClickRingTest)
 #include "click_ring_test.moc"

@@ -1,5 +1,6 @@
 #include "drawing/color.h"
 #include "drawing/qt_color.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -80,5 +81,5 @@ void ColorTest::paintingGetsTheSameBytes()
     }
 }
 
-QTEST_APPLESS_MAIN(ColorTest)
+REGISTER_APPLESS_TEST(ColorTest)
 #include "color_test.moc"

@@ -18,6 +18,9 @@ inline std::vector<platform::Screen> twoScreens()
             {.name = QStringLiteral("B"), .nativeFrame = {1000, 0, 800, 600}, .scale = 1, .frame = {}}};
 }
 
+/// How fingers scroll, and no wheel does.
+inline constexpr bool kPrecise = true;
+
 /// A controller with settings of its own on a desktop that only notes what it is asked, and with a clock that
 /// stands still until it is moved.
 class Controller
@@ -52,6 +55,13 @@ public:
         view.mouseDown({from, {}});
         view.mouseDragged({to, {}});
         view.mouseUp({to, {}});
+    }
+
+    /// Begins to draw with auto-fade on from the start.
+    void startWithFading()
+    {
+        defaults.setBool(kAutoFadeKey, true);
+        app().toggleDraw();
     }
 
     /// Performs the operations that the letters name, one after the other: d draw, w whiteboard, s spotlight,

@@ -1,4 +1,5 @@
 #include "platform/damage.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -224,5 +225,5 @@ void DamageTest::neverKeepsMoreThanItsMostRectangles()
         QVERIFY(damage.touches(rect));
 }
 
-QTEST_APPLESS_MAIN(DamageTest)
+REGISTER_APPLESS_TEST(DamageTest)
 #include "damage_test.moc"

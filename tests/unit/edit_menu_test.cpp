@@ -1,5 +1,6 @@
 #include "canvas/edit_menu.h"
 #include "canvas/text_field.h"
+#include "registered_test.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -107,5 +108,5 @@ void EditMenuTest::shiftMakesUndoARedo()
     QCOMPARE(field.text(), QStringLiteral("ab"));
 }
 
-QTEST_MAIN(EditMenuTest)
+REGISTER_TEST(EditMenuTest)
 #include "edit_menu_test.moc"

@@ -1,5 +1,6 @@
 #include "clicks/click_ring.h"
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -12,6 +13,7 @@ using platform::MonitoredScroll;
 using platform::RecordingEventMonitor;
 using platform::SurfaceRole;
 using test::Controller;
+using test::kPrecise;
 
 class EventMonitorsTest : public QObject
 {
@@ -34,7 +36,6 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr bool kPrecise = true;
 constexpr bool kOverOurs = true;
 
 MonitoredScroll altNotches(double count)
@@ -271,5 +272,5 @@ void EventMonitorsTest::whatArrivesAfterTheControllerDoesNothing()
     QVERIFY(!around.defaults.doubleForKey(kSpotRadiusKey));
 }
 
-QTEST_MAIN(EventMonitorsTest)
+REGISTER_TEST(EventMonitorsTest)
 #include "event_monitors_test.moc"

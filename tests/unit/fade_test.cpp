@@ -1,4 +1,5 @@
 #include "drawing/fade.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -71,5 +72,5 @@ void FadeTest::opacityNeverRises()
     QCOMPARE(last, 0.0);
 }
 
-QTEST_APPLESS_MAIN(FadeTest)
+REGISTER_APPLESS_TEST(FadeTest)
 #include "fade_test.moc"

@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -16,16 +17,6 @@ private Q_SLOTS:
     void itEndsWithTheLastShape();
     void finishingShapesKeepsItsRhythm();
 };
-
-namespace {
-
-void startWithFading(Controller &controller)
-{
-    controller.defaults.setBool(kAutoFadeKey, true);
-    controller.app().toggleDraw();
-}
-
-} // namespace
 
 void FadeTimerTest::itRunsExactlyWhileSomethingMayFade_data()
 {
@@ -66,7 +57,7 @@ void FadeTimerTest::itRunsExactlyWhileSomethingMayFade()
 void FadeTimerTest::itMakesTheTicks()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view());
     platform::RecordingSurface &surface = controller.surface();
     surface.display();
@@ -85,7 +76,7 @@ void FadeTimerTest::itMakesTheTicks()
 void FadeTimerTest::itEndsWithTheLastShape()
 {
     Controller controller(test::twoScreens());
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view(0));
     controller.passTime(1.0);
     controller.draw(controller.view(1));
@@ -105,7 +96,7 @@ void FadeTimerTest::itEndsWithTheLastShape()
 void FadeTimerTest::finishingShapesKeepsItsRhythm()
 {
     Controller controller;
-    startWithFading(controller);
+    controller.startWithFading();
     controller.draw(controller.view(), {50, 50}, {60, 50});
     controller.passTime(5.0);
     // Finished faster than the timer ticks, shapes would put its tick off for ever if each began it anew.
@@ -120,5 +111,5 @@ void FadeTimerTest::finishingShapesKeepsItsRhythm()
     QVERIFY(controller.app().isFadeTimerRunning());
 }
 
-QTEST_MAIN(FadeTimerTest)
+REGISTER_TEST(FadeTimerTest)
 #include "fade_timer_test.moc"

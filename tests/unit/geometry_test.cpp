@@ -1,4 +1,5 @@
 #include "platform/geometry.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -291,5 +292,5 @@ void GeometryTest::aPartOfAScreenHasItsFrame()
     QVERIFY(ScreenLayout::frameOfPart(dense, {}).isEmpty());
 }
 
-QTEST_MAIN(GeometryTest)
+REGISTER_TEST(GeometryTest)
 #include "geometry_test.moc"

@@ -1,4 +1,5 @@
 #include "platform/x11/held_keys.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -89,5 +90,5 @@ void HeldKeysTest::everyKeyHasItsBit()
     }
 }
 
-QTEST_APPLESS_MAIN(HeldKeysTest)
+REGISTER_APPLESS_TEST(HeldKeysTest)
 #include "held_keys_test.moc"

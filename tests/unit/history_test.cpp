@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -217,5 +218,5 @@ void HistoryTest::changedScreensForgetTheUndoOrder()
     QVERIFY(controller.view(0).shapes().empty());
 }
 
-QTEST_MAIN(HistoryTest)
+REGISTER_TEST(HistoryTest)
 #include "history_test.moc"

@@ -1,5 +1,6 @@
 #include "commands/hot_key_table.h"
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -152,5 +153,5 @@ void HotKeysTest::hotKeysDoNothingOnceTheControllerIsGone()
     QVERIFY(desktop.surfaces(platform::SurfaceRole::Overlay).empty());
 }
 
-QTEST_MAIN(HotKeysTest)
+REGISTER_TEST(HotKeysTest)
 #include "hot_keys_test.moc"

@@ -1,5 +1,6 @@
 #include "canvas/text_field.h"
 #include "commands/key_names.h"
+#include "registered_test.h"
 #include "status_menu_fixture.h"
 
 #include <QKeySequence>
@@ -87,5 +88,5 @@ void KeyNamesTest::otherTextsStayAsTheyAre()
     QCOMPARE(QCoreApplication::translate("QShortcut", "+"), QStringLiteral("+"));
 }
 
-QTEST_MAIN(KeyNamesTest)
+REGISTER_TEST(KeyNamesTest)
 #include "key_names_test.moc"

@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -176,5 +177,5 @@ void ModesTest::theFirstPenIsOrangeAndFiveWide()
     QCOMPARE(controller.app().lineWidth(), 5.0);
 }
 
-QTEST_MAIN(ModesTest)
+REGISTER_TEST(ModesTest)
 #include "modes_test.moc"

@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -139,5 +140,5 @@ void OverlaysTest::aSpotlightStepPaintsItsCirclesOnly()
     QCOMPARE(controller.surface().paintedPixels(), afterStep);
 }
 
-QTEST_MAIN(OverlaysTest)
+REGISTER_TEST(OverlaysTest)
 #include "overlays_test.moc"

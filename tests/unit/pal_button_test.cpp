@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 #include "toolbar/pal_button.h"
 #include "toolbar/panel.h"
 
@@ -149,5 +150,5 @@ void PalButtonTest::buttonsAreReadFromTopToBottom()
     QCOMPARE(read, seen);
 }
 
-QTEST_MAIN(PalButtonTest)
+REGISTER_TEST(PalButtonTest)
 #include "pal_button_test.moc"

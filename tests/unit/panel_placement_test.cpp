@@ -1,6 +1,7 @@
 // Where the toolbar stands: at first, when it is dragged, and after a restart.
 
 #include "controller_fixture.h"
+#include "registered_test.h"
 #include "toolbar/panel.h"
 #include "toolbar/panel_place.h"
 #include "toolbar/panel_placement.h"
@@ -289,5 +290,5 @@ void PanelPlacementTest::hidingItEndsTheDrag()
     QCOMPARE(frameOf(controller).topLeft(), left);
 }
 
-QTEST_MAIN(PanelPlacementTest)
+REGISTER_TEST(PanelPlacementTest)
 #include "panel_placement_test.moc"

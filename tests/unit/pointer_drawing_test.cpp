@@ -1,5 +1,6 @@
 #include "canvas/constraint.h"
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -266,5 +267,5 @@ void PointerDrawingTest::withoutAControllerAStrokeIsStillFinished()
     QVERIFY(!view.current());
 }
 
-QTEST_MAIN(PointerDrawingTest)
+REGISTER_TEST(PointerDrawingTest)
 #include "pointer_drawing_test.moc"

@@ -1,4 +1,5 @@
 #include "drawing/polyline.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -136,7 +137,8 @@ void PolylineTest::undrawablePointsAreSkipped()
     QVERIFY(!line.lastDrawableOf(0));
 }
 
+REGISTER_APPLESS_TEST(PolylineTest)
+
 } // namespace zeigewerk
 
-QTEST_APPLESS_MAIN(zeigewerk::PolylineTest)
 #include "polyline_test.moc"

@@ -1,5 +1,6 @@
 #include "commands/hot_key_table.h"
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -258,5 +259,5 @@ void RefreshTest::aStrokeUnderWaySurvivesPinningAndIsFinishedByTheRelease()
     QCOMPARE(controller.app().shapeOrder().size(), 1U);
 }
 
-QTEST_MAIN(RefreshTest)
+REGISTER_TEST(RefreshTest)
 #include "refresh_test.moc"

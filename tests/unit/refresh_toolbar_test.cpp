@@ -1,5 +1,6 @@
 // How the program's state shows on the toolbar.
 
+#include "registered_test.h"
 #include "toolbar/bar.h"
 #include "toolbar/symbols.h"
 #include "toolbar/toolbar_look.h"
@@ -221,5 +222,5 @@ void RefreshToolbarTest::aWidthOrColourThatIsNotOfferedHighlightsNone()
         QCOMPARE(swatch->layer().borderWidth, 1.0);
 }
 
-QTEST_MAIN(RefreshToolbarTest)
+REGISTER_TEST(RefreshToolbarTest)
 #include "refresh_toolbar_test.moc"

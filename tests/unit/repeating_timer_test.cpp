@@ -1,4 +1,5 @@
 #include "core/repeating_timer.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -64,5 +65,5 @@ void RepeatingTimerTest::aTickMayEndTheTimer()
     QCOMPARE(ticks, 1);
 }
 
-QTEST_MAIN(RepeatingTimerTest)
+REGISTER_TEST(RepeatingTimerTest)
 #include "repeating_timer_test.moc"

@@ -1,4 +1,5 @@
 #include "platform/x11/scroll_valuator.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -104,5 +105,5 @@ void ScrollValuatorTest::finelyDividedNotchesAddUp()
     QVERIFY(std::abs(points - 15.0) < 1e-9);
 }
 
-QTEST_APPLESS_MAIN(ScrollValuatorTest)
+REGISTER_APPLESS_TEST(ScrollValuatorTest)
 #include "scroll_valuator_test.moc"

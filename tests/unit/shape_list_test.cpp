@@ -1,5 +1,6 @@
 #include "drawing/render_shape.h"
 #include "drawing/shape_list.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -106,7 +107,8 @@ void ShapeListTest::anEmptyListFindsNothing()
     QCOMPARE(list.shapes().size(), std::size_t{1});
 }
 
+REGISTER_TEST(ShapeListTest)
+
 } // namespace zeigewerk
 
-QTEST_MAIN(zeigewerk::ShapeListTest)
 #include "shape_list_test.moc"

@@ -1,4 +1,5 @@
 #include "drawing/shape.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -55,5 +56,5 @@ void ShapeTest::aCopyIsItsOwnShape()
     QCOMPARE(original.points.size(), std::size_t{1});
 }
 
-QTEST_APPLESS_MAIN(ShapeTest)
+REGISTER_APPLESS_TEST(ShapeTest)
 #include "shape_test.moc"

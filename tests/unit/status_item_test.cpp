@@ -3,6 +3,7 @@
 #include "controller_fixture.h"
 #include "drawing/color.h"
 #include "drawing/qt_color.h"
+#include "registered_test.h"
 #include "toolbar/template_image.h"
 
 #include <QPainter>
@@ -88,5 +89,5 @@ void StatusItemTest::thePaintedIconIsTransparentBesideTheShape()
     }
 }
 
-QTEST_MAIN(StatusItemTest)
+REGISTER_TEST(StatusItemTest)
 #include "status_item_test.moc"

@@ -1,5 +1,6 @@
 // What the items of the status menu do.
 
+#include "registered_test.h"
 #include "status_menu_fixture.h"
 
 #include <QLineEdit>
@@ -184,5 +185,5 @@ void StatusMenuClicksTest::theMenuOpensAtThePointer()
     QVERIFY(!menu.isVisible());
 }
 
-QTEST_MAIN(StatusMenuClicksTest)
+REGISTER_TEST(StatusMenuClicksTest)
 #include "status_menu_clicks_test.moc"

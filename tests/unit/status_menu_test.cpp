@@ -1,3 +1,4 @@
+#include "registered_test.h"
 #include "status_menu_fixture.h"
 
 #include <QTest>
@@ -159,5 +160,5 @@ void StatusMenuTest::rebuildingBeforeLaunchDoesNothing()
     QVERIFY(!QApplication::activePopupWidget());
 }
 
-QTEST_MAIN(StatusMenuTest)
+REGISTER_TEST(StatusMenuTest)
 #include "status_menu_test.moc"

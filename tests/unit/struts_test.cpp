@@ -1,4 +1,5 @@
 #include "platform/x11/struts.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -139,5 +140,5 @@ void StrutsTest::nothingIsLeftBetweenPanelsThatMeet()
     QVERIFY(withoutStruts(kLeft, kDesktop, struts).isEmpty());
 }
 
-QTEST_MAIN(StrutsTest)
+REGISTER_TEST(StrutsTest)
 #include "struts_test.moc"

@@ -1,3 +1,4 @@
+#include "registered_test.h"
 #include "writing_fixture.h"
 
 #include <QInputMethodEvent>
@@ -292,5 +293,5 @@ void TextEntryTest::withoutAControllerTheTextIsDropped()
     QVERIFY(on.view().shapes().empty());
 }
 
-QTEST_MAIN(TextEntryTest)
+REGISTER_TEST(TextEntryTest)
 #include "text_entry_test.moc"

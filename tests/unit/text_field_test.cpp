@@ -1,4 +1,5 @@
 #include "canvas/text_field.h"
+#include "registered_test.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -289,5 +290,5 @@ void TextFieldTest::homeAndEndAreTheEndsOfTheText()
     }
 }
 
-QTEST_MAIN(TextFieldTest)
+REGISTER_TEST(TextFieldTest)
 #include "text_field_test.moc"

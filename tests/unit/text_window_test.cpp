@@ -1,5 +1,6 @@
 // How an open text field goes along with its overlay, and who has the keyboard.
 
+#include "registered_test.h"
 #include "writing_fixture.h"
 
 #include <QWheelEvent>
@@ -231,5 +232,5 @@ void TextWindowTest::theFieldFollowsTheCompositor()
     QCOMPARE(field.palette().color(QPalette::Base).alphaF(), 0.9F);
 }
 
-QTEST_MAIN(TextWindowTest)
+REGISTER_TEST(TextWindowTest)
 #include "text_window_test.moc"

@@ -1,4 +1,5 @@
 #include "drawing/tool.h"
+#include "registered_test.h"
 
 #include <QTest>
 
@@ -87,5 +88,5 @@ void ToolTest::aToolIsAKey()
     QCOMPARE(numbers.at(Tool::rect), 4);
 }
 
-QTEST_APPLESS_MAIN(ToolTest)
+REGISTER_APPLESS_TEST(ToolTest)
 #include "tool_test.moc"

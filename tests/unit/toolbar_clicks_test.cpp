@@ -1,5 +1,6 @@
 // What a click on each button of the toolbar does.
 
+#include "registered_test.h"
 #include "toolbar/bar.h"
 #include "toolbar_fixture.h"
 
@@ -114,5 +115,5 @@ void ToolbarClicksTest::theMenuOpensOnTheBackgroundOnly()
     QCOMPARE(requests.size(), 2);
 }
 
-QTEST_MAIN(ToolbarClicksTest)
+REGISTER_TEST(ToolbarClicksTest)
 #include "toolbar_clicks_test.moc"

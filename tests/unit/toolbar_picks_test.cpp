@@ -1,5 +1,6 @@
 // The rules of picking on the toolbar, and of hiding it.
 
+#include "registered_test.h"
 #include "toolbar_fixture.h"
 
 #include <QTest>
@@ -121,5 +122,5 @@ void ToolbarPicksTest::aHiddenToolbarStaysHiddenWhenDrawingBegins()
     QVERIFY(!controller.app().toolbar()->window->isVisible());
 }
 
-QTEST_MAIN(ToolbarPicksTest)
+REGISTER_TEST(ToolbarPicksTest)
 #include "toolbar_picks_test.moc"

@@ -1,5 +1,6 @@
 // The toolbar as it is built: its buttons, rows and measures.
 
+#include "registered_test.h"
 #include "toolbar/bar.h"
 #include "toolbar/symbols.h"
 #include "toolbar_fixture.h"
@@ -245,5 +246,5 @@ void ToolbarTest::thePanelIsShownOnceItIsBuilt()
     QVERIFY(controller.desktop.takeLog().contains(QStringLiteral("toolbar 0: order front")));
 }
 
-QTEST_MAIN(ToolbarTest)
+REGISTER_TEST(ToolbarTest)
 #include "toolbar_test.moc"

@@ -1,4 +1,5 @@
 #include "controller_fixture.h"
+#include "registered_test.h"
 
 #include <QFile>
 #include <QTest>
@@ -104,5 +105,5 @@ void UserDefaultsTest::whatIsWrittenIsReadAgain()
     QVERIFY(!read.doubleForKey("d"));
 }
 
-QTEST_MAIN(UserDefaultsTest)
+REGISTER_TEST(UserDefaultsTest)
 #include "user_defaults_test.moc"

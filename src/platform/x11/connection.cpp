@@ -97,7 +97,7 @@ QString Connection::prepareExtensions()
 bool Connection::findArgbVisual()
 {
     for (auto depth = xcb_screen_allowed_depths_iterator(m_screen); depth.rem; xcb_depth_next(&depth)) {
-        if (depth.data->depth != 32)
+        if (depth.data->depth != kArgbDepth)
             continue;
         for (auto visual = xcb_depth_visuals_iterator(depth.data); visual.rem; xcb_visualtype_next(&visual)) {
             if (visual.data->_class != XCB_VISUAL_CLASS_TRUE_COLOR)

@@ -15,6 +15,10 @@ namespace zeigewerk::platform::x11 {
 
 Q_DECLARE_LOGGING_CATEGORY(logX11)
 
+/// Of the type that an event gives; the high bit says that a client sent it.
+inline constexpr std::uint8_t kEventType = 0x7F;
+inline constexpr std::uint32_t kLeftButton = 1;
+
 /// Our own connection to the X server, beside that of Qt: events come straight from its socket to the main
 /// thread, without a thread switch each.
 class Connection : public QObject
@@ -42,7 +46,8 @@ public:
     xcb_window_t root() const { return m_screen->root; }
     /// Which of the server's screens, in the sense of ":0.1", this is.
     int screenNumber() const { return m_screenNumber; }
-    /// The visual with an alpha channel, 32 bits deep.
+    /// The visual with an alpha channel.
+    static constexpr std::uint8_t kArgbDepth = 32;
     xcb_visualid_t argbVisual() const { return m_argbVisual; }
     xcb_colormap_t argbColormap() const { return m_argbColormap; }
     /// The theme's arrow.

@@ -11,7 +11,6 @@ namespace zeigewerk::platform::x11 {
 namespace {
 
 constexpr int kBytesPerPixel = 4;
-constexpr std::uint8_t kDepth = 32;
 
 template <typename T>
 std::uint16_t u16(T value)
@@ -95,7 +94,8 @@ void FrameBuffer::putShared(xcb_window_t window, xcb_gcontext_t context, const Q
     constexpr std::uint8_t kTellWhenDone = 0;
     xcb_shm_put_image(m_connection.xcb(), window, context, u16(m_size.width()), u16(m_size.height()),
                       u16(rect.x()), u16(rect.y()), u16(rect.width()), u16(rect.height()), s16(rect.x()),
-                      s16(rect.y()), kDepth, XCB_IMAGE_FORMAT_Z_PIXMAP, kTellWhenDone, m_segment, 0);
+                      s16(rect.y()), Connection::kArgbDepth, XCB_IMAGE_FORMAT_Z_PIXMAP, kTellWhenDone,
+                      m_segment, 0);
 }
 
 void FrameBuffer::putCopied(xcb_window_t window, xcb_gcontext_t context, const QRect &rect)
@@ -107,7 +107,7 @@ void FrameBuffer::putCopied(xcb_window_t window, xcb_gcontext_t context, const Q
     for (int row = 0; row < part.height(); row += rowsAtOnce) {
         const int rows = std::min(rowsAtOnce, part.height() - row);
         xcb_put_image(m_connection.xcb(), XCB_IMAGE_FORMAT_Z_PIXMAP, window, context, u16(part.width()),
-                      u16(rows), s16(rect.x()), s16(rect.y() + row), 0, kDepth,
+                      u16(rows), s16(rect.x()), s16(rect.y() + row), 0, Connection::kArgbDepth,
                       static_cast<std::uint32_t>(part.bytesPerLine() * rows), part.constScanLine(row));
     }
 }

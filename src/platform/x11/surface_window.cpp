@@ -12,8 +12,6 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-constexpr std::uint8_t kDepth = 32;
-
 void setText(Connection &connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
              std::string_view text)
 {
@@ -65,7 +63,7 @@ xcb_window_t createSurfaceWindow(Connection &connection, SurfaceRole role, const
             XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_KEYMAP_STATE,
         connection.argbColormap(),
         connection.arrowCursor()};
-    xcb_create_window(connection.xcb(), kDepth, window, connection.root(),
+    xcb_create_window(connection.xcb(), Connection::kArgbDepth, window, connection.root(),
                       static_cast<std::int16_t>(nativeFrame.x()), static_cast<std::int16_t>(nativeFrame.y()),
                       static_cast<std::uint16_t>(nativeFrame.width()),
                       static_cast<std::uint16_t>(nativeFrame.height()), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,

@@ -14,7 +14,6 @@ namespace {
 constexpr char kMark[] = "_ZEIGEWERK_TYPED_KEYS";
 /// The mark comes back within a millisecond; should it get lost, the pointer must not wait for ever.
 constexpr std::chrono::seconds kPatience(1);
-constexpr std::uint8_t kEventType = 0x7F;
 /// More than anybody types before Qt reads the first of it. Some never come to Qt, as those of hot keys.
 constexpr std::size_t kMostRemembered = 256;
 

@@ -15,8 +15,6 @@ namespace zeigewerk::platform::x11 {
 namespace {
 
 constexpr int kExitCodeOfLostDisplay = 1;
-/// The high bit of an event's type says that a client sent it.
-constexpr std::uint8_t kEventType = 0x7F;
 
 template <typename Event>
 const Event &as(const xcb_generic_event_t &event)

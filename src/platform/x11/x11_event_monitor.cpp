@@ -4,12 +4,6 @@
 
 namespace zeigewerk::platform::x11 {
 
-namespace {
-
-constexpr std::uint32_t kLeftButton = 1;
-
-} // namespace
-
 X11EventMonitor::X11EventMonitor(Connection &connection)
     : m_connection(connection)
     , m_scrolling(connection)

@@ -14,8 +14,6 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-constexpr std::uint32_t kLeftButton = 1;
-
 /// X Input's 16.16 fixed point.
 double fromFixed(xcb_input_fp1616_t value)
 {

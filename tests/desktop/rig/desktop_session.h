@@ -103,3 +103,5 @@ private:
 };
 
 } // namespace zeigewerk::rig
+
+Q_DECLARE_METATYPE(zeigewerk::rig::Compositor)

@@ -14,7 +14,7 @@ constexpr int kPollMilliseconds = 4;
 
 QString nameOfRunningTest()
 {
-    QString name = QFileInfo(QCoreApplication::applicationFilePath()).baseName();
+    QString name = QCoreApplication::applicationName();
     if (const char *function = QTest::currentTestFunction())
         name += u'_' + QString::fromUtf8(function);
     if (const char *row = QTest::currentDataTag())

@@ -52,7 +52,7 @@ struct MotionMessage
 };
 
 constexpr std::size_t kVerticalScroll = 3;
-constexpr timeval kPatience = {5, 0};
+constexpr timeval kReceiveTimeout = {5, 0};
 
 } // namespace
 
@@ -89,7 +89,7 @@ ScrollMouse::ScrollMouse(const QString &socketPath)
     if (path.size() >= static_cast<qsizetype>(sizeof address.sun_path))
         failRig(QStringLiteral("the path of the scroll mouse is too long"));
     std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
-    setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
+    setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &kReceiveTimeout, sizeof kReceiveTimeout);
     const bool isConnected = eventually(
         [&] { return connect(m_socket, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0; });
     const VersionMessage version = {{sizeof(VersionMessage), ClientVersion}, 1, 1};

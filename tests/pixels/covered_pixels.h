@@ -1,0 +1,32 @@
+#pragma once
+
+#include "drawing/blend.h"
+#include "platform/paint_target.h"
+
+#include <QRect>
+
+#include <vector>
+
+namespace zeigewerk::test {
+
+/// In pixels, of which each is a point.
+inline constexpr QSize kSurface(120, 90);
+inline constexpr QRect kWholeSurface(QPoint(0, 0), kSurface);
+inline constexpr Premultiplied kBlackInk = 0xFF000000U;
+
+/// How far each pixel of the rectangle is covered (0 to 255) by what `paint` does in black, row by row.
+template <typename Paint>
+std::vector<int> coverageBy(const Paint &paint, const QRect &rect)
+{
+    platform::PaintTarget target(platform::ViewGeometry(kSurface, 1.0));
+    target.select(rect);
+    paint(target);
+    std::vector<int> values;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = 0; x < rect.width(); ++x)
+            values.push_back(static_cast<int>(target.row(y)[x] >> 24));
+    }
+    return values;
+}
+
+} // namespace zeigewerk::test

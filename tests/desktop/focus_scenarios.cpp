@@ -75,7 +75,7 @@ void FocusScenarios::theKeyboardGoesBackToWhoHadIt()
     QFETCH(QList<Key>, out);
     Presentation on;
     WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
-    EVENTUALLY(other.hasFocus()); // as every window that has just opened
+    QVERIFY(other.opensWithFocus());
     QVERIFY(on.beneath.takeFocus());
     for (const Key key : into)
         on.hotKey(key);
@@ -103,7 +103,14 @@ void FocusScenarios::whenWhoHadItIsGoneTheNextWindowGetsIt()
     EVENTUALLY(on.hasKeyboard());
     other.reset();
     on.hotKey(Key::D);
-    EVENTUALLY(on.beneath.hasFocus());
+    EVENTUALLY(on.overlays().isEmpty());
+    EVENTUALLY(!on.hasKeyboard());
+    // Without a window manager there is no list of windows: then the keys go to the one under the pointer.
+    EVENTUALLY(on.beneath.hasFocus() || on.session.windowManagerProcessId() == 0);
+    QVERIFY(on.session.pointer().moveTo({1000, 800}));
+    on.beneath.forget();
+    on.session.keyboard().tap(Key::A);
+    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
 }
 
 void FocusScenarios::aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards()
@@ -137,9 +144,9 @@ void FocusScenarios::theSpotlightLeavesTheKeyboardAlone()
 {
     Presentation on;
     WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
-    EVENTUALLY(other.hasFocus());
+    QVERIFY(other.opensWithFocus());
     on.hotKey(Key::S);
-    EVENTUALLY(on.pixel({1000, 1000}) == dimmed(on.beneathColor()));
+    EVENTUALLY(on.isDimmed({1000, 1000}));
     QVERIFY(on.beneath.takeFocus());
     on.hotKey(Key::S);
     EVENTUALLY(on.overlays().isEmpty());
@@ -165,7 +172,7 @@ void FocusScenarios::whoTookTheKeyboardMeanwhileKeepsIt()
 {
     Presentation on;
     WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
-    EVENTUALLY(other.hasFocus());
+    QVERIFY(other.opensWithFocus());
     QVERIFY(on.beneath.takeFocus());
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());

@@ -55,7 +55,7 @@ void HotKeyScenarios::locksDoNotMatter()
     on.hotKey(Key::D);
     EVENTUALLY(on.beneath.hasFocus());
     on.hotKey(Key::S);
-    EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
+    EVENTUALLY(on.isDimmed({10, 10}));
     on.session.keyboard().tap(Key::Escape);
     EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
     on.hotKey(Key::D);

@@ -56,6 +56,19 @@ public:
         return std::all_of(besideToolbar.begin(), besideToolbar.end(),
                            [&](const QRect &part) { return screen.isFilled(color, part); });
     }
+    /// Whether the spotlight's dimming lies over that colour there, which looks the same a pixel below. Without
+    /// a compositor it is black in every second row.
+    bool isDimmed(QPoint place, const QColor &ground)
+    {
+        const Screenshot screen = session.screenshot();
+        if (session.isComposited())
+            return screen.pixel(place) == dimmed(ground);
+        const QColor here = screen.pixel(place);
+        const QColor below = screen.pixel(place + QPoint(0, 1));
+        return std::minmax(here.lightness(), below.lightness()) == std::minmax(0, ground.lightness()) &&
+               (here == ground || below == ground);
+    }
+    bool isDimmed(QPoint place) { return isDimmed(place, beneathColor()); }
     /// Whether nothing but the window beneath, and the toolbar, shows in that rectangle.
     bool isUntouched(const QRect &rect) { return isFilled(beneathColor(), rect); }
 

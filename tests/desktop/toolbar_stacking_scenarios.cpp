@@ -75,9 +75,13 @@ void ToolbarStackingScenarios::itStaysAboveAFullScreenWindow()
 {
     Presentation on;
     EVENTUALLY(isSeen(on, on.beneathColor()));
+    // Before there is a full-screen window: some window managers show no other one then.
+    WindowBeneath later(on.session, VirtualDisplay::kFullHd, Qt::green);
+    EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green));
+    QVERIFY(on.beneath.takeFocus());
     QVERIFY(on.beneath.setFullScreen(true));
     EVENTUALLY(on.pixel({2, 2}) == on.beneathColor() && isSeen(on, on.beneathColor()));
-    WindowBeneath later(on.session, VirtualDisplay::kFullHd, Qt::green);
+    QVERIFY(later.takeFocus());
     QVERIFY(later.setFullScreen(true));
     EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green) && isSeen(on, Qt::green));
 }

@@ -74,7 +74,7 @@ void ToolbarWindowScenarios::theSpotlightButtonLeavesTheKeyboardWithTheEditor()
     Rehearsal on;
     on.beneath.forget();
     QVERIFY(on.presenter.click(button::kSpotlight));
-    EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
+    EVENTUALLY(on.isDimmed({10, 10}));
     on.session.keyboard().tap(Key::A);
     QVERIFY(on.presenter.click(button::kSpotlight));
     EVENTUALLY(on.isSlideUntouched());

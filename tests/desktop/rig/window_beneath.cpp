@@ -121,6 +121,13 @@ bool WindowBeneath::takeFocus()
     return eventually([&] { return hasFocus(); });
 }
 
+bool WindowBeneath::opensWithFocus()
+{
+    if (m_session.windowManagerProcessId() == 0)
+        return takeFocus();
+    return eventually([&] { return hasFocus(); });
+}
+
 bool WindowBeneath::raise()
 {
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
@@ -142,6 +149,8 @@ bool WindowBeneath::raise()
 
 bool WindowBeneath::setFullScreen(bool on)
 {
+    if (m_session.windowManagerProcessId() == 0)
+        return !on || raise();
     const xcb_atom_t state = m_client.atom("_NET_WM_STATE_FULLSCREEN");
     m_client.sendToRoot(m_id, "_NET_WM_STATE", {on ? 1u : 0u, state, 0, 1});
     return eventually([&] { return m_client.property(m_id, "_NET_WM_STATE").contains(state) == on; });

@@ -48,10 +48,13 @@ public:
     /// Asks the window manager for the keyboard, as a click in the task bar does; true once this window is
     /// the focus owner, false if that does not happen.
     bool takeFocus();
+    /// The same for a window that has just opened: a window manager gives it the keyboard by itself.
+    bool opensWithFocus();
     bool hasFocus() { return m_client.inputFocus() == m_id; }
     /// Comes to the top of the ordinary windows; false if that does not happen within the deadline.
     bool raise();
-    /// Enters or leaves the window manager's full-screen state; false if it does not.
+    /// Enters or leaves the window manager's full-screen state; false if it does not. Without a window manager
+    /// a window that covers the screen comes to the top.
     bool setFullScreen(bool on);
     /// Hides itself without being destroyed; true once it is unmapped.
     bool hide();

@@ -37,7 +37,10 @@ void writeXfwm4Settings(const QDir &home)
 QString writeI3Settings(const QDir &home)
 {
     const auto name = QStringLiteral("i3.conf");
-    write(home, name, "# i3 config file (v4)\nfor_window [all] floating enable, border none\n");
+    write(home, name, R"(# i3 config file (v4)
+for_window [all] floating enable, border none
+focus_follows_mouse no
+)");
     return home.filePath(name);
 }
 

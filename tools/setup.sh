@@ -7,7 +7,7 @@ set -euo pipefail
 build_packages=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-svg-dev libgl-dev
-    libxcb1-dev libxcb-shm0-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-shape0-dev libxcb-cursor-dev
+    libx11-dev libxcb1-dev libxcb-shm0-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-shape0-dev libxcb-cursor-dev
     libxcb-xkb-dev libxcb-randr0-dev libxcb-damage0-dev libxcb-xtest0-dev libxcb-res0-dev libxkbcommon-dev
     libxkbcommon-x11-dev
     libbenchmark-dev
@@ -63,7 +63,7 @@ name_missing_tools() {
     for tool in cmake ninja g++ pkg-config; do
         command -v "$tool" >/dev/null || missing+=("$tool")
     done
-    for module in Qt6Widgets Qt6Svg Qt6DBus xcb xcb-shm xcb-xinput xcb-xfixes xcb-shape xcb-cursor xcb-xkb xcb-randr xcb-damage \
+    for module in Qt6Widgets Qt6Svg Qt6DBus x11 xcb xcb-shm xcb-xinput xcb-xfixes xcb-shape xcb-cursor xcb-xkb xcb-randr xcb-damage \
         xcb-xtest xcb-res xkbcommon xkbcommon-x11 benchmark; do
         pkg-config --exists "$module" 2>/dev/null || missing+=("$module (development files)")
     done

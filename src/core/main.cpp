@@ -22,6 +22,8 @@ int main(int argc, char *argv[])
     // One is what whoever started it twice wants.
     if (!connection->becomeOnlyInstance())
         return EXIT_SUCCESS;
+    if (const QString limits = connection->limits(); !limits.isEmpty())
+        std::fprintf(stderr, "zeigewerk: %s\n", qPrintable(limits));
     qputenv("QT_QPA_PLATFORM", connection->qtPlatform());
 
     // Qt's own event loop wakes up for a third less than glib's. Whatever we start is not to be told.

@@ -16,6 +16,15 @@ public:
     }
 
     bool becomeOnlyInstance() override { return x11::becomeOnlyInstance(*m_connection); }
+    QString limits() const override
+    {
+        // Within a Wayland session this display shows only what it is told of: nothing of the programs that
+        // are not on it, nor of the keys and clicks that they get.
+        if (!qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+            return {};
+        return QStringLiteral("in this Wayland session hot keys, click rings and what follows the pointer work "
+                              "over X11 programs only");
+    }
     QByteArray qtPlatform() const override { return QByteArrayLiteral("xcb"); }
     std::unique_ptr<Desktop> makeDesktop() override
     {

@@ -16,6 +16,8 @@ public:
 
     /// Whether this is the only one of our programs on the desktop; from then on it is, until the connection ends.
     virtual bool becomeOnlyInstance() = 0;
+    /// What will not work here, in one line; empty if everything will.
+    virtual QString limits() const = 0;
     /// The name of Qt's platform plugin that belongs to it.
     virtual QByteArray qtPlatform() const = 0;
     /// The desktop; needs the application object. Called once.

@@ -20,6 +20,9 @@ private Q_SLOTS:
     void aSecondStartEndsQuietly();
     void ofTwoStartsAtOnceOneStays();
     void oneThatWasKilledIsInNobodysWay();
+    void whenTheDisplayGoesItSaysSoAndEnds_data();
+    void whenTheDisplayGoesItSaysSoAndEnds();
+    void inAWaylandSessionItSaysWhatWillNotWork();
 };
 
 void ProcessScenarios::withoutADisplayItSaysSoAndEnds_data()
@@ -129,6 +132,45 @@ void ProcessScenarios::oneThatWasKilledIsInNobodysWay()
     EVENTUALLY(!first.isRunning());
     Program second(session);
     QVERIFY(second.waitUntilReady());
+}
+
+void ProcessScenarios::whenTheDisplayGoesItSaysSoAndEnds_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<QList<Key>>("modes");
+    QTest::newRow("it ends, waiting") << SIGTERM << QList<Key>{};
+    QTest::newRow("it is killed, waiting") << SIGKILL << QList<Key>{};
+    QTest::newRow("it ends, with everything on") << SIGTERM << QList<Key>{Key::D, Key::S, Key::K};
+    QTest::newRow("it is killed, with everything on") << SIGKILL << QList<Key>{Key::D, Key::S, Key::K};
+}
+
+void ProcessScenarios::whenTheDisplayGoesItSaysSoAndEnds()
+{
+    QFETCH(int, signal);
+    QFETCH(QList<Key>, modes);
+    Presentation on;
+    for (const Key mode : modes)
+        on.hotKey(mode);
+    EVENTUALLY(on.hasKeyboard() == modes.contains(Key::D));
+    QCOMPARE(kill(static_cast<pid_t>(on.session.display().serverProcessId()), signal), 0);
+    QCOMPARE(on.program.waitForExit(), std::optional(1));
+    QCOMPARE(on.program.output(), QByteArray("zeigewerk: the X11 display has gone away\n"));
+}
+
+void ProcessScenarios::inAWaylandSessionItSaysWhatWillNotWork()
+{
+    Presentation on({}, {{"WAYLAND_DISPLAY", "wayland-0"}, {"XDG_SESSION_TYPE", "wayland"}});
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
+    EVENTUALLY(on.pixel({450, 300}) == kInk);
+    QCOMPARE(on.program.output(),
+             QByteArray("zeigewerk: in this Wayland session hot keys, click rings and what follows the pointer "
+                        "work over X11 programs only\n"));
+    // It is no reason for a second start to speak.
+    Program second(on.session, {{"WAYLAND_DISPLAY", "wayland-0"}});
+    QCOMPARE(second.waitForExit(), std::optional(0));
+    QVERIFY(second.output().isEmpty());
 }
 
 REGISTER_GUILESS_TEST(ProcessScenarios)

@@ -8,8 +8,6 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 
-#include <cstdio>
-
 namespace zeigewerk::platform::x11 {
 
 namespace {
@@ -26,6 +24,7 @@ const Event &as(const xcb_generic_event_t &event)
 
 X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     : m_connection(std::move(connection))
+    , m_lostDisplay(*m_connection)
     , m_screens(*m_connection)
     , m_focus(*m_connection)
     , m_keymap(*m_connection)
@@ -43,7 +42,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
     connect(m_connection.get(), &Connection::lost, this, [] {
-        std::fputs("zeigewerk: the X11 display has gone away\n", stderr);
+        LostDisplay::tell();
         QCoreApplication::exit(kExitCodeOfLostDisplay);
     });
     connect(&m_compositor, &SelectionOwner::changed, this, &X11Desktop::tellOfCompositor);

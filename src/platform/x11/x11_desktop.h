@@ -6,6 +6,7 @@
 #include "platform/x11/focus.h"
 #include "platform/x11/held_keys.h"
 #include "platform/x11/keymap.h"
+#include "platform/x11/lost_display.h"
 #include "platform/x11/scrolling.h"
 #include "platform/x11/selection_owner.h"
 #include "platform/x11/stacking.h"
@@ -79,6 +80,7 @@ private:
     std::vector<QRect> nativeScreens() const;
 
     std::unique_ptr<Connection> m_connection;
+    LostDisplay m_lostDisplay;
     X11Screens m_screens;
     Focus m_focus;
     Keymap m_keymap;

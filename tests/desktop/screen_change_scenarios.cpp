@@ -1,0 +1,173 @@
+// Screens that are turned, moved, and of every scale.
+#include "presentation.h"
+#include "registered_test.h"
+#include "two_screens.h"
+
+using namespace zeigewerk::rig;
+
+namespace {
+
+/// Watches the canvases being made.
+class Screens : public Presentation
+{
+public:
+    explicit Screens(const DesktopSetup &setup, const QMap<QString, QString> &environment = {})
+        : Presentation(setup, environment)
+        , m_watch(session)
+    {
+    }
+
+    bool startDrawing()
+    {
+        hotKey(Key::D);
+        return eventually([&] { return hasKeyboard(); });
+    }
+    /// Whether one canvas is shown for each screen that there is, and covers it.
+    bool overlaysMatch()
+    {
+        QList<QRect> shown;
+        for (const WindowInfo &overlay : overlays())
+            shown.append(overlay.geometry);
+        const QList<QRect> screens = session.display().screens().values();
+        return shown.size() == screens.size() &&
+               std::is_permutation(shown.begin(), shown.end(), screens.begin());
+    }
+    /// How many canvases were made since this was last asked.
+    int newOverlays()
+    {
+        int all = 0;
+        for (const WatchedWindow &window : m_watch.windows()) {
+            const bool isLarge = window.geometry.width() >= kSmallestScreenWidth;
+            all += isLarge && session.client().isOfProcess(window.id, program.processId());
+        }
+        return all - std::exchange(m_overlays, all);
+    }
+    /// Whether a stroke of the pen through that pixel has it in its middle.
+    bool inkIsUnder(QPoint place, int width)
+    {
+        if (!session.pointer().drag({place - QPoint(40, 0), place + QPoint(40, 0)}) ||
+            !eventually([&] { return pixel(place) == kInk; }))
+            return false;
+        const QRect ink = session.screenshot().bounds(kInk, QRect(place - QPoint(1, 30), QSize(3, 61)));
+        // A row on either side is covered in part where the width is no whole odd number.
+        return std::abs(2 * (place.y() - ink.top()) + 1 - ink.height()) <= 1 &&
+               std::abs(ink.height() - width) <= 1;
+    }
+
+private:
+    WindowWatch m_watch;
+    int m_overlays = 0;
+};
+
+} // namespace
+
+class ScreenChangeScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aScreenChangesWhileDrawing_data();
+    void aScreenChangesWhileDrawing();
+    void inkIsUnderThePointerAtMixedScales_data();
+    void inkIsUnderThePointerAtMixedScales();
+    void edgesAreCovered();
+    void aPanelThatAppearsIsNoChangeOfScreens();
+};
+
+void ScreenChangeScenarios::aScreenChangesWhileDrawing_data()
+{
+    QTest::addColumn<int>("output");
+    QTest::addColumn<QRect>("screen");
+    QTest::newRow("turned by a quarter") << 1 << QRect(1280, 0, 900, 1600);
+    QTest::newRow("larger") << 1 << QRect(1280, 0, 2560, 1440);
+    QTest::newRow("smaller") << 0 << QRect(0, 0, 800, 600);
+    QTest::newRow("lower") << 1 << QRect(1280, 400, 1600, 900);
+    QTest::newRow("with a gap") << 1 << QRect(1500, 0, 1600, 900);
+    QTest::newRow("a third one below") << 2 << QRect(300, 1024, 1024, 768);
+}
+
+void ScreenChangeScenarios::aScreenChangesWhileDrawing()
+{
+    QFETCH(int, output);
+    QFETCH(QRect, screen);
+    Screens on({.screens = {kLeft, kRight}});
+    QVERIFY(on.startDrawing());
+    QVERIFY(on.overlaysMatch());
+    on.newOverlays();
+
+    on.session.display().plug(output, screen);
+    EVENTUALLY(on.overlaysMatch());
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.inkIsUnder(screen.center(), 5));
+    QVERIFY(on.inkIsUnder(on.session.display().screens().value(0).center(), 5));
+    // All of them once, for one change.
+    QCOMPARE(on.newOverlays(), static_cast<int>(on.session.display().screens().size()));
+    // The toolbar is where it can be reached.
+    const std::optional<WindowInfo> bar = on.toolbar();
+    QVERIFY(bar);
+    const QMap<int, QRect> screens = on.session.display().screens();
+    QVERIFY(std::any_of(screens.begin(), screens.end(),
+                        [&](const QRect &one) { return one.contains(bar->geometry.center()); }));
+}
+
+void ScreenChangeScenarios::inkIsUnderThePointerAtMixedScales_data()
+{
+    QTest::addColumn<QString>("scales");
+    QTest::addColumn<int>("left");
+    QTest::addColumn<int>("right");
+    // The pen is five points wide.
+    QTest::newRow("1 and 2") << "DUMMY0=1;DUMMY1=2" << 5 << 9;
+    QTest::newRow("2 and 1") << "DUMMY0=2;DUMMY1=1" << 9 << 5;
+    QTest::newRow("1.25 and 1.5") << "DUMMY0=1.25;DUMMY1=1.5" << 5 << 7;
+    QTest::newRow("1.5 and 1") << "DUMMY0=1.5;DUMMY1=1" << 7 << 5;
+}
+
+void ScreenChangeScenarios::inkIsUnderThePointerAtMixedScales()
+{
+    QFETCH(QString, scales);
+    QFETCH(int, left);
+    QFETCH(int, right);
+    const QRect offset(1280, 300, 1600, 900);
+    Screens on({.screens = {kLeft, offset}}, {{"QT_SCREEN_SCALE_FACTORS", scales}});
+    QVERIFY(on.startDrawing());
+    QVERIFY(on.overlaysMatch());
+    for (const QPoint place : {QPoint(300, 100), QPoint(641, 1000), QPoint(800, 513)})
+        QVERIFY(on.inkIsUnder(place, left));
+    for (const QPoint place : {QPoint(1400, 350), QPoint(2001, 777), QPoint(2800, 1150)})
+        QVERIFY(on.inkIsUnder(place, right));
+}
+
+void ScreenChangeScenarios::edgesAreCovered()
+{
+    const QRect gap(1500, 100, 1600, 900);
+    Screens on({.screens = {kLeft, gap}}, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=1.25;DUMMY1=1.5"}});
+    on.hotKey(Key::W);
+    for (const QRect &screen : {kLeft, gap}) {
+        for (const QPoint corner :
+             {screen.topLeft(), screen.topRight(), screen.bottomLeft(), screen.bottomRight()})
+            EVENTUALLY(on.pixel(corner) == QColor(Qt::white));
+    }
+    QVERIFY(on.isFilled(Qt::white, QRect(kLeft.left(), kLeft.bottom(), kLeft.width(), 1)));
+    QVERIFY(on.isFilled(Qt::white, QRect(gap.right(), gap.top(), 1, gap.height())));
+}
+
+void ScreenChangeScenarios::aPanelThatAppearsIsNoChangeOfScreens()
+{
+    // There is nobody to list it, and to say how much room it leaves, without a window manager.
+    Screens on({.windowManager = WindowManager::Openbox});
+    QVERIFY(on.startDrawing());
+    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
+    EVENTUALLY(on.pixel({450, 300}) == kInk);
+    on.newOverlays();
+    const Dock panel(on.session, {0, 1040, 1920, 40}, "_NET_WM_STRUT_PARTIAL",
+                     {0, 0, 0, 40, 0, 0, 0, 0, 0, 0, 0, 1919});
+    QVERIFY(on.session.pointer().drag({{400, 500}, {500, 500}}));
+    EVENTUALLY(on.pixel({450, 500}) == kInk);
+    QCOMPARE(on.pixel({450, 300}), kInk);
+    QCOMPARE(on.newOverlays(), 0);
+    // It is drawn upon, too.
+    QVERIFY(on.inkIsUnder({300, 1060}, 5));
+}
+
+REGISTER_GUILESS_TEST(ScreenChangeScenarios)
+#include "screen_change_scenarios.moc"

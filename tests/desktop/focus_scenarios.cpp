@@ -1,3 +1,4 @@
+#include "keyboard_grab.h"
 #include "presentation.h"
 #include "registered_test.h"
 
@@ -5,24 +6,6 @@ using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
 
 namespace {
-
-/// Another program that holds on to the keyboard, as a window switcher does.
-class KeyboardGrab
-{
-public:
-    explicit KeyboardGrab(DesktopSession &session)
-        : m_client(session.display().name())
-    {
-        const auto cookie = xcb_grab_keyboard(m_client.connection(), 0, m_client.root(), XCB_CURRENT_TIME,
-                                              XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-        const auto reply = owned(xcb_grab_keyboard_reply(m_client.connection(), cookie, nullptr));
-        if (!reply || reply->status != XCB_GRAB_STATUS_SUCCESS)
-            throw RigError("the keyboard is grabbed already");
-    }
-
-private:
-    Client m_client;
-};
 
 bool isKeyboardFree(DesktopSession &session)
 {

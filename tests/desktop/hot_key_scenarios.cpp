@@ -1,3 +1,4 @@
+#include "keyboard_grab.h"
 #include "presentation.h"
 #include "registered_test.h"
 
@@ -13,6 +14,7 @@ private Q_SLOTS:
     void locksDoNotMatter_data();
     void locksDoNotMatter();
     void aHeldHotKeyTogglesOnce();
+    void whileAnotherHasTheKeyboardAHotKeyDoesNothing();
     void hotKeysAreTheirPlacesOnAnyLayout();
     void hotKeysNeverReachTheApplications();
 };
@@ -102,6 +104,27 @@ void HotKeyScenarios::hotKeysNeverReachTheApplications()
     EVENTUALLY(on.beneath.pressedKeys().contains(Key::A));
     for (const Key key : {Key::K, Key::T, Key::P})
         QVERIFY(!on.beneath.pressedKeys().contains(key));
+}
+
+void HotKeyScenarios::whileAnotherHasTheKeyboardAHotKeyDoesNothing()
+{
+    Presentation on;
+    {
+        const KeyboardGrab grab(on.session);
+        on.hotKey(Key::D);
+        on.hotKey(Key::W);
+        on.hotKey(Key::K);
+    }
+    // What they had brought about would come before this.
+    on.hotKey(Key::S);
+    EVENTUALLY(on.isDimmed({10, 10}));
+    QVERIFY(!on.hasKeyboard());
+    on.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(on.overlays().isEmpty());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.beneath.hasFocus());
 }
 
 REGISTER_GUILESS_TEST(HotKeyScenarios)

@@ -54,7 +54,7 @@ void TextWheelScenarios::aScrollAxisResizesTheSpotlight()
     if (!ScrollMouse::isAvailable())
         QSKIP("this X server comes without its test driver for input devices");
     FieldUnderPointer on(Mice::WithScrollAxis);
-    ScrollMouse mouse(on.session.display().scrollMousePath());
+    ScrollMouse mouse(on.session.display().devicePath());
     // From the first notch Qt learns where the axis stands, and no more. When the letter shows, it has.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
     on.session.keyboard().type("m");

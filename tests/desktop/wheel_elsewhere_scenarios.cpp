@@ -154,7 +154,7 @@ void WheelElsewhereScenarios::aScrollAxisIsHeardInsteadOfItsButtons()
     if (!ScrollMouse::isAvailable())
         QSKIP("this X server comes without its test driver for input devices");
     Presentation on(unmanaged(Mice::WithScrollAxis));
-    ScrollMouse mouse(on.session.display().scrollMousePath());
+    ScrollMouse mouse(on.session.display().devicePath());
     QVERIFY(on.session.pointer().moveTo(kMiddle));
     // What it did before does not count.
     on.beneath.forget();

@@ -119,7 +119,7 @@ void WheelScenarios::aScrollAxisIsHeardInsteadOfItsButtons()
     if (!ScrollMouse::isAvailable())
         QSKIP("this X server comes without its test driver for input devices");
     Presentation on({.compositor = compositor, .mice = Mice::WithScrollAxis});
-    ScrollMouse mouse(on.session.display().scrollMousePath());
+    ScrollMouse mouse(on.session.display().devicePath());
     QVERIFY(on.session.pointer().moveTo(kMiddle));
     on.hotKey(Key::W);
     on.hotKey(Key::S);
@@ -149,7 +149,7 @@ void WheelScenarios::whatAScrollAxisDidElsewhereDoesNotCount()
     if (!ScrollMouse::isAvailable())
         QSKIP("this X server comes without its test driver for input devices");
     Presentation on({.mice = Mice::WithScrollAxis});
-    ScrollMouse mouse(on.session.display().scrollMousePath());
+    ScrollMouse mouse(on.session.display().devicePath());
     QVERIFY(on.session.pointer().moveTo(kMiddle));
     for (const int round : {1, 2}) {
         on.beneath.forget();

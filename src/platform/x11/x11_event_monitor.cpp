@@ -2,6 +2,8 @@
 
 #include "platform/x11/modifiers.h"
 
+#include <algorithm>
+
 namespace zeigewerk::platform::x11 {
 
 X11EventMonitor::X11EventMonitor(Connection &connection)
@@ -41,6 +43,12 @@ void X11EventMonitor::selectRawEvents()
     std::uint32_t mask = 0;
     if (m_listening)
         mask |= XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
+    // The first finger presses the pointer's button for whoever does not ask for fingers, but there are no raw
+    // events about that.
+    if (m_listening.testFlag(Monitored::LeftPresses))
+        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_END;
+    else
+        m_fingers = 0;
     if (m_hearsAxes)
         mask |= XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
     // Of the master devices, since each raw event comes once for the physical device and once for its master.
@@ -63,6 +71,13 @@ bool X11EventMonitor::handle(const xcb_ge_generic_event_t &event)
         return false;
     case XCB_INPUT_RAW_BUTTON_PRESS:
         buttonPressed(raw);
+        return true;
+    case XCB_INPUT_RAW_TOUCH_BEGIN:
+        if (++m_fingers == 1)
+            leftPressed();
+        return true;
+    case XCB_INPUT_RAW_TOUCH_END:
+        m_fingers = std::max(m_fingers - 1, 0);
         return true;
     case XCB_INPUT_RAW_MOTION:
         if (m_hearsAxes)
@@ -87,10 +102,16 @@ void X11EventMonitor::buttonPressed(const xcb_input_raw_button_press_event_t &ev
     if (!m_listening)
         return;
     const std::uint32_t button = logicalButton(event.detail);
-    if (button == kLeftButton && m_listening.testFlag(Monitored::LeftPresses) && m_leftPress)
-        m_leftPress();
+    if (button == kLeftButton)
+        leftPressed();
     if (m_listening.testFlag(Monitored::WheelWithAlt))
         tellOfScroll(m_scrolling.rawButtonPressed(event, button));
+}
+
+void X11EventMonitor::leftPressed() const
+{
+    if (m_listening.testFlag(Monitored::LeftPresses) && m_leftPress)
+        m_leftPress();
 }
 
 std::uint32_t X11EventMonitor::logicalButton(std::uint32_t physicalButton) const

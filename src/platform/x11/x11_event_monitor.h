@@ -33,6 +33,7 @@ public:
 private:
     void listenToAxes(bool listens);
     void selectRawEvents();
+    void leftPressed() const;
     void buttonPressed(const xcb_input_raw_button_press_event_t &event);
     std::uint32_t logicalButton(std::uint32_t physicalButton) const;
     void tellOfScroll(std::optional<ScrollEvent> scroll) const;
@@ -40,6 +41,7 @@ private:
     Connection &m_connection;
     Scrolling m_scrolling;
     AltWatch m_alt;
+    int m_fingers = 0;
     MonitoredEvents m_listening;
     /// Scroll axes move in motion events, each of which wakes the program: they are heard only while Alt is
     /// held.

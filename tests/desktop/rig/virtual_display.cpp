@@ -3,6 +3,7 @@
 #include "eventually.h"
 #include "rig_error.h"
 #include "scroll_mouse.h"
+#include "touch_devices.h"
 
 #include <QFile>
 #include <QStandardPaths>
@@ -52,6 +53,22 @@ Section "InputClass"
 EndSection
 )";
 
+/// The test driver's name for the device beside XTest's, if there is to be one.
+const char *typeOf(Mice mice)
+{
+    switch (mice) {
+    case Mice::WithScrollAxis:
+        return ScrollMouse::kType;
+    case Mice::WithTouchScreen:
+        return TouchScreen::kType;
+    case Mice::WithTablet:
+        return Tablet::kType;
+    case Mice::XTestOnly:
+        break;
+    }
+    return nullptr;
+}
+
 QString serverProgram()
 {
     // The one in the search path is often a wrapper that lets only console users in: the last resort.
@@ -78,8 +95,8 @@ VirtualDisplay::VirtualDisplay(const QList<QRect> &screens, Mice mice)
 void VirtualDisplay::startServer(Mice mice)
 {
     QByteArray text = kConfiguration;
-    if (mice == Mice::WithScrollAxis)
-        text += ScrollMouse::configuration(scrollMousePath());
+    if (const char *type = typeOf(mice))
+        text += TestDevice::configuration(type, devicePath());
     QFile configuration(m_folder.filePath(QStringLiteral("xorg.conf")));
     if (!configuration.open(QIODevice::WriteOnly) || configuration.write(text) < 0)
         failRig(QStringLiteral("cannot write to %1").arg(m_folder.path()));

@@ -14,7 +14,9 @@ namespace zeigewerk::rig {
 /// The pointing devices of a display: always that of XTest …
 enum class Mice {
     XTestOnly,
-    WithScrollAxis, ///< … and a ScrollMouse
+    WithScrollAxis,  ///< … and a ScrollMouse
+    WithTouchScreen, ///< … and a TouchScreen
+    WithTablet,      ///< … and a Tablet
 };
 
 /// Xorg with the dummy driver: unlike simpler virtual servers it has outputs that come and go. No real
@@ -34,8 +36,8 @@ public:
     /// What the server wrote so far.
     QByteArray serverLog() const;
     Client &client() { return *m_client; }
-    /// Where to talk to the ScrollMouse, on a display that has one.
-    QString scrollMousePath() const { return m_folder.filePath(QStringLiteral("scroll-mouse")); }
+    /// Where to talk to the device beside XTest's, on a display that has one.
+    QString devicePath() const { return m_folder.filePath(QStringLiteral("device")); }
 
     /// Lights an output, or gives it another rectangle; comes back when RandR reports the monitor.
     void plug(int output, const QRect &screen);

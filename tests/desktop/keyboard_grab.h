@@ -17,6 +17,14 @@ public:
         if (!reply || reply->status != XCB_GRAB_STATUS_SUCCESS)
             throw RigError("the keyboard is grabbed already");
     }
+    ~KeyboardGrab()
+    {
+        // Whoever types next types to everybody.
+        xcb_ungrab_keyboard(m_client.connection(), XCB_CURRENT_TIME);
+        m_client.roundTrip();
+    }
+    KeyboardGrab(const KeyboardGrab &) = delete;
+    KeyboardGrab &operator=(const KeyboardGrab &) = delete;
 
 private:
     Client m_client;

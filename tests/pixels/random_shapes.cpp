@@ -1,50 +1,10 @@
 #include "pixels/random_shapes.h"
 
-#include <QDebug>
-
 #include <array>
 #include <cmath>
 #include <numbers>
 
 namespace zeigewerk::test {
-
-namespace {
-
-std::uint64_t chosenSeed()
-{
-    bool isNumber = false;
-    const std::uint64_t seed = qEnvironmentVariable("ZEIGEWERK_TEST_SEED").toULongLong(&isNumber);
-    return isNumber ? seed : std::random_device()();
-}
-
-} // namespace
-
-RandomShapes::RandomShapes()
-    : RandomShapes(chosenSeed())
-{
-    qInfo().noquote() << QStringLiteral("ZEIGEWERK_TEST_SEED=%1").arg(m_seed);
-}
-
-RandomShapes::RandomShapes(std::uint64_t seed)
-    : m_seed(seed)
-    , m_engine(seed)
-{
-}
-
-bool RandomShapes::chance(double probability)
-{
-    return real(0.0, 1.0) < probability;
-}
-
-int RandomShapes::integer(int low, int high)
-{
-    return std::uniform_int_distribution<int>(low, high)(m_engine);
-}
-
-double RandomShapes::real(double low, double high)
-{
-    return std::uniform_real_distribution<double>(low, high)(m_engine);
-}
 
 QPointF RandomShapes::point(QSizeF view)
 {

@@ -2,31 +2,19 @@
 
 #include "drawing/shape.h"
 #include "platform/damage.h"
+#include "random_input.h"
 
 #include <QSizeF>
 
-#include <random>
+#include <vector>
 
 namespace zeigewerk::test {
 
-/// Random input for property tests. The seed is printed; the environment variable ZEIGEWERK_TEST_SEED sets
-/// it, so that a failure can be seen again.
-class RandomShapes
+/// Random shapes, and what goes with them.
+class RandomShapes : public RandomInput
 {
 public:
-    RandomShapes();
-    explicit RandomShapes(std::uint64_t seed);
-
-    std::uint64_t seed() const { return m_seed; }
-
-    bool chance(double probability);
-    int integer(int low, int high);
-    double real(double low, double high);
-    template <typename Container>
-    auto oneOf(const Container &values)
-    {
-        return values[static_cast<std::size_t>(integer(0, static_cast<int>(std::size(values)) - 1))];
-    }
+    using RandomInput::RandomInput;
 
     /// A point in or a little outside of a view of that size; often with whole coordinates, as devices
     /// deliver them.
@@ -39,9 +27,6 @@ public:
 
 private:
     std::vector<QPointF> stroke(QSizeF view);
-
-    std::uint64_t m_seed;
-    std::mt19937_64 m_engine;
 };
 
 } // namespace zeigewerk::test

@@ -1,0 +1,79 @@
+// What the modes are to do, told a second time: with flags and lists, without windows, timers or pictures.
+#pragma once
+
+#include "modes_seen.h"
+
+namespace zeigewerk::test {
+
+/// The rules. Time is in milliseconds; places are x coordinates, by which marks are told apart.
+class ModesModel
+{
+public:
+    explicit ModesModel(std::size_t screenCount) { changeScreens(screenCount); }
+
+    Seen seen() const;
+
+    void toggleDraw();
+    void toggleBoard() { invert(board); }
+    void toggleSpot() { invert(spot); }
+    void toggleClicks() { invert(clicks); }
+    void toggleRing() { invert(ring); }
+    void togglePin();
+    void endModes();
+    void toggleFade();
+    void toggleDark();
+    void toggleToolbar() { toolbar = !toolbar; }
+    void pickTool(int picked);
+    void undo();
+    void clearAll() { discard(); }
+
+    void press(std::size_t screen, double x);
+    void release(std::size_t screen);
+    void pressEsc(std::size_t screen);
+    void pressReturn(std::size_t screen) { commitText(screen); }
+    void pressUndo(std::size_t screen);
+    void type(std::size_t screen, QChar letter);
+
+    void changeScreens(std::size_t count);
+    void tickFade();
+    void follow();
+
+    bool draw = false;
+    bool board = false;
+    bool spot = false;
+    bool clicks = false;
+    bool pin = false;
+    bool ring = false;
+    bool fade = false;
+    bool dark = true;
+    bool toolbar = true;
+    int tool = 0;
+    int colour = 0;
+    int width = 1;
+    QPointF mouse;
+    qint64 now = 0;
+    bool fadeTimer = false;
+    bool escTaken = false;
+    /// Another program has Esc.
+    bool escRefused = false;
+    std::vector<Seen::Screen> screens;
+
+private:
+    bool interactive() const { return draw || board; }
+    std::optional<std::size_t> screenUnderMouse() const;
+    void invert(bool &flag);
+    void refresh();
+    void discard();
+    void updateFadeTimer();
+    void commitText(std::size_t screen);
+    void add(std::size_t screen, double x);
+
+    std::vector<std::size_t> m_order;
+    std::optional<std::size_t> m_key;
+    QPointF m_ring;
+    std::optional<bool> m_storedFade;
+    std::optional<bool> m_storedDark;
+    std::vector<double> m_fieldX;
+};
+
+} // namespace zeigewerk::test

@@ -24,6 +24,8 @@ class StrutsTest : public QObject
 private Q_SLOTS:
     void propertiesAreRead_data();
     void propertiesAreRead();
+    void anEmptyDesktopHasNone_data();
+    void anEmptyDesktopHasNone();
     void eachScreenLosesWhatItsPanelsTake_data();
     void eachScreenLosesWhatItsPanelsTake();
     void ofSeveralOnOneEdgeTheDeepestCounts();
@@ -66,6 +68,22 @@ void StrutsTest::propertiesAreRead()
     QFETCH(Values, values);
     QFETCH(std::vector<Strut>, struts);
     QVERIFY(strutsOf(values, kDesktop) == struts);
+}
+
+void StrutsTest::anEmptyDesktopHasNone_data()
+{
+    QTest::addColumn<QSize>("desktop");
+    QTest::newRow("unknown") << QSize();
+    QTest::newRow("no width") << QSize(0, 1024);
+    QTest::newRow("no height") << QSize(2880, 0);
+}
+
+void StrutsTest::anEmptyDesktopHasNone()
+{
+    QFETCH(QSize, desktop);
+    QVERIFY(strutsOf(Values{1, 2, 3, 4, 0, 0x7FFFFFFF, 0, 0x7FFFFFFF, 0, 0x7FFFFFFF, 0, 0x7FFFFFFF}, desktop)
+                .empty());
+    QVERIFY(strutsOf(Values{1, 2, 3, 4}, desktop).empty());
 }
 
 void StrutsTest::eachScreenLosesWhatItsPanelsTake_data()

@@ -45,7 +45,8 @@ QRect stripOf(const Strut &strut, const QSize &desktop)
 std::vector<Strut> strutsOf(std::span<const std::uint32_t> values, const QSize &desktop)
 {
     std::vector<Strut> struts;
-    if (values.size() != kDepthsOnly && values.size() != kDepthsAndRanges)
+    // The server may have gone before it told how large the desktop is.
+    if (desktop.isEmpty() || (values.size() != kDepthsOnly && values.size() != kDepthsAndRanges))
         return struts;
     for (std::size_t i = 0; i < kEdges.size(); ++i) {
         const bool upright = isUpright(kEdges[i]);

@@ -27,7 +27,7 @@ struct Strut
 
 /// The struts in a panel's property: the depths left, right, top and bottom, and perhaps for each in the same
 /// order its start and its end. Without those they run along the whole edge. Other numbers of values are
-/// none.
+/// none, and on an empty desktop there are none.
 std::vector<Strut> strutsOf(std::span<const std::uint32_t> values, const QSize &desktop);
 
 /// What the struts leave of a screen; empty if they leave nothing. A strut that crosses the whole screen

@@ -1,5 +1,5 @@
-# Shared by run and test: what the project needs, and how it is built. Sourced by bash from the project's
-# top folder.
+# Shared by run, test and other scripts: what the project needs, and how it is built. Sourced by bash from the
+# project's top folder.
 
 set -euo pipefail
 
@@ -17,6 +17,9 @@ desktop_packages=(
     xserver-xorg-core xserver-xorg-video-dummy xkb-data x11-xkb-utils x11-xserver-utils
     openbox xfwm4 i3-wm picom dbus dbus-daemon at-spi2-core fonts-dejavu-core
 )
+
+# To look for input that does harm; only tests/fuzz/run needs them.
+fuzz_packages=(clang libclang-rt-14-dev)
 
 say() { printf '%s\n' "$*"; }
 fail() { printf '%s\n' "$*" >&2; exit 1; }
@@ -72,6 +75,9 @@ name_missing_tools() {
             command -v "$tool" >/dev/null || [ -x "/usr/lib/xorg/$tool" ] || missing+=("$tool")
         done
         [ -e /usr/share/dbus-1/services/org.a11y.Bus.service ] || missing+=("the accessibility bus of at-spi2")
+    fi
+    if [[ " $* " == *" clang "* ]]; then
+        command -v clang++ >/dev/null || missing+=("clang++ with libFuzzer")
     fi
     [ ${#missing[@]} -eq 0 ] || fail "This is not Debian, so please install these yourself: $(printf '\n  %s' "${missing[@]}")"
 }

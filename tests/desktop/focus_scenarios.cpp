@@ -33,6 +33,7 @@ private Q_SLOTS:
     void theKeyboardIsTakenAgainAfterItMovedUnderAGrab();
     void whoTookTheKeyboardMeanwhileKeepsIt();
     void aHeldEscReachesNobodyElse();
+    void aHotKeyUnderAHeldEscWorksAgain();
 };
 
 void FocusScenarios::theKeyboardGoesBackToWhoHadIt_data()
@@ -180,6 +181,29 @@ void FocusScenarios::aHeldEscReachesNobodyElse()
     EVENTUALLY(isKeyboardFree(on.session));
     on.session.keyboard().tap(Key::A);
     EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
+}
+
+void FocusScenarios::aHotKeyUnderAHeldEscWorksAgain()
+{
+    Presentation on;
+    Keyboard &keyboard = on.session.keyboard();
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    keyboard.press(Key::Escape);
+    EVENTUALLY(on.beneath.hasFocus());
+    EVENTUALLY(!isKeyboardFree(on.session));
+    for (const Key key : {Key::Ctrl, Key::Alt, Key::S})
+        keyboard.press(key);
+    EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
+    keyboard.release(Key::Escape);
+    // Whoever got the hot key's press must get its release, or the next press looks like a repeat. Without
+    // that the program would let go of the keyboard at once.
+    THROUGHOUT(500ms, !isKeyboardFree(on.session));
+    for (const Key key : {Key::S, Key::Alt, Key::Ctrl})
+        keyboard.release(key);
+    EVENTUALLY(isKeyboardFree(on.session));
+    on.hotKey(Key::S);
+    EVENTUALLY(on.isUntouched({0, 0, 100, 100}));
 }
 
 REGISTER_GUILESS_TEST(FocusScenarios)

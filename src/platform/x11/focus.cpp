@@ -128,8 +128,10 @@ void Focus::holdUntilRelease(xcb_keycode_t key)
     const auto cookie = xcb_grab_keyboard(m_connection.xcb(), false, m_connection.root(), XCB_CURRENT_TIME,
                                           XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     const auto reply = owned(xcb_grab_keyboard_reply(m_connection.xcb(), cookie, nullptr));
-    if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS)
-        m_heldKey = key;
+    if (!reply || reply->status != XCB_GRAB_STATUS_SUCCESS)
+        return;
+    m_isHolding = true;
+    m_heldKey = key;
 }
 
 bool Focus::isDown(xcb_keycode_t key) const
@@ -139,11 +141,13 @@ bool Focus::isDown(xcb_keycode_t key) const
     return reply && (reply->keys[key / 8] & (1U << (key % 8))) != 0;
 }
 
-void Focus::keyReleased(xcb_keycode_t key)
+void Focus::keyReleased(xcb_keycode_t key, bool isHotKeyHeld)
 {
-    if (m_heldKey == 0 || key != m_heldKey)
+    if (key == m_heldKey)
+        m_heldKey = 0;
+    if (!m_isHolding || m_heldKey != 0 || isHotKeyHeld)
         return;
-    m_heldKey = 0;
+    m_isHolding = false;
     xcb_ungrab_keyboard(m_connection.xcb(), XCB_CURRENT_TIME);
 }
 

@@ -40,7 +40,10 @@ public:
     /// Whether a press of that key, of one of our windows, is being handled: it may end interaction.
     void keyIsHandled(xcb_keycode_t key) { m_handledKey = key; }
     void noKeyIsHandled() { m_handledKey = 0; }
-    void keyReleased(xcb_keycode_t key);
+    /// Whether the keyboard is held on to until a key is released.
+    bool isHolding() const { return m_isHolding; }
+    /// `isHotKeyHeld`: some hot key's press was ours, so its release must be, too.
+    void keyReleased(xcb_keycode_t key, bool isHotKeyHeld);
 
 private:
     xcb_window_t owner() const;
@@ -61,7 +64,8 @@ private:
     QTimer m_takeAgain;
     int m_retriesLeft = 0;
     xcb_keycode_t m_handledKey = 0;
-    /// The key until whose release we hold on to the keyboard; 0 for none.
+    bool m_isHolding = false;
+    /// The key until whose release we hold on to the keyboard; 0 once it is released.
     xcb_keycode_t m_heldKey = 0;
 };
 

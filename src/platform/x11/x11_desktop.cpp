@@ -192,8 +192,8 @@ void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
     X11Surface *surface = surfaceOf(event.event);
     if (!isPress) {
         m_heldKeys.released(event.detail);
-        m_focus.keyReleased(event.detail);
         m_hotKeys.keyReleased(event);
+        m_focus.keyReleased(event.detail, m_focus.isHolding() && m_hotKeys.isAnyHeld());
     } else if (surface) {
         if (!m_heldKeys.isPress(event.detail))
             return;

@@ -24,6 +24,8 @@ public:
     /// A key event of the root window.
     void keyPressed(const xcb_key_press_event_t &event);
     void keyReleased(const xcb_key_release_event_t &event);
+    /// Whether a key is still down that was pressed as a hot key.
+    bool isAnyHeld();
 
 private:
     struct Grab

@@ -45,12 +45,14 @@ void AppDelegate::discardDrawings()
 
 void AppDelegate::showOverlays(bool interactive, bool visible)
 {
-    // The keyboard can only be handed back by a window that still has it, so before one is hidden.
+    for (const auto &overlay : m_overlays)
+        overlay->window().setIgnoresMouseEvents(!interactive);
+    // After the mouse, so that whoever gets the keyboard back gets the very next click, too; and before a
+    // window is hidden, as only one that still has the keyboard can hand it back.
     if (!interactive)
         m_desktop.deactivate();
     for (const auto &overlay : m_overlays) {
         OverlayWindow &window = overlay->window();
-        window.setIgnoresMouseEvents(!interactive);
         if (visible)
             window.orderFrontRegardless();
         else

@@ -39,8 +39,8 @@ void RefreshTest::stepsComeInTheirOrder_data()
     QTest::newRow("drawing on") << ""
                                 << "d"
                                 << QStringList{"overlay 0: take the mouse",
-                                               "overlay 0: order front",
                                                "overlay 1: take the mouse",
+                                               "overlay 0: order front",
                                                "overlay 1: order front",
                                                "activate",
                                                "overlay 0: order front",
@@ -48,43 +48,32 @@ void RefreshTest::stepsComeInTheirOrder_data()
                                                "toolbar 0: order front"};
     QTest::newRow("drawing off") << "d"
                                  << "d"
-                                 << QStringList{"deactivate", "overlay 0: ignore the mouse",
-                                                "overlay 0: order out", "overlay 1: ignore the mouse",
-                                                "overlay 1: order out"};
+                                 << QStringList{"overlay 0: ignore the mouse", "overlay 1: ignore the mouse",
+                                                "deactivate", "overlay 0: order out", "overlay 1: order out"};
     QTest::newRow("pin") << "d"
                          << "p"
-                         << QStringList{"deactivate", "overlay 0: ignore the mouse", "overlay 0: order front",
-                                        "overlay 1: ignore the mouse", "overlay 1: order front"};
+                         << QStringList{"overlay 0: ignore the mouse", "overlay 1: ignore the mouse",
+                                        "deactivate", "overlay 0: order front", "overlay 1: order front"};
     QTest::newRow("spotlight") << ""
-                               << "s"
-                               << QStringList{"deactivate",
-                                              "overlay 0: ignore the mouse",
-                                              "overlay 0: order front",
-                                              "overlay 1: ignore the mouse",
-                                              "overlay 1: order front",
-                                              "hot key 99: registered"};
-    QTest::newRow("ring with the spotlight on") << "s"
-                                                << "r"
-                                                << QStringList{"deactivate",
-                                                               "overlay 0: ignore the mouse",
-                                                               "overlay 0: order front",
-                                                               "overlay 1: ignore the mouse",
-                                                               "overlay 1: order front",
-                                                               "effect 0: made",
-                                                               "effect 0: ignore the mouse",
-                                                               "effect 0: move to 472, 372",
-                                                               "effect 0: order front"};
-    QTest::newRow("spotlight off with the ring on") << "sr"
-                                                    << "s"
-                                                    << QStringList{"deactivate",
-                                                                   "overlay 0: ignore the mouse",
-                                                                   "overlay 0: order out",
-                                                                   "overlay 1: ignore the mouse",
-                                                                   "overlay 1: order out",
-                                                                   "effect 0: move to 472, 372",
-                                                                   "effect 0: move to 472, 372",
-                                                                   "effect 0: order front",
-                                                                   "hot key 99: released"};
+                               << "s" << QStringList{"overlay 0: ignore the mouse",
+                                                     "overlay 1: ignore the mouse",
+                                                     "deactivate",
+                                                     "overlay 0: order front",
+                                                     "overlay 1: order front",
+                                                     "hot key 99: registered"};
+    QTest::newRow("ring with the spotlight on")
+        << "s"
+        << "r"
+        << QStringList{"overlay 0: ignore the mouse", "overlay 1: ignore the mouse", "deactivate",
+                       "overlay 0: order front",      "overlay 1: order front",      "effect 0: made",
+                       "effect 0: ignore the mouse",  "effect 0: move to 472, 372",  "effect 0: order front"};
+    QTest::newRow("spotlight off with the ring on")
+        << "sr"
+        << "s"
+        << QStringList{
+               "overlay 0: ignore the mouse", "overlay 1: ignore the mouse", "deactivate",
+               "overlay 0: order out",        "overlay 1: order out",        "effect 0: move to 472, 372",
+               "effect 0: move to 472, 372",  "effect 0: order front",       "hot key 99: released"};
 }
 
 void RefreshTest::stepsComeInTheirOrder()

@@ -1,6 +1,7 @@
 #include "process_stats.h"
 
 #include "eventually.h"
+#include "rig_error.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,6 +22,19 @@ QByteArray procFile(qint64 processId, const char *name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// The sum of the lines "Name:  123 kB" with one of these names, in MiB.
+double sumOf(const QByteArray &text, const QList<QByteArray> &names)
+{
+    constexpr double kKiBPerMiB = 1024.0;
+    double sum = 0.0;
+    for (const QByteArray &line : text.split('\n')) {
+        const QList<QByteArray> words = line.simplified().split(' ');
+        if (names.contains(words.value(0)))
+            sum += words.value(1).toDouble();
+    }
+    return sum / kKiBPerMiB;
+}
+
 } // namespace
 
 std::chrono::nanoseconds cpuTime(qint64 processId)
@@ -38,6 +52,18 @@ qint64 residentBytes(qint64 processId)
     // "size resident shared ...", in pages.
     const QList<QByteArray> fields = procFile(processId, "statm").split(' ');
     return fields.size() > 1 ? fields.at(1).toLongLong() * sysconf(_SC_PAGESIZE) : 0;
+}
+
+Memory memoryOf(qint64 processId)
+{
+    const QByteArray maps = procFile(processId, "smaps_rollup");
+    if (maps.isEmpty())
+        failRig(QStringLiteral("the process is gone"));
+    return {.resident = sumOf(maps, {"Rss:"}),
+            .proportional = sumOf(maps, {"Pss:"}),
+            .proportionalWithoutFiles = sumOf(maps, {"Pss_Anon:", "Pss_Shmem:"}),
+            .privateOnly = sumOf(maps, {"Private_Clean:", "Private_Dirty:"}),
+            .shared = sumOf(procFile(processId, "status"), {"RssShmem:"})};
 }
 
 int wakeups(qint64 processId)

@@ -14,6 +14,24 @@ std::chrono::nanoseconds cpuTime(qint64 processId);
 /// Resident memory in bytes, shared pages included; zero if the process is gone.
 qint64 residentBytes(qint64 processId);
 
+/// Memory of a process in MiB, as the kernel shares it out.
+struct Memory
+{
+    double resident = 0.0;
+    /// What it has in common with others counts in part, by their number.
+    double proportional = 0.0;
+    /// The same without the pages of files, which become more or less as other programs use the same libraries.
+    double proportionalWithoutFiles = 0.0;
+    double privateOnly = 0.0;
+    /// Shared anonymous memory, as frame buffers shared with the server are.
+    double shared = 0.0;
+
+    double footprint() const { return privateOnly + shared; }
+};
+
+/// Throws RigError if the process is gone.
+Memory memoryOf(qint64 processId);
+
 /// How often any thread of the process has woken up from waiting; zero if it is gone.
 int wakeups(qint64 processId);
 

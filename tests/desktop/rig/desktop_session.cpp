@@ -134,6 +134,7 @@ void DesktopSession::launchWindowManager(const DesktopSetup &setup)
 {
     switch (setup.windowManager) {
     case WindowManager::Openbox:
+        writeOpenboxSettings(home());
         m_windowManager = launch(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
         return;
     case WindowManager::Xfwm4:

@@ -57,11 +57,19 @@ public:
     Keyboard &keyboard() { return m_keyboard; }
     Screenshot screenshot() { return Screenshot::of(client()); }
 
+    /// Whether a window manager works on the display now.
+    bool hasWindowManager();
+    /// Comes back when the window manager has done what it was asked to do until now. Throws RigError if that does
+    /// not happen.
+    void awaitWindowManager();
     /// Whether a compositing manager works on the display now.
     bool isComposited() { return client().selectionHasOwner("_NET_WM_CM_S0"); }
     /// Ends the compositor, or starts it again; comes back when that has happened.
     void stopCompositor();
     void startCompositor();
+    /// Starts it and does not wait: where something covers the place that is looked at, startCompositor() would
+    /// take it for one that does not paint.
+    void launchCompositor();
 
     /// Ends the session bus; nothing starts it again.
     void stopBus() { m_bus.reset(); }
@@ -82,11 +90,8 @@ private:
     void makeEnvironment(const QMap<QString, QString> &extra);
     std::unique_ptr<ChildProcess> launch(const QString &program, const QStringList &arguments);
     void launchWindowManager(const DesktopSetup &setup);
-    void launchCompositor();
     void awaitManagers(const DesktopSetup &setup);
-    void awaitWindowManager();
     void awaitCompositor();
-    bool hasWindowManager();
     void startAccessibility();
     QString logOf(const QString &program) const;
     void endStrays();

@@ -1,0 +1,31 @@
+#include "actions.h"
+
+#include <algorithm>
+
+namespace zeigewerk::rig {
+
+Repertoire::Repertoire(const QStringList &words)
+{
+    for (const auto &part : {keyActions(), pointerActions(), desktopActions()}) {
+        std::copy_if(part.begin(), part.end(), std::back_inserter(m_actions), [&](const Action &action) {
+            return words.isEmpty() || std::any_of(words.begin(), words.end(), [&](const QString &word) {
+                       return QLatin1String(action.name).contains(word);
+                   });
+        });
+    }
+    for (const Action &action : m_actions)
+        m_weight += action.weight;
+}
+
+const Action &Repertoire::any(Chance &chance) const
+{
+    int rest = chance.below(m_weight);
+    auto chosen = m_actions.begin();
+    while (rest >= chosen->weight) {
+        rest -= chosen->weight;
+        ++chosen;
+    }
+    return *chosen;
+}
+
+} // namespace zeigewerk::rig

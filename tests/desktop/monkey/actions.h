@@ -1,0 +1,52 @@
+// What the monkey can do.
+#pragma once
+
+#include "chance.h"
+#include "furniture.h"
+#include "neighbours.h"
+#include "paw.h"
+
+#include <vector>
+
+namespace zeigewerk::rig {
+
+/// What it does it with.
+struct Playground
+{
+    DesktopSession &session;
+    Program &program;
+    Paw &paw;
+    Neighbours &neighbours;
+    Furniture &furniture;
+};
+
+struct Action
+{
+    const char *name;
+    /// How often it comes, beside the others.
+    int weight;
+    /// Does it, and says how.
+    QString (*perform)(Playground &, Chance &);
+};
+
+/// All that it can do, or what has one of these words in its name.
+class Repertoire
+{
+public:
+    explicit Repertoire(const QStringList &words);
+
+    bool isEmpty() const { return m_actions.empty(); }
+    /// Any of them, each as often as its weight says.
+    const Action &any(Chance &chance) const;
+
+private:
+    std::vector<Action> m_actions;
+    int m_weight = 0;
+};
+
+// In parts, as there are many.
+std::vector<Action> keyActions();
+std::vector<Action> pointerActions();
+std::vector<Action> desktopActions();
+
+} // namespace zeigewerk::rig

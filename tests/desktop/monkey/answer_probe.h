@@ -1,0 +1,35 @@
+// Whether the program still handles its events.
+#pragma once
+
+#include "client.h"
+
+#include <chrono>
+
+namespace zeigewerk::rig {
+
+class DesktopSession;
+class Program;
+
+/// Asks as a window manager does that wants to know whether a program hangs (_NET_WM_PING). Qt answers where
+/// it handles events; those of the canvases are handled in the same loop.
+class AnswerProbe
+{
+public:
+    explicit AnswerProbe(DesktopSession &session);
+
+    /// Comes back when the program has answered twice, as the second answer comes after a whole turn of its
+    /// loop. False if it ended, has no window that is asked so, or does not answer in time.
+    bool isAnswered(const Program &program, std::chrono::milliseconds deadline = std::chrono::seconds(20));
+
+private:
+    bool isAnsweredOnce(const Program &program, std::chrono::milliseconds deadline);
+    xcb_window_t windowOf(const Program &program);
+    void ask(xcb_window_t window);
+    bool hasAnswer();
+
+    Client m_client;
+    xcb_window_t m_window = XCB_WINDOW_NONE;
+    std::uint32_t m_question = 0;
+};
+
+} // namespace zeigewerk::rig

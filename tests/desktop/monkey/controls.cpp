@@ -1,0 +1,102 @@
+#include "controls.h"
+
+#include "grabs.h"
+
+#include <QMap>
+
+namespace zeigewerk::rig {
+
+namespace {
+
+/// Whoever holds the keyboard longer than that does not do so for a moment.
+constexpr std::chrono::seconds kMenuAnswers{1};
+
+/// Those that have a hot key, and it.
+const QMap<QString, Key> &hotKeysOfModes()
+{
+    static const QMap<QString, Key> kKeys = {{label::kDraw, Key::D},
+                                             {label::kSpot, Key::S},
+                                             {label::kBoard, Key::W},
+                                             {label::kClicks, Key::K},
+                                             {label::kPin, Key::P}};
+    return kKeys;
+}
+
+} // namespace
+
+void Controls::closeMenus()
+{
+    // An open menu, of the program or of the window manager, has the keyboard, hot keys included.
+    constexpr int kMostMenus = 4;
+    for (int i = 0; i < kMostMenus && !eventually([&] { return canGrabKeyboard(m_session); }, kMenuAnswers);
+         ++i)
+        m_session.keyboard().tap(Key::Escape);
+}
+
+std::optional<TrayItem> Controls::item()
+{
+    QList<TrayItem> items;
+    if (!eventually([&] { return (items = m_furniture.panel().host.items()).size() == 1; }))
+        return std::nullopt;
+    return items.first();
+}
+
+QStringList Controls::modesOn(const TrayItem &item)
+{
+    QStringList modes;
+    for (const TrayMenuItem &entry : m_furniture.panel().host.menu(item)) {
+        if (entry.isChecked() && entry.label != label::kDark)
+            modes.append(entry.label);
+    }
+    return modes;
+}
+
+void Controls::switchOff(const QString &mode, Chance &chance)
+{
+    const auto key = hotKeysOfModes().constFind(mode);
+    if (key != hotKeysOfModes().cend() && !chance.oneIn(3))
+        m_session.keyboard().chord({Key::Ctrl, Key::Alt}, *key);
+    else
+        click(mode);
+}
+
+bool Controls::click(const QString &label)
+{
+    const auto there = item();
+    if (!there)
+        return false;
+    for (const TrayMenuItem &entry : m_furniture.panel().host.menu(*there)) {
+        if (entry.label == label)
+            return m_furniture.panel().host.click(*there, entry.id);
+    }
+    return false;
+}
+
+bool Controls::isToolbarOn()
+{
+    const auto there = item();
+    const QList<TrayMenuItem> menu = there ? m_furniture.panel().host.menu(*there) : QList<TrayMenuItem>();
+    return std::any_of(menu.begin(), menu.end(),
+                       [](const TrayMenuItem &entry) { return entry.label == label::kHide; });
+}
+
+QStringList Controls::switchAllOff(Chance &chance)
+{
+    const auto there = item();
+    if (!there)
+        return {QStringLiteral("it has no item in the tray, so nothing tells its modes")};
+    // Unpinning goes on with drawing, so there may be more to switch off than there was.
+    constexpr int kMostSwitches = 12;
+    for (int i = 0; i < kMostSwitches; ++i) {
+        const QStringList on = modesOn(*there);
+        if (on.isEmpty())
+            return {};
+        const QString mode = chance.of(on);
+        switchOff(mode, chance);
+        if (!eventually([&] { return !modesOn(*there).contains(mode); }))
+            return {QStringLiteral("\"%1\" cannot be switched off").arg(mode)};
+    }
+    return {QStringLiteral("still on: ") + modesOn(*there).join(QStringLiteral(", "))};
+}
+
+} // namespace zeigewerk::rig

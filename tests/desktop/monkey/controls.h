@@ -1,0 +1,39 @@
+// The program's modes, and how each is switched off.
+#pragma once
+
+#include "chance.h"
+#include "furniture.h"
+
+#include <QStringList>
+
+namespace zeigewerk::rig {
+
+class Controls
+{
+public:
+    Controls(DesktopSession &session, Furniture &furniture)
+        : m_session(session)
+        , m_furniture(furniture)
+    {
+    }
+
+    /// Of the program, and of the window manager.
+    void closeMenus();
+    /// Switches off whatever is on, each by its own control: its hot key or its entry in the menu. Says what
+    /// went wrong, if anything.
+    QStringList switchAllOff(Chance &chance);
+    bool isInTray() { return m_furniture.panel().host.items().size() == 1; }
+    /// Whether the menu offers to hide the toolbar.
+    bool isToolbarOn();
+    bool click(const QString &label);
+
+private:
+    std::optional<TrayItem> item();
+    QStringList modesOn(const TrayItem &item);
+    void switchOff(const QString &mode, Chance &chance);
+
+    DesktopSession &m_session;
+    Furniture &m_furniture;
+};
+
+} // namespace zeigewerk::rig

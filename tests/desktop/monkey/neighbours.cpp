@@ -1,0 +1,168 @@
+#include "neighbours.h"
+
+#include "desktop_session.h"
+#include "text_of.h"
+
+#include <array>
+
+namespace zeigewerk::rig {
+
+namespace {
+
+/// More would only hide one another.
+constexpr std::size_t kMostWindows = 4;
+constexpr std::size_t kMostPopups = 3;
+const QRect kWhereTheyOpen(-100, -50, 2800, 1000);
+const QString kNothing = QStringLiteral("nothing, as there is none");
+
+/// Of a menu's size, of an application's, or of a screen's, which a screen locker has.
+QRect anyRect(Chance &chance)
+{
+    constexpr std::array kSizes = {QSize(200, 300), QSize(900, 600), QSize(1280, 1024)};
+    const QSize size = chance.of(kSizes);
+    return {chance.oneIn(4) ? QPoint(0, 0) : chance.in(kWhereTheyOpen), size};
+}
+
+} // namespace
+
+Neighbours::Neighbours(DesktopSession &session)
+    : m_session(session)
+    , m_client(session.display().name())
+{
+}
+
+xcb_window_t Neighbours::anyWindow(Chance &chance)
+{
+    return m_windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : chance.of(m_windows);
+}
+
+Popup *Neighbours::anyPopup(Chance &chance)
+{
+    return m_popups.empty() ? nullptr : chance.of(m_popups).get();
+}
+
+QString Neighbours::openWindow(Chance &chance)
+{
+    if (m_windows.size() == kMostWindows)
+        return closeWindow(chance);
+    const QRect rect = anyRect(chance);
+    xcb_connection_t *xcb = m_client.connection();
+    const xcb_window_t id = xcb_generate_id(xcb);
+    const std::uint32_t color = 0x808080;
+    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, id, m_client.root(), static_cast<std::int16_t>(rect.x()),
+                      static_cast<std::int16_t>(rect.y()), static_cast<std::uint16_t>(rect.width()),
+                      static_cast<std::uint16_t>(rect.height()), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL, &color);
+    xcb_map_window(xcb, id);
+    m_client.roundTrip();
+    m_windows.push_back(id);
+    return textOf(rect);
+}
+
+QString Neighbours::closeWindow(Chance &chance)
+{
+    if (m_windows.empty())
+        return kNothing;
+    const auto closed = m_windows.begin() + chance.below(static_cast<int>(m_windows.size()));
+    xcb_destroy_window(m_client.connection(), *closed);
+    m_client.roundTrip();
+    m_windows.erase(closed);
+    return {};
+}
+
+QString Neighbours::activateWindow(Chance &chance)
+{
+    constexpr std::uint32_t kFromPager = 2;
+    const xcb_window_t window = anyWindow(chance);
+    if (window == XCB_WINDOW_NONE)
+        return kNothing;
+    m_client.sendToRoot(window, "_NET_ACTIVE_WINDOW", {kFromPager, XCB_CURRENT_TIME, 0});
+    return {};
+}
+
+QString Neighbours::takeKeyboard(Chance &chance)
+{
+    const xcb_window_t window = anyWindow(chance);
+    if (window == XCB_WINDOW_NONE)
+        return kNothing;
+    m_client.setInputFocus(window);
+    return {};
+}
+
+QString Neighbours::raiseWindow(Chance &chance)
+{
+    const xcb_window_t window = anyWindow(chance);
+    if (window == XCB_WINDOW_NONE)
+        return kNothing;
+    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(m_client.connection(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    m_client.roundTrip();
+    return {};
+}
+
+QString Neighbours::toggleFullScreen(Chance &chance)
+{
+    constexpr std::uint32_t kToggle = 2;
+    const xcb_window_t window = anyWindow(chance);
+    if (window == XCB_WINDOW_NONE)
+        return kNothing;
+    m_client.sendToRoot(window, "_NET_WM_STATE", {kToggle, m_client.atom("_NET_WM_STATE_FULLSCREEN"), 0, 1});
+    return {};
+}
+
+QString Neighbours::openPopup(Chance &chance)
+{
+    if (m_popups.size() == kMostPopups)
+        return closePopup(chance);
+    const QRect rect = anyRect(chance);
+    m_popups.push_back(std::make_unique<Popup>(m_session, rect, QColor(0xC0, 0xC0, 0xC0)));
+    return textOf(rect);
+}
+
+QString Neighbours::closePopup(Chance &chance)
+{
+    if (m_popups.empty())
+        return kNothing;
+    const auto closed = m_popups.begin() + chance.below(static_cast<int>(m_popups.size()));
+    if (closed->get() == m_grabber)
+        m_grabber = nullptr;
+    m_popups.erase(closed);
+    return {};
+}
+
+QString Neighbours::raisePopup(Chance &chance)
+{
+    const Popup *popup = anyPopup(chance);
+    if (!popup)
+        return kNothing;
+    popup->raise();
+    return {};
+}
+
+QString Neighbours::togglePointerGrab(Chance &chance)
+{
+    if (m_grabber) {
+        m_grabber->ungrabPointer();
+        m_grabber = nullptr;
+        return QStringLiteral("gives the pointer back");
+    }
+    Popup *popup = anyPopup(chance);
+    if (!popup)
+        return kNothing;
+    if (!popup->grabPointer())
+        return QStringLiteral("somebody else has the pointer");
+    m_grabber = popup;
+    return QStringLiteral("takes the pointer");
+}
+
+void Neighbours::leave()
+{
+    m_grabber = nullptr;
+    m_popups.clear();
+    for (const xcb_window_t window : m_windows)
+        xcb_destroy_window(m_client.connection(), window);
+    m_windows.clear();
+    m_client.roundTrip();
+}
+
+} // namespace zeigewerk::rig

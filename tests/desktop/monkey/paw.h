@@ -1,0 +1,51 @@
+// The hand of somebody who does not look at what happens.
+#pragma once
+
+#include "client.h"
+#include "key.h"
+
+#include <QPoint>
+#include <QSet>
+
+namespace zeigewerk::rig {
+
+/// Sends real events through XTest and waits for nothing, unlike the rig's pointer and keyboard: these come
+/// back when something has been done, which under somebody's grab, or beyond the edge of a screen, is never.
+class Paw
+{
+public:
+    explicit Paw(Client &client)
+        : m_client(client)
+    {
+    }
+
+    void moveTo(QPoint place);
+    void press(int button);
+    void release(int button);
+    void click(int button);
+    void press(Key key);
+    void release(Key key);
+    void tap(Key key);
+    /// Taps the key with these held, which are released afterwards.
+    void chord(const Modifiers &modifiers, Key key);
+
+    /// What was pressed and not released since.
+    const QSet<int> &heldButtons() const { return m_buttons; }
+    const QSet<Key> &heldKeys() const { return m_keys; }
+    /// Releases all of that; comes back when the server has it.
+    void letGo();
+
+private:
+    void fake(int type, int detail, QPoint place = {});
+
+    Client &m_client;
+    QSet<int> m_buttons;
+    QSet<Key> m_keys;
+};
+
+inline size_t qHash(Key key, size_t seed = 0)
+{
+    return ::qHash(static_cast<int>(key), seed);
+}
+
+} // namespace zeigewerk::rig

@@ -1,0 +1,262 @@
+#include "soak.h"
+
+#include "program_windows.h"
+#include "toolbar_user.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+namespace zeigewerk::rig {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr double kFramesPerSecond = 60.0;
+constexpr int kFramesOfStroke = 100;
+constexpr double kBound = 0.01;
+/// Free of the toolbar.
+const QRect kStage(50, 50, 1600, 980);
+const std::array kTools = {button::kPen,   button::kHighlighter, button::kLine,
+                           button::kArrow, button::kRectangle,   button::kEllipse};
+const QStringList kModes = {label::kClicks, label::kRing, label::kFade, label::kSpot, label::kDraw};
+
+struct Value
+{
+    const char *name;
+    double Memory::*of;
+    bool isJudged;
+};
+constexpr std::array kValues = {Value{"proportional", &Memory::proportional, false},
+                                Value{"proportional, without files", &Memory::proportionalWithoutFiles, true},
+                                Value{"private", &Memory::privateOnly, false},
+                                Value{"resident", &Memory::resident, false}};
+
+double medianOf(const std::vector<Memory> &samples, double Memory::*value)
+{
+    std::vector<double> values;
+    std::transform(samples.begin(), samples.end(), std::back_inserter(values),
+                   [&](const Memory &sample) { return sample.*value; });
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+Memory medianOf(const std::vector<Memory> &samples)
+{
+    Memory median;
+    for (const Value &value : kValues)
+        median.*value.of = medianOf(samples, value.of);
+    return median;
+}
+
+/// The same way all over the stage in each round.
+QPoint wandering(int frame)
+{
+    return kStage.center() + QPoint(qRound(0.48 * kStage.width() * std::sin(frame / 31.0)),
+                                    qRound(0.48 * kStage.height() * std::cos(frame / 23.0)));
+}
+
+} // namespace
+
+Soak::Soak(std::chrono::minutes duration)
+    : m_duration(duration)
+    , m_beneath(m_session, VirtualDisplay::kFullHd, QColor(0x20, 0x60, 0xA0))
+    , m_paw(m_session.client())
+    , m_furniture(m_session)
+    , m_program(m_session)
+{
+    if (!m_beneath.takeFocus() || !m_program.waitUntilReady())
+        failRig(QStringLiteral("the program does not start"));
+    learnButtons();
+}
+
+void Soak::learnButtons()
+{
+    // On a desktop of its own: nobody reads the screen where memory is measured.
+    DesktopSession session({.accessibility = true});
+    const WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::white);
+    const Program program(session);
+    ToolbarUser toolbar(session, program);
+    const QPoint corner = toolbar.window().geometry.topLeft();
+    for (const AccessibleButton &each : toolbar.buttons())
+        m_buttons.insert(each.name, each.extents.center() - corner);
+}
+
+void Soak::switchEverythingOn()
+{
+    TrayHost &tray = m_furniture.panel().host;
+    QList<TrayItem> items;
+    if (!eventually([&] { return (items = tray.items()).size() == 1; }))
+        failRig(QStringLiteral("the program is not in the tray"));
+    const auto entry = [&](const QString &label) {
+        const QList<TrayMenuItem> menu = tray.menu(items.first());
+        const auto found = std::find_if(menu.begin(), menu.end(),
+                                        [&](const TrayMenuItem &item) { return item.label == label; });
+        return found == menu.end() ? TrayMenuItem() : *found;
+    };
+    for (const QString &mode : kModes) {
+        tray.click(items.first(), entry(mode).id);
+        if (!eventually([&] { return entry(mode).isChecked(); }))
+            failRig(QStringLiteral("%1 cannot be switched on").arg(mode));
+    }
+}
+
+bool Soak::run()
+{
+    switchEverythingOn();
+    const QDeadlineTimer deadline(m_duration);
+    m_clock.start();
+    while (!deadline.hasExpired()) {
+        playRound();
+        if (!m_program.isRunning())
+            failRig(QStringLiteral("the program has ended:\n") + QString::fromUtf8(m_program.output()));
+        m_rounds.push_back(medianOf(m_ofRound));
+        m_ofRound.clear();
+    }
+    return judge();
+}
+
+void Soak::playRound()
+{
+    for (int stroke = 0; stroke < static_cast<int>(kTools.size()); ++stroke) {
+        draw(stroke);
+        sample();
+    }
+    write();
+    sample();
+    clickAround();
+    sample();
+    switchModes();
+    sample();
+}
+
+void Soak::draw(int stroke)
+{
+    use(kTools[static_cast<std::size_t>(stroke)]);
+    const int first = stroke * kFramesOfStroke;
+    moveTo(wandering(first));
+    m_paw.press(Pointer::Left);
+    for (int frame = first; frame < first + kFramesOfStroke; ++frame)
+        moveTo(wandering(frame));
+    m_paw.release(Pointer::Left);
+    m_paw.click(stroke % 2 == 0 ? Pointer::WheelUp : Pointer::WheelDown);
+}
+
+void Soak::write()
+{
+    use(button::kText);
+    moveTo(kStage.center());
+    m_paw.click(Pointer::Left);
+    nextFrame();
+    for (const Key key : {Key::Z, Key::E, Key::I, Key::G, Key::T}) {
+        m_paw.tap(key);
+        nextFrame();
+    }
+    m_paw.tap(Key::Return);
+    for (int i = 0; i < 3; ++i) {
+        nextFrame();
+        m_paw.chord({Key::Ctrl}, Key::Z);
+    }
+    use(button::kPen);
+}
+
+void Soak::clickAround()
+{
+    for (int frame = 0; frame < kFramesOfStroke; ++frame) {
+        moveTo(wandering(7 * frame));
+        if (frame % 5 == 0)
+            m_paw.click(Pointer::Left);
+    }
+}
+
+void Soak::switchModes()
+{
+    // Off, pinned and on the whiteboard, and everything on again.
+    for (const Key key : {Key::P, Key::P, Key::W, Key::W, Key::D}) {
+        hotKey(key);
+        clickAround();
+    }
+    for (const Key key : {Key::S, Key::S, Key::D})
+        hotKey(key);
+}
+
+void Soak::use(const QString &tool)
+{
+    const auto toolbar = toolbarOf(m_session, m_program);
+    if (!toolbar || !m_buttons.contains(tool))
+        failRig(QStringLiteral("no button for %1").arg(tool));
+    moveTo(toolbar->geometry.topLeft() + m_buttons.value(tool));
+    m_paw.click(Pointer::Left);
+    nextFrame();
+}
+
+void Soak::hotKey(Key key)
+{
+    m_paw.chord({Key::Ctrl, Key::Alt}, key);
+    for (int i = 0; i < 10; ++i)
+        nextFrame();
+}
+
+void Soak::moveTo(QPoint place)
+{
+    m_paw.moveTo(place);
+    nextFrame();
+}
+
+void Soak::nextFrame()
+{
+    // By the clock, so that frames that came late are made up for.
+    ++m_frames;
+    const auto due = static_cast<qint64>(1000.0 * static_cast<double>(m_frames) / kFramesPerSecond);
+    if (const qint64 rest = due - m_clock.elapsed(); rest > 0)
+        QTest::qWait(static_cast<int>(rest));
+}
+
+void Soak::sample()
+{
+    m_ofRound.push_back(memoryOf(m_program.processId()));
+}
+
+void Soak::printCourse() const
+{
+    constexpr std::size_t kLines = 10;
+    std::printf("  after round   proportional   without files   private\n");
+    for (std::size_t line = 1; line <= kLines; ++line) {
+        const std::size_t round = qMax(std::size_t{1}, m_rounds.size() * line / kLines);
+        const Memory &of = m_rounds[round - 1];
+        std::printf("  %11zu   %12.2f   %13.2f   %7.2f\n", round, of.proportional,
+                    of.proportionalWithoutFiles, of.privateOnly);
+    }
+}
+
+bool Soak::judge() const
+{
+    const std::size_t warmUp = m_rounds.size() / 10 + 1;
+    const std::size_t fifth = (m_rounds.size() - qMin(warmUp, m_rounds.size())) / 5;
+    if (fifth == 0)
+        failRig(QStringLiteral("too short: only %1 rounds").arg(m_rounds.size()));
+    const auto begin = m_rounds.begin() + static_cast<std::ptrdiff_t>(warmUp);
+    const auto count = static_cast<std::ptrdiff_t>(fifth);
+    const Memory first = medianOf(std::vector(begin, begin + count));
+    const Memory last = medianOf(std::vector(m_rounds.end() - count, m_rounds.end()));
+    std::printf("%zu rounds; the first and the last %zu after %zu to warm up, medians in MiB\n",
+                m_rounds.size(), fifth, warmUp);
+    printCourse();
+    bool isFlat = true;
+    for (const Value &value : kValues) {
+        const double change = last.*value.of / first.*value.of - 1.0;
+        const bool isWithin = std::abs(change) <= kBound;
+        std::printf("  %-30s %8.2f %8.2f   %+.2f %%   %s\n", value.name, first.*value.of, last.*value.of,
+                    100.0 * change,
+                    !value.isJudged ? ""
+                    : isWithin      ? "flat"
+                                    : "NOT FLAT");
+        isFlat = isFlat && (isWithin || !value.isJudged);
+    }
+    return isFlat;
+}
+
+} // namespace zeigewerk::rig

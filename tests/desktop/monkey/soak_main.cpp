@@ -1,0 +1,29 @@
+// Uses the program for a long time and tells whether its memory stays what it was.
+
+#include "soak.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+int main(int argc, char *argv[])
+{
+    using namespace zeigewerk::rig;
+    const QCoreApplication app(argc, argv);
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addOption({QStringLiteral("minutes"), QStringLiteral("For how long; 60 if not said."),
+                      QStringLiteral("N"), QStringLiteral("60")});
+    parser.process(app);
+    const int minutes = parser.value(QStringLiteral("minutes")).toInt();
+    if (minutes <= 0)
+        parser.showHelp(2);
+    try {
+        return Soak(std::chrono::minutes(minutes)).run() ? EXIT_SUCCESS : EXIT_FAILURE;
+    } catch (const RigError &error) {
+        std::fprintf(stderr, "the soak broke off: %s\n", error.what());
+        return 2;
+    }
+}

@@ -52,6 +52,7 @@ void writeXfwm4Settings(const QDir &home)
 <channel name="xfwm4" version="1.0">
   <property name="general" type="empty">
     <property name="show_frame_shadow" type="bool" value="false"/>
+    <property name="zoom_desktop" type="bool" value="false"/>
   </property>
 </channel>
 )");

@@ -7,7 +7,8 @@
 namespace zeigewerk::rig {
 
 /// Writes settings with which xfwm4 takes no keys, as on its own it takes Ctrl+Alt+D, to show the desktop,
-/// and paints no shadows: those of a window would lie on the one beside it.
+/// does not enlarge the whole screen at a wheel with Alt, and paints no shadows: those of a window would lie
+/// on the one beside it.
 void writeXfwm4Settings(const QDir &home);
 
 /// Writes a menu for openbox without any entries: on its own it has one that ends it, and others that start

@@ -12,6 +12,7 @@ private Q_SLOTS:
     void withoutACompositorTheWhiteboardIsWhite();
     void withoutACompositorPinningInADragLetsItBeFinished();
     void drawingsOutliveTheCompositor();
+    void aStrokeUnderWayOutlivesTheCompositor();
 };
 
 void CompositorScenarios::withoutACompositorTheDesktopShowsThrough()
@@ -78,6 +79,34 @@ void CompositorScenarios::drawingsOutliveTheCompositor()
     on.session.startCompositor();
     EVENTUALLY(on.pixel({500, 320}) == kInk && on.pixel({450, 500}) == kInk &&
                on.isUntouched({400, 340, 300, 140}));
+}
+
+void CompositorScenarios::aStrokeUnderWayOutlivesTheCompositor()
+{
+    Presentation on({.compositor = Compositor::Picom});
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    on.beneath.forget();
+    Pointer &pointer = on.session.pointer();
+    QVERIFY(pointer.moveTo({400, 300}));
+    QVERIFY(pointer.press());
+    QVERIFY(pointer.moveTo({500, 300}));
+    EVENTUALLY(on.pixel({450, 300}) == kInk);
+
+    on.session.stopCompositor();
+    EVENTUALLY(on.pixel({450, 300}) == kInk && on.isUntouched({400, 340, 300, 300}));
+    QVERIFY(pointer.moveTo({600, 300}));
+    EVENTUALLY(on.pixel({550, 300}) == kInk);
+
+    on.session.startCompositor();
+    EVENTUALLY(on.isFilled(kInk, {400, 300, 200, 1}) && on.isUntouched({400, 340, 300, 300}));
+    QVERIFY(pointer.moveTo({700, 300}));
+    QVERIFY(pointer.release());
+    EVENTUALLY(on.isFilled(kInk, {400, 300, 300, 1}));
+    // It is one stroke, and the desktop has seen nothing of it.
+    on.session.keyboard().chord({Key::Ctrl}, Key::Z);
+    EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
+    QVERIFY(on.beneath.presses().isEmpty() && on.beneath.releases().isEmpty());
 }
 
 REGISTER_GUILESS_TEST(CompositorScenarios)

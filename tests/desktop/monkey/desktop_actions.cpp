@@ -40,6 +40,7 @@ std::vector<Action> desktopActions()
             {"a popup takes the pointer or gives it back", 10, neighbours<&Neighbours::togglePointerGrab>},
             {"screens change", 6, furniture<&Furniture::changeScreens>},
             {"the compositor", 4, furniture<&Furniture::toggleCompositor>},
+            {"the window manager", 1, furniture<&Furniture::restartWindowManager>},
             {"the panel", 5, furniture<&Furniture::togglePanel>},
             {"a tray of the older kind", 4, furniture<&Furniture::toggleEmbeddingTray>},
             {"the keyboard's map", 2, furniture<&Furniture::switchKeyboardMap>},

@@ -65,6 +65,14 @@ QString Furniture::toggleCompositor()
     return QStringLiteral("starts");
 }
 
+QString Furniture::restartWindowManager()
+{
+    if (m_session.windowManagerProcessId() == 0)
+        return QStringLiteral("nothing, as there is none");
+    m_session.restartWindowManager();
+    return QStringLiteral("starts again");
+}
+
 QString Furniture::togglePanel()
 {
     if (m_isPanelThere)

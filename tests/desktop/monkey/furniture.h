@@ -20,6 +20,7 @@ public:
     /// Plugs one in or out, moves or resizes it.
     QString changeScreens(Chance &chance);
     QString toggleCompositor();
+    QString restartWindowManager();
     QString togglePanel();
     QString toggleEmbeddingTray();
     QString switchKeyboardMap(Chance &chance);

@@ -78,7 +78,8 @@ bool Monkey::play()
     } catch (const RigError &error) {
         report({QStringLiteral("the desktop itself is broken: ") + QString::fromUtf8(error.what())});
     }
-    std::printf("%s; it quit the program %d times.\n", isFine ? "The program stood it" : "FAILED", m_quits);
+    std::printf("%s; it quit the program %d times. The window manager ended by itself %d times.\n",
+                isFine ? "The program stood it" : "FAILED", m_quits, m_deathsOfManager);
     return isFine;
 }
 
@@ -111,10 +112,25 @@ bool Monkey::act(int number)
     const QString how = action.perform(playground, chance);
     if (!how.isEmpty())
         m_done.back() += QStringLiteral(": ") + how;
-    const bool isAlive = number % kActionsToAnswer != 0 || answersOrEnds();
-    if (!isAlive)
+    const bool isChecked = number % kActionsToAnswer == 0;
+    if (isChecked)
+        reviveWindowManager(number);
+    if (isChecked && !answersOrEnds())
         return isWell({QStringLiteral("it does not answer")});
     return m_program->isRunning() || isEnded(number);
+}
+
+void Monkey::reviveWindowManager(int number)
+{
+    if (m_session.windowManagerProcessId() == 0 || m_session.hasWindowManager())
+        return;
+    // A window manager that does not stand all this is none of the program's faults; that the program goes on
+    // without is its duty.
+    ++m_deathsOfManager;
+    std::printf("%6d the window manager has ended by itself; it wrote: %s\n", number,
+                m_session.windowManagerOutput().trimmed().constData());
+    m_session.restartWindowManager();
+    m_done.push_back(QStringLiteral("%1 the window manager has ended by itself").arg(number, 6));
 }
 
 bool Monkey::answersOrEnds()
@@ -136,6 +152,7 @@ bool Monkey::isEnded(int number)
     // It can quit by the toolbar, the tray and the menus; the only other way to such an end is a signal.
     ++m_quits;
     m_done.push_back(QStringLiteral("%1 the program has ended").arg(number, 6));
+    reviveWindowManager(number);
     letGo();
     if (!isWell(complaintsOfEnd(m_program->waitForExit())))
         return false;
@@ -161,6 +178,7 @@ bool Monkey::rest(int number)
 {
     Chance chance(m_orders.seed, -number);
     m_done.push_back(QStringLiteral("%1 everything is let go").arg(number, 6));
+    reviveWindowManager(number);
     letGo();
     QStringList complaints;
     if (!answersOrEnds())

@@ -39,6 +39,7 @@ private:
     bool playOn();
     void startProgram();
     bool act(int number);
+    void reviveWindowManager(int number);
     bool answersOrEnds();
     bool isWell(const QStringList &complaints);
     bool rest(int number);
@@ -59,6 +60,7 @@ private:
     AnswerProbe m_probe;
     std::unique_ptr<Program> m_program;
     int m_quits = 0;
+    int m_deathsOfManager = 0;
     /// The last ones, the newest at the end.
     std::deque<QString> m_done;
 };

@@ -44,7 +44,8 @@ void signalAll(const QList<qint64> &processes, int signal)
 } // namespace
 
 DesktopSession::DesktopSession(const DesktopSetup &setup)
-    : m_display(setup.screens, setup.mice)
+    : m_setup(setup)
+    , m_display(setup.screens, setup.mice)
     , m_pointer(m_display.client())
     , m_keyboard(m_display.client())
 {
@@ -54,10 +55,10 @@ DesktopSession::DesktopSession(const DesktopSetup &setup)
     m_bus = launch(QStringLiteral("dbus-daemon"),
                    {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
                     QStringLiteral("--address=") + busAddress()});
-    launchWindowManager(setup);
+    launchWindowManager();
     if (needsPicom(setup))
         launchCompositor();
-    awaitManagers(setup);
+    awaitManagers();
     if (setup.accessibility)
         startAccessibility();
     livingSessions().append(this);
@@ -130,24 +131,22 @@ std::unique_ptr<ChildProcess> DesktopSession::launch(const QString &program, con
     });
 }
 
-void DesktopSession::launchWindowManager(const DesktopSetup &setup)
+void DesktopSession::launchWindowManager()
 {
-    switch (setup.windowManager) {
+    switch (m_setup.windowManager) {
     case WindowManager::Openbox:
         writeOpenboxSettings(home());
         m_windowManager = launch(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
         return;
     case WindowManager::Xfwm4:
         writeXfwm4Settings(home());
-        m_windowManager =
-            launch(QStringLiteral("xfwm4"), {setup.compositor == Compositor::OfWindowManager
-                                                 ? QStringLiteral("--compositor=on")
-                                                 : QStringLiteral("--compositor=off"),
-                                             QStringLiteral("--vblank=off")});
+        m_windowManager = launch(QStringLiteral("xfwm4"), {m_setup.compositor == Compositor::OfWindowManager
+                                                               ? QStringLiteral("--compositor=on")
+                                                               : QStringLiteral("--compositor=off"),
+                                                           QStringLiteral("--vblank=off")});
         return;
     case WindowManager::I3:
-        m_windowManager =
-            launch(QStringLiteral("i3"), {QStringLiteral("-c"), writeI3Settings(home())});
+        m_windowManager = launch(QStringLiteral("i3"), {QStringLiteral("-c"), writeI3Settings(home())});
         return;
     case WindowManager::None:
         return;
@@ -161,14 +160,14 @@ bool DesktopSession::hasWindowManager()
     return !check.isEmpty() && client().property(check.first(), "_NET_SUPPORTING_WM_CHECK") == check;
 }
 
-void DesktopSession::awaitManagers(const DesktopSetup &setup)
+void DesktopSession::awaitManagers()
 {
     if (!eventually([&] { return QFile::exists(home().filePath(QStringLiteral("run/bus"))); },
                     kStartDeadline))
         failRig(QStringLiteral("the session bus did not start"));
-    if (setup.windowManager != WindowManager::None)
+    if (m_setup.windowManager != WindowManager::None)
         awaitWindowManager();
-    if (setup.compositor != Compositor::None)
+    if (m_setup.compositor != Compositor::None)
         awaitCompositor();
 }
 
@@ -180,6 +179,19 @@ void DesktopSession::awaitWindowManager()
     if (!eventually([&] { return probe.isManaged(); }, kStartDeadline) ||
         !eventually([&] { return probe.isForgotten(); }, kStartDeadline))
         failRig(QStringLiteral("the window manager does not manage windows"));
+}
+
+void DesktopSession::restartWindowManager()
+{
+    m_windowManager.reset();
+    launchWindowManager();
+    awaitWindowManager();
+}
+
+QByteArray DesktopSession::windowManagerOutput() const
+{
+    QFile log(m_windowManager ? logOf(m_windowManager->process().program()) : QString());
+    return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
 }
 
 void DesktopSession::launchCompositor()

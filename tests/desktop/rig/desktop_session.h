@@ -59,16 +59,20 @@ public:
 
     /// Whether a window manager works on the display now.
     bool hasWindowManager();
-    /// Comes back when the window manager has done what it was asked to do until now. Throws RigError if that does
-    /// not happen.
+    /// Comes back when the window manager has done what it was asked to do until now. Throws RigError if that
+    /// does not happen.
     void awaitWindowManager();
+    /// Ends the window manager, unless it has ended by itself, and starts it again; comes back when it works.
+    void restartWindowManager();
+    /// What the window manager has written since it started.
+    QByteArray windowManagerOutput() const;
     /// Whether a compositing manager works on the display now.
     bool isComposited() { return client().selectionHasOwner("_NET_WM_CM_S0"); }
     /// Ends the compositor, or starts it again; comes back when that has happened.
     void stopCompositor();
     void startCompositor();
-    /// Starts it and does not wait: where something covers the place that is looked at, startCompositor() would
-    /// take it for one that does not paint.
+    /// Starts it and does not wait: where something covers the place that is looked at, startCompositor()
+    /// would take it for one that does not paint.
     void launchCompositor();
 
     /// Ends the session bus; nothing starts it again.
@@ -89,13 +93,14 @@ private:
 
     void makeEnvironment(const QMap<QString, QString> &extra);
     std::unique_ptr<ChildProcess> launch(const QString &program, const QStringList &arguments);
-    void launchWindowManager(const DesktopSetup &setup);
-    void awaitManagers(const DesktopSetup &setup);
+    void launchWindowManager();
+    void awaitManagers();
     void awaitCompositor();
     void startAccessibility();
     QString logOf(const QString &program) const;
     void endStrays();
 
+    DesktopSetup m_setup;
     VirtualDisplay m_display;
     Pointer m_pointer;
     Keyboard m_keyboard;

@@ -37,11 +37,8 @@ Inspection::Inspection(DesktopSession &session, Controls &controls)
 void Inspection::showSlides()
 {
     std::vector<std::unique_ptr<WindowBeneath>> slides;
-    for (const QRect &screen : m_session.display().screens()) {
-        // i3 has windows open on the screen of the pointer.
-        m_session.pointer().moveTo(screen.center());
+    for (const QRect &screen : m_session.display().screens())
         slides.push_back(std::make_unique<WindowBeneath>(m_session, screen, kSlideColors[slides.size()]));
-    }
     m_slides = std::move(slides);
 }
 

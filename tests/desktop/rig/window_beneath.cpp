@@ -5,6 +5,7 @@
 #include "rig_error.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zeigewerk::rig {
 
@@ -96,10 +97,28 @@ void WindowBeneath::setHints(const QRect &rect)
 bool WindowBeneath::awaitPlace(const QRect &rect)
 {
     xcb_flush(m_client.connection());
+    bool hasAskedAgain = false;
     return eventually([&] {
         const std::optional<WindowInfo> now = m_session.client().window(m_id);
-        return now && now->viewable && now->geometry == rect;
+        if (!now || !now->viewable)
+            return false;
+        // Some window managers have windows open where the keyboard is, and let them move afterwards.
+        if (now->geometry != rect && !std::exchange(hasAskedAgain, true))
+            moveTo(rect);
+        return now->geometry == rect;
     });
+}
+
+void WindowBeneath::moveTo(const QRect &rect)
+{
+    const std::uint32_t values[] = {
+        static_cast<std::uint32_t>(rect.x()), static_cast<std::uint32_t>(rect.y()),
+        static_cast<std::uint32_t>(rect.width()), static_cast<std::uint32_t>(rect.height())};
+    xcb_configure_window(m_client.connection(), m_id,
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
+                             XCB_CONFIG_WINDOW_HEIGHT,
+                         values);
+    xcb_flush(m_client.connection());
 }
 
 QString WindowBeneath::whereabouts()

@@ -76,6 +76,7 @@ private:
     void create(const QRect &rect, const QColor &color);
     void setHints(const QRect &rect);
     bool awaitPlace(const QRect &rect);
+    void moveTo(const QRect &rect);
     QString whereabouts();
     void record(const xcb_generic_event_t &event);
     QList<QPoint> placesOf(InputEvent::Kind kind, int button);

@@ -19,9 +19,9 @@ ManagedProbe::~ManagedProbe()
 
 bool ManagedProbe::isManaged()
 {
-    const std::optional<WindowInfo> now = m_client.window(m_id);
-    if (now && now->viewable)
-        return isListed();
+    // It need not be on the screen: beneath a full-screen window it is not with every manager.
+    if (isListed())
+        return true;
     xcb_map_window(m_client.connection(), m_id);
     m_client.roundTrip();
     return false;

@@ -18,6 +18,8 @@ struct StatusRow
 {
     /// Empty for a separator.
     QStringView title;
+    /// By which other programs call for the action.
+    QStringView name = {};
     /// None for a line that only explains.
     void (AppDelegate::*operation)() = nullptr;
     /// Shown as a check mark, or in the wording where there is a second title.
@@ -29,24 +31,24 @@ struct StatusRow
 /// the actions Qt would act on them a second time. Quitting is the last row.
 constexpr StatusRow kSeparator = {};
 constexpr std::array kStatusRows = {
-    StatusRow{u"Zeichnen  ⌃⌥D", &AppDelegate::toggleDraw, &AppDelegate::drawOn},
-    StatusRow{u"Spotlight  ⌃⌥S", &AppDelegate::toggleSpot, &AppDelegate::spotlightOn},
-    StatusRow{u"Whiteboard  ⌃⌥W", &AppDelegate::toggleBoard, &AppDelegate::whiteboardOn},
-    StatusRow{u"Klicks anzeigen  ⌃⌥K", &AppDelegate::toggleClicks, &AppDelegate::clicksOn},
-    StatusRow{u"Zeichnung anpinnen  ⌃⌥P", &AppDelegate::togglePin, &AppDelegate::pinnedOn},
-    StatusRow{u"Cursor-Ring", &AppDelegate::toggleRing, &AppDelegate::cursorRingOn},
-    StatusRow{u"Auto-Fade (4 s)", &AppDelegate::toggleFade, &AppDelegate::autoFadeOn},
-    StatusRow{u"Werkzeugleiste dunkel", &AppDelegate::toggleDarkUI, &AppDelegate::darkUI},
+    StatusRow{u"Zeichnen  ⌃⌥D", u"draw", &AppDelegate::toggleDraw, &AppDelegate::drawOn},
+    StatusRow{u"Spotlight  ⌃⌥S", u"spotlight", &AppDelegate::toggleSpot, &AppDelegate::spotlightOn},
+    StatusRow{u"Whiteboard  ⌃⌥W", u"whiteboard", &AppDelegate::toggleBoard, &AppDelegate::whiteboardOn},
+    StatusRow{u"Klicks anzeigen  ⌃⌥K", u"clicks", &AppDelegate::toggleClicks, &AppDelegate::clicksOn},
+    StatusRow{u"Zeichnung anpinnen  ⌃⌥P", u"pin", &AppDelegate::togglePin, &AppDelegate::pinnedOn},
+    StatusRow{u"Cursor-Ring", u"cursor-ring", &AppDelegate::toggleRing, &AppDelegate::cursorRingOn},
+    StatusRow{u"Auto-Fade (4 s)", u"auto-fade", &AppDelegate::toggleFade, &AppDelegate::autoFadeOn},
+    StatusRow{u"Werkzeugleiste dunkel", u"dark-toolbar", &AppDelegate::toggleDarkUI, &AppDelegate::darkUI},
     kSeparator,
-    StatusRow{u"Alles löschen", &AppDelegate::clearAll},
-    StatusRow{u"Werkzeugleiste ausblenden  ⌃⌥T", &AppDelegate::toggleToolbar, &AppDelegate::toolbarVisible,
-              u"Werkzeugleiste einblenden  ⌃⌥T"},
+    StatusRow{u"Alles löschen", u"clear", &AppDelegate::clearAll},
+    StatusRow{u"Werkzeugleiste ausblenden  ⌃⌥T", u"toolbar", &AppDelegate::toggleToolbar,
+              &AppDelegate::toolbarVisible, u"Werkzeugleiste einblenden  ⌃⌥T"},
     kSeparator,
     StatusRow{u"Esc beendet Zeichnen/Spotlight"},
     StatusRow{u"⌥ + Scrollen: Spotlight-Größe"},
     StatusRow{u"⇧ beim Zeichnen: gerade Linie / Quadrat / Kreis"},
     kSeparator,
-    StatusRow{u"Zeigewerk beenden", &AppDelegate::quit},
+    StatusRow{u"Zeigewerk beenden", u"quit", &AppDelegate::quit},
 };
 
 bool hasCheckMark(const StatusRow &row)
@@ -69,6 +71,7 @@ void StatusMenu::buildActions()
 {
     for (const StatusRow &row : kStatusRows) {
         auto *action = new QAction(row.title.toString(), this);
+        action->setObjectName(row.name.toString());
         action->setSeparator(row.title.isEmpty());
         action->setCheckable(hasCheckMark(row));
         action->setEnabled(row.operation || action->isSeparator());
@@ -110,6 +113,15 @@ void StatusMenu::rebuild()
         else
             m_actions[i]->setText((isOn ? row.title : row.titleWhenOff).toString());
     }
+}
+
+bool StatusMenu::trigger(const QString &name)
+{
+    // To Qt an empty name is any.
+    auto *action = name.isEmpty() ? nullptr : findChild<QAction *>(name, Qt::FindDirectChildrenOnly);
+    if (action)
+        action->trigger();
+    return action != nullptr;
 }
 
 void StatusMenu::popUp(const QPoint &place)

@@ -1,4 +1,6 @@
+#include "commands/application_interface.h"
 #include "commands/key_names.h"
+#include "commands/status_item.h"
 #include "core/app_delegate.h"
 #include "core/termination_signals.h"
 #include "platform/choose_desktop.h"
@@ -45,5 +47,6 @@ int main(int argc, char *argv[])
     AppDelegate delegate(*desktop, defaults);
     const TerminationSignals signals([&delegate] { delegate.quit(); });
     delegate.applicationDidFinishLaunching();
+    const ApplicationInterface onBus(delegate.statusItem()->menu());
     return QApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "registered_test.h"
 #include "status_menu_fixture.h"
 
+#include <QSet>
 #include <QTest>
 
 using namespace zeigewerk;
@@ -36,6 +37,9 @@ private Q_SLOTS:
     void rebuildingTouchesOnlyWhatChanged();
     void rebuildingKeepsTheSameItems();
     void rebuildingBeforeLaunchDoesNothing();
+    void everyEntryThatDoesSomethingHasANameOfItsOwn();
+    void aNameDoesWhatAClickDoes();
+    void aNameThatThereIsNotDoesNothing();
 };
 
 void StatusMenuTest::bothMenusHaveTheItemsInTheirOrder()
@@ -158,6 +162,41 @@ void StatusMenuTest::rebuildingBeforeLaunchDoesNothing()
     app.openStatusMenu();
     QVERIFY(!app.statusItem());
     QVERIFY(!QApplication::activePopupWidget());
+}
+
+void StatusMenuTest::everyEntryThatDoesSomethingHasANameOfItsOwn()
+{
+    Controller controller;
+    QStringList names;
+    for (const QAction *action : menuOf(controller).trayMenu().actions()) {
+        const bool isOnlyShown = action->isSeparator() || kHints.contains(action->text());
+        QCOMPARE(action->objectName().isEmpty(), isOnlyShown);
+        if (!isOnlyShown)
+            names += action->objectName();
+    }
+    QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), names.size());
+}
+
+void StatusMenuTest::aNameDoesWhatAClickDoes()
+{
+    Controller controller;
+    QVERIFY(menuOf(controller).trigger(QStringLiteral("spotlight")));
+    QCOMPARE(checkedTitles(menuOf(controller).trayMenu()), flagsOn(controller.app()));
+    QVERIFY(controller.app().spotlightOn());
+    QVERIFY(menuOf(controller).trigger(QStringLiteral("spotlight")));
+    QVERIFY(!controller.app().spotlightOn());
+    // Refused, and so without a check mark.
+    QVERIFY(menuOf(controller).trigger(QStringLiteral("pin")));
+    QCOMPARE(checkedTitles(menuOf(controller).trayMenu()), flagsOn(controller.app()));
+}
+
+void StatusMenuTest::aNameThatThereIsNotDoesNothing()
+{
+    Controller controller;
+    const QStringList before = flagsOn(controller.app());
+    for (const QString &name : {QString(), QStringLiteral("fly"), QStringLiteral("Draw"), kDraw, kHints[0]})
+        QVERIFY(!menuOf(controller).trigger(name));
+    QCOMPARE(flagsOn(controller.app()), before);
 }
 
 REGISTER_TEST(StatusMenuTest)

@@ -5,7 +5,6 @@
 #include "rig_error.h"
 
 #include <QDBusArgument>
-#include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QUuid>
 
@@ -24,15 +23,32 @@ Bus::~Bus()
     QDBusConnection::disconnectFromBus(m_name);
 }
 
+std::optional<QDBusMessage> Bus::replyTo(const QDBusMessage &message)
+{
+    const QDBusPendingCall call = m_connection.asyncCall(message);
+    if (!eventually([&] { return call.isFinished(); }))
+        return std::nullopt;
+    return call.reply();
+}
+
 std::optional<QVariantList> Bus::call(const QString &service, const QString &path, const QString &interface,
                                       const QString &method, const QVariantList &arguments)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
     message.setArguments(arguments);
-    const QDBusPendingCall call = m_connection.asyncCall(message);
-    if (!eventually([&] { return call.isFinished(); }) || call.isError())
+    const std::optional<QDBusMessage> reply = replyTo(message);
+    if (!reply || reply->type() != QDBusMessage::ReplyMessage)
         return std::nullopt;
-    return call.reply().arguments();
+    return reply->arguments();
+}
+
+QString Bus::errorOf(const QString &service, const QString &path, const QString &interface,
+                     const QString &method, const QVariantList &arguments)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
+    message.setArguments(arguments);
+    const std::optional<QDBusMessage> reply = replyTo(message);
+    return reply && reply->type() == QDBusMessage::ErrorMessage ? reply->errorName() : QString();
 }
 
 QVariantMap Bus::properties(const QString &service, const QString &path, const QString &interface)

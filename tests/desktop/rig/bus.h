@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QString>
 #include <QVariantList>
 
@@ -28,10 +29,16 @@ public:
     /// process.
     std::optional<QVariantList> call(const QString &service, const QString &path, const QString &interface,
                                      const QString &method, const QVariantList &arguments = {});
+    /// The name of the error with which such a call fails; empty if it succeeds, or nobody answers in time.
+    QString errorOf(const QString &service, const QString &path, const QString &interface,
+                    const QString &method, const QVariantList &arguments = {});
     /// All properties of an interface; empty if they cannot be read.
     QVariantMap properties(const QString &service, const QString &path, const QString &interface);
 
 private:
+    /// None if nobody answers in time.
+    std::optional<QDBusMessage> replyTo(const QDBusMessage &message);
+
     QString m_name;
     QDBusConnection m_connection;
 };

@@ -19,7 +19,7 @@ public:
 
     /// Comes back when the program has answered twice, as the second answer comes after a whole turn of its
     /// loop. False if it ended, has no window that is asked so, or does not answer in time.
-    bool isAnswered(const Program &program, std::chrono::milliseconds deadline = std::chrono::seconds(20));
+    bool isAnswered(const Program &program, std::chrono::milliseconds deadline = std::chrono::seconds(60));
 
 private:
     bool isAnsweredOnce(const Program &program, std::chrono::milliseconds deadline);

@@ -227,6 +227,8 @@ void Monkey::report(const QStringList &complaints)
     for (const QString &complaint : complaints)
         std::fprintf(stderr, "WRONG: %s\n", qPrintable(complaint));
     std::fprintf(stderr, "%s\n", qPrintable(nameOfInputState(m_session)));
+    if (const QByteArray words = m_session.windowManagerOutput(); !words.isEmpty())
+        std::fprintf(stderr, "The window manager wrote: \"%s\"\n", words.trimmed().constData());
     if (m_program->isRunning())
         std::fprintf(stderr, "The program wrote so far: \"%s\"\n", m_program->output().constData());
 }

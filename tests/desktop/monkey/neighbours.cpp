@@ -3,6 +3,7 @@
 #include "desktop_session.h"
 #include "text_of.h"
 
+#include <algorithm>
 #include <array>
 
 namespace zeigewerk::rig {
@@ -108,6 +109,14 @@ QString Neighbours::toggleFullScreen(Chance &chance)
         return kNothing;
     m_client.sendToRoot(window, "_NET_WM_STATE", {kToggle, m_client.atom("_NET_WM_STATE_FULLSCREEN"), 0, 1});
     return {};
+}
+
+bool Neighbours::hasFullScreenWindow()
+{
+    const xcb_atom_t fullScreen = m_client.atom("_NET_WM_STATE_FULLSCREEN");
+    return std::any_of(m_windows.begin(), m_windows.end(), [&](xcb_window_t window) {
+        return m_client.property(window, "_NET_WM_STATE").contains(fullScreen);
+    });
 }
 
 QString Neighbours::openPopup(Chance &chance)

@@ -30,6 +30,7 @@ public:
     QString takeKeyboard(Chance &chance);
     QString raiseWindow(Chance &chance);
     QString toggleFullScreen(Chance &chance);
+    bool hasFullScreenWindow();
 
     QString openPopup(Chance &chance);
     QString closePopup(Chance &chance);

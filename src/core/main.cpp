@@ -38,6 +38,9 @@ int main(int argc, char *argv[])
     // The tray shows this one, and nothing is stored under it.
     QApplication::setApplicationName(QStringLiteral("Zeigewerk"));
     QApplication::setApplicationDisplayName(QStringLiteral("Zeigewerk"));
+    // Where the desktop finds the program's name and icon; a window icon would go to the display with each of
+    // our windows, none of which a task bar shows.
+    QApplication::setDesktopFileName(QStringLiteral("de.zeigewerk.Zeigewerk"));
     QApplication::setQuitOnLastWindowClosed(false);
     KeyNames keyNames;
     QApplication::installTranslator(&keyNames);

@@ -3,15 +3,19 @@
 
 set -euo pipefail
 
-# To build the program, its tests and its benchmarks.
-build_packages=(
+# To build the program.
+program_packages=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-svg-dev libgl-dev
     libx11-dev libxcb1-dev libxcb-shm0-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-shape0-dev libxcb-cursor-dev
-    libxcb-xkb-dev libxcb-randr0-dev libxcb-damage0-dev libxcb-xtest0-dev libxcb-res0-dev libxkbcommon-dev
-    libxkbcommon-x11-dev
-    libbenchmark-dev
+    libxcb-xkb-dev libxcb-randr0-dev libxkbcommon-dev libxkbcommon-x11-dev
 )
+# The same with its tests and its benchmarks.
+build_packages=("${program_packages[@]}" libxcb-damage0-dev libxcb-xtest0-dev libxcb-res0-dev libbenchmark-dev)
+# To examine what is installed with the program.
+examine_packages=(desktop-file-utils appstream mandoc)
+# To make a package of it; only tools/package needs them.
+package_packages=(dpkg-dev file binutils lintian)
 # A virtual desktop: display, window manager, compositor, session bus, accessibility bus, keyboard maps, a font.
 desktop_packages=(
     xserver-xorg-core xserver-xorg-video-dummy xkb-data x11-xkb-utils x11-xserver-utils
@@ -75,6 +79,11 @@ name_missing_tools() {
             command -v "$tool" >/dev/null || [ -x "/usr/lib/xorg/$tool" ] || missing+=("$tool")
         done
         [ -e /usr/share/dbus-1/services/org.a11y.Bus.service ] || missing+=("the accessibility bus of at-spi2")
+    fi
+    if [[ " $* " == *" mandoc "* ]]; then
+        for tool in desktop-file-validate appstreamcli mandoc; do
+            command -v "$tool" >/dev/null || missing+=("$tool")
+        done
     fi
     if [[ " $* " == *" clang "* ]]; then
         command -v clang++ >/dev/null || missing+=("clang++ with libFuzzer")

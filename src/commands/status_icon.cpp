@@ -4,11 +4,13 @@
 #include "drawing/qt_color.h"
 #include "toolbar/symbols.h"
 
+#include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace zeigewerk {
 
@@ -54,6 +56,36 @@ TemplateImage dot()
             }};
 }
 
+/// Looks like one icon, and has the name of another.
+class NamedIconEngine : public QIconEngine
+{
+public:
+    NamedIconEngine(QString name, QIcon look)
+        : m_name(std::move(name))
+        , m_look(std::move(look))
+    {
+    }
+
+    QString iconName() override { return m_name; }
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        m_look.paint(painter, rect, Qt::AlignCenter, mode, state);
+    }
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return m_look.pixmap(size, 1.0, mode, state);
+    }
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override
+    {
+        return m_look.availableSizes(mode, state);
+    }
+    QIconEngine *clone() const override { return new NamedIconEngine(m_name, m_look); }
+
+private:
+    QString m_name;
+    QIcon m_look;
+};
+
 } // namespace
 
 QIcon contouredIcon(const TemplateImage &glyph)
@@ -66,10 +98,9 @@ QIcon contouredIcon(const TemplateImage &glyph)
 
 QIcon statusIcon()
 {
+    const QIcon painted = contouredIcon(symbolImage(QStringLiteral("pencil.and.outline")).value_or(dot()));
     const QString themed = QStringLiteral("zeigewerk-symbolic");
-    if (QIcon::hasThemeIcon(themed))
-        return QIcon::fromTheme(themed);
-    return contouredIcon(symbolImage(QStringLiteral("pencil.and.outline")).value_or(dot()));
+    return QIcon::hasThemeIcon(themed) ? QIcon(new NamedIconEngine(themed, painted)) : painted;
 }
 
 } // namespace zeigewerk

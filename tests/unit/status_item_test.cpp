@@ -6,11 +6,39 @@
 #include "registered_test.h"
 #include "toolbar/template_image.h"
 
+#include <QDir>
+#include <QFile>
 #include <QPainter>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace zeigewerk;
 using test::Controller;
+
+namespace {
+
+/// Has that folder of themes give an icon of that name.
+bool addBlackIcon(const QDir &themes, const QString &name)
+{
+    QFile index(themes.filePath(QStringLiteral("hicolor/index.theme")));
+    QImage black(16, 16, QImage::Format_ARGB32);
+    black.fill(Qt::black);
+    return themes.mkpath(QStringLiteral("hicolor/16")) && index.open(QFile::WriteOnly) &&
+           index.write("[Icon Theme]\nName=hicolor\nDirectories=16\n[16]\nSize=16\n") > 0 &&
+           black.save(themes.filePath(QStringLiteral("hicolor/16/%1.png").arg(name)));
+}
+
+/// As trays have it that are given no name.
+QImage paintedInto(const QIcon &icon, QSize size)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    icon.paint(&painter, image.rect());
+    return image;
+}
+
+} // namespace
 
 class StatusItemTest : public QObject
 {
@@ -26,6 +54,8 @@ private Q_SLOTS:
     void thePaintedIconHasTheUsualSizes();
     void thePaintedIconIsWhiteWithADarkContour();
     void thePaintedIconIsTransparentBesideTheShape();
+    void withoutAnIconInTheThemeItHasNoName();
+    void anIconInTheThemeGivesItsNameAndNotItsLook();
 };
 
 void StatusItemTest::withoutAnyTrayThereIsNoIcon()
@@ -86,6 +116,32 @@ void StatusItemTest::thePaintedIconIsTransparentBesideTheShape()
         QCOMPARE(image.pixelColor(middle, middle), QColor(Qt::white));
         QCOMPARE(image.pixelColor(middle, 0).alpha(), 0);
         QCOMPARE(image.pixelColor(middle, size.height() - 1).alpha(), 0);
+    }
+}
+
+void StatusItemTest::withoutAnIconInTheThemeItHasNoName()
+{
+    // The machine's own may have one.
+    const QTemporaryDir themes;
+    QIcon::setThemeSearchPaths({themes.path()});
+    QVERIFY(statusIcon().name().isEmpty());
+    QVERIFY(!statusIcon().availableSizes().isEmpty());
+}
+
+void StatusItemTest::anIconInTheThemeGivesItsNameAndNotItsLook()
+{
+    const QTemporaryDir themes;
+    QIcon::setThemeSearchPaths({themes.path()});
+    const QIcon painted = statusIcon();
+    QVERIFY(addBlackIcon(QDir(themes.path()), QStringLiteral("zeigewerk-symbolic")));
+    QIcon::setThemeName(QStringLiteral("hicolor"));
+
+    const QIcon icon = statusIcon();
+    QCOMPARE(icon.name(), QStringLiteral("zeigewerk-symbolic"));
+    QCOMPARE(icon.availableSizes(), painted.availableSizes());
+    for (const QSize size : icon.availableSizes()) {
+        QCOMPARE(icon.pixmap(size, 1.0).toImage(), painted.pixmap(size, 1.0).toImage());
+        QCOMPARE(paintedInto(icon, size), paintedInto(painted, size));
     }
 }
 

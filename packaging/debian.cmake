@@ -28,10 +28,12 @@ by a menu in the tray. Its interface is in German.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme")
 # For smooth see-through ink one that mixes windows, of which most desktops have their own; for the tray a
-# session bus; for the signs in the menu, as ⌥, a font that has them; for secure connections whom to trust.
+# session bus; for the signs in the menu, as ⌥, a font that has them; for secure connections whom to trust; and
+# what Qt looks for when it runs to show the pointers of the user's theme.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "picom | gnome-shell | kwin-x11 | xfwm4 | cinnamon | marco | mutter | compiz-core"
     "default-dbus-session-bus | dbus-session-bus"
     "fonts-dejavu-core"
-    "ca-certificates")
+    "ca-certificates"
+    "libxcursor1")
 include(CPack)

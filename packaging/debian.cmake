@@ -4,6 +4,8 @@ set(CPACK_PACKAGE_NAME zeigewerk)
 set(CPACK_PACKAGE_VENDOR Zeigewerk)
 # There is no address to write to yet, and this one says so.
 set(CPACK_PACKAGE_CONTACT "Zeigewerk <noreply@zeigewerk.invalid>")
+# Into a folder that stands for the root, as some files name the place of others.
+set(CPACK_SET_DESTDIR ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian_contents.cmake)
@@ -28,11 +30,13 @@ by a menu in the tray. Its interface is in German.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme")
 # For smooth see-through ink one that mixes windows, of which most desktops have their own; for the tray a
-# session bus; for the signs in the menu, as ⌥, a font that has them; for secure connections whom to trust; and
-# what Qt looks for when it runs to show the pointers of the user's theme.
+# session bus, and for its shortcuts a command that calls over it; for the signs in the menu, as ⌥, a font that has
+# them; for secure connections whom to trust; and what Qt looks for when it runs to show the pointers of the user's
+# theme.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "picom | gnome-shell | kwin-x11 | xfwm4 | cinnamon | marco | mutter | compiz-core"
     "default-dbus-session-bus | dbus-session-bus"
+    "libglib2.0-bin"
     "fonts-dejavu-core"
     "ca-certificates"
     "libxcursor1")

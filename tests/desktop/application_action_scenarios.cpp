@@ -55,6 +55,7 @@ private Q_SLOTS:
     void whatThereIsNotIsAnErrorAndNothingElse();
     void activatingARunningProgramChangesNothing();
     void quittingIsAnsweredAndEndsIt();
+    void theBusStartsItForAnAction();
 };
 
 void ApplicationActionScenarios::anActionIsAClickOnItsEntry()
@@ -143,6 +144,34 @@ void ApplicationActionScenarios::quittingIsAnsweredAndEndsIt()
     Remote on;
     QVERIFY(on.activate("quit"));
     QCOMPARE(on.program.waitForExit(), std::optional(0));
+}
+
+void ApplicationActionScenarios::theBusStartsItForAnAction()
+{
+    DesktopSession session;
+    const QColor color(0x20, 0x60, 0xA0);
+    const WindowBeneath beneath(session, VirtualDisplay::kFullHd, color);
+    Bus bus(session);
+    const auto activate = [&](const QString &action) {
+        return bus.call(kId, kPath, kInterface, "ActivateAction", {action, QVariantList(), QVariantMap()})
+            .has_value();
+    };
+    QVERIFY(!activate("spotlight"));
+
+    // As it is installed.
+    const QDir services(session.home().filePath(".local/share/dbus-1/services"));
+    QVERIFY(services.mkpath("."));
+    QFile service(services.filePath(kId + ".service"));
+    QVERIFY(service.open(QIODevice::WriteOnly));
+    service.write("[D-BUS Service]\nName=" + kId.toUtf8() + "\nExec=" + Program::binary().toUtf8() + "\n");
+    service.close();
+    const QString daemon = "org.freedesktop.DBus";
+    QVERIFY(bus.call(daemon, "/org/freedesktop/DBus", daemon, "ReloadConfig"));
+
+    QVERIFY(activate("spotlight"));
+    EVENTUALLY(session.screenshot().pixel({5, 5}).lightness() < color.lightness());
+    QVERIFY(activate("quit"));
+    EVENTUALLY(session.screenshot().isFilled(color, VirtualDisplay::kFullHd));
 }
 
 REGISTER_GUILESS_TEST(ApplicationActionScenarios)

@@ -13,6 +13,7 @@ DESTDIR='' cmake --install "$build" --prefix "$prefix" >/dev/null
 diff - <(cd "$prefix" && find . -type f -printf '%m %P\n' | LC_ALL=C sort -k 2) <<'END' || fail "Other files were installed."
 755 bin/zeigewerk
 644 share/applications/de.zeigewerk.Zeigewerk.desktop
+644 share/dbus-1/services/de.zeigewerk.Zeigewerk.service
 644 share/doc/zeigewerk/examples/zeigewerk-autostart.desktop
 644 share/icons/hicolor/scalable/apps/zeigewerk.svg
 644 share/icons/hicolor/symbolic/apps/zeigewerk-symbolic.svg
@@ -27,12 +28,19 @@ END
 for entry in "$prefix"/share/applications/*.desktop "$prefix"/share/doc/zeigewerk/examples/*.desktop; do
     while IFS='= ' read -r key name _; do
         case $key in
-            Exec | TryExec) [ -x "$prefix/bin/$name" ] || fail "${entry##*/} starts $name, which is not installed." ;;
+            # Of the session's own tools.
+            Exec) [ "$name" = gdbus ] || [ -x "$prefix/bin/$name" ] ||
+                fail "${entry##*/} starts $name, which is not installed." ;;
+            TryExec) [ -x "$prefix/bin/$name" ] || fail "${entry##*/} starts $name, which is not installed." ;;
             Icon) [ -f "$prefix/share/icons/hicolor/scalable/apps/$name.svg" ] ||
                 fail "${entry##*/} shows the icon $name, which is not installed." ;;
         esac
     done <"$entry"
 done
+
+# The session bus finds the program where it was installed.
+grep -qx "Exec=$prefix/bin/zeigewerk" "$prefix"/share/dbus-1/services/*.service ||
+    fail "The session bus would start another program than the one installed."
 
 # The program runs from there as far as it can without a display.
 status=0

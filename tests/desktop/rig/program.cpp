@@ -10,19 +10,11 @@ namespace zeigewerk::rig {
 
 namespace {
 
-QString binaryUnderTest()
-{
-    const QString binary = qEnvironmentVariable("ZEIGEWERK_BINARY", QStringLiteral(ZEIGEWERK_BINARY));
-    if (!QFileInfo(binary).isExecutable())
-        failRig(QStringLiteral("no program to test at \"%1\"; set ZEIGEWERK_BINARY").arg(binary));
-    return binary;
-}
-
 ChildProcess::Command commandOf(const DesktopSession &session, const QMap<QString, QString> &environment,
                                 const QStringList &arguments)
 {
     ChildProcess::Command command{
-        .program = binaryUnderTest(),
+        .program = Program::binary(),
         .arguments = arguments,
         .environment = session.environment(),
     };
@@ -32,6 +24,14 @@ ChildProcess::Command commandOf(const DesktopSession &session, const QMap<QStrin
 }
 
 } // namespace
+
+QString Program::binary()
+{
+    const QString binary = qEnvironmentVariable("ZEIGEWERK_BINARY", QStringLiteral(ZEIGEWERK_BINARY));
+    if (!QFileInfo(binary).isExecutable())
+        failRig(QStringLiteral("no program to test at \"%1\"; set ZEIGEWERK_BINARY").arg(binary));
+    return binary;
+}
 
 Program::Program(DesktopSession &session, const QMap<QString, QString> &environment,
                  const QStringList &arguments)

@@ -19,6 +19,9 @@ class DesktopSession;
 class Program
 {
 public:
+    /// Where the program is that is tested. Throws RigError if it is not there.
+    static QString binary();
+
     /// Throws RigError if there is no such binary.
     explicit Program(DesktopSession &session, const QMap<QString, QString> &environment = {},
                      const QStringList &arguments = {});

@@ -17,6 +17,8 @@ using namespace std::chrono_literals;
 constexpr double kFramesPerSecond = 60.0;
 constexpr int kFramesOfStroke = 100;
 constexpr double kBound = 0.01;
+/// In MiB: the allocator takes from the system, and gives back, 128 KiB and more at a time.
+constexpr double kTwoStepsOfHeap = 0.25;
 /// Free of the toolbar.
 const QRect kStage(50, 50, 1600, 980);
 const std::array kTools = {button::kPen,   button::kHighlighter, button::kLine,
@@ -28,11 +30,13 @@ struct Value
     const char *name;
     double Memory::*of;
     bool isJudged;
+    /// A change of so many MiB is none, however small the value is.
+    double granularity = 0.0;
 };
-constexpr std::array kValues = {Value{"proportional", &Memory::proportional, false},
-                                Value{"proportional, without files", &Memory::proportionalWithoutFiles, true},
-                                Value{"private", &Memory::privateOnly, false},
-                                Value{"resident", &Memory::resident, false}};
+constexpr std::array kValues = {
+    Value{"proportional", &Memory::proportional, false},
+    Value{"proportional, without files", &Memory::proportionalWithoutFiles, true, kTwoStepsOfHeap},
+    Value{"private", &Memory::privateOnly, false}, Value{"resident", &Memory::resident, true}};
 
 double medianOf(const std::vector<Memory> &samples, double Memory::*value)
 {
@@ -247,8 +251,9 @@ bool Soak::judge() const
     printCourse();
     bool isFlat = true;
     for (const Value &value : kValues) {
-        const double change = last.*value.of / first.*value.of - 1.0;
-        const bool isWithin = std::abs(change) <= kBound;
+        const double before = first.*value.of;
+        const double change = last.*value.of / before - 1.0;
+        const bool isWithin = std::abs(change) * before <= std::max(kBound * before, value.granularity);
         std::printf("  %-30s %8.2f %8.2f   %+.2f %%   %s\n", value.name, first.*value.of, last.*value.of,
                     100.0 * change,
                     !value.isJudged ? ""

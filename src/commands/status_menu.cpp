@@ -25,6 +25,8 @@ struct StatusRow
     /// Shown as a check mark, or in the wording where there is a second title.
     bool (AppDelegate::*flag)() const = nullptr;
     QStringView titleWhenOff = {};
+    /// Whether the item is there at all, which does not change after launch; always where none.
+    bool (AppDelegate::*isThere)() const = nullptr;
 };
 
 /// The modifiers are written as glyphs in the titles, since these combinations are hot keys: as shortcuts of
@@ -48,6 +50,10 @@ constexpr std::array kStatusRows = {
     StatusRow{u"⌥ + Scrollen: Spotlight-Größe"},
     StatusRow{u"⇧ beim Zeichnen: gerade Linie / Quadrat / Kreis"},
     kSeparator,
+    StatusRow{.title = u"Nach Updates suchen …",
+              .name = u"check-for-updates",
+              .operation = &AppDelegate::checkForUpdates,
+              .isThere = &AppDelegate::hasUpdater},
     StatusRow{u"Zeigewerk beenden", u"quit", &AppDelegate::quit},
 };
 
@@ -70,6 +76,10 @@ StatusMenu::StatusMenu(AppDelegate &app)
 void StatusMenu::buildActions()
 {
     for (const StatusRow &row : kStatusRows) {
+        if (row.isThere && !(m_app.*row.isThere)()) {
+            m_actions.push_back(nullptr);
+            continue;
+        }
         auto *action = new QAction(row.title.toString(), this);
         action->setObjectName(row.name.toString());
         action->setSeparator(row.title.isEmpty());
@@ -96,8 +106,10 @@ void StatusMenu::buildMenu(QMenu &menu)
 {
     menu.setTitle(QStringLiteral("Zeigewerk"));
     menu.setAccessibleName(menu.title());
-    for (QAction *action : m_actions)
-        menu.addAction(action);
+    for (QAction *action : m_actions) {
+        if (action)
+            menu.addAction(action);
+    }
     menu.installEventFilter(this);
 }
 

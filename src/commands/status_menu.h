@@ -46,7 +46,7 @@ private:
     void buildMenu(QMenu &menu);
 
     AppDelegate &m_app;
-    /// One for each row of the table, children of this object.
+    /// One for each row of the table, null for one that is not there; children of this object.
     std::vector<QAction *> m_actions;
     QAction *m_quit = nullptr;
     QMenu m_trayMenu;

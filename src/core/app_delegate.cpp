@@ -3,6 +3,7 @@
 #include "clicks/click_ring.h"
 #include "commands/status_item.h"
 #include "toolbar/panel_placement.h"
+#include "updater/updater_controller.h"
 
 #include <utility>
 
@@ -10,10 +11,11 @@ namespace zeigewerk {
 
 QPointer<AppDelegate> gApp;
 
-AppDelegate::AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock)
+AppDelegate::AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock, BundleInfo info)
     : m_desktop(desktop)
     , m_defaults(defaults)
     , m_clock(std::move(clock))
+    , m_info(std::move(info))
     , m_autoFadeOn(defaults.boolForKey(kAutoFadeKey).value_or(false))
     , m_darkUI(defaults.boolForKey(kDarkUIKey).value_or(true))
     , m_spotRadius(defaults.doubleForKey(kSpotRadiusKey).value_or(kDefaultSpotRadius))
@@ -31,6 +33,9 @@ AppDelegate::~AppDelegate()
 void AppDelegate::applicationDidFinishLaunching()
 {
     gApp = this;
+    if (m_info.feedUrl)
+        m_updaterController = std::make_unique<UpdaterController>(
+            m_desktop, UpdaterController::Setup{.feedUrl = *m_info.feedUrl});
     buildOverlays();
     buildPanel();
     m_statusItem = std::make_unique<StatusItem>(m_desktop, *this);

@@ -9,6 +9,7 @@
 #include "drawing/tool.h"
 #include "platform/desktop.h"
 #include "toolbar/toolbar.h"
+#include "updater/bundle_info.h"
 
 #include <QObject>
 #include <QPointer>
@@ -22,6 +23,7 @@
 namespace zeigewerk {
 
 class StatusItem;
+class UpdaterController;
 
 inline constexpr char kAutoFadeKey[] = "ZeigewerkAutoFade";
 inline constexpr char kDarkUIKey[] = "ZeigewerkDarkUI";
@@ -45,11 +47,12 @@ public:
     using Clock = std::function<TimePoint()>;
 
     /// Reads the settings; creates no window. `desktop` and `defaults` must outlive the controller.
-    AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock = &WallClock::now);
+    AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock = &WallClock::now,
+                BundleInfo info = {});
     ~AppDelegate() override;
 
-    /// The launch sequence: overlays, toolbar, status item, click monitors, hot keys, the watch over the
-    /// screens. Called once.
+    /// The launch sequence: updater, overlays, toolbar, status item, click monitors, hot keys, the watch over
+    /// the screens. Called once.
     void applicationDidFinishLaunching();
 
     // Modes: core/modes.cpp
@@ -142,6 +145,12 @@ public:
     /// Opens the menu at the pointer.
     void openStatusMenu();
 
+    // Updates: updater/updater_controller.cpp
+
+    /// Whether the installation names an update feed; only then, after launch, there is anything to check.
+    bool hasUpdater() const;
+    void checkForUpdates();
+
     // Toolbar: toolbar/
 
     /// The stroke widths offered, in points.
@@ -192,7 +201,9 @@ private:
     platform::Desktop &m_desktop;
     UserDefaults &m_defaults;
     Clock m_clock;
+    BundleInfo m_info;
 
+    std::unique_ptr<UpdaterController> m_updaterController;
     std::vector<std::unique_ptr<Overlay>> m_overlays;
     std::unique_ptr<Toolbar> m_toolbar;
     std::unique_ptr<StatusItem> m_statusItem;

@@ -47,7 +47,7 @@ int main(int argc, char *argv[])
 
     const auto desktop = connection->makeDesktop();
     UserDefaults defaults;
-    AppDelegate delegate(*desktop, defaults);
+    AppDelegate delegate(*desktop, defaults, &WallClock::now, BundleInfo::ofThisProgram());
     const TerminationSignals signals([&delegate] { delegate.quit(); });
     delegate.applicationDidFinishLaunching();
     const ApplicationInterface onBus(delegate.statusItem()->menu());

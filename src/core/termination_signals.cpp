@@ -31,6 +31,12 @@ void TerminationSignals::hold()
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
 }
 
+void TerminationSignals::release()
+{
+    const sigset_t signals = terminationSignals();
+    pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+}
+
 TerminationSignals::TerminationSignals(std::function<void()> handler)
 {
     const sigset_t signals = terminationSignals();

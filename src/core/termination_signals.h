@@ -16,6 +16,8 @@ public:
     /// Keeps the signals from ending the process at once. To be called before there are other threads, which
     /// inherit it; a thread that did not would still be ended by them.
     static void hold();
+    /// Has them end a child process again, which would inherit that; for use between fork and exec.
+    static void release();
 
     /// Calls `handler` for each signal held. There can be one at a time. Needs the application object.
     explicit TerminationSignals(std::function<void()> handler);

@@ -8,6 +8,7 @@ namespace zeigewerk::platform {
 enum class WidgetRole {
     TextField, ///< lies over its overlay, takes the mouse and the keyboard when it is told to
     Toolbar,   ///< takes the mouse, never the keyboard
+    Dialog,    ///< the same, at the toolbar's level
 };
 
 /// A top-level Qt widget as the desktop places it among the surfaces: no window manager moves or decorates
@@ -33,7 +34,7 @@ public:
 
     /// Whether pointer events pass through to whatever lies beneath; at first they do not.
     virtual void setIgnoresMouseEvents(bool ignores) = 0;
-    /// Gives it the keyboard. Nothing happens while it is hidden, nor to a toolbar.
+    /// Gives it the keyboard. Nothing happens while it is hidden, nor to one that never takes it.
     virtual void makeKey() = 0;
     /// Whether it is the one of our windows that has the keyboard.
     virtual bool isKey() const = 0;

@@ -7,6 +7,19 @@ namespace zeigewerk::platform {
 
 namespace {
 
+QString nameOf(WidgetRole role)
+{
+    switch (role) {
+    case WidgetRole::TextField:
+        return QStringLiteral("text field");
+    case WidgetRole::Toolbar:
+        return QStringLiteral("toolbar");
+    case WidgetRole::Dialog:
+        return QStringLiteral("dialog");
+    }
+    return {};
+}
+
 /// Gives the combination back when it is destroyed.
 class RecordedHotKey : public HotKey
 {
@@ -48,9 +61,7 @@ std::unique_ptr<Surface> RecordingDesktop::makeSurface(SurfaceRole role, const Q
 std::unique_ptr<WidgetWindow> RecordingDesktop::makeWindow(WidgetRole role, QWidget &widget,
                                                            const QMargins &ornament)
 {
-    const QString name = QStringLiteral("%1 %2").arg(
-        role == WidgetRole::Toolbar ? QStringLiteral("toolbar") : QStringLiteral("text field"),
-        QString::number(m_windowsMade[role]++));
+    const QString name = QStringLiteral("%1 %2").arg(nameOf(role), QString::number(m_windowsMade[role]++));
     note(name + QStringLiteral(": made"));
     return std::make_unique<RecordingWindow>(*this, name, role, widget, ornament);
 }

@@ -67,7 +67,7 @@ void RecordingWindow::setIgnoresMouseEvents(bool ignores)
 void RecordingWindow::makeKey()
 {
     m_desktop.note(m_name + QStringLiteral(": make key"));
-    if (m_visible && m_role != WidgetRole::Toolbar)
+    if (m_visible && m_role == WidgetRole::TextField)
         m_desktop.m_keyWindow = m_name;
 }
 

@@ -25,7 +25,7 @@ X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &
     // Not a tool window: Qt raises those over everything whenever it shows them.
     m_widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
                             Qt::BypassWindowManagerHint);
-    m_widget.setWindowFlag(Qt::WindowDoesNotAcceptFocus, role == WidgetRole::Toolbar);
+    m_widget.setWindowFlag(Qt::WindowDoesNotAcceptFocus, role != WidgetRole::TextField);
     m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
     m_widget.setAttribute(Qt::WA_TranslucentBackground);
     // It is never the active window, and shows its tooltips all the same.
@@ -119,7 +119,7 @@ void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
 void X11WidgetWindow::makeKey()
 {
     // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
-    if (!m_visible || m_role == WidgetRole::Toolbar)
+    if (!m_visible || m_role != WidgetRole::TextField)
         return;
     m_desktop.typedKeys().keyboardComes(m_window);
     m_desktop.focus().give(m_window);

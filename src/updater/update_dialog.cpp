@@ -1,0 +1,88 @@
+#include "updater/update_dialog.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace zeigewerk {
+
+namespace {
+
+constexpr int kWidth = 400;
+constexpr int kMargin = 20;
+constexpr int kSpacing = 10;
+
+QLabel *makeLabel(QWidget &parent)
+{
+    auto *label = new QLabel(&parent);
+    // What a feed says is text.
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::NoTextInteraction);
+    return label;
+}
+
+QPushButton *makeButton(QWidget &parent)
+{
+    auto *button = new QPushButton(&parent);
+    // The keyboard stays with whoever has it.
+    button->setFocusPolicy(Qt::NoFocus);
+    return button;
+}
+
+} // namespace
+
+UpdateDialog::UpdateDialog()
+    : m_headline(makeLabel(*this))
+    , m_detail(makeLabel(*this))
+    , m_open(makeButton(*this))
+    , m_close(makeButton(*this))
+{
+    setWindowTitle(QStringLiteral("Zeigewerk"));
+    setAccessibleName(windowTitle());
+    QFont bold = m_headline->font();
+    bold.setBold(true);
+    m_headline->setFont(bold);
+    m_open->setText(QStringLiteral("Download-Seite öffnen"));
+    connect(m_open, &QPushButton::clicked, this, &UpdateDialog::openingRequested);
+    connect(m_close, &QPushButton::clicked, this, &UpdateDialog::closingRequested);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_close);
+    buttons->addWidget(m_open);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    column->setSpacing(kSpacing);
+    column->addWidget(m_headline);
+    column->addWidget(m_detail);
+    column->addSpacing(kSpacing);
+    column->addLayout(buttons);
+    setNews(Searching{});
+}
+
+void UpdateDialog::setNews(const UpdateNews &news)
+{
+    m_news = news;
+    m_headline->setText(headline(news));
+    m_detail->setText(detail(news));
+    m_detail->setVisible(!m_detail->text().isEmpty());
+    const auto *newer = std::get_if<NewVersion>(&news);
+    m_open->setVisible(newer && newer->page);
+    m_close->setText(closingTitle(news));
+    layout()->invalidate();
+    setFixedSize(kWidth, layout()->heightForWidth(kWidth));
+}
+
+void UpdateDialog::paintEvent(QPaintEvent *)
+{
+    // The desktop makes windows of ours translucent, so the ground is painted here.
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.setBrush(palette().color(QPalette::Window));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace zeigewerk

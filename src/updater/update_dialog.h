@@ -1,0 +1,40 @@
+#pragma once
+
+#include "updater/update_news.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+namespace zeigewerk {
+
+/// Tells of a search for updates, and asks what to do about it. It has no frame around it but its own, as no
+/// window manager gives it one, and does not close itself.
+class UpdateDialog : public QWidget
+{
+    Q_OBJECT
+
+public:
+    UpdateDialog();
+
+    /// Takes the size that the news need.
+    void setNews(const UpdateNews &news);
+    const UpdateNews &news() const { return m_news; }
+
+Q_SIGNALS:
+    void openingRequested();
+    void closingRequested();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    UpdateNews m_news;
+    QLabel *m_headline;
+    QLabel *m_detail;
+    QPushButton *m_open;
+    QPushButton *m_close;
+};
+
+} // namespace zeigewerk

@@ -21,7 +21,7 @@ BundleInfo BundleInfo::read(const QString &fileName)
         return {};
     const QSettings settings(fileName, QSettings::IniFormat);
     const QString key = QLatin1String(kFeedUrlKey);
-    if (settings.status() != QSettings::NoError || !settings.contains(key))
+    if (!settings.contains(key))
         return {};
     // An unquoted comma makes a list of a text.
     return {.feedUrl = settings.value(key).toStringList().join(u',')};

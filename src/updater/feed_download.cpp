@@ -22,10 +22,6 @@ FeedFailure failureOf(const QNetworkReply &reply)
         return FeedFailure::HostNotFound;
     case QNetworkReply::SslHandshakeFailedError:
         return FeedFailure::NotSecure;
-    case QNetworkReply::TooManyRedirectsError:
-    case QNetworkReply::InsecureRedirectError:
-    case QNetworkReply::ProtocolUnknownError:
-        return FeedFailure::BadRedirect;
     case QNetworkReply::ContentNotFoundError:
     case QNetworkReply::ContentGoneError:
         return FeedFailure::NotFound;
@@ -58,9 +54,13 @@ void FeedDownload::start(const QString &address)
     // What is asked of this machine does not leave it.
     if (isLoopback(*url))
         m_network.setProxy(QNetworkProxy::NoProxy);
-    m_reply.reset(m_network.get(requestFor(*url)));
+    ask(*url);
+}
+
+void FeedDownload::ask(const QUrl &url)
+{
+    m_reply.reset(m_network.get(requestFor(url)));
     m_reply->setReadBufferSize(kBuffer);
-    connect(m_reply.get(), &QNetworkReply::redirected, this, &FeedDownload::redirected);
     connect(m_reply.get(), &QIODevice::readyRead, this, &FeedDownload::dataCame);
     connect(m_reply.get(), &QNetworkReply::finished, this, &FeedDownload::replyFinished);
 }
@@ -72,9 +72,8 @@ QNetworkRequest FeedDownload::requestFor(const QUrl &url) const
     request.setHeader(QNetworkRequest::UserAgentHeader, m_userAgent);
     // Qt would tell the user's.
     request.setRawHeader("Accept-Language", "*");
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::UserVerifiedRedirectPolicy);
-    request.setMaximumRedirectsAllowed(kMostRedirects);
+    // Where it may go, and how often, is decided here.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
@@ -85,49 +84,53 @@ QNetworkRequest FeedDownload::requestFor(const QUrl &url) const
     return request;
 }
 
-void FeedDownload::redirected(const QUrl &url)
+void FeedDownload::redirect(const QUrl &url)
 {
-    if (mayLeadTo(m_reply->url(), url))
-        Q_EMIT m_reply->redirectAllowed();
-    else
-        fail(FeedFailure::BadRedirect);
+    if (++m_redirects > kMostRedirects || !mayLeadTo(m_reply->url(), url))
+        return finish(FeedFailure::BadRedirect);
+    m_bytes.clear();
+    dropReply();
+    ask(url);
 }
 
 void FeedDownload::dataCame()
 {
     m_bytes += m_reply->read(kLargestFeed + 1 - m_bytes.size());
     if (m_bytes.size() > kLargestFeed)
-        fail(FeedFailure::TooLarge);
+        finish(FeedFailure::TooLarge);
 }
 
 void FeedDownload::replyFinished()
 {
     if (m_reply->error() != QNetworkReply::NoError)
-        return fail(failureOf(*m_reply));
+        return finish(failureOf(*m_reply));
     dataCame();
     if (!m_reply)
         return; // it was too large
+    const QVariant target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute);
+    if (target.isValid())
+        return redirect(m_reply->url().resolved(target.toUrl()));
     const auto items = parseFeed(m_bytes);
     if (items)
         finish(newestItem(*items));
     else
-        fail(FeedFailure::NotReadable);
-}
-
-void FeedDownload::fail(FeedFailure failure)
-{
-    finish(failure);
+        finish(FeedFailure::NotReadable);
 }
 
 void FeedDownload::finish(const FeedAnswer &answer)
 {
-    if (m_reply) {
-        // It may be the one who calls, and hanging up would have it finish once more.
-        m_reply->disconnect(this);
-        m_reply->abort();
-        m_reply.release()->deleteLater();
-    }
+    dropReply();
     Q_EMIT finished(answer);
+}
+
+void FeedDownload::dropReply()
+{
+    if (!m_reply)
+        return;
+    // It may be the one who calls, and hanging up would have it finish once more.
+    m_reply->disconnect(this);
+    m_reply->abort();
+    m_reply.release()->deleteLater();
 }
 
 } // namespace zeigewerk

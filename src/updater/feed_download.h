@@ -35,17 +35,19 @@ Q_SIGNALS:
 
 private:
     QNetworkRequest requestFor(const QUrl &url) const;
-    void redirected(const QUrl &url);
+    void ask(const QUrl &url);
+    void redirect(const QUrl &url);
     void dataCame();
     void replyFinished();
-    void fail(FeedFailure failure);
     void finish(const FeedAnswer &answer);
+    void dropReply();
 
     QByteArray m_userAgent;
     QSslConfiguration m_security;
     QNetworkAccessManager m_network;
     /// Null before and after the transfer.
     std::unique_ptr<QNetworkReply> m_reply;
+    int m_redirects = 0;
     QByteArray m_bytes;
 };
 

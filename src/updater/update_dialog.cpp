@@ -37,8 +37,8 @@ QPushButton *makeButton(QWidget &parent)
 UpdateDialog::UpdateDialog()
     : m_headline(makeLabel(*this))
     , m_detail(makeLabel(*this))
-    , m_open(makeButton(*this))
     , m_close(makeButton(*this))
+    , m_open(makeButton(*this))
 {
     setWindowTitle(QStringLiteral("Zeigewerk"));
     setAccessibleName(windowTitle());

@@ -33,8 +33,8 @@ private:
     UpdateNews m_news;
     QLabel *m_headline;
     QLabel *m_detail;
-    QPushButton *m_open;
     QPushButton *m_close;
+    QPushButton *m_open;
 };
 
 } // namespace zeigewerk

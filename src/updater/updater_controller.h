@@ -49,6 +49,8 @@ public:
 
     /// Null while there is none on the screen.
     UpdateDialog *dialog() const { return m_dialog.get(); }
+    /// What shows the dialog.
+    const platform::WidgetWindow *window() const { return m_window.get(); }
 
 Q_SIGNALS:
     /// A search has ended, whether anybody is told of it or not.

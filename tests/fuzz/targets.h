@@ -16,6 +16,8 @@ using Bytes = std::span<const std::uint8_t>;
 void settings(Bytes input);
 /// The place of the toolbar, as it stands in the settings, and where the toolbar goes then.
 void toolbarFrame(Bytes input);
+/// An update feed, and what it makes the program tell.
+void feed(Bytes input);
 /// What the display server tells of monitors, and other programs of their panels.
 void screens(Bytes input);
 /// What a device tells of a scroll axis.
@@ -31,6 +33,7 @@ struct Target
 inline constexpr std::array kTargets = {
     Target{"settings", settings},
     Target{"toolbar_frame", toolbarFrame},
+    Target{"feed", feed},
     Target{"screens", screens},
     Target{"scrolling", scrolling},
 };

@@ -36,7 +36,8 @@ public:
     AppDelegate &app()
     {
         if (!m_app) {
-            m_app.emplace(desktop, defaults, [this] { return now; });
+            m_app.emplace(
+                desktop, defaults, [this] { return now; }, info);
             m_app->applicationDidFinishLaunching();
         }
         return *m_app;
@@ -109,6 +110,8 @@ public:
     QTemporaryDir home;
     platform::RecordingDesktop desktop;
     UserDefaults defaults{home.filePath(QStringLiteral("settings.ini"))};
+    /// Names no update feed.
+    BundleInfo info;
     TimePoint now = TimePoint(std::chrono::seconds(1'700'000'000));
 
 private:

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void clearingWipesTheCanvas();
     void aRefusedPinLeavesNoCheckMark();
     void clickingTellsTheTrayUntilTheCheckMarkIsRight();
+    void lookingForUpdatesTellsWhatComesOfIt();
     void quittingQuits();
     void ctrlQQuitsOnlyWhileTheMenuIsOpen();
     void theMenuOpensAtThePointer();
@@ -134,6 +135,23 @@ void StatusMenuClicksTest::clickingTellsTheTrayUntilTheCheckMarkIsRight()
     connect(&pin, &QAction::changed, this, [&] { told.append(pin.isChecked()); });
     pin.trigger();
     QCOMPARE(told, QList<bool>({true, false}));
+}
+
+void StatusMenuClicksTest::lookingForUpdatesTellsWhatComesOfIt()
+{
+    Controller controller;
+    controller.info.feedUrl = QStringLiteral("nonsense");
+    item(controller, kClearAll);
+    controller.desktop.takeLog();
+    item(controller, kUpdates).trigger();
+    QVERIFY(controller.desktop.takeLog().contains(QStringLiteral("dialog 0: order front")));
+
+    // Where there is no feed, nothing is there to be asked.
+    Controller without;
+    without.app();
+    without.desktop.takeLog();
+    without.app().checkForUpdates();
+    QCOMPARE(without.desktop.takeLog(), QStringList());
 }
 
 void StatusMenuClicksTest::quittingQuits()

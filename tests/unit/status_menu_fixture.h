@@ -20,6 +20,7 @@ inline const QString kShow = QStringLiteral("Werkzeugleiste einblenden  ⌃⌥T"
 inline const QStringList kHints = {QStringLiteral("Esc beendet Zeichnen/Spotlight"),
                                    QStringLiteral("⌥ + Scrollen: Spotlight-Größe"),
                                    QStringLiteral("⇧ beim Zeichnen: gerade Linie / Quadrat / Kreis")};
+inline const QString kUpdates = QStringLiteral("Nach Updates suchen …");
 inline const QString kQuit = QStringLiteral("Zeigewerk beenden");
 inline const QString kLine; // a separator
 

@@ -28,6 +28,8 @@ public:
 
 private Q_SLOTS:
     void bothMenusHaveTheItemsInTheirOrder();
+    void withAnUpdateFeedThereIsAnItemMore_data();
+    void withAnUpdateFeedThereIsAnItemMore();
     void checkMarksAreTheFlags_data();
     void checkMarksAreTheFlags();
     void settingsHaveTheirCheckMarksFromTheStart();
@@ -50,6 +52,40 @@ void StatusMenuTest::bothMenusHaveTheItemsInTheirOrder()
                                   kHints[0], kHints[1], kHints[2], kLine,     kQuit};
     QCOMPARE(titles(menuOf(controller).trayMenu()), expected);
     QCOMPARE(titles(menuOf(controller).popupMenu()), expected);
+}
+
+void StatusMenuTest::withAnUpdateFeedThereIsAnItemMore_data()
+{
+    QTest::addColumn<QString>("feedUrl");
+    // What it says does not matter; without any, the test before this one has the items.
+    for (const char *feedUrl : {"https://zeigewerk.example/appcast.xml", "nonsense", ""})
+        QTest::newRow(feedUrl) << QString::fromLatin1(feedUrl);
+}
+
+void StatusMenuTest::withAnUpdateFeedThereIsAnItemMore()
+{
+    QFETCH(QString, feedUrl);
+    Controller controller;
+    QVERIFY(!controller.app().hasUpdater());
+    QStringList expected = titles(menuOf(controller).trayMenu());
+    QCOMPARE(expected.size(), 17);
+    expected.insert(16, kUpdates);
+
+    Controller updatable;
+    updatable.info.feedUrl = feedUrl;
+    QVERIFY(updatable.app().hasUpdater());
+    for (QMenu *menu : {&menuOf(updatable).trayMenu(), &menuOf(updatable).popupMenu()}) {
+        QCOMPARE(titles(*menu), expected);
+        const QAction *action = menu->actions().at(16);
+        QVERIFY(action->isEnabled());
+        QVERIFY(!action->isCheckable());
+        QVERIFY(action->shortcut().isEmpty());
+    }
+    QCOMPARE(menuOf(updatable).trayMenu().actions().at(17)->shortcut(),
+             QKeySequence(QStringLiteral("Ctrl+Q")));
+    // The state goes on to be shown.
+    updatable.app().toggleSpot();
+    QVERIFY(item(updatable, kSpot).isChecked());
 }
 
 void StatusMenuTest::checkMarksAreTheFlags_data()

@@ -1,0 +1,22 @@
+// Update feeds as text.
+#pragma once
+
+#include <QByteArray>
+
+namespace zeigewerk::test {
+
+inline QByteArray feedOf(const QByteArray &items)
+{
+    return "<?xml version='1.0'?>\n"
+           "<rss version='2.0' xmlns:sparkle='http://www.andymatuschak.org/xml-namespaces/sparkle'>"
+           "<channel><title>Zeigewerk</title><link>https://zeigewerk.example/</link>" +
+           items + "</channel></rss>";
+}
+
+inline QByteArray itemOf(const QByteArray &version, const QByteArray &more = {})
+{
+    return "<item><title>Zeigewerk</title><link>https://zeigewerk.example/get</link><sparkle:version>" +
+           version + "</sparkle:version>" + more + "</item>";
+}
+
+} // namespace zeigewerk::test

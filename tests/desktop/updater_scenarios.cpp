@@ -1,0 +1,183 @@
+// The program as it is installed, with a feed to ask.
+
+#include "registered_test.h"
+#include "rig/web_server.h"
+#include "tray_presentation.h"
+
+using namespace zeigewerk::rig;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString kUpdates = "Nach Updates suchen …";
+const QString kClose = "Schließen";
+const QString kPlatforms = "wayland;xcb";
+const QString kOpen = "Download-Seite öffnen";
+
+QByteArray feedWith(const QByteArray &version)
+{
+    return "<rss xmlns:s='http://www.andymatuschak.org/xml-namespaces/sparkle'><channel><item><link>"
+           "http://localhost/new?a=1</link><s:version>" +
+           version + "</s:version></item></channel></rss>";
+}
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (!file.open(QFile::WriteOnly) || file.write(content) != content.size())
+        failRig(QStringLiteral("cannot write %1").arg(path));
+}
+
+/// The program's files where an installation has them, in a folder of its own.
+class Installation
+{
+public:
+    explicit Installation(const QString &feedUrl)
+    {
+        const QDir prefix(m_prefix.path());
+        for (const char *folder : {"bin", "libexec/zeigewerk", "share/zeigewerk", "user"})
+            prefix.mkpath(folder);
+        copy(ZEIGEWERK_BINARY, program());
+        copy(ZEIGEWERK_FEED_PROGRAM, prefix.filePath("libexec/zeigewerk/zeigewerk-feed"));
+        writeFile(prefix.filePath("share/zeigewerk/info.ini"), "SUFeedURL=\"" + feedUrl.toUtf8() + "\"\n");
+        // What the user opens pages with.
+        const QString opener = prefix.filePath("user/xdg-open");
+        writeFile(opener, "#!/bin/sh\n"
+                          "{ echo \"$1\"; grep SigBlk /proc/self/status; env; } >\"$0.part\"\n"
+                          "mv \"$0.part\" \"$0.told\"\n");
+        QFile::setPermissions(opener, QFile::ReadOwner | QFile::ExeOwner);
+        // Every program of the rig is this one from now on.
+        qputenv("ZEIGEWERK_BINARY", program().toLocal8Bit());
+    }
+    ~Installation() { qunsetenv("ZEIGEWERK_BINARY"); }
+
+    /// A desktop whose user has that.
+    DesktopSetup setup() const
+    {
+        DesktopSetup setup = withAccessibility({});
+        // As desktops set it; the program itself then takes another.
+        setup.environment.insert("QT_QPA_PLATFORM", kPlatforms);
+        setup.environment.insert("PATH", m_prefix.filePath("user") + ':' + qEnvironmentVariable("PATH"));
+        return setup;
+    }
+    QStringList openerReport() const
+    {
+        QFile report(m_prefix.filePath("user/xdg-open.told"));
+        return report.open(QFile::ReadOnly) ? QString::fromUtf8(report.readAll()).split('\n') : QStringList();
+    }
+
+private:
+    QString program() const { return m_prefix.filePath("bin/zeigewerk"); }
+    static void copy(const QString &from, const QString &to)
+    {
+        if (!QFile::copy(from, to))
+            failRig(QStringLiteral("cannot copy %1").arg(from));
+    }
+
+    QTemporaryDir m_prefix;
+};
+
+/// Somebody presents with that installation.
+class UpdatingPresentation : public TrayPresentation
+{
+public:
+    explicit UpdatingPresentation(const Installation &installation)
+        : TrayPresentation(installation.setup())
+        , reader(session, program)
+    {
+    }
+
+    bool hasButton(const QString &name) { return reader.find(name).has_value(); }
+    QPoint placeOf(const QString &name)
+    {
+        const auto button = reader.find(name);
+        return button ? button->extents.center() : QPoint(-1, -1);
+    }
+    /// The program's window at that place which is not as large as the screen.
+    std::optional<WindowInfo> smallWindowAt(QPoint place)
+    {
+        for (const WindowInfo &window : shownWindows()) {
+            if (window.geometry.contains(place) && window.geometry.width() < kSmallestScreenWidth)
+                return window;
+        }
+        return std::nullopt;
+    }
+
+    Accessibility reader;
+};
+
+} // namespace
+
+class UpdaterScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theMenuOffersToLookForUpdates();
+    void whatIsFoundIsToldAboveTheCanvas();
+    void aNewVersionIsToldByItselfAndItsPageOpens();
+};
+
+void UpdaterScenarios::theMenuOffersToLookForUpdates()
+{
+    WebServer server(feedWith("0.0.1"));
+    const Installation installation(server.address());
+    UpdatingPresentation on(installation);
+    QStringList labels;
+    for (const TrayMenuItem &entry : on.menu())
+        labels += entry.label;
+    QCOMPARE(labels.size(), 18);
+    QCOMPARE(labels.mid(14), QStringList({label::kHints[2], "", kUpdates, label::kQuit}));
+    // Nothing is told of nothing new.
+    EVENTUALLY_WITHIN(20s, server.requests() == 1);
+    QVERIFY(on.isUntouched(QRect(0, 0, 1700, 1080)));
+}
+
+void UpdaterScenarios::whatIsFoundIsToldAboveTheCanvas()
+{
+    WebServer server(feedWith("0.0.1"));
+    const Installation installation(server.address());
+    UpdatingPresentation on(installation);
+    on.hotKey(Key::W);
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(on.click(kUpdates));
+    EVENTUALLY(on.hasButton(kClose));
+    const std::optional<WindowInfo> dialog = on.smallWindowAt(on.placeOf(kClose));
+    QVERIFY(dialog);
+    for (const WindowInfo &overlay : on.overlays())
+        EVENTUALLY(on.session.client().isAbove(dialog->id, overlay.id));
+    EVENTUALLY(!on.isFilled(Qt::white, dialog->geometry));
+
+    // The keyboard is where it was, and so is drawing.
+    QVERIFY(on.hasKeyboard());
+    QVERIFY(on.session.client().inputFocus() != dialog->id);
+    QVERIFY(on.session.pointer().drag({{200, 200}, {300, 200}}));
+    EVENTUALLY(on.pixel({250, 200}) == kInk);
+
+    QVERIFY(on.session.pointer().clickAt(on.placeOf(kClose)));
+    EVENTUALLY(on.isFilled(Qt::white, dialog->geometry));
+    QCOMPARE(on.pixel({250, 200}), kInk);
+    on.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(on.beneath.hasFocus());
+}
+
+void UpdaterScenarios::aNewVersionIsToldByItselfAndItsPageOpens()
+{
+    WebServer server(feedWith("99.1"));
+    const Installation installation(server.address());
+    UpdatingPresentation on(installation);
+    EVENTUALLY_WITHIN(20s, on.hasButton(kOpen));
+    // Whoever presents goes on to do so.
+    QVERIFY(on.beneath.hasFocus());
+    QVERIFY(on.session.pointer().clickAt(on.placeOf(kOpen)));
+    EVENTUALLY(!installation.openerReport().isEmpty());
+    const QStringList report = installation.openerReport();
+    QCOMPARE(report.value(0), "http://localhost/new?a=1");
+    QCOMPARE(report.filter("SigBlk:").value(0).section('\t', 1), "0000000000000000");
+    QCOMPARE(report.filter("QT_QPA_PLATFORM="), QStringList{"QT_QPA_PLATFORM=" + kPlatforms});
+    EVENTUALLY(on.isUntouched(QRect(0, 0, 1700, 1080)));
+    QVERIFY(on.beneath.hasFocus());
+}
+
+REGISTER_GUILESS_TEST(UpdaterScenarios)
+#include "updater_scenarios.moc"

@@ -31,12 +31,6 @@ QProcessEnvironment environmentAtStart()
 
 // The modifiers run between fork and exec: system calls only.
 
-void keepOursFrom(QProcess &process)
-{
-    process.setProcessEnvironment(environmentAtStart());
-    process.setChildProcessModifier(&TerminationSignals::release);
-}
-
 void bindToUs(QProcess &process)
 {
     process.setProcessEnvironment(environmentAtStart());
@@ -46,6 +40,22 @@ void bindToUs(QProcess &process)
         if (getppid() != parent)
             _exit(1);
     });
+}
+
+bool startOnItsOwn(QProcess &process)
+{
+    process.setProcessEnvironment(environmentAtStart());
+    // What Qt itself starts detached, it starts without the modifier.
+    process.setChildProcessModifier([] {
+        TerminationSignals::release();
+        setsid();
+        // The child goes at once, and what it was to be is its own child, which nobody has to wait for.
+        const pid_t child = fork();
+        if (child != 0)
+            _exit(child > 0 ? 0 : 1);
+    });
+    process.start();
+    return process.waitForStarted() && process.waitForFinished() && process.exitCode() == 0;
 }
 
 } // namespace zeigewerk

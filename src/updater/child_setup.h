@@ -9,11 +9,13 @@ namespace zeigewerk {
 /// The environment that this program was started with, without what it has set for itself since.
 QProcessEnvironment environmentAtStart();
 
-/// Has the process, which is not started yet, begin as if whoever started this program had started it: with
-/// the same environment, and with SIGTERM, SIGINT and SIGHUP ending it.
-void keepOursFrom(QProcess &process);
+// Both have the process begin as if whoever started this program had started it: with the same environment,
+// and with SIGTERM, SIGINT and SIGHUP ending it.
 
-/// Has the process end with this one, however that ends; otherwise like `keepOursFrom`.
+/// For a process that is started later: it ends with this one, however that ends.
 void bindToUs(QProcess &process);
+
+/// Starts the process, which must not use pipes, and leaves it to itself. False if it cannot be started.
+bool startOnItsOwn(QProcess &process);
 
 } // namespace zeigewerk

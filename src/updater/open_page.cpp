@@ -9,14 +9,13 @@ namespace zeigewerk {
 bool openPage(const QUrl &page, const QString &opener)
 {
     QProcess process;
-    keepOursFrom(process);
     process.setProgram(opener);
     process.setArguments({page.toString(QUrl::FullyEncoded)});
     // What a browser has to say is not for whoever reads what we write.
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
-    return process.startDetached();
+    return startOnItsOwn(process);
 }
 
 } // namespace zeigewerk

@@ -40,9 +40,9 @@ public:
         copy(ZEIGEWERK_BINARY, program());
         copy(ZEIGEWERK_FEED_PROGRAM, prefix.filePath("libexec/zeigewerk/zeigewerk-feed"));
         writeFile(prefix.filePath("share/zeigewerk/info.ini"), "SUFeedURL=\"" + feedUrl.toUtf8() + "\"\n");
-        // What the user opens pages with.
+        // What the user opens pages with. Not any shell: some let all signals in when they start.
         const QString opener = prefix.filePath("user/xdg-open");
-        writeFile(opener, "#!/bin/sh\n"
+        writeFile(opener, "#!/usr/bin/env bash\n"
                           "{ echo \"$1\"; grep SigBlk /proc/self/status; env; } >\"$0.part\"\n"
                           "mv \"$0.part\" \"$0.told\"\n");
         QFile::setPermissions(opener, QFile::ReadOwner | QFile::ExeOwner);

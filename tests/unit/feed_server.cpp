@@ -129,6 +129,12 @@ void FeedServer::serveNothing(const QString &path)
     m_answers[path] = [](QTcpSocket &) {};
 }
 
+void FeedServer::answerWaiting(const QByteArray &body)
+{
+    for (QTcpSocket *socket : m_connections.keys())
+        socket->write(headOf("200 OK", body.size(), {}) + body);
+}
+
 void FeedServer::accept()
 {
     while (QTcpSocket *socket = m_server->nextPendingConnection()) {

@@ -45,8 +45,10 @@ public:
     void serveSlowly(const QString &path);
     /// Hangs up, after that much of an answer that promised more.
     void serveHangingUp(const QString &path, const QByteArray &begin);
-    /// Takes the request and never answers.
+    /// Takes the request, and answers it when it is told to.
     void serveNothing(const QString &path);
+    /// Answers whoever waits.
+    void answerWaiting(const QByteArray &body);
 
     /// What clients asked for, header and all, in the order in which they came.
     const QList<QByteArray> &requests() const { return m_requests; }

@@ -5,9 +5,10 @@
 
 namespace zeigewerk::test {
 
-inline QByteArray feedOf(const QByteArray &items)
+/// `documentType` comes before everything but the first line.
+inline QByteArray feedOf(const QByteArray &items, const QByteArray &documentType = {})
 {
-    return "<?xml version='1.0'?>\n"
+    return "<?xml version='1.0'?>\n" + documentType +
            "<rss version='2.0' xmlns:sparkle='http://www.andymatuschak.org/xml-namespaces/sparkle'>"
            "<channel><title>Zeigewerk</title><link>https://zeigewerk.example/</link>" +
            items + "</channel></rss>";

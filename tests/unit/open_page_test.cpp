@@ -8,6 +8,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/wait.h>
+
+#include <cerrno>
+
 using namespace zeigewerk;
 
 namespace {
@@ -23,8 +27,10 @@ public:
         QFile script(path());
         if (!script.open(QFile::WriteOnly))
             qFatal("no opener");
-        script.write("#!/bin/sh\n"
-                     "{ printf '%s\\n' \"$#\" \"$1\"; grep SigBlk /proc/self/status; env; } >\"$0.part\"\n"
+        // Not any shell: some let all signals in when they start.
+        script.write("#!/usr/bin/env bash\n"
+                     "{ printf '%s\\n' \"$#\" \"$1\"; grep SigBlk /proc/self/status; grep PPid "
+                     "/proc/$$/status; env; } >\"$0.part\"\n"
                      "mv \"$0.part\" \"$0.told\"\n");
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
@@ -65,6 +71,7 @@ private Q_SLOTS:
     void thePageIsHandedOver_data();
     void thePageIsHandedOver();
     void whatOpensItHasNothingOfOurs();
+    void whatOpensItIsOnItsOwn();
     void nothingToOpenItWithIsTold();
 };
 
@@ -106,6 +113,18 @@ void OpenPageTest::whatOpensItHasNothingOfOurs()
     QVERIFY(report.contains(QStringLiteral("PATH=") + qEnvironmentVariable("PATH")));
     QCOMPARE(blockedSignals(report), 0U);
     qunsetenv("XCOMPOSEFILE");
+}
+
+void OpenPageTest::whatOpensItIsOnItsOwn()
+{
+    const Opener opener;
+    QVERIFY(openPage(QUrl(QStringLiteral("https://zeigewerk.example/")), opener.path()));
+    const QStringList parent = opener.waitForReport().filter(QStringLiteral("PPid:"));
+    QCOMPARE(parent.size(), 1);
+    QVERIFY(parent.front().section(u'\t', 1).toLongLong() != QCoreApplication::applicationPid());
+    // And leaves no dead process for us to bury.
+    QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);
+    QCOMPARE(errno, ECHILD);
 }
 
 void OpenPageTest::nothingToOpenItWithIsTold()

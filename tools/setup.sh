@@ -70,7 +70,7 @@ name_missing_tools() {
     for tool in cmake ninja g++ pkg-config; do
         command -v "$tool" >/dev/null || missing+=("$tool")
     done
-    for module in Qt6Widgets Qt6Svg Qt6DBus x11 xcb xcb-shm xcb-xinput xcb-xfixes xcb-shape xcb-cursor xcb-xkb xcb-randr xcb-damage \
+    for module in Qt6Widgets Qt6Svg Qt6DBus Qt6Network x11 xcb xcb-shm xcb-xinput xcb-xfixes xcb-shape xcb-cursor xcb-xkb xcb-randr xcb-damage \
         xcb-xtest xcb-res xkbcommon xkbcommon-x11 benchmark; do
         pkg-config --exists "$module" 2>/dev/null || missing+=("$module (development files)")
     done

@@ -28,10 +28,15 @@ public:
         if (!script.open(QFile::WriteOnly))
             qFatal("no opener");
         // Not any shell: some let all signals in when they start.
-        script.write("#!/usr/bin/env bash\n"
-                     "{ printf '%s\\n' \"$#\" \"$1\"; grep SigBlk /proc/self/status; grep PPid "
-                     "/proc/$$/status; env; } >\"$0.part\"\n"
-                     "mv \"$0.part\" \"$0.told\"\n");
+        script.write(R"(#!/usr/bin/env bash
+{
+    printf '%s\n' "$#" "$1"
+    grep SigBlk /proc/self/status
+    grep PPid /proc/$$/status
+    env
+} >"$0.part"
+mv "$0.part" "$0.told"
+)");
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 

@@ -1,101 +1,13 @@
-// The controller with the process that reads feeds, and a server that has one.
+// What comes of a search, with a server that has a feed.
 
-#include "feed_server.h"
-#include "platform/recording/recording_desktop.h"
 #include "registered_test.h"
-#include "updater/update_dialog.h"
-#include "updater/updater_controller.h"
+#include "updater_fixture.h"
 
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
-
-#include <optional>
 
 using namespace zeigewerk;
 using namespace zeigewerk::test;
 using namespace std::chrono_literals;
-
-namespace {
-
-const QString kFeed = QStringLiteral("/feed");
-const QUrl kPage(QStringLiteral("https://zeigewerk.example/get"));
-
-/// Longer than any test; the first search then is the one that the test asks for.
-constexpr auto kNever = 1h;
-
-/// A controller of version 1.1, and what it does.
-class Updater
-{
-public:
-    explicit Updater(const QString &feedUrl, std::chrono::milliseconds firstCheckAfter = kNever)
-        : setup{.feedUrl = feedUrl,
-                .installed = QStringLiteral("1.1"),
-                .feedProgram = QStringLiteral(ZEIGEWERK_FEED_PROGRAM),
-                .timeLimit = 1min,
-                .firstCheckAfter = firstCheckAfter,
-                .open = [this](const QUrl &page) {
-                    opened += page;
-                    return canOpen;
-                }}
-    {
-    }
-
-    UpdaterController &controller()
-    {
-        if (!m_controller) {
-            m_controller.emplace(desktop, setup);
-            QObject::connect(&*m_controller, &UpdaterController::checked, &*m_controller,
-                             [this](const UpdateNews &told) { news += told; });
-        }
-        return *m_controller;
-    }
-
-    bool waitForNews(qsizetype count = 1)
-    {
-        controller();
-        return QTest::qWaitFor([&] { return news.size() >= count; }, 30'000);
-    }
-    bool isShown(const UpdateNews &told)
-    {
-        const UpdateDialog *dialog = controller().dialog();
-        return dialog && dialog->isVisible() && dialog->news() == told;
-    }
-    void click(const QString &title)
-    {
-        const auto buttons = controller().dialog()->findChildren<QPushButton *>();
-        for (QPushButton *button : buttons) {
-            if (button->isVisible() && button->text() == title)
-                return QTest::mouseClick(button, Qt::LeftButton);
-        }
-        qFatal("no button %s", qPrintable(title));
-    }
-
-    platform::RecordingDesktop desktop;
-    QList<QUrl> opened;
-    bool canOpen = true;
-    UpdaterController::Setup setup;
-    QList<UpdateNews> news;
-
-private:
-    std::optional<UpdaterController> m_controller;
-};
-
-NewVersion versionOf(const char *version)
-{
-    return {.version = QString::fromLatin1(version), .installed = QStringLiteral("1.1"), .page = kPage};
-}
-
-const UpdateNews kUpToDate = UpToDate{QStringLiteral("1.1")};
-
-/// A server that has that version.
-void offer(FeedServer &server, const QByteArray &version)
-{
-    server.serve(kFeed, feedOf(itemOf(version)));
-}
-
-} // namespace
 
 class UpdaterControllerTest : public QObject
 {
@@ -114,12 +26,7 @@ private Q_SLOTS:
     void aProgramThatIsMissingOrFailsIsTold();
     void askingWhileItSearchesIsTheSameSearch();
     void whoAsksFirstHasTheOnlySearch();
-    void anOpenDialogComesToTheFrontWithWhatIsNew();
     void whenItIsDoneNothingIsLeft();
-    void closingTheDialogEndsTheSearch();
-    void thePageOpensAndTheDialogCloses();
-    void aPageThatDoesNotOpenIsTold();
-    void theDialogIsInTheMiddleOfTheScreenWithThePointer();
     void endingTheControllerEndsTheSearch();
 };
 
@@ -278,25 +185,6 @@ void UpdaterControllerTest::whoAsksFirstHasTheOnlySearch()
     QCOMPARE(updater.news.size(), 1);
 }
 
-void UpdaterControllerTest::anOpenDialogComesToTheFrontWithWhatIsNew()
-{
-    FeedServer server;
-    offer(server, "1.2");
-    Updater updater(server.address(kFeed), 0ms);
-    QVERIFY(updater.waitForNews());
-    const UpdateDialog *dialog = updater.controller().dialog();
-    QVERIFY(updater.isShown(versionOf("1.2")));
-    offer(server, "1.3");
-    updater.desktop.takeLog();
-    updater.controller().checkForUpdates();
-    QVERIFY(updater.isShown(Searching{}));
-    QVERIFY(updater.waitForNews(2));
-    QVERIFY(updater.isShown(versionOf("1.3")));
-    QCOMPARE(updater.controller().dialog(), dialog);
-    const QString front = QStringLiteral("dialog 0: order front");
-    QCOMPARE(updater.desktop.takeLog(), QStringList({front, front}));
-}
-
 void UpdaterControllerTest::whenItIsDoneNothingIsLeft()
 {
     FeedServer server;
@@ -308,76 +196,6 @@ void UpdaterControllerTest::whenItIsDoneNothingIsLeft()
     QVERIFY(updater.controller().findChildren<QObject *>().isEmpty());
     QCOMPARE(updater.desktop.takeLog(), QStringList());
     QTRY_COMPARE(server.openConnections(), 0);
-}
-
-void UpdaterControllerTest::closingTheDialogEndsTheSearch()
-{
-    FeedServer server;
-    server.serveNothing(kFeed);
-    Updater updater(server.address(kFeed));
-    updater.controller().checkForUpdates();
-    QTRY_COMPARE(server.openConnections(), 1);
-    updater.click(QStringLiteral("Abbrechen"));
-    QTRY_VERIFY(!updater.controller().dialog());
-    QVERIFY(!updater.controller().isChecking());
-    QTRY_COMPARE(server.openConnections(), 0);
-    QVERIFY(updater.news.isEmpty());
-    // And another can begin.
-    offer(server, "1.2");
-    updater.controller().checkForUpdates();
-    QVERIFY(updater.waitForNews());
-    QVERIFY(updater.isShown(versionOf("1.2")));
-    updater.click(QStringLiteral("Später"));
-    QTRY_VERIFY(!updater.controller().dialog());
-    QVERIFY(updater.opened.isEmpty());
-}
-
-void UpdaterControllerTest::thePageOpensAndTheDialogCloses()
-{
-    FeedServer server;
-    offer(server, "1.2");
-    Updater updater(server.address(kFeed), 0ms);
-    QVERIFY(updater.waitForNews());
-    updater.click(QStringLiteral("Download-Seite öffnen"));
-    QTRY_VERIFY(!updater.controller().dialog());
-    QCOMPARE(updater.opened, QList<QUrl>{kPage});
-}
-
-void UpdaterControllerTest::aPageThatDoesNotOpenIsTold()
-{
-    FeedServer server;
-    offer(server, "1.2");
-    Updater updater(server.address(kFeed), 0ms);
-    updater.canOpen = false;
-    QVERIFY(updater.waitForNews());
-    updater.click(QStringLiteral("Download-Seite öffnen"));
-    QTRY_VERIFY(updater.isShown(PageNotOpened{kPage}));
-    updater.click(QStringLiteral("Schließen"));
-    QTRY_VERIFY(!updater.controller().dialog());
-}
-
-void UpdaterControllerTest::theDialogIsInTheMiddleOfTheScreenWithThePointer()
-{
-    using platform::Screen;
-    Updater updater(QStringLiteral("nonsense"));
-    updater.desktop.changeScreens(
-        {Screen{.name = QStringLiteral("A"), .nativeFrame = {0, 0, 1000, 800}, .scale = 1, .frame = {}},
-         Screen{.name = QStringLiteral("B"), .nativeFrame = {1000, 0, 800, 600}, .scale = 1, .frame = {}}});
-    updater.desktop.setMouseLocation({1200, 300});
-    updater.controller().checkForUpdates();
-    const UpdateDialog &dialog = *updater.controller().dialog();
-    const auto middle = [&] { return updater.controller().window()->frame().center().toPoint(); };
-    QVERIFY(dialog.isVisible());
-    QVERIFY((middle() - QPoint(1400, 500)).manhattanLength() <= 2);
-    // Its screen goes.
-    updater.desktop.changeScreens(
-        {Screen{.name = QStringLiteral("A"), .nativeFrame = {0, 0, 1000, 800}, .scale = 1, .frame = {}}});
-    QVERIFY((middle() - QPoint(500, 400)).manhattanLength() <= 2);
-    // All of them, and one comes back.
-    updater.desktop.changeScreens({});
-    updater.desktop.changeScreens(
-        {Screen{.name = QStringLiteral("A"), .nativeFrame = {0, 0, 600, 400}, .scale = 1, .frame = {}}});
-    QVERIFY((middle() - QPoint(300, 200)).manhattanLength() <= 2);
 }
 
 void UpdaterControllerTest::endingTheControllerEndsTheSearch()

@@ -22,8 +22,9 @@ public:
         // are not on it, nor of the keys and clicks that they get.
         if (!qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
             return {};
-        return QStringLiteral("in this Wayland session hot keys, click rings and what follows the pointer work "
-                              "over X11 programs only");
+        return QStringLiteral(
+            "in this Wayland session hot keys, click rings and what follows the pointer work "
+            "over X11 programs only");
     }
     QByteArray qtPlatform() const override { return QByteArrayLiteral("xcb"); }
     std::unique_ptr<Desktop> makeDesktop() override

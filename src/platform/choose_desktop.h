@@ -14,7 +14,8 @@ class DesktopConnection
 public:
     virtual ~DesktopConnection() = default;
 
-    /// Whether this is the only one of our programs on the desktop; from then on it is, until the connection ends.
+    /// Whether this is the only one of our programs on the desktop; from then on it is, until the connection
+    /// ends.
     virtual bool becomeOnlyInstance() = 0;
     /// What will not work here, in one line; empty if everything will.
     virtual QString limits() const = 0;

@@ -118,8 +118,8 @@ void DrawingScenarios::inkLandsUnderThePointerAtEveryScale()
         const QRect around(place - QPoint(30, 30), QSize(61, 61));
         if (!QRect(0, 0, 1920, 1080).contains(around))
             continue;
-        // The dot has the stroke's width, of which the outermost pixels may be covered in part; those have the
-        // ink's colour only where nothing mixes them.
+        // The dot has the stroke's width, of which the outermost pixels may be covered in part; those have
+        // the ink's colour only where nothing mixes them.
         const int partly = on.session.isComposited() ? 0 : 2;
         const QRect ink = on.session.screenshot().bounds(kInk, around, 2);
         const double diameter = 5 * scale.toDouble();

@@ -56,8 +56,8 @@ public:
         return std::all_of(besideToolbar.begin(), besideToolbar.end(),
                            [&](const QRect &part) { return screen.isFilled(color, part); });
     }
-    /// Whether the spotlight's dimming lies over that colour there, which looks the same a pixel below. Without
-    /// a compositor it is black in every second row.
+    /// Whether the spotlight's dimming lies over that colour there, which looks the same a pixel below.
+    /// Without a compositor it is black in every second row.
     bool isDimmed(QPoint place, const QColor &ground)
     {
         const Screenshot screen = session.screenshot();

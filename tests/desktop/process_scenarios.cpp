@@ -164,9 +164,10 @@ void ProcessScenarios::inAWaylandSessionItSaysWhatWillNotWork()
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
     EVENTUALLY(on.pixel({450, 300}) == kInk);
-    QCOMPARE(on.program.output(),
-             QByteArray("zeigewerk: in this Wayland session hot keys, click rings and what follows the pointer "
-                        "work over X11 programs only\n"));
+    QCOMPARE(
+        on.program.output(),
+        QByteArray("zeigewerk: in this Wayland session hot keys, click rings and what follows the pointer "
+                   "work over X11 programs only\n"));
     // It is no reason for a second start to speak.
     Program second(on.session, {{"WAYLAND_DISPLAY", "wayland-0"}});
     QCOMPARE(second.waitForExit(), std::optional(0));

@@ -66,7 +66,8 @@ int growthSeen(ClickRings &on, QPoint place)
         const RingLook look = lookOf(on, place);
         if (look.opacity < kFaint)
             continue;
-        if (!isARing(look, isComposited) || look.width < before.width || look.opacity > before.opacity + kRounding) {
+        if (!isARing(look, isComposited) || look.width < before.width ||
+            look.opacity > before.opacity + kRounding) {
             const QString what = QString("%1 wide at opacity %2").arg(look.width).arg(look.opacity);
             QTest::qFail(qPrintable(what), __FILE__, __LINE__);
             break;

@@ -31,11 +31,8 @@ struct Target
 };
 
 inline constexpr std::array kTargets = {
-    Target{"settings", settings},
-    Target{"toolbar_frame", toolbarFrame},
-    Target{"feed", feed},
-    Target{"screens", screens},
-    Target{"scrolling", scrolling},
+    Target{"settings", settings}, Target{"toolbar_frame", toolbarFrame}, Target{"feed", feed},
+    Target{"screens", screens},   Target{"scrolling", scrolling},
 };
 
 } // namespace zeigewerk::fuzz

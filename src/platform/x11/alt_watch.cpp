@@ -1,4 +1,5 @@
 #include "platform/x11/alt_watch.h"
+
 #include "platform/x11/modifiers.h"
 #include "platform/x11/xkb.h"
 

@@ -1,4 +1,5 @@
 #include "platform/x11/keymap.h"
+
 #include "platform/x11/modifiers.h"
 #include "platform/x11/xkb.h"
 

@@ -4,8 +4,8 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Tells of the end of the display in one line, whoever notices it first. Qt has a connection of its own, says
-/// in its own words what it can no longer do, and ends the program with exit code 1. One at a time.
+/// Tells of the end of the display in one line, whoever notices it first. Qt has a connection of its own,
+/// says in its own words what it can no longer do, and ends the program with exit code 1. One at a time.
 class LostDisplay
 {
 public:

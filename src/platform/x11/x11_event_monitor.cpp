@@ -43,8 +43,8 @@ void X11EventMonitor::selectRawEvents()
     std::uint32_t mask = 0;
     if (m_listening)
         mask |= XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
-    // The first finger presses the pointer's button for whoever does not ask for fingers, but there are no raw
-    // events about that.
+    // The first finger presses the pointer's button for whoever does not ask for fingers, but there are no
+    // raw events about that.
     if (m_listening.testFlag(Monitored::LeftPresses))
         mask |= XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_END;
     else

@@ -13,9 +13,9 @@ struct DesktopKind
     Compositor compositor = Compositor::Picom;
 };
 
-/// The desktop that ZEIGEWERK_TEST_DESKTOP names: "openbox+picom", which is meant if it is not set, "xfwm4" with
-/// the compositor of its own, "i3+picom", "picom" without a window manager, "openbox" without a compositor, or
-/// "none" of either. Throws RigError if it names another.
+/// The desktop that ZEIGEWERK_TEST_DESKTOP names: "openbox+picom", which is meant if it is not set, "xfwm4"
+/// with the compositor of its own, "i3+picom", "picom" without a window manager, "openbox" without a
+/// compositor, or "none" of either. Throws RigError if it names another.
 DesktopKind desktopOfRun();
 
 } // namespace zeigewerk::rig

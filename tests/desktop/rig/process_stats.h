@@ -20,7 +20,8 @@ struct Memory
     double resident = 0.0;
     /// What it has in common with others counts in part, by their number.
     double proportional = 0.0;
-    /// The same without the pages of files, which become more or less as other programs use the same libraries.
+    /// The same without the pages of files, which become more or less as other programs use the same
+    /// libraries.
     double proportionalWithoutFiles = 0.0;
     double privateOnly = 0.0;
     /// Shared anonymous memory, as frame buffers shared with the server are.

@@ -164,7 +164,8 @@ void VirtualDisplay::setKeyboardMap(const QString &layout)
         .arguments = {QStringLiteral("-display"), m_name, QStringLiteral("-layout"), layout},
         .environment = QProcessEnvironment::systemEnvironment(),
     });
-    if (!eventually([&] { return !command.isRunning(); }, kServerDeadline) || command.process().exitCode() != 0)
+    if (!eventually([&] { return !command.isRunning(); }, kServerDeadline) ||
+        command.process().exitCode() != 0)
         failRig(QStringLiteral("no keyboard map %1").arg(layout));
 }
 

@@ -53,8 +53,8 @@ public:
     bool hasFocus() { return m_client.inputFocus() == m_id; }
     /// Comes to the top of the ordinary windows; false if that does not happen within the deadline.
     bool raise();
-    /// Enters or leaves the window manager's full-screen state; false if it does not. Without a window manager
-    /// a window that covers the screen comes to the top.
+    /// Enters or leaves the window manager's full-screen state; false if it does not. Without a window
+    /// manager a window that covers the screen comes to the top.
     bool setFullScreen(bool on);
     /// Hides itself without being destroyed; true once it is unmapped.
     bool hide();

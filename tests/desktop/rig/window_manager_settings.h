@@ -16,8 +16,8 @@ void writeXfwm4Settings(const QDir &home);
 void writeOpenboxSettings(const QDir &home);
 
 /// Writes a configuration for i3, which opens a wizard without one, and returns its path. Windows float, as
-/// elsewhere: a tiling one would have the size that i3 wants. And the keyboard goes nowhere because the pointer
-/// came there, which would happen whenever a canvas goes from under it.
+/// elsewhere: a tiling one would have the size that i3 wants. And the keyboard goes nowhere because the
+/// pointer came there, which would happen whenever a canvas goes from under it.
 QString writeI3Settings(const QDir &home);
 
 } // namespace zeigewerk::rig

@@ -1,6 +1,7 @@
-// Plays the demonstration and keeps its pictures.
+// Plays the demonstration and keeps its pictures, which the documents show.
 
 #include "demonstration.h"
+#include "small_pictures.h"
 
 #include <QGuiApplication>
 
@@ -17,8 +18,9 @@ int main(int argc, char *argv[])
         std::fputs("usage: zeigewerk_demo FOLDER [1|2]\n", stderr);
         return 2;
     }
-    zeigewerk::rig::Demonstration demonstration(QDir(arguments[1]), scale);
-    if (demonstration.play())
+    using namespace zeigewerk::rig;
+    const QDir folder(arguments[1]);
+    if (Demonstration(folder, scale).play() && SmallPictures(folder, scale).make())
         return 0;
     std::fputs("The demonstration did not show what it should.\n", stderr);
     return 1;

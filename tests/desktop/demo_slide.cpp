@@ -66,7 +66,7 @@ QImage paintedSlide(QSize size, bool isPressed)
                               QStringLiteral("Ausblick: plus 12 %")};
     int baseline = 420;
     for (const QString &line : lines) {
-        write(painter, 36, {1110, baseline}, QStringLiteral("•  ") + line);
+        write(painter, 34, {1110, baseline}, QStringLiteral("•  ") + line);
         baseline += 90;
     }
     paintChart(painter);

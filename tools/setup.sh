@@ -25,6 +25,9 @@ desktop_packages=(
 # To look for input that does harm; only tests/fuzz/run needs them.
 fuzz_packages=(clang libclang-rt-14-dev)
 
+# To film a test; only tests/watch needs it.
+film_packages=(ffmpeg)
+
 say() { printf '%s\n' "$*"; }
 fail() { printf '%s\n' "$*" >&2; exit 1; }
 
@@ -88,6 +91,9 @@ name_missing_tools() {
     if [[ " $* " == *" clang "* ]]; then
         command -v clang++ >/dev/null || missing+=("clang++ with libFuzzer")
     fi
+    for tool in ffmpeg; do
+        [[ " $* " != *" $tool "* ]] || command -v "$tool" >/dev/null || missing+=("$tool")
+    done
     [ ${#missing[@]} -eq 0 ] || fail "This is not Debian, so please install these yourself: $(printf '\n  %s' "${missing[@]}")"
 }
 

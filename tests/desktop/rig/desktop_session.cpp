@@ -11,6 +11,8 @@
 #include <QFile>
 
 #include <csignal>
+#include <functional>
+#include <numeric>
 
 namespace zeigewerk::rig {
 
@@ -33,6 +35,11 @@ bool needsPicom(const DesktopSetup &setup)
 {
     return setup.compositor == Compositor::Picom ||
            (setup.compositor == Compositor::OfWindowManager && setup.windowManager != WindowManager::Xfwm4);
+}
+
+QRect boundsOf(const QList<QRect> &screens)
+{
+    return std::accumulate(screens.begin(), screens.end(), QRect(), std::bit_or());
 }
 
 void signalAll(const QList<qint64> &processes, int signal)
@@ -61,12 +68,14 @@ DesktopSession::DesktopSession(const DesktopSetup &setup)
     awaitManagers();
     if (setup.accessibility)
         startAccessibility();
+    m_recorder = Recorder::ofRun(m_display.name(), boundsOf(setup.screens));
     livingSessions().append(this);
 }
 
 DesktopSession::~DesktopSession()
 {
     livingSessions().removeOne(this);
+    m_recorder.reset();
     m_compositor.reset();
     m_windowManager.reset();
     m_bus.reset();

@@ -4,6 +4,7 @@
 #include "desktop_kind.h"
 #include "keyboard.h"
 #include "pointer.h"
+#include "recorder.h"
 #include "screenshot.h"
 #include "virtual_display.h"
 
@@ -110,6 +111,8 @@ private:
     std::unique_ptr<ChildProcess> m_bus;
     std::unique_ptr<ChildProcess> m_windowManager;
     std::unique_ptr<ChildProcess> m_compositor;
+    /// None unless the tests are to be watched.
+    std::unique_ptr<Recorder> m_recorder;
 };
 
 } // namespace zeigewerk::rig

@@ -1,6 +1,7 @@
 #include "eventually.h"
 
 #include "desktop_session.h"
+#include "running_test.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -11,17 +12,6 @@ namespace {
 
 /// Short beside the deadlines, long beside the cost of a question to the server.
 constexpr int kPollMilliseconds = 4;
-
-QString nameOfRunningTest()
-{
-    QString name = QCoreApplication::applicationName();
-    if (const char *function = QTest::currentTestFunction())
-        name += u'_' + QString::fromUtf8(function);
-    if (const char *row = QTest::currentDataTag())
-        name += u'_' + QString::fromUtf8(row);
-    static const QRegularExpression kUnfitForFiles(QStringLiteral("[^A-Za-z0-9_.-]+"));
-    return name.replace(kUnfitForFiles, QStringLiteral("-"));
-}
 
 } // namespace
 

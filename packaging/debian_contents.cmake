@@ -6,7 +6,8 @@ function(run)
 endfunction()
 
 # CPack's own stripping leaves these sections.
-run(strip --strip-unneeded --remove-section=.comment --remove-section=.note ${root}/bin/zeigewerk)
+run(strip --strip-unneeded --remove-section=.comment --remove-section=.note
+    ${root}/bin/zeigewerk ${root}/libexec/zeigewerk/zeigewerk-feed)
 
 # Not installed as a file, which would go where DESTDIR says.
 file(COPY ${CPACK_DEBIAN_DOCUMENTS}/copyright ${CPACK_DEBIAN_DOCUMENTS}/changelog

@@ -12,6 +12,7 @@ DESTDIR='' cmake --install "$build" --prefix "$prefix" >/dev/null
 # These files and no others.
 diff - <(cd "$prefix" && find . -type f -printf '%m %P\n' | LC_ALL=C sort -k 2) <<'END' || fail "Other files were installed."
 755 bin/zeigewerk
+755 libexec/zeigewerk/zeigewerk-feed
 644 share/applications/de.zeigewerk.Zeigewerk.desktop
 644 share/dbus-1/services/de.zeigewerk.Zeigewerk.service
 644 share/doc/zeigewerk/examples/zeigewerk-autostart.desktop

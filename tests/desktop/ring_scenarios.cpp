@@ -48,13 +48,16 @@ bool isARing(const RingLook &look, bool isComposited)
 }
 
 /// Looks at the ring until it has gone, and counts the moments at which it had grown. Each time it must be
-/// larger and fainter than before, and never one without the other.
+/// larger and fainter than before, and never one without the other. On a busy machine a look may fall between
+/// the parts of one step, but not several looks in turn.
 int growthSeen(ClickRings &on, QPoint place)
 {
     // Fainter than this, its edge is lost in the ground.
     constexpr double kFaint = 0.15;
     constexpr double kRounding = 0.02;
+    constexpr int kMostBetweenParts = 3;
     int moments = 0;
+    int strangeLooks = 0;
     RingLook before = {0, 1.0};
     const bool isComposited = on.session.isComposited();
     const QDeadlineTimer deadline(kDeadline);
@@ -68,10 +71,13 @@ int growthSeen(ClickRings &on, QPoint place)
             continue;
         if (!isARing(look, isComposited) || look.width < before.width ||
             look.opacity > before.opacity + kRounding) {
+            if (++strangeLooks < kMostBetweenParts)
+                continue;
             const QString what = QString("%1 wide at opacity %2").arg(look.width).arg(look.opacity);
             QTest::qFail(qPrintable(what), __FILE__, __LINE__);
             break;
         }
+        strangeLooks = 0;
         moments += look.width > before.width;
         before = look;
     }

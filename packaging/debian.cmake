@@ -31,13 +31,14 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme")
 # For smooth see-through ink one that mixes windows, of which most desktops have their own; for the tray a
 # session bus, and for its shortcuts a command that calls over it; for the signs in the menu, as ⌥, a font that has
-# them; for secure connections whom to trust; and what Qt looks for when it runs to show the pointers of the user's
-# theme.
+# them; for secure connections whom to trust, and what opens pages in the user's browser; and what Qt looks for when
+# it runs to show the pointers of the user's theme.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "picom | gnome-shell | kwin-x11 | xfwm4 | cinnamon | marco | mutter | compiz-core"
     "default-dbus-session-bus | dbus-session-bus"
     "libglib2.0-bin"
     "fonts-dejavu-core"
     "ca-certificates"
+    "xdg-utils"
     "libxcursor1")
 include(CPack)

@@ -28,6 +28,10 @@ fuzz_packages=(clang libclang-rt-14-dev)
 # To film a test; only tests/watch needs it.
 film_packages=(ffmpeg)
 
+# To look at the source without running it; only tools/check needs them.
+format_packages=(clang-format)
+tidy_packages=(clang-tidy)
+
 say() { printf '%s\n' "$*"; }
 fail() { printf '%s\n' "$*" >&2; exit 1; }
 
@@ -91,21 +95,30 @@ name_missing_tools() {
     if [[ " $* " == *" clang "* ]]; then
         command -v clang++ >/dev/null || missing+=("clang++ with libFuzzer")
     fi
-    for tool in ffmpeg; do
+    for tool in ffmpeg clang-format clang-tidy; do
         [[ " $* " != *" $tool "* ]] || command -v "$tool" >/dev/null || missing+=("$tool")
     done
     [ ${#missing[@]} -eq 0 ] || fail "This is not Debian, so please install these yourself: $(printf '\n  %s' "${missing[@]}")"
 }
 
-# build PRESET TARGET...: configures once, and builds; silent when there is nothing to do.
+# is_configured FOLDER: whether it is, and with what the environment asks for.
+is_configured() {
+    local option
+    [ -f "$1/build.ninja" ] || return 1
+    for option in ZEIGEWERK_WERROR ZEIGEWERK_BENCH; do
+        [ -z "${!option:-}" ] || grep -qx "$option:[A-Z]*=${!option}" "$1/CMakeCache.txt" || return 1
+    done
+}
+
+# build PRESET TARGET...: configures where that is needed, and builds; silent when there is nothing to do.
 build() {
     local preset=$1 folder=build/$1
     shift
     mkdir -p "$folder"
-    if [ ! -f "$folder/build.ninja" ]; then
+    if ! is_configured "$folder"; then
         say "Configuring $folder …"
         cmake --preset "$preset" \
-            -DZEIGEWERK_WERROR="${ZEIGEWERK_WERROR:-OFF}" \
+            ${ZEIGEWERK_WERROR:+-DZEIGEWERK_WERROR="$ZEIGEWERK_WERROR"} \
             ${ZEIGEWERK_BENCH:+-DZEIGEWERK_BENCH="$ZEIGEWERK_BENCH"} >"$folder/configure.log" 2>&1 ||
             { tail -n 30 "$folder/configure.log" >&2; fail "Configuring failed; see $folder/configure.log"; }
     fi

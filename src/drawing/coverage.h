@@ -6,6 +6,7 @@
 #include <QRect>
 
 #include <array>
+#include <cstddef>
 
 namespace zeigewerk {
 
@@ -36,7 +37,7 @@ private:
     };
 
     /// How far each pixel of a row is covered, from 0 to 1.
-    float *row(int y) { return m_values + (y - m_rect.top()) * m_stride; }
+    float *row(int y) { return m_values + std::ptrdiff_t{y - m_rect.top()} * m_stride; }
     void blendRow(int y, Span span, Premultiplied color);
 
     platform::PaintTarget &m_target;

@@ -37,7 +37,7 @@ QPainter &PaintTarget::painter()
         m_painting.emplace();
         m_painting->image =
             QImage(reinterpret_cast<uchar *>(m_pixels.data()), m_rect.width(), m_rect.height(),
-                   m_rect.width() * kBytesPerPixel, QImage::Format_ARGB32_Premultiplied);
+                   qsizetype{m_rect.width()} * kBytesPerPixel, QImage::Format_ARGB32_Premultiplied);
         m_painting->painter.begin(&m_painting->image);
         m_painting->painter.setTransform(m_geometry.painterTransform() *
                                          QTransform::fromTranslate(-m_rect.x(), -m_rect.y()));

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QRect>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -38,7 +39,7 @@ public:
     /// The part in view coordinates (points, y up).
     QRectF area() const { return m_geometry.toView(m_rect); }
     /// The part's pixels in one of the surface's rows, which must be one of the part's.
-    std::uint32_t *row(int y) { return m_pixels.data() + (y - m_rect.top()) * m_rect.width(); }
+    std::uint32_t *row(int y) { return m_pixels.data() + std::ptrdiff_t{y - m_rect.top()} * m_rect.width(); }
     /// Sets every pixel.
     void fill(std::uint32_t premultiplied);
     /// Working memory: as many zeros as the part has pixels, and `kMargin` more for each row. Whoever writes

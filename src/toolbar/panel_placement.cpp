@@ -41,9 +41,9 @@ void PanelPlacement::placeSaved(QPointF origin, const QString &screenName)
 
 std::optional<platform::Screen> PanelPlacement::homeScreen()
 {
-    if (const auto screen = screenNamed(m_homeScreen))
+    if (auto screen = screenNamed(m_homeScreen))
         return screen;
-    const auto screen = m_desktop.mainScreen();
+    auto screen = m_desktop.mainScreen();
     // While its screen is away, another one is no new home.
     if (screen && m_homeScreen.isEmpty())
         m_homeScreen = screen->name;

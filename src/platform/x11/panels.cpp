@@ -18,6 +18,7 @@ std::vector<Strut> strutsOfPanels(Connection &connection, const QSize &desktop)
         NumbersRequest(connection, connection.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW).take();
     // All questions first, then all answers: one round trip for the lot.
     std::vector<std::pair<NumbersRequest, NumbersRequest>> requests;
+    requests.reserve(clients.size());
     for (const xcb_window_t client : clients)
         requests.emplace_back(NumbersRequest(connection, client, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL),
                               NumbersRequest(connection, client, "_NET_WM_STRUT", XCB_ATOM_CARDINAL));

@@ -26,8 +26,8 @@ public:
     /// right already is not touched: the tray is told only what changed.
     void rebuild();
     /// Does what a click on the entry of that name does: "draw", "spotlight", "whiteboard", "clicks", "pin",
-    /// "cursor-ring", "auto-fade", "dark-toolbar", "clear", "toolbar", "check-for-updates" or "quit". False if
-    /// there is none.
+    /// "cursor-ring", "auto-fade", "dark-toolbar", "clear", "toolbar", "check-for-updates" or "quit". False
+    /// if there is none.
     bool trigger(const QString &name);
     /// Opens our own menu at that place in Qt's coordinates, moved as far as the screen demands. It takes the
     /// keyboard for as long as it is open, without moving the focus.

@@ -8,6 +8,7 @@
 #include <xcb/xinput.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -150,8 +151,10 @@ private:
         const int top = std::max(std::min(from.y, to.y) - kReach, 0);
         const int right = std::min(std::max(from.x, to.x) + kReach, int{width()});
         const int bottom = std::min(std::max(from.y, to.y) + kReach, int{height()});
-        for (int y = top; y < bottom; ++y)
-            std::fill(m_pixels + y * width() + left, m_pixels + y * width() + right, kInk);
+        for (int y = top; y < bottom; ++y) {
+            std::uint32_t *row = m_pixels + std::ptrdiff_t{y} * width();
+            std::fill(row + left, row + right, kInk);
+        }
         xcb_shm_put_image(m_xcb, m_window, m_context, width(), height(), static_cast<std::uint16_t>(left),
                           static_cast<std::uint16_t>(top), static_cast<std::uint16_t>(right - left),
                           static_cast<std::uint16_t>(bottom - top), static_cast<std::int16_t>(left),

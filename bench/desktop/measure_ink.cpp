@@ -36,7 +36,7 @@ std::vector<double> latency(rig::DesktopSession &session, qint64 programId)
     hand.moveTo(kLevelStart);
     hand.press();
     awaitRest(session, programId);
-    const std::vector<double> times = motionToPixel(session, level(kLevelStart), kLatencySamples);
+    std::vector<double> times = motionToPixel(session, level(kLevelStart), kLatencySamples);
     hand.release();
     return times;
 }

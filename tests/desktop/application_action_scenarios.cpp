@@ -66,10 +66,10 @@ void ApplicationActionScenarios::anActionIsAClickOnItsEntry()
         {"clicks", {kClicks, kDark}}, {"cursor-ring", {kRing, kDark}}, {"auto-fade", {kFade, kDark}},
         {"dark-toolbar", {}}};
     Remote on;
-    for (const auto &[action, checked] : marks) {
-        QVERIFY2(on.activate(action), qPrintable(action));
-        EVENTUALLY(on.checked() == checked);
-        QVERIFY2(on.activate(action), qPrintable(action));
+    for (const auto &mark : marks) {
+        QVERIFY2(on.activate(mark.first), qPrintable(mark.first));
+        EVENTUALLY(on.checked() == mark.second);
+        QVERIFY2(on.activate(mark.first), qPrintable(mark.first));
         EVENTUALLY(on.checked() == QStringList{kDark});
     }
 }

@@ -65,9 +65,9 @@ void TrayMenuScenarios::checkMarksFollowTheHotKeys()
         {Key::P, {kDark}},
         {Key::W, {kBoard, kDark}},
     };
-    for (const auto &[key, expected] : steps) {
-        on.hotKey(key);
-        EVENTUALLY(on.checked() == expected);
+    for (const auto &step : steps) {
+        on.hotKey(step.first);
+        EVENTUALLY(on.checked() == step.second);
     }
     on.session.keyboard().tap(Key::Escape);
     EVENTUALLY(on.checked() == QStringList{kDark});
@@ -198,7 +198,7 @@ void TrayMenuScenarios::manyChangesCostNothing()
     const qint64 before = on.program.residentBytes();
     QVERIFY(toggle(40));
     // Far less than 40 menus; the allocator may take a page or two at any time.
-    QVERIFY(on.program.residentBytes() - before < 256 * 1024);
+    QVERIFY(on.program.residentBytes() - before < qint64{256} * 1024);
     QCOMPARE(on.panel.host.layoutUpdates(), 0);
     QVERIFY(!on.isChecked(label::kClicks));
 }

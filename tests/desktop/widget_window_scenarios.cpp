@@ -132,9 +132,9 @@ void WidgetWindowScenarios::aMaskOfTheWidgetAndTheOrnamentGoTogether()
     // Without a mask the ornament is black, which is why there are masks.
     const QList<std::pair<QString, QColor>> steps = {
         {"unmask", Qt::black}, {"mask", Qt::blue}, {"unmask", Qt::black}};
-    for (const auto &[step, colorOutside] : steps) {
-        seam.tell(step);
-        EVENTUALLY(session.screenshot().pixel(outside) == colorOutside && seam.red() == native);
+    for (const auto &step : steps) {
+        seam.tell(step.first);
+        EVENTUALLY(session.screenshot().pixel(outside) == step.second && seam.red() == native);
         beneath.forget();
         QVERIFY(session.pointer().clickAt(native.center()));
         QVERIFY(session.pointer().clickAt(outside));

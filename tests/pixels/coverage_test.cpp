@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -32,7 +33,8 @@ std::vector<int> coverageOf(const std::vector<Line> &lines, double halfWidth,
 
 int at(const std::vector<int> &values, int x, int y)
 {
-    return values[static_cast<std::size_t>(y * kSurface.width() + x)];
+    const int index = y * kSurface.width() + x;
+    return values[static_cast<std::size_t>(index)];
 }
 
 double distance(QPointF point, const Line &line)
@@ -140,9 +142,8 @@ void CoverageTest::theOrderOfLinesDoesNotMatter()
 {
     std::mt19937 engine(std::random_device{}());
     for (int i = 0; i < 50; ++i) {
-        std::vector<Line> lines;
-        for (int n = 0; n < 8; ++n)
-            lines.push_back(randomLine(engine));
+        std::vector<Line> lines(8);
+        std::generate(lines.begin(), lines.end(), [&] { return randomLine(engine); });
         const std::vector<int> values = coverageOf(lines, 4.0);
         std::shuffle(lines.begin(), lines.end(), engine);
         lines.push_back(lines.front());

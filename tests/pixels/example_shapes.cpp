@@ -4,15 +4,10 @@
 
 namespace zeigewerk::test {
 
-Shape freehand(Tool tool, Points points, double width)
+Shape freehand(Tool tool, const Points &points, double width)
 {
-    return {.tool = tool,
-            .points = std::move(points),
-            .start = {},
-            .end = {},
-            .color = kOrange,
-            .width = width,
-            .text = {}};
+    return {
+        .tool = tool, .points = points, .start = {}, .end = {}, .color = kOrange, .width = width, .text = {}};
 }
 
 Shape spanning(Tool tool, QPointF start, QPointF end, double width)

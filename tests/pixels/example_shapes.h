@@ -16,7 +16,7 @@ inline constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 using Points = std::vector<QPointF>;
 
 // Shapes in the colour of `kInk`.
-Shape freehand(Tool tool, Points points, double width = 5.0);
+Shape freehand(Tool tool, const Points &points, double width = 5.0);
 Shape spanning(Tool tool, QPointF start, QPointF end, double width = 5.0);
 Shape writing(const QString &text, QPointF start, double width = 5.0);
 /// A line nine points wide.

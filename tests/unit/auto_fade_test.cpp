@@ -213,8 +213,9 @@ void AutoFadeTest::shapesOnHoldAreNotRepainted()
     Controller controller;
     controller.startWithFading();
     for (int i = 0; i < 1000; ++i) {
+        const int row = i / 40;
         const double x = 20.0 * (i % 40);
-        const double y = 20.0 * (i / 40);
+        const double y = 20.0 * row;
         controller.draw(controller.view(), {x, y}, {x + 10, y + 5});
     }
     QVERIFY(controller.surface().display());

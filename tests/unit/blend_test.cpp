@@ -62,8 +62,8 @@ void BlendTest::blendingIsRoundedToTheNearest()
             const Premultiplied result = blended(pixel, kColor, coverage);
             const double alpha = 0x66 / 255.0 * coverage / 255.0;
             for (const int shift : {0, 8, 16}) {
-                const double exact =
-                    component(kColor, shift) * coverage / 255.0 + component(pixel, shift) * (1.0 - alpha);
+                const double coat = component(kColor, shift) * static_cast<double>(coverage) / 255.0;
+                const double exact = coat + component(pixel, shift) * (1.0 - alpha);
                 // Coat and ground are rounded each, and the ground's share follows the coat's rounded alpha.
                 QVERIFY(std::abs(component(result, shift) - exact) <= 1.5);
             }

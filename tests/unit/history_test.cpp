@@ -81,7 +81,7 @@ void HistoryTest::aTakenBackShapeIsRepaintedAndNothingElse()
     QVERIFY(controller.surface().display());
     QCOMPARE(controller.surface().image(), before);
     // The stroke is 200 points long and 5 wide, with its caps and a pixel around it.
-    QVERIFY(controller.surface().paintedPixels() - painted <= 210 * 10);
+    QVERIFY(controller.surface().paintedPixels() - painted <= qint64{210} * 10);
 }
 
 void HistoryTest::shapesThatFadedAwayAreNotCounted()

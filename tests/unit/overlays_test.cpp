@@ -114,7 +114,7 @@ void OverlaysTest::aPenSamplePaintsItsSurroundingsOnly()
     controller.view().mouseDragged({{3010, 1000}, {}});
     QVERIFY(controller.surface().display());
     // Ten points of way and a stroke five wide, with the pixel that antialiasing may touch on either side.
-    QVERIFY(controller.surface().paintedPixels() - before <= 21 * 11);
+    QVERIFY(controller.surface().paintedPixels() - before <= qint64{21} * 11);
     QCOMPARE(controller.view().fullRepaints(FullRepaint::Spotlight), 0);
     QCOMPARE(controller.view().fullRepaints(FullRepaint::Whiteboard), 0);
 }
@@ -132,7 +132,7 @@ void OverlaysTest::aSpotlightStepPaintsItsCirclesOnly()
     controller.app().followPointer();
     QVERIFY(controller.surface().display());
     QCOMPARE(controller.view().fullRepaints(FullRepaint::Spotlight), 1);
-    QVERIFY(controller.surface().paintedPixels() - before <= 194 * 184);
+    QVERIFY(controller.surface().paintedPixels() - before <= qint64{194} * 184);
 
     const qint64 afterStep = controller.surface().paintedPixels();
     controller.app().followPointer();

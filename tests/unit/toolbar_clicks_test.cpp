@@ -41,7 +41,7 @@ void ToolbarClicksTest::eachButtonDoesWhatItSays_data()
 {
     using Check = std::function<bool(const AppDelegate &)>;
     QTest::addColumn<Check>("hasHappened");
-    const auto row = [](const char *name, Check check) { QTest::newRow(name) << std::move(check); };
+    const auto row = [](const char *name, const Check &check) { QTest::newRow(name) << check; };
     row("Zeichnen ein/aus (⌃⌥D)", [](const AppDelegate &app) { return app.drawOn(); });
     row("Whiteboard (⌃⌥W)", [](const AppDelegate &app) { return app.whiteboardOn(); });
     row("Spotlight (⌃⌥S) — Größe ändern: ⌥ + Scrollen",

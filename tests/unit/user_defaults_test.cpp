@@ -57,9 +57,9 @@ void UserDefaultsTest::settingsAreReadAtStart_data()
     QTest::addColumn<double>("spotRadius");
 
     const double infinity = std::numeric_limits<double>::infinity();
-    const auto row = [](const char *name, const char *settings, bool autoFadeOn, bool darkUI,
+    const auto row = [](const char *name, const QByteArray &settings, bool autoFadeOn, bool darkUI,
                         double spotRadius) {
-        QTest::newRow(name) << QByteArray(settings) << autoFadeOn << darkUI << spotRadius;
+        QTest::newRow(name) << settings << autoFadeOn << darkUI << spotRadius;
     };
     row("first launch", "", false, true, 90.0);
     row("auto-fade on", "ZeigewerkAutoFade=true\n", true, true, 90.0);
@@ -77,7 +77,7 @@ void UserDefaultsTest::settingsAreReadAtStart_data()
     row("infinite radius", "ZeigewerkSpotRadius=inf\n", false, true, infinity);
     row("tiny radius", "ZeigewerkSpotRadius=1e-300\n", false, true, 1e-300);
     row("infinite below 0", "ZeigewerkSpotRadius=-inf\n", false, true, 90.0);
-    row("no settings at all", "\x01\xff[[[=\n\0", false, true, 90.0);
+    row("no settings at all", QByteArrayLiteral("\x01\xff[[[=\n\0"), false, true, 90.0);
 }
 
 void UserDefaultsTest::settingsAreReadAtStart()

@@ -30,7 +30,7 @@ public:
     template <typename List>
     const auto &of(const List &list)
     {
-        return list[static_cast<std::size_t>(below(static_cast<int>(std::size(list))))];
+        return *std::next(std::begin(list), below(static_cast<int>(std::size(list))));
     }
 
 private:

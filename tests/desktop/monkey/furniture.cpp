@@ -125,7 +125,7 @@ QString Furniture::clickMenu(Chance &chance, const TrayItem &item)
     const QList<TrayMenuItem> menu = m_panel.host.menu(item);
     if (menu.isEmpty())
         return QStringLiteral("nothing, as the menu is empty");
-    const TrayMenuItem entry = menu.at(chance.below(static_cast<int>(menu.size())));
+    const TrayMenuItem &entry = menu.at(chance.below(static_cast<int>(menu.size())));
     // Not that often: each end costs a start.
     if (entry.label == label::kQuit && !chance.oneIn(4))
         return QStringLiteral("thinks better of quitting");

@@ -89,7 +89,7 @@ QString wheel(Playground &on, Chance &chance)
 QString wheelWithAlt(Playground &on, Chance &chance)
 {
     on.paw.press(Key::Alt);
-    const QString what = wheel(on, chance);
+    QString what = wheel(on, chance);
     on.paw.release(Key::Alt);
     return what;
 }

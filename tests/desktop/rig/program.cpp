@@ -27,7 +27,7 @@ ChildProcess::Command commandOf(const DesktopSession &session, const QMap<QStrin
 
 QString Program::binary()
 {
-    const QString binary = qEnvironmentVariable("ZEIGEWERK_BINARY", QStringLiteral(ZEIGEWERK_BINARY));
+    QString binary = qEnvironmentVariable("ZEIGEWERK_BINARY", QStringLiteral(ZEIGEWERK_BINARY));
     if (!QFileInfo(binary).isExecutable())
         failRig(QStringLiteral("no program to test at \"%1\"; set ZEIGEWERK_BINARY").arg(binary));
     return binary;

@@ -18,7 +18,7 @@ constexpr std::chrono::seconds kEndDeadline{20};
 QString unusedPath(const QDir &folder)
 {
     for (int number = 1;; ++number) {
-        const QString path = folder.filePath(QString("%1_%2.mkv").arg(nameOfRunningTest()).arg(number));
+        QString path = folder.filePath(QString("%1_%2.mkv").arg(nameOfRunningTest()).arg(number));
         if (!QFileInfo::exists(path))
             return path;
     }

@@ -28,7 +28,7 @@ QList<QSize> readSizes(const QDBusArgument &argument)
         argument.beginStructure();
         argument >> width >> height >> pixels;
         argument.endStructure();
-        if (pixels.size() == 4 * width * height)
+        if (pixels.size() == qsizetype{4} * width * height)
             sizes.append({width, height});
     }
     argument.endArray();

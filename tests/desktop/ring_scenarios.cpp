@@ -69,8 +69,9 @@ int growthSeen(ClickRings &on, QPoint place)
         const RingLook look = lookOf(on, place);
         if (look.opacity < kFaint)
             continue;
-        if (!isARing(look, isComposited) || look.width < before.width ||
-            look.opacity > before.opacity + kRounding) {
+        // Without a compositor the colour is made of what little is left of it, and rounded more than that.
+        const bool isFainter = !isComposited || look.opacity <= before.opacity + kRounding;
+        if (!isARing(look, isComposited) || look.width < before.width || !isFainter) {
             if (++strangeLooks < kMostBetweenParts)
                 continue;
             const QString what = QString("%1 wide at opacity %2").arg(look.width).arg(look.opacity);

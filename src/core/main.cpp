@@ -40,7 +40,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationDisplayName(QStringLiteral("Zeigewerk"));
     // Where the desktop finds the program's name and icon; a window icon would go to the display with each of
     // our windows, none of which a task bar shows.
-    QApplication::setDesktopFileName(QStringLiteral("de.zeigewerk.Zeigewerk"));
+    QApplication::setDesktopFileName(QString::fromLatin1(kApplicationId));
     QApplication::setQuitOnLastWindowClosed(false);
     KeyNames keyNames;
     QApplication::installTranslator(&keyNames);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr char kFeedUrlKey[] = "SUFeedURL";
 /// In bytes; a larger one is something else.
-constexpr qint64 kLargestFile = 64 * 1024;
+constexpr qint64 kLargestFile = qint64{64} * 1024;
 
 } // namespace
 

@@ -194,7 +194,7 @@ std::optional<FeedItem> newestItem(const std::vector<FeedItem> &items)
 {
     const auto newest =
         std::max_element(items.begin(), items.end(), [](const FeedItem &one, const FeedItem &other) {
-            return compareVersions(one.version, other.version) < 0;
+            return std::is_lt(compareVersions(one.version, other.version));
         });
     return newest == items.end() ? std::nullopt : std::optional(*newest);
 }

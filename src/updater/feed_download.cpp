@@ -12,7 +12,7 @@ namespace zeigewerk {
 namespace {
 
 /// In bytes: no more than that is unpacked before it is counted.
-constexpr qint64 kBuffer = 64 * 1024;
+constexpr qint64 kBuffer = qint64{64} * 1024;
 
 FeedFailure failureOf(const QNetworkReply &reply)
 {

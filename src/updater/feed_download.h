@@ -18,7 +18,7 @@ class FeedDownload : public QObject
 
 public:
     /// In bytes, after unpacking; feeds have some ten thousand.
-    static constexpr qint64 kLargestFeed = 1024 * 1024;
+    static constexpr qint64 kLargestFeed = qint64{1024} * 1024;
     static constexpr int kMostRedirects = 5;
 
     /// `security` says, above all, whose certificates are believed.

@@ -68,7 +68,7 @@ UpdateNews newsOf(const FeedAnswer &answer, const QString &installed)
     if (const auto *failure = std::get_if<FeedFailure>(&answer))
         return *failure;
     const auto &newest = std::get<std::optional<FeedItem>>(answer);
-    if (!newest || compareVersions(newest->version, installed) <= 0)
+    if (!newest || std::is_lteq(compareVersions(newest->version, installed)))
         return UpToDate{installed};
     return NewVersion{.version = legible(newest->shownVersion),
                       .installed = installed,

@@ -69,7 +69,7 @@ std::weak_ordering compareVersions(QStringView one, QStringView other)
             order = compareNumbers(left.text, right.text);
         else if (left.kind == PartKind::Text)
             order = left.text.compare(right.text) <=> 0;
-        if (order != 0)
+        if (std::is_neq(order))
             return order;
     }
 }

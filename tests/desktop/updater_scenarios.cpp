@@ -12,7 +12,7 @@ namespace {
 const QString kUpdates = "Nach Updates suchen …";
 const QString kClose = "Schließen";
 const QString kPlatforms = "wayland;xcb";
-const QString kOpen = "Download-Seite öffnen";
+const QString kOpenPage = "Download-Seite öffnen";
 
 QByteArray feedWith(const QByteArray &version)
 {
@@ -166,10 +166,10 @@ void UpdaterScenarios::aNewVersionIsToldByItselfAndItsPageOpens()
     WebServer server(feedWith("99.1"));
     const Installation installation(server.address());
     UpdatingPresentation on(installation);
-    EVENTUALLY_WITHIN(20s, on.hasButton(kOpen));
+    EVENTUALLY_WITHIN(20s, on.hasButton(kOpenPage));
     // Whoever presents goes on to do so.
     QVERIFY(on.beneath.hasFocus());
-    QVERIFY(on.session.pointer().clickAt(on.placeOf(kOpen)));
+    QVERIFY(on.session.pointer().clickAt(on.placeOf(kOpenPage)));
     EVENTUALLY(!installation.openerReport().isEmpty());
     const QStringList report = installation.openerReport();
     QCOMPARE(report.value(0), "http://localhost/new?a=1");

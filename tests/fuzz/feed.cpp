@@ -23,10 +23,10 @@ bool isOrder(const std::vector<FeedItem> &items)
     const std::size_t count = std::min(items.size(), kVersionsCompared);
     for (std::size_t i = 0; i < count; ++i) {
         for (std::size_t j = 0; j < count; ++j) {
-            if ((compare(i, j) < 0) != (compare(j, i) > 0))
+            if (std::is_lt(compare(i, j)) != std::is_gt(compare(j, i)))
                 return false;
             for (std::size_t k = 0; k < count; ++k) {
-                if (compare(i, j) <= 0 && compare(j, k) <= 0 && compare(i, k) > 0)
+                if (std::is_lteq(compare(i, j)) && std::is_lteq(compare(j, k)) && std::is_gt(compare(i, k)))
                     return false;
             }
         }
@@ -37,7 +37,7 @@ bool isOrder(const std::vector<FeedItem> &items)
 bool isNewest(const FeedItem &newest, const std::vector<FeedItem> &items)
 {
     return std::ranges::all_of(items, [&newest](const FeedItem &item) {
-        return compareVersions(item.version, newest.version) <= 0;
+        return std::is_lteq(compareVersions(item.version, newest.version));
     });
 }
 

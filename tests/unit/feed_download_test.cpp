@@ -13,7 +13,7 @@ using namespace zeigewerk::test;
 namespace {
 
 constexpr char kUserAgent[] = "Zeigewerk/1.0";
-constexpr qint64 kMegabyte = 1024 * 1024;
+constexpr qint64 kMegabyte = qint64{1024} * 1024;
 
 /// How a download ends; the test ends when it does not.
 FeedAnswer answerAt(const QString &address,

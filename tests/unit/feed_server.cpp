@@ -98,7 +98,7 @@ void FeedServer::serveMany(const QString &path, qint64 bytes)
 
 void FeedServer::sendMany(QTcpSocket &socket, qint64 bytes)
 {
-    constexpr qint64 kAtATime = 64 * 1024;
+    constexpr qint64 kAtATime = qint64{64} * 1024;
     if (socket.bytesToWrite() > 0 || m_bytesSent >= bytes)
         return;
     const qint64 size = qMin(kAtATime, bytes - m_bytesSent);

@@ -50,7 +50,7 @@ void UpdaterControllerTest::whoAsksIsTold_data()
     row(
         "nothing there", [](FeedServer &) {}, FeedFailure::NotFound);
     row(
-        "too much", [](FeedServer &server) { server.serveMany(kFeed, 100 * 1024 * 1024); },
+        "too much", [](FeedServer &server) { server.serveMany(kFeed, qint64{100} * 1024 * 1024); },
         FeedFailure::TooLarge);
     row(
         "going round", [](FeedServer &server) { server.serveRedirect(kFeed, kFeed); },

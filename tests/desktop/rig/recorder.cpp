@@ -11,9 +11,9 @@ namespace zeigewerk::rig {
 
 namespace {
 
-constexpr std::chrono::seconds kStartDeadline{20};
+constexpr std::chrono::seconds kFirstPictureDeadline{20};
 /// What was filmed last is still to be compressed.
-constexpr std::chrono::seconds kEndDeadline{20};
+constexpr std::chrono::seconds kLastPictureDeadline{20};
 
 QString unusedPath(const QDir &folder)
 {
@@ -60,15 +60,15 @@ std::unique_ptr<Recorder> Recorder::ofRun(const QString &display, const QRect &p
 Recorder::Recorder(const QString &display, const QRect &part, const QString &path)
     : m_process(command(display, part, path))
 {
-    const bool hasBegun =
-        eventually([&] { return QFileInfo(path).size() > 0 || !m_process.isRunning(); }, kStartDeadline);
+    const bool hasBegun = eventually([&] { return QFileInfo(path).size() > 0 || !m_process.isRunning(); },
+                                     kFirstPictureDeadline);
     if (!hasBegun || !m_process.isRunning())
         failRig(QString("cannot film the display; see %1.log").arg(path));
 }
 
 Recorder::~Recorder()
 {
-    m_process.end(kEndDeadline);
+    m_process.end(kLastPictureDeadline);
 }
 
 } // namespace zeigewerk::rig

@@ -2,6 +2,7 @@
 
 #include <QDebug>
 
+#include <algorithm>
 #include <cstdint>
 #include <random>
 
@@ -30,6 +31,11 @@ public:
     double real(double low, double high)
     {
         return std::uniform_real_distribution<double>(low, high)(m_engine);
+    }
+    template <typename Container>
+    void shuffle(Container &values)
+    {
+        std::shuffle(std::begin(values), std::end(values), m_engine);
     }
     template <typename Container>
     auto oneOf(const Container &values)

@@ -6,7 +6,6 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
 
 namespace zeigewerk::test {
 
@@ -40,14 +39,11 @@ double expectedAt(const Circle &circle, int x, int y)
     return 255.0 * std::clamp(depth + 0.5, 0.0, 1.0);
 }
 
-Circle randomCircle(std::mt19937 &engine)
+Circle randomCircle(RandomInput &random)
 {
-    std::uniform_real_distribution<double> x(-60.0, 180.0);
-    std::uniform_real_distribution<double> y(-60.0, 150.0);
-    std::uniform_real_distribution<double> radius(0.2, 90.0);
-    std::uniform_real_distribution<double> halfWidth(0.5, 8.0);
-    std::bernoulli_distribution isHole(0.5);
-    return {{x(engine), y(engine)}, radius(engine), isHole(engine) ? 0.0 : halfWidth(engine)};
+    return {{random.real(-60.0, 180.0), random.real(-60.0, 150.0)},
+            random.real(0.2, 90.0),
+            random.chance(0.5) ? 0.0 : random.real(0.5, 8.0)};
 }
 
 } // namespace
@@ -65,9 +61,9 @@ private Q_SLOTS:
 
 void CirclesTest::aPixelIsCoveredByItsDistance()
 {
-    std::mt19937 engine(std::random_device{}());
+    RandomInput random;
     for (int i = 0; i < 300; ++i) {
-        const Circle circle = randomCircle(engine);
+        const Circle circle = randomCircle(random);
         const std::vector<int> values = coverageOf(circle);
         auto value = values.cbegin();
         for (int y = 0; y < kSurface.height(); ++y) {
@@ -90,14 +86,11 @@ void CirclesTest::aPixelIsCoveredByItsDistance()
 
 void CirclesTest::anyPartIsThatPartOfTheWhole()
 {
-    std::mt19937 engine(std::random_device{}());
-    std::uniform_int_distribution<int> left(0, 100);
-    std::uniform_int_distribution<int> top(0, 70);
-    std::uniform_int_distribution<int> side(1, 19);
+    RandomInput random;
     for (int i = 0; i < 500; ++i) {
-        const Circle circle = randomCircle(engine);
+        const Circle circle = randomCircle(random);
         const std::vector<int> whole = coverageOf(circle);
-        const QRect rect(left(engine), top(engine), side(engine), side(engine));
+        const QRect rect = anyRect(random);
         const std::vector<int> part = coverageOf(circle, rect);
         auto value = part.cbegin();
         for (int y = rect.top(); y <= rect.bottom(); ++y) {

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <random>
 
 namespace zeigewerk::test {
 
@@ -47,13 +46,12 @@ double distance(QPointF point, const Line &line)
     return std::hypot(away.x(), away.y());
 }
 
-Line randomLine(std::mt19937 &engine)
+Line randomLine(RandomInput &random)
 {
-    std::uniform_real_distribution<double> x(-30.0, 150.0);
-    std::uniform_real_distribution<double> y(-30.0, 120.0);
-    std::uniform_int_distribution<int> kind(0, 9);
-    Line line{{x(engine), y(engine)}, {x(engine), y(engine)}};
-    switch (kind(engine)) {
+    const auto x = [&random] { return random.real(-30.0, 150.0); };
+    const auto y = [&random] { return random.real(-30.0, 120.0); };
+    Line line{{x(), y()}, {x(), y()}};
+    switch (random.integer(0, 9)) {
     case 0:
         line.to = line.from;
         break;
@@ -107,11 +105,10 @@ void CoverageTest::aPixelIsCoveredByHowFarItLiesInside()
 
 void CoverageTest::aPixelIsCoveredByItsDistance()
 {
-    std::mt19937 engine(std::random_device{}());
-    std::uniform_real_distribution<double> halfWidths(0.6, 20.0);
+    RandomInput random;
     for (int i = 0; i < 300; ++i) {
-        const Line line = randomLine(engine);
-        const double halfWidth = halfWidths(engine);
+        const Line line = randomLine(random);
+        const double halfWidth = random.real(0.6, 20.0);
         const std::vector<int> values = coverageOf({line}, halfWidth);
         for (int y = 0; y < kSurface.height(); ++y) {
             for (int x = 0; x < kSurface.width(); ++x) {
@@ -140,12 +137,12 @@ void CoverageTest::aHairIsNoThickerThanItIs()
 
 void CoverageTest::theOrderOfLinesDoesNotMatter()
 {
-    std::mt19937 engine(std::random_device{}());
+    RandomInput random;
     for (int i = 0; i < 50; ++i) {
         std::vector<Line> lines(8);
-        std::generate(lines.begin(), lines.end(), [&] { return randomLine(engine); });
+        std::generate(lines.begin(), lines.end(), [&] { return randomLine(random); });
         const std::vector<int> values = coverageOf(lines, 4.0);
-        std::shuffle(lines.begin(), lines.end(), engine);
+        random.shuffle(lines);
         lines.push_back(lines.front());
         QCOMPARE(coverageOf(lines, 4.0), values);
     }
@@ -153,14 +150,11 @@ void CoverageTest::theOrderOfLinesDoesNotMatter()
 
 void CoverageTest::anyPartIsThatPartOfTheWhole()
 {
-    std::mt19937 engine(std::random_device{}());
-    std::uniform_int_distribution<int> left(0, 100);
-    std::uniform_int_distribution<int> top(0, 70);
-    std::uniform_int_distribution<int> side(1, 19);
+    RandomInput random;
     for (int i = 0; i < 500; ++i) {
-        const std::vector<Line> lines = {randomLine(engine), randomLine(engine)};
+        const std::vector<Line> lines = {randomLine(random), randomLine(random)};
         const std::vector<int> whole = coverageOf(lines, 3.3);
-        const QRect rect(left(engine), top(engine), side(engine), side(engine));
+        const QRect rect = anyRect(random);
         const std::vector<int> part = coverageOf(lines, 3.3, rect);
         auto value = part.begin();
         for (int y = rect.top(); y <= rect.bottom(); ++y) {

@@ -2,6 +2,7 @@
 
 #include "drawing/blend.h"
 #include "platform/paint_target.h"
+#include "random_input.h"
 
 #include <QRect>
 
@@ -27,6 +28,16 @@ std::vector<int> coverageBy(const Paint &paint, const QRect &rect)
             values.push_back(static_cast<int>(target.row(y)[x] >> 24));
     }
     return values;
+}
+
+/// A small part of the surface.
+inline QRect anyRect(RandomInput &random)
+{
+    constexpr int kLargest = 19;
+    const int width = random.integer(1, kLargest);
+    const int height = random.integer(1, kLargest);
+    return {random.integer(0, kSurface.width() - kLargest - 1),
+            random.integer(0, kSurface.height() - kLargest - 1), width, height};
 }
 
 } // namespace zeigewerk::test

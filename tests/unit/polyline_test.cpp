@@ -1,10 +1,10 @@
 #include "drawing/polyline.h"
+#include "random_input.h"
 #include "registered_test.h"
 
 #include <QTest>
 
 #include <limits>
-#include <random>
 
 namespace zeigewerk {
 
@@ -24,15 +24,14 @@ Lines linesNear(const Polyline &line, const Box &area)
 }
 
 /// Wanders in steps of up to ten points, now and then out of everything.
-Polyline wandering(std::mt19937 &engine)
+Polyline wandering(test::RandomInput &random)
 {
-    std::uniform_real_distribution<double> step(-10.0, 10.0);
-    std::uniform_int_distribution<int> chance(0, 19);
+    const auto step = [&random] { return random.real(-10.0, 10.0); };
     Polyline line;
     QPointF place(0, 0);
     for (int i = 0; i < kMany; ++i) {
-        place += QPointF(step(engine), step(engine));
-        line.push_back(chance(engine) == 0 ? QPointF(kNotANumber, place.y()) : place);
+        place += QPointF(step(), step());
+        line.push_back(random.chance(0.05) ? QPointF(kNotANumber, place.y()) : place);
     }
     return line;
 }
@@ -78,12 +77,12 @@ void PolylineTest::itsBoundsHoldEveryPointThatCanBeDrawn()
 
 void PolylineTest::everyLineThatTouchesTheAreaIsVisitedInOrder()
 {
-    std::mt19937 engine(std::random_device{}());
+    test::RandomInput random;
+    const auto place = [&random] { return random.real(-300.0, 300.0); };
     for (int i = 0; i < 50; ++i) {
-        const Polyline line = wandering(engine);
+        const Polyline line = wandering(random);
         const Lines all = linesNear(line, line.bounds());
-        std::uniform_real_distribution<double> place(-300.0, 300.0);
-        const QPointF corner(place(engine), place(engine));
+        const QPointF corner(place(), place());
         const Box area{corner.x(), corner.y(), corner.x() + 40.0, corner.y() + 40.0};
         const Lines visited = linesNear(line, area);
         auto next = visited.begin();

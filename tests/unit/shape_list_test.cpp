@@ -1,10 +1,9 @@
 #include "drawing/render_shape.h"
 #include "drawing/shape_list.h"
+#include "random_input.h"
 #include "registered_test.h"
 
 #include <QTest>
-
-#include <random>
 
 namespace zeigewerk {
 
@@ -40,17 +39,16 @@ QStringList expectedNear(const ShapeList &list, const Box &area)
 }
 
 /// Removes or adds some, anywhere in the list.
-void change(ShapeList &list, std::mt19937 &engine, int name)
+void change(ShapeList &list, test::RandomInput &random, int name)
 {
-    std::uniform_int_distribution<int> what(0, 30);
-    std::uniform_real_distribution<double> place(0.0, 1000.0);
-    const int chosen = what(engine);
+    const auto place = [&random] { return random.real(0.0, 1000.0); };
+    const int chosen = random.integer(0, 30);
     if (chosen == 0)
-        list.removeIf([&](const Shape &) { return what(engine) < 6; });
+        list.removeIf([&](const Shape &) { return random.chance(0.2); });
     else if (chosen <= 5 && !list.isEmpty())
         list.removeLast();
     else
-        list.append(lineAt({place(engine), place(engine)}, name));
+        list.append(lineAt({place(), place()}, name));
 }
 
 } // namespace
@@ -81,12 +79,12 @@ void ShapeListTest::itKeepsTheirOrder()
 
 void ShapeListTest::whateverHappensItFindsWhatLiesThere()
 {
-    std::mt19937 engine(std::random_device{}());
-    std::uniform_real_distribution<double> place(-50.0, 1050.0);
+    test::RandomInput random;
+    const auto place = [&random] { return random.real(-50.0, 1050.0); };
     ShapeList list;
     for (int i = 0; i < 3000; ++i) {
-        change(list, engine, i);
-        const QPointF corner(place(engine), place(engine));
+        change(list, random, i);
+        const QPointF corner(place(), place());
         const Box area{corner.x(), corner.y(), corner.x() + 60.0, corner.y() + 60.0};
         QCOMPARE(namesNear(list, area), expectedNear(list, area));
     }

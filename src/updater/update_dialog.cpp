@@ -80,9 +80,8 @@ void UpdateDialog::paintEvent(QPaintEvent *)
 {
     // The desktop makes windows of ours translucent, so the ground is painted here.
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.setBrush(palette().color(QPalette::Window));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.fillRect(rect(), palette().color(QPalette::Mid));
+    painter.fillRect(rect().marginsRemoved({1, 1, 1, 1}), palette().color(QPalette::Window));
 }
 
 } // namespace zeigewerk

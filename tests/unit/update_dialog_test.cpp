@@ -1,11 +1,13 @@
 #include "registered_test.h"
 #include "updater/update_dialog.h"
 
+#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTest>
+#include <QtMath>
 
 using namespace zeigewerk;
 
@@ -41,6 +43,8 @@ private Q_SLOTS:
     void itSays();
     void everyFailureHasItsSentence();
     void itIsAsHighAsItsText();
+    void itsFrameIsItsEdge_data();
+    void itsFrameIsItsEdge();
     void itTellsWhatIsClicked();
     void answersAreNews_data();
     void answersAreNews();
@@ -130,6 +134,31 @@ void UpdateDialogTest::itTellsWhatIsClicked()
     QCOMPARE(opening.size(), 1);
     QCOMPARE(closing.size(), 1);
     QVERIFY(dialog.isVisible());
+}
+
+void UpdateDialogTest::itsFrameIsItsEdge_data()
+{
+    QTest::addColumn<double>("scale");
+    for (const double scale : {1.0, 1.5, 2.0})
+        QTest::addRow("scale %g", scale) << scale;
+}
+
+void UpdateDialogTest::itsFrameIsItsEdge()
+{
+    QFETCH(double, scale);
+    UpdateDialog dialog;
+    QImage picture(dialog.size() * scale, QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    dialog.render(&picture, QPoint(), QRegion(), QWidget::RenderFlags());
+
+    const QRgb frame = dialog.palette().color(QPalette::Mid).rgb();
+    const QPoint last(picture.width() - 1, picture.height() - 1);
+    const QPoint middle = last / 2;
+    for (const QPoint place : {QPoint(0, middle.y()), QPoint(last.x(), middle.y()), QPoint(middle.x(), 0),
+                               QPoint(middle.x(), last.y()), QPoint(0, 0), last})
+        QCOMPARE(picture.pixel(place), frame);
+    QCOMPARE(picture.pixel(2 * qCeil(scale), middle.y()), dialog.palette().color(QPalette::Window).rgb());
 }
 
 void UpdateDialogTest::answersAreNews_data()

@@ -29,6 +29,7 @@ void TerminationSignals::hold()
 {
     const sigset_t signals = terminationSignals();
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    signal(SIGPIPE, SIG_IGN);
 }
 
 void TerminationSignals::release()

@@ -14,7 +14,8 @@ class TerminationSignals
 {
 public:
     /// Keeps the signals from ending the process at once. To be called before there are other threads, which
-    /// inherit it; a thread that did not would still be ended by them.
+    /// inherit it; a thread that did not would still be ended by them. SIGPIPE does nothing from then on:
+    /// that a display or a bus is gone is found by reading, too, and is then said before the process ends.
     static void hold();
     /// Has them end a child process again, which would inherit that; for use between fork and exec.
     static void release();

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void withoutADisplayItSaysSoAndEnds();
     void signalsEndItInOrder_data();
     void signalsEndItInOrder();
+    void writingToWhoeverIsGoneDoesNotEndIt();
     void afterAKillTheDesktopIsUsable();
     void waitingItSleeps();
     void aSecondStartEndsQuietly();
@@ -63,6 +64,15 @@ void ProcessScenarios::signalsEndItInOrder()
     QVERIFY(on.program.output().isEmpty());
     QVERIFY(!isGrabbedByAnother(on.session, {Key::Ctrl, Key::Alt}, Key::D));
     EVENTUALLY(on.beneath.hasFocus());
+}
+
+void ProcessScenarios::writingToWhoeverIsGoneDoesNotEndIt()
+{
+    Presentation on;
+    QCOMPARE(kill(static_cast<pid_t>(on.program.processId()), SIGPIPE), 0);
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    QCOMPARE(on.program.terminate(), std::optional(0));
 }
 
 void ProcessScenarios::afterAKillTheDesktopIsUsable()

@@ -66,11 +66,16 @@ std::optional<int> Program::terminate(std::chrono::milliseconds deadline)
 
 std::optional<int> Program::waitForExit(std::chrono::milliseconds deadline)
 {
-    if (!eventually([&] { return !isRunning(); }, deadline))
+    if (!eventually([&] { return !isRunning(); }, deadline)) {
+        qInfo("The program has not ended");
         return std::nullopt;
-    if (m_child.process().exitStatus() != QProcess::NormalExit)
+    }
+    const int code = m_child.process().exitCode();
+    if (m_child.process().exitStatus() != QProcess::NormalExit) {
+        qInfo("Signal %d ended the program", code);
         return std::nullopt;
-    return m_child.process().exitCode();
+    }
+    return code;
 }
 
 QByteArray Program::output()

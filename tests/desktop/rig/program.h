@@ -36,7 +36,8 @@ public:
 
     /// Asks it to end (SIGTERM) and waits. Its exit code, or nothing if a signal ended it or it stayed.
     std::optional<int> terminate(std::chrono::milliseconds deadline = std::chrono::seconds(5));
-    /// Waits for it to end by itself. Its exit code, or nothing if a signal ended it or it stayed.
+    /// Waits for it to end by itself. Its exit code, or nothing if a signal ended it or it stayed; which of
+    /// them is printed.
     std::optional<int> waitForExit(std::chrono::milliseconds deadline = std::chrono::seconds(5));
 
     /// Everything that it wrote so far, both outputs as one.

@@ -17,7 +17,8 @@ public:
     /// inherit it; a thread that did not would still be ended by them. SIGPIPE does nothing from then on:
     /// that a display or a bus is gone is found by reading, too, and is then said before the process ends.
     static void hold();
-    /// Has them end a child process again, which would inherit that; for use between fork and exec.
+    /// Has them end a child process again, which would inherit that; for use between fork and exec. SIGPIPE
+    /// is given back by QProcess.
     static void release();
 
     /// Calls `handler` for each signal held. There can be one at a time. Needs the application object.

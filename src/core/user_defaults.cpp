@@ -1,23 +1,40 @@
 #include "core/user_defaults.h"
 
+#include <chrono>
 #include <cmath>
 
 namespace zeigewerk {
+
+namespace {
+
+/// Fingers on a touchpad change the spotlight's radius a hundred times a second, and a write, which waits for
+/// the disk, holds up everything that is painted.
+constexpr std::chrono::milliseconds kWriteAfter(500);
+
+} // namespace
 
 UserDefaults::UserDefaults()
     : m_settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("zeigewerk"),
                  QStringLiteral("zeigewerk"))
 {
+    prepareWriting();
 }
 
 UserDefaults::UserDefaults(const QString &fileName)
     : m_settings(fileName, QSettings::IniFormat)
 {
+    prepareWriting();
+}
+
+UserDefaults::~UserDefaults()
+{
+    if (!m_changed.isEmpty())
+        write();
 }
 
 std::optional<bool> UserDefaults::boolForKey(QAnyStringView key) const
 {
-    const QString text = m_settings.value(key.toString()).toString().trimmed().toLower();
+    const QString text = value(key).toString().trimmed().toLower();
     if (text == QLatin1String("true") || text == QLatin1String("1"))
         return true;
     if (text == QLatin1String("false") || text == QLatin1String("0"))
@@ -28,35 +45,62 @@ std::optional<bool> UserDefaults::boolForKey(QAnyStringView key) const
 std::optional<double> UserDefaults::doubleForKey(QAnyStringView key) const
 {
     bool isNumber = false;
-    const double value = m_settings.value(key.toString()).toString().toDouble(&isNumber);
-    if (!isNumber || std::isnan(value))
+    const double number = value(key).toString().toDouble(&isNumber);
+    if (!isNumber || std::isnan(number))
         return std::nullopt;
-    return value;
+    return number;
 }
 
 std::optional<QString> UserDefaults::stringForKey(QAnyStringView key) const
 {
-    const QVariant value = m_settings.value(key.toString());
+    const QVariant stored = value(key);
     // An unquoted comma makes a list of a text; that is not what was written.
-    return value.metaType() == QMetaType::fromType<QString>() ? std::optional(value.toString())
-                                                              : std::nullopt;
+    return stored.metaType() == QMetaType::fromType<QString>() ? std::optional(stored.toString())
+                                                               : std::nullopt;
 }
 
 void UserDefaults::setBool(QAnyStringView key, bool value)
 {
-    m_settings.setValue(key.toString(), value);
-    m_settings.sync();
+    set(key, value);
 }
 
 void UserDefaults::setDouble(QAnyStringView key, double value)
 {
-    m_settings.setValue(key.toString(), value);
-    m_settings.sync();
+    set(key, value);
 }
 
 void UserDefaults::setString(QAnyStringView key, const QString &value)
 {
-    m_settings.setValue(key.toString(), value);
+    set(key, value);
+}
+
+void UserDefaults::prepareWriting()
+{
+    m_writing.setSingleShot(true);
+    m_writing.setInterval(kWriteAfter);
+    m_writing.callOnTimeout(&m_writing, [this] { write(); });
+}
+
+QVariant UserDefaults::value(QAnyStringView key) const
+{
+    const QString name = key.toString();
+    const auto changed = m_changed.constFind(name);
+    return changed == m_changed.constEnd() ? m_settings.value(name) : *changed;
+}
+
+void UserDefaults::set(QAnyStringView key, const QVariant &value)
+{
+    // QSettings would write a changed value by itself as soon as the event loop turns.
+    m_changed.insert(key.toString(), value);
+    if (!m_writing.isActive())
+        m_writing.start();
+}
+
+void UserDefaults::write()
+{
+    for (auto changed = m_changed.cbegin(); changed != m_changed.cend(); ++changed)
+        m_settings.setValue(changed.key(), changed.value());
+    m_changed.clear();
     m_settings.sync();
 }
 

@@ -182,8 +182,7 @@ void AutoFadeTest::theSettingIsWritten()
     for (const bool expected : {true, false, true}) {
         controller.app().toggleFade();
         QCOMPARE(controller.app().autoFadeOn(), expected);
-        const UserDefaults stored(controller.home.filePath("settings.ini"));
-        QCOMPARE(stored.boolForKey(kAutoFadeKey), std::optional(expected));
+        QCOMPARE(controller.defaults.boolForKey(kAutoFadeKey), std::optional(expected));
     }
     // The next start has it.
     const AppDelegate next(controller.desktop, controller.defaults);

@@ -72,9 +72,7 @@ void CanvasScrollTest::theWheelChangesTheRadiusWithinItsBounds()
     controller.perform("ws");
     controller.view().scrollWheel({.distance = distance, .isPrecise = isPrecise, .modifiers = {}});
     QCOMPARE(controller.app().spotRadius(), after);
-    // Written through, and at once.
-    const UserDefaults stored(controller.home.filePath("settings.ini"));
-    QCOMPARE(stored.doubleForKey(kSpotRadiusKey), std::optional(after));
+    QCOMPARE(controller.defaults.doubleForKey(kSpotRadiusKey), std::optional(after));
 }
 
 void CanvasScrollTest::withoutTheSpotlightTheWheelDoesNothing()

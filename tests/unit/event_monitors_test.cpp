@@ -228,8 +228,7 @@ void EventMonitorsTest::altAndTheWheelElsewhereChangeTheRadius()
     monitor.scrollLate({.event = {.distance = distance, .isPrecise = isPrecise, .modifiers = modifiers},
                         .isOverOurs = isOverOurs});
     QCOMPARE(controller.app().spotRadius(), after);
-    const UserDefaults stored(controller.home.filePath("settings.ini"));
-    QCOMPARE(stored.doubleForKey(kSpotRadiusKey), std::optional(after));
+    QCOMPARE(controller.defaults.doubleForKey(kSpotRadiusKey), std::optional(after));
 }
 
 void EventMonitorsTest::theRadiusIsThereAtTheNextStart()

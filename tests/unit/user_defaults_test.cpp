@@ -47,6 +47,8 @@ private Q_SLOTS:
     void settingsAreReadAtStart_data();
     void settingsAreReadAtStart();
     void whatIsWrittenIsReadAgain();
+    void aChangeDoesNotWaitForTheDisk();
+    void theLastChangeIsOnTheDiskAtTheEnd();
 };
 
 void UserDefaultsTest::settingsAreReadAtStart_data()
@@ -97,12 +99,41 @@ void UserDefaultsTest::whatIsWrittenIsReadAgain()
     written.setBool("a", true);
     written.setBool("b", false);
     written.setDouble("c", 123.5);
+    QTRY_VERIFY(QFile::exists(file));
     const UserDefaults read(file);
     QCOMPARE(read.boolForKey("a"), std::optional(true));
     QCOMPARE(read.boolForKey("b"), std::optional(false));
     QCOMPARE(read.doubleForKey("c"), std::optional(123.5));
     QVERIFY(!read.boolForKey("d"));
     QVERIFY(!read.doubleForKey("d"));
+}
+
+void UserDefaultsTest::aChangeDoesNotWaitForTheDisk()
+{
+    QTemporaryDir home;
+    const QString file = home.filePath("settings.ini");
+    UserDefaults defaults(file);
+    for (const double radius : {98.0, 106.0, 114.0}) {
+        defaults.setDouble("c", radius);
+        QCOMPARE(defaults.doubleForKey("c"), std::optional(radius));
+        // Nor does it after this turn of the event loop; timers do not fire here.
+        QCoreApplication::sendPostedEvents();
+        QVERIFY(!QFile::exists(file));
+    }
+    QTRY_VERIFY(QFile::exists(file));
+    QCOMPARE(UserDefaults(file).doubleForKey("c"), std::optional(114.0));
+}
+
+void UserDefaultsTest::theLastChangeIsOnTheDiskAtTheEnd()
+{
+    QTemporaryDir home;
+    const QString file = home.filePath("settings.ini");
+    {
+        UserDefaults defaults(file);
+        defaults.setString("name", QStringLiteral("first"));
+        defaults.setString("name", QStringLiteral("last"));
+    }
+    QCOMPARE(UserDefaults(file).stringForKey("name"), std::optional(QStringLiteral("last")));
 }
 
 REGISTER_TEST(UserDefaultsTest)

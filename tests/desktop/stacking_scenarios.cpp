@@ -14,6 +14,8 @@ private Q_SLOTS:
     void inkStaysAboveAPopup();
     void inkStaysAboveAPopupThatIsRaisedAgainAndAgain();
     void aScreenLockerIsNeverCovered();
+    void aScreenLockerIsNeverCoveredWhereNothingElseIs();
+    void aScreenLockerIsNeverCoveredWhileTheScreensAreOff();
     void nothingIsRestackedWithoutNeed();
 
 private:
@@ -26,6 +28,14 @@ private:
             return false;
         on.hotKey(Key::P);
         return eventually([&] { return on.beneath.hasFocus() && on.pixel({450, 300}) == kInk; });
+    }
+    /// Whether the program shows something, and all of it is below that window.
+    static bool isBelow(Presentation &on, xcb_window_t window)
+    {
+        const QList<WindowInfo> shown = on.shownWindows();
+        return !shown.isEmpty() && std::all_of(shown.begin(), shown.end(), [&](const WindowInfo &ours) {
+            return on.session.client().isAbove(window, ours.id);
+        });
     }
 };
 
@@ -86,6 +96,28 @@ void StackingScenarios::aScreenLockerIsNeverCovered()
     on.hotKey(Key::W);
     EVENTUALLY(on.hasKeyboard());
     THROUGHOUT(400ms, on.session.client().isAbove(locker.id(), overlay));
+}
+
+void StackingScenarios::aScreenLockerIsNeverCoveredWhereNothingElseIs()
+{
+    Presentation on;
+    QVERIFY(on.beneath.hide());
+    const Popup locker(on.session, VirtualDisplay::kFullHd, Qt::black);
+    // What comes up has all of ours put in order.
+    on.hotKey(Key::W);
+    EVENTUALLY(on.hasKeyboard());
+    THROUGHOUT(400ms, isBelow(on, locker.id()));
+}
+
+void StackingScenarios::aScreenLockerIsNeverCoveredWhileTheScreensAreOff()
+{
+    Presentation on;
+    on.session.display().unplug(0);
+    const Popup locker(on.session, VirtualDisplay::kFullHd, Qt::black);
+    // The program looks again.
+    const Popup popup(on.session, {800, 200, 100, 100}, Qt::red);
+    popup.lowerBelow(locker);
+    THROUGHOUT(400ms, isBelow(on, locker.id()));
 }
 
 void StackingScenarios::nothingIsRestackedWithoutNeed()

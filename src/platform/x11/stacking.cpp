@@ -75,19 +75,18 @@ void Stacking::check()
         return;
     m_sinceCheck.start();
     const std::vector<Child> children = childrenFromTop();
-    const xcb_window_t below = highestForeign(children);
-    if (isInOrder(children, below))
+    if (isInOrder(children))
         return;
     if (m_sinceRestack.isValid() && !m_sinceRestack.hasExpired(kRestackAtMostEvery.count()))
         m_trailingCheck.start(kRestackAtMostEvery);
     else
-        restackAbove(below);
+        restackFrom(lowestPlace(children));
 }
 
 void Stacking::restack()
 {
     m_connection.listenToRoot(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
-    restackAbove(highestForeign(childrenFromTop()));
+    restackFrom(lowestPlace(childrenFromTop()));
 }
 
 void Stacking::insert(xcb_window_t window)
@@ -96,25 +95,25 @@ void Stacking::insert(xcb_window_t window)
     const auto found = std::find(windows.begin(), windows.end(), window);
     if (found == windows.begin() || found == windows.end())
         return restack();
-    place(window, *std::prev(found));
+    put(window, {*std::prev(found), XCB_STACK_MODE_ABOVE});
     m_connection.flush();
 }
 
-void Stacking::restackAbove(xcb_window_t highestForeign)
+void Stacking::restackFrom(Place lowest)
 {
     m_sinceRestack.start();
-    xcb_window_t below = highestForeign;
+    Place place = lowest;
     for (const xcb_window_t window : m_windows()) {
-        place(window, below);
-        below = window;
+        put(window, place);
+        place = {window, XCB_STACK_MODE_ABOVE};
     }
     m_connection.flush();
 }
 
-void Stacking::place(xcb_window_t window, xcb_window_t above)
+void Stacking::put(xcb_window_t window, Place place)
 {
-    std::array<std::uint32_t, 2> values = {above, XCB_STACK_MODE_ABOVE};
-    if (above == XCB_NONE)
+    const std::array<std::uint32_t, 2> values = {place.sibling, place.mode};
+    if (place.sibling == XCB_NONE)
         xcb_configure_window(m_connection.xcb(), window, XCB_CONFIG_WINDOW_STACK_MODE, &values[1]);
     else
         xcb_configure_window(m_connection.xcb(), window,
@@ -163,11 +162,21 @@ xcb_window_t Stacking::highestForeign(const std::vector<Child> &children) const
     return found == children.end() ? xcb_window_t{XCB_NONE} : found->window;
 }
 
-bool Stacking::isInOrder(const std::vector<Child> &children, xcb_window_t highestForeign) const
+Stacking::Place Stacking::lowestPlace(const std::vector<Child> &children) const
+{
+    const xcb_window_t foreign = highestForeign(children);
+    const auto locker = lowestLocker(children);
+    if (foreign == XCB_NONE && locker != children.end() && isScreenLocker(*locker))
+        return {locker->window, XCB_STACK_MODE_BELOW};
+    return {foreign, XCB_STACK_MODE_ABOVE};
+}
+
+bool Stacking::isInOrder(const std::vector<Child> &children) const
 {
     std::vector<xcb_window_t> expected = m_windows();
-    if (highestForeign != XCB_NONE)
-        expected.insert(expected.begin(), highestForeign);
+    const xcb_window_t foreign = highestForeign(children);
+    if (foreign != XCB_NONE)
+        expected.insert(expected.begin(), foreign);
     const auto locker = lowestLocker(children);
     if (locker != children.end() && isScreenLocker(*locker))
         expected.push_back(locker->window);
@@ -190,11 +199,20 @@ bool Stacking::isScreenLocker(const Child &child) const
 {
     if (child.isOurs || !child.isViewable || !child.isOverrideRedirect)
         return false;
-    const std::vector<QRect> screens = m_screens();
+    std::vector<QRect> screens = m_screens();
+    if (screens.empty())
+        screens.push_back(rootFrame()); // all of them are off, and may come back in the same place
     const bool coversScreen = std::any_of(screens.begin(), screens.end(),
                                           [&](const QRect &screen) { return child.frame.contains(screen); });
     // Last, because it asks the server.
     return coversScreen && !belongsToWindowManager(child.window);
+}
+
+QRect Stacking::rootFrame() const
+{
+    const auto cookie = xcb_get_geometry(m_connection.xcb(), m_connection.root());
+    const auto root = owned(xcb_get_geometry_reply(m_connection.xcb(), cookie, nullptr));
+    return root ? QRect(0, 0, root->width, root->height) : QRect();
 }
 
 bool Stacking::belongsToWindowManager(xcb_window_t window) const

@@ -47,15 +47,25 @@ private:
         QRect frame;
     };
 
+    /// Where the lowest of our windows belongs: right above or below another one, or on top of everything.
+    struct Place
+    {
+        xcb_window_t sibling;
+        std::uint32_t mode;
+    };
+
     std::vector<Child> childrenFromTop() const;
+    /// The highest window of another program that is to be below ours.
     xcb_window_t highestForeign(const std::vector<Child> &children) const;
+    Place lowestPlace(const std::vector<Child> &children) const;
     /// The lowest screen locker, or the first child when there is none.
     std::vector<Child>::const_iterator lowestLocker(const std::vector<Child> &children) const;
-    bool isInOrder(const std::vector<Child> &children, xcb_window_t highestForeign) const;
+    bool isInOrder(const std::vector<Child> &children) const;
     bool isScreenLocker(const Child &child) const;
+    QRect rootFrame() const;
     bool belongsToWindowManager(xcb_window_t window) const;
-    void restackAbove(xcb_window_t highestForeign);
-    void place(xcb_window_t window, xcb_window_t above);
+    void restackFrom(Place lowest);
+    void put(xcb_window_t window, Place place);
     void check();
 
     Connection &m_connection;

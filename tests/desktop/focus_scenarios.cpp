@@ -1,3 +1,4 @@
+#include "dock.h"
 #include "keyboard_grab.h"
 #include "presentation.h"
 #include "registered_test.h"
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void theKeyboardGoesBackToWhoHadIt_data();
     void theKeyboardGoesBackToWhoHadIt();
     void whenWhoHadItIsGoneTheNextWindowGetsIt();
+    void aPanelDoesNotGetTheKeyboardOfAWindowThatIsGone();
     void aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards();
     void aPressOnACanvasTakesTheKeyboard();
     void theSpotlightLeavesTheKeyboardAlone();
@@ -61,9 +63,11 @@ void FocusScenarios::theKeyboardGoesBackToWhoHadIt()
     WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
     QVERIFY(other.opensWithFocus());
     QVERIFY(on.beneath.takeFocus());
-    for (const Key key : into)
+    // One step at a time: an Esc between pinning and drawing on again would go to the window beneath.
+    for (const Key key : into) {
         on.hotKey(key);
-    EVENTUALLY(on.hasKeyboard());
+        EVENTUALLY(key == Key::P ? on.beneath.hasFocus() : on.hasKeyboard());
+    }
     for (const Key key : out) {
         if (key == Key::Escape)
             on.session.keyboard().tap(key);
@@ -95,6 +99,20 @@ void FocusScenarios::whenWhoHadItIsGoneTheNextWindowGetsIt()
     on.beneath.forget();
     on.session.keyboard().tap(Key::A);
     EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
+}
+
+void FocusScenarios::aPanelDoesNotGetTheKeyboardOfAWindowThatIsGone()
+{
+    // One that lists its panels among the windows.
+    Presentation on({.windowManager = WindowManager::Openbox});
+    const Dock panel(on.session, {0, 1050, 1920, 30}, "_NET_WM_STRUT", {0, 0, 0, 30});
+    auto other = std::make_unique<WindowBeneath>(on.session, QRect(100, 100, 300, 300), Qt::red);
+    QVERIFY(other->takeFocus());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    other.reset();
+    on.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(on.beneath.hasFocus());
 }
 
 void FocusScenarios::aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards()

@@ -5,6 +5,8 @@
 
 #include <xkbcommon/xkbcommon-x11.h>
 
+#include <utility>
+
 namespace zeigewerk::platform::x11 {
 
 namespace {
@@ -44,15 +46,21 @@ Keymap::Keymap(Connection &connection)
 
 void Keymap::load()
 {
-    m_isStale = false;
     if (!m_context)
         m_context.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES)); // the server has the keymap
     if (!m_context)
         return;
     const std::int32_t device = xkb_x11_get_core_keyboard_device_id(m_connection.xcb());
-    m_keymap.reset(xkb_x11_keymap_new_from_device(m_context.get(), m_connection.xcb(), device,
-                                                  XKB_KEYMAP_COMPILE_NO_FLAGS));
-    m_state.reset(m_keymap ? xkb_state_new(m_keymap.get()) : nullptr);
+    std::unique_ptr<xkb_keymap, Unref> keymap(xkb_x11_keymap_new_from_device(
+        m_context.get(), m_connection.xcb(), device, XKB_KEYMAP_COMPILE_NO_FLAGS));
+    std::unique_ptr<xkb_state, Unref> state(keymap ? xkb_state_new(keymap.get()) : nullptr);
+    // A keyboard that is being plugged in may change the map while it is read: the old one serves until the
+    // next key, with which it is read again.
+    if (!state)
+        return;
+    m_keymap = std::move(keymap);
+    m_state = std::move(state);
+    m_isStale = false;
 }
 
 KeyEvent Keymap::keyEvent(const xcb_key_press_event_t &event)

@@ -31,8 +31,8 @@ inline constexpr std::array<HotKeyRow, 6> kHotKeyTable = {{
     {6, platform::PhysicalKey::P, kCtrlAlt},
 }};
 
-/// Esc, which is taken from the other applications only while the spotlight is on: then the overlays let the
-/// keyboard through and could not see it.
+/// Esc, which is taken from the other applications only while the spotlight is on: unless it is drawn on, the
+/// overlays let the keyboard through and could not see it.
 inline constexpr HotKeyRow kEscHotKey = {99, platform::PhysicalKey::Escape, {}};
 
 } // namespace zeigewerk

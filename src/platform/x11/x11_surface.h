@@ -82,7 +82,6 @@ private:
     quint64 m_orderedFront = 0;
     Damage m_damage;
     bool m_isDisplayWanted = false;
-    /// Puts that the server may still be reading the picture for.
     /// Encloses all that was put since the window was shown; beyond it the window is transparent.
     QRect m_inked;
     std::optional<FrameBuffer> m_buffer;

@@ -32,20 +32,42 @@ void showSpotlight(AppDelegate &app)
     desktop.surfaces(platform::SurfaceRole::Overlay).front()->display();
 }
 
-/// Changes every setting, and returns whether the file has them then. Read from another file, since Qt knows
-/// what it has written to the first.
-bool areChangesKept(AppDelegate &app, const QString &name)
+struct Settings
 {
+    bool autoFadeOn;
+    bool darkUI;
+    double spotRadius;
+    bool operator==(const Settings &) const = default;
+};
+
+Settings settingsOf(const AppDelegate &app)
+{
+    return {.autoFadeOn = app.autoFadeOn(), .darkUI = app.darkUI(), .spotRadius = app.spotRadius()};
+}
+
+/// A run of the program, in which everything is changed. Returns how it left the settings.
+Settings useAll(const QString &fileName)
+{
+    UserDefaults defaults(fileName);
+    platform::RecordingDesktop desktop({kSmallScreen});
+    AppDelegate app(desktop, defaults);
+    showSpotlight(app);
+    const PlacedToolbar toolbar(twoScreens(), defaults);
+    mustHold(isReachable(toolbar.frame(), toolbar.screens()), "the toolbar can be reached");
     app.toggleFade();
     app.toggleDarkUI();
     app.adjustSpotRadius(-1.0);
+    return settingsOf(app);
+}
+
+/// What the next start finds. From another file, since Qt knows what it has written to the first.
+Settings stored(const QString &fileName)
+{
     const SettingsFile copy;
-    mustHold(QFile::copy(name, copy.name), "the settings file can be copied");
-    platform::RecordingDesktop desktop({kSmallScreen});
+    mustHold(QFile::copy(fileName, copy.name), "the settings file can be copied");
     UserDefaults defaults(copy.name);
-    const AppDelegate read(desktop, defaults);
-    return read.autoFadeOn() == app.autoFadeOn() && read.darkUI() == app.darkUI() &&
-           read.spotRadius() == app.spotRadius();
+    platform::RecordingDesktop desktop({kSmallScreen});
+    return settingsOf(AppDelegate(desktop, defaults));
 }
 
 } // namespace
@@ -54,13 +76,8 @@ void settings(Bytes input)
 {
     const SettingsFile file;
     write(file.name, input);
-    UserDefaults defaults(file.name);
-    platform::RecordingDesktop desktop({kSmallScreen});
-    AppDelegate app(desktop, defaults);
-    showSpotlight(app);
-    const PlacedToolbar toolbar(twoScreens(), defaults);
-    mustHold(isReachable(toolbar.frame(), toolbar.screens()), "the toolbar can be reached");
-    mustHold(areChangesKept(app, file.name), "what is changed is kept");
+    const Settings left = useAll(file.name);
+    mustHold(stored(file.name) == left, "what is changed is kept");
 }
 
 } // namespace zeigewerk::fuzz

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <utility>
 
 namespace zeigewerk::platform::x11 {
@@ -15,7 +16,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Far longer than Qt takes to learn of a screen; only for a monitor that it never makes one of.
+/// Far longer than Qt takes to learn of a change; only for a monitor of which it never makes a screen.
 constexpr auto kWaitForQtAtMost = 250ms;
 
 QScreen *qtScreen(const QString &name)
@@ -34,10 +35,25 @@ double scaleOf(const QString &name)
     return screen ? screen->devicePixelRatio() : 1.0;
 }
 
-bool areKnownToQt(const ScreenLayout &layout)
+/// Qt counts a screen's size in points, from the corner that it has in pixels.
+bool isKnownToQt(const Screen &screen)
 {
-    return std::all_of(layout.screens().begin(), layout.screens().end(),
-                       [](const Screen &screen) { return qtScreen(screen.name) != nullptr; });
+    const QScreen *known = qtScreen(screen.name);
+    if (!known || known->geometry().topLeft() != screen.nativeFrame.topLeft())
+        return false;
+    const QSizeF difference = QSizeF(known->size()) - QSizeF(screen.nativeFrame.size()) / screen.scale;
+    // It rounds to whole points.
+    return std::abs(difference.width()) <= 1.0 && std::abs(difference.height()) <= 1.0;
+}
+
+/// Qt learns of a change on its own connection, of each screen apart. What is placed meanwhile it puts where
+/// a screen was, and of the size that is right on another.
+bool areKnownToQt(const std::vector<Screen> &screens)
+{
+    // With all outputs off it keeps a screen that is none.
+    const auto count = static_cast<std::size_t>(QGuiApplication::screens().size());
+    return screens.empty() ||
+           (screens.size() == count && std::all_of(screens.begin(), screens.end(), &isKnownToQt));
 }
 
 /// Names do not count: of two mirrored outputs the other one may go.
@@ -91,8 +107,8 @@ void X11Screens::changeAnnounced()
 
 void X11Screens::readAgain()
 {
-    const ScreenLayout layout(read());
-    if (!areKnownToQt(layout)) {
+    const std::vector<Screen> screens = read();
+    if (!areKnownToQt(screens)) {
         if (!m_waitForQt)
             m_waitForQt.emplace(kWaitForQtAtMost);
         if (!m_waitForQt->hasExpired()) {
@@ -101,6 +117,7 @@ void X11Screens::readAgain()
         }
     }
     m_waitForQt.reset();
+    const ScreenLayout layout(screens);
     const bool isChange = !haveSameGeometry(layout, m_layout);
     m_layout = layout;
     if (isChange)

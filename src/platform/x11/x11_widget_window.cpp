@@ -11,8 +11,22 @@
 #include <xcb/shape.h>
 
 #include <array>
+#include <cstdlib>
 
 namespace zeigewerk::platform::x11 {
+
+namespace {
+
+/// Save what Qt makes of fractions of a pixel.
+bool isNearly(const QRect &a, const QRect &b)
+{
+    const auto isNear = [](QPoint one, QPoint other) {
+        return std::abs(one.x() - other.x()) <= 1 && std::abs(one.y() - other.y()) <= 1;
+    };
+    return isNear(a.topLeft(), b.topLeft()) && isNear(a.bottomRight(), b.bottomRight());
+}
+
+} // namespace
 
 X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &widget,
                                  const QMargins &ornament)
@@ -32,6 +46,9 @@ X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &
     m_widget.setAttribute(Qt::WA_AlwaysShowToolTips);
     m_widget.installEventFilter(this);
     connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::describeFrame);
+    connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::settleSoon);
+    m_settling.setSingleShot(true);
+    m_settling.callOnTimeout(this, &X11WidgetWindow::settle);
     m_desktop.windowMade(*this);
 }
 
@@ -43,13 +60,21 @@ X11WidgetWindow::~X11WidgetWindow()
 
 QRectF X11WidgetWindow::frame() const
 {
-    return m_desktop.layout().frameOfQtRect(m_widget.geometry().marginsRemoved(m_ornament));
+    return m_desktop.layout().frameOfQtRect(QRect(m_widget.pos(), size()).marginsRemoved(m_ornament));
+}
+
+QSize X11WidgetWindow::size() const
+{
+    // While its screen goes, Qt gives a widget sizes that it must not have.
+    const QSize fixed = m_widget.minimumSize();
+    return fixed == m_widget.maximumSize() ? fixed : m_widget.size();
 }
 
 void X11WidgetWindow::setFrameOrigin(QPointF origin)
 {
     const QRectF wanted(origin, frame().size());
-    m_widget.move(m_desktop.layout().qtRect(wanted).marginsAdded(m_ornament).topLeft());
+    m_place = m_desktop.layout().qtRect(wanted).marginsAdded(m_ornament);
+    m_widget.move(m_place->topLeft());
 }
 
 void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin)
@@ -152,6 +177,8 @@ void X11WidgetWindow::adoptNativeWindow()
         m_window = window;
         connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::describeFrame,
                 Qt::UniqueConnection);
+        connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::settleSoon,
+                Qt::UniqueConnection);
         m_connection.roundTripOfAdopted();
         refuseShadow(m_connection, m_window);
         if (m_role == WidgetRole::TextField) {
@@ -176,10 +203,43 @@ void X11WidgetWindow::placeToThePixel()
     m_connection.flush();
 }
 
+void X11WidgetWindow::settleSoon()
+{
+    if (m_place && !m_settling.isActive())
+        m_settling.start(0);
+}
+
+void X11WidgetWindow::settle()
+{
+    const QScreen *screen = m_place ? QGuiApplication::screenAt(m_place->center()) : nullptr;
+    if (!m_visible || !screen)
+        return;
+    const double scale = screen->devicePixelRatio();
+    const QPoint corner = screen->geometry().topLeft();
+    const QRect wanted(corner + ((QPointF(m_place->topLeft() - corner)) * scale).toPoint(),
+                       (QSizeF(size()) * scale).toSize());
+    m_connection.roundTripOfAdopted();
+    const auto cookie = xcb_get_geometry(m_connection.xcb(), m_window);
+    const auto now = owned(xcb_get_geometry_reply(m_connection.xcb(), cookie, nullptr));
+    if (!now || isNearly(QRect(now->x, now->y, now->width, now->height), wanted))
+        return;
+    const std::array values = {static_cast<std::uint32_t>(wanted.x()), static_cast<std::uint32_t>(wanted.y()),
+                               static_cast<std::uint32_t>(wanted.width()),
+                               static_cast<std::uint32_t>(wanted.height())};
+    xcb_configure_window(m_connection.xcb(), m_window,
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
+                             XCB_CONFIG_WINDOW_HEIGHT,
+                         values.data());
+    m_connection.flush();
+}
+
 void X11WidgetWindow::describeFrame()
 {
     if (m_window == XCB_NONE)
         return;
+    // Qt leaves the mask the size that it had at another scale.
+    if (!m_widget.mask().isEmpty())
+        m_widget.windowHandle()->setMask(m_widget.mask());
     const double scale = m_widget.windowHandle()->devicePixelRatio();
     const QRect frame = m_widget.rect().marginsRemoved(m_ornament);
     const QRect native((QPointF(frame.topLeft()) * scale).toPoint(), frame.size() * scale);
@@ -203,8 +263,11 @@ void X11WidgetWindow::askForBlur(const QRect &native)
 
 bool X11WidgetWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize)
+    if (event->type() == QEvent::Resize) {
         describeFrame();
+        if (m_widget.size() != size())
+            settleSoon();
+    }
     return QObject::eventFilter(watched, event);
 }
 

@@ -4,6 +4,7 @@
 #include "platform/x11/connection.h"
 
 #include <QMargins>
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -45,6 +46,11 @@ private:
     void adoptNativeWindow();
     void putOnScreen(const QString &name);
     void placeToThePixel();
+    QSize size() const;
+    /// Gives the window the place and size that it is to have, should it have others: when a screen goes or
+    /// comes, Qt takes a window to another one without regard to their scales.
+    void settle();
+    void settleSoon();
     /// Tells the server which part of the window is the frame, and takes the pointer.
     void describeFrame();
     void askForBlur(const QRect &nativeFrame);
@@ -57,6 +63,9 @@ private:
     xcb_window_t m_window = XCB_NONE;
     /// Where a text field is to lie in pixels; Qt itself knows whole points only.
     std::optional<QPoint> m_nativeCorner;
+    /// Where all the others are to lie, in Qt's points; none until they are placed.
+    std::optional<QRect> m_place;
+    QTimer m_settling;
     bool m_visible = false;
     bool m_ignoresMouseEvents = false;
     quint64 m_orderedFront = 0;

@@ -1,0 +1,105 @@
+// The toolbar while screens of different scales go and come.
+#include "presentation.h"
+#include "registered_test.h"
+
+using namespace zeigewerk::rig;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr QRect kMain(0, 1080, 2560, 1440);
+constexpr QRect kMainAlone(0, 0, 2560, 1440);
+constexpr QRect kMainBeside(1920, 0, 2560, 1440);
+constexpr QRect kProjector(0, 0, 1920, 1080);
+
+/// In points of a screen: from its right edge and from half its height.
+QRectF fromRightMiddle(const QRect &rect, const QRect &screen, double scale)
+{
+    return {(rect.left() - screen.left() - screen.width()) / scale,
+            (rect.top() - screen.top() - screen.height() / 2.0) / scale, rect.width() / scale,
+            rect.height() / scale};
+}
+
+bool isNearly(const QRectF &a, const QRectF &b)
+{
+    constexpr double kPoints = 1.5;
+    return std::abs(a.left() - b.left()) <= kPoints && std::abs(a.top() - b.top()) <= kPoints &&
+           std::abs(a.right() - b.right()) <= kPoints && std::abs(a.bottom() - b.bottom()) <= kPoints;
+}
+
+/// Where the toolbar's window is, and where on it the swatch of the pen's colour is painted.
+struct Look
+{
+    QRectF toolbar;
+    QRectF swatch;
+
+    bool isLike(const Look &other) const
+    {
+        return isNearly(toolbar, other.toolbar) && isNearly(swatch, other.swatch);
+    }
+};
+
+Look lookOn(Presentation &on, const QRect &screen, double scale)
+{
+    const std::optional<WindowInfo> window = on.toolbar();
+    const QRect toolbar = window ? window->geometry : QRect();
+    return {.toolbar = fromRightMiddle(toolbar, screen, scale),
+            .swatch = fromRightMiddle(on.session.screenshot().bounds(kInk, toolbar), screen, scale)};
+}
+
+} // namespace
+
+class ToolbarScaleScenarios : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itLooksTheSameOnEveryScreen_data();
+    void itLooksTheSameOnEveryScreen();
+};
+
+void ToolbarScaleScenarios::itLooksTheSameOnEveryScreen_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<double>("projectorScale");
+    QTest::newRow("2, and a projector of 1") << 2.0 << 1.0;
+    QTest::newRow("1.5, and a projector of 1") << 1.5 << 1.0;
+    QTest::newRow("1, and a projector of 2") << 1.0 << 2.0;
+}
+
+void ToolbarScaleScenarios::itLooksTheSameOnEveryScreen()
+{
+    QFETCH(double, scale);
+    QFETCH(double, projectorScale);
+    const auto factors = QStringLiteral("DUMMY0=%1;DUMMY1=%2").arg(scale).arg(projectorScale);
+    Presentation on({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", factors}});
+    EVENTUALLY(!lookOn(on, kMain, scale).swatch.isEmpty());
+    const Look before = lookOn(on, kMain, scale);
+
+    Outputs outputs(on.session.client());
+    const QMap<int, QRect> both = {{0, kMain}, {1, kProjector}};
+    const QList<QMap<int, QRect>> steps = {{{0, kMainAlone}},
+                                           both,
+                                           {{1, kProjector}},
+                                           both,
+                                           {},
+                                           {{1, kProjector}},
+                                           {{0, kMainBeside}, {1, kProjector}},
+                                           {},
+                                           {{0, kMainAlone}},
+                                           both};
+    for (const QMap<int, QRect> &screens : steps) {
+        outputs.apply(screens);
+        if (screens.isEmpty()) {
+            THROUGHOUT(300ms, on.toolbar().has_value());
+            continue;
+        }
+        // It is on its own screen for as long as that is there.
+        const bool isAtHome = screens.contains(0);
+        const QRect screen = screens.value(isAtHome ? 0 : 1);
+        EVENTUALLY(lookOn(on, screen, isAtHome ? scale : projectorScale).isLike(before));
+    }
+}
+
+REGISTER_GUILESS_TEST(ToolbarScaleScenarios)
+#include "toolbar_scale_scenarios.moc"

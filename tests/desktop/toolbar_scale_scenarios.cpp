@@ -56,6 +56,7 @@ class ToolbarScaleScenarios : public QObject
 private Q_SLOTS:
     void itLooksTheSameOnEveryScreen_data();
     void itLooksTheSameOnEveryScreen();
+    void itLooksTheSameIfItWasHiddenMeanwhile();
 };
 
 void ToolbarScaleScenarios::itLooksTheSameOnEveryScreen_data()
@@ -99,6 +100,28 @@ void ToolbarScaleScenarios::itLooksTheSameOnEveryScreen()
         const QRect screen = screens.value(isAtHome ? 0 : 1);
         EVENTUALLY(lookOn(on, screen, isAtHome ? scale : projectorScale).isLike(before));
     }
+}
+
+void ToolbarScaleScenarios::itLooksTheSameIfItWasHiddenMeanwhile()
+{
+    Presentation on({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=2;DUMMY1=1"}});
+    EVENTUALLY(!lookOn(on, kMain, 2.0).swatch.isEmpty());
+    const Look before = lookOn(on, kMain, 2.0);
+    Outputs outputs(on.session.client());
+    const auto changeBehindIt = [&](const QMap<int, QRect> &screens) {
+        on.hotKey(Key::T);
+        if (!eventually([&] { return !on.toolbar(); }))
+            return false;
+        outputs.apply(screens);
+        on.hotKey(Key::T);
+        return eventually([&] { return on.toolbar().has_value(); });
+    };
+    QVERIFY(changeBehindIt({{1, kProjector}}));
+    EVENTUALLY(lookOn(on, kProjector, 1.0).isLike(before));
+    QVERIFY(changeBehindIt({{0, kMain}, {1, kProjector}}));
+    EVENTUALLY(lookOn(on, kMain, 2.0).isLike(before));
+    QVERIFY(changeBehindIt({{0, kMainAlone}}));
+    EVENTUALLY(lookOn(on, kMainAlone, 2.0).isLike(before));
 }
 
 REGISTER_GUILESS_TEST(ToolbarScaleScenarios)

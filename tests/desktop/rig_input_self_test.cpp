@@ -75,6 +75,8 @@ void RigInputSelfTest::focusReturnsToAnotherWindow()
     DesktopSession session;
     WindowBeneath one(session, kBeneath, kBlue);
     WindowBeneath other(session, QRect(1100, 100, 300, 300), Qt::green);
+    // Else that may come in between later.
+    QVERIFY(other.opensWithFocus());
     QVERIFY(one.takeFocus());
     one.forget();
     session.pointer().clickAt({1200, 200});

@@ -77,6 +77,7 @@ void ToolbarStackingScenarios::itStaysAboveAFullScreenWindow()
     EVENTUALLY(isSeen(on, on.beneathColor()));
     // Before there is a full-screen window: some window managers show no other one then.
     WindowBeneath later(on.session, VirtualDisplay::kFullHd, Qt::green);
+    QVERIFY(later.opensWithFocus());
     EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green));
     QVERIFY(on.beneath.takeFocus());
     QVERIFY(on.beneath.setFullScreen(true));

@@ -1,6 +1,10 @@
 // The menu as the program itself pops it up.
 
+#include "keyboard_grab.h"
 #include "registered_test.h"
+#include "rig/grabs.h"
+#include "rig/popup.h"
+#include "toolbar_user.h"
 #include "tray_presentation.h"
 
 using namespace zeigewerk::rig;
@@ -50,6 +54,8 @@ class TrayPopupScenarios : public QObject
 private Q_SLOTS:
     void aPlainClickOpensTheMenu_data();
     void aPlainClickOpensTheMenu();
+    void aMenuOpenedDuringAGrabClosesOnceThatIsOver_data();
+    void aMenuOpenedDuringAGrabClosesOnceThatIsOver();
     void escClosesTheMenuAndNothingElse();
     void theOpenMenuStandsAboveTheWhiteboard();
     void ctrlQQuitsOnlyWhileTheMenuIsOpen();
@@ -82,6 +88,50 @@ void TrayPopupScenarios::aPlainClickOpensTheMenu()
     QVERIFY(on.beneath.hasFocus());
     QVERIFY(on.session.pointer().clickAt({100, 900}));
     EVENTUALLY(!on.beneath.presses().isEmpty());
+}
+
+void TrayPopupScenarios::aMenuOpenedDuringAGrabClosesOnceThatIsOver_data()
+{
+    QTest::addColumn<bool>("isOfKeyboard");
+    QTest::addColumn<bool>("isClosedByEsc");
+    QTest::newRow("of the pointer, closed by a click") << false << false;
+    QTest::newRow("of the pointer, closed by Esc") << false << true;
+    QTest::newRow("of the keyboard, closed by a click") << true << false;
+    QTest::newRow("of the keyboard, closed by Esc") << true << true;
+}
+
+// A tray that opens the menu at a press has the pointer until the release.
+void TrayPopupScenarios::aMenuOpenedDuringAGrabClosesOnceThatIsOver()
+{
+    QFETCH(bool, isOfKeyboard);
+    QFETCH(bool, isClosedByEsc);
+    TrayPresentation on(withAccessibility({}));
+    ToolbarUser toolbar(on.session, on.program);
+    NewWindows menus(on);
+    QVERIFY(on.session.pointer().moveTo(kMenuPlace));
+    Popup tray(on.session, {600, 0, 100, 30}, Qt::gray);
+    std::optional<KeyboardGrab> switcher;
+    if (isOfKeyboard)
+        switcher.emplace(on.session);
+    else
+        QVERIFY(tray.grabPointer());
+    QVERIFY(on.panel.host.activate(on.item, kMenuPlace));
+    EVENTUALLY(menus.now().size() == 1);
+    switcher.reset();
+    tray.ungrabPointer();
+    EVENTUALLY(!canGrabKeyboard(on.session) && !canGrabPointer(on.session));
+    if (isClosedByEsc)
+        on.session.keyboard().tap(Key::Escape);
+    else
+        QVERIFY(on.session.pointer().clickAt({100, 900}));
+    EVENTUALLY(menus.now().isEmpty());
+    QVERIFY(on.beneath.hasFocus());
+    // Nothing of the grabs is left, neither in the server nor in the program.
+    on.beneath.forget();
+    QVERIFY(on.session.pointer().clickAt({100, 900}));
+    EVENTUALLY(!on.beneath.presses().isEmpty());
+    QVERIFY(toolbar.click(button::kSpotlight));
+    EVENTUALLY(on.isChecked(label::kSpot));
 }
 
 void TrayPopupScenarios::escClosesTheMenuAndNothingElse()

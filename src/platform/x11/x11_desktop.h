@@ -7,6 +7,7 @@
 #include "platform/x11/held_keys.h"
 #include "platform/x11/keymap.h"
 #include "platform/x11/lost_display.h"
+#include "platform/x11/popup_grabs.h"
 #include "platform/x11/scrolling.h"
 #include "platform/x11/selection_owner.h"
 #include "platform/x11/stacking.h"
@@ -92,6 +93,7 @@ private:
     Scrolling m_scrolling;
     TypedKeys m_typedKeys;
     X11EventMonitor m_eventMonitor;
+    PopupGrabs m_popupGrabs;
     std::vector<X11Surface *> m_surfaces;
     std::vector<X11WidgetWindow *> m_widgetWindows;
     quint64 m_lastOrder = 0;

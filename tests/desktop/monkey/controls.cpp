@@ -1,6 +1,7 @@
 #include "controls.h"
 
-#include "grabs.h"
+#include "program_windows.h"
+#include "rig/grabs.h"
 
 #include <QMap>
 
@@ -26,11 +27,22 @@ const QMap<QString, Key> &hotKeysOfModes()
 
 void Controls::closeMenus()
 {
-    // An open menu, of the program or of the window manager, has the keyboard, hot keys included.
+    // An open menu, of the program or of the window manager, has the keyboard, hot keys included; one that
+    // opened while another program had it gets it a moment later.
+    const auto isNoneOpen = [this] { return !isMenuOpen() && canGrabKeyboard(m_session); };
     constexpr int kMostMenus = 4;
-    for (int i = 0; i < kMostMenus && !eventually([&] { return canGrabKeyboard(m_session); }, kMenuAnswers);
-         ++i)
+    for (int i = 0; i < kMostMenus && !eventually(isNoneOpen, kMenuAnswers); ++i)
         m_session.keyboard().tap(Key::Escape);
+}
+
+bool Controls::isMenuOpen()
+{
+    Client &client = m_session.client();
+    const QList<xcb_window_t> windows = client.stackedChildren(client.root());
+    return std::any_of(windows.begin(), windows.end(), [&](xcb_window_t id) {
+        const std::optional<WindowInfo> window = client.window(id);
+        return window && window->viewable && isMenu(m_session, *window);
+    });
 }
 
 std::optional<TrayItem> Controls::item()

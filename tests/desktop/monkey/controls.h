@@ -28,6 +28,7 @@ public:
     bool click(const QString &label);
 
 private:
+    bool isMenuOpen();
     std::optional<TrayItem> item();
     QStringList modesOn(const TrayItem &item);
     void switchOff(const QString &mode, Chance &chance);

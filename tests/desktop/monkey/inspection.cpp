@@ -1,6 +1,6 @@
 #include "inspection.h"
 
-#include "grabs.h"
+#include "rig/grabs.h"
 #include "text_of.h"
 
 #include <QRegion>

@@ -179,8 +179,11 @@ bool Monkey::rest(int number)
     Chance chance(m_orders.seed, -number);
     m_done.push_back(QStringLiteral("%1 everything is let go").arg(number, 6));
     reviveWindowManager(number);
-    letGo();
+    // A menu that the last action asks for is to be open before menus are closed.
     QStringList complaints;
+    if (!answersOrEnds())
+        complaints += QStringLiteral("it does not answer to the last action");
+    letGo();
     if (!answersOrEnds())
         complaints += QStringLiteral("it does not answer");
     if (!m_program->isRunning())

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void theToolbarStaysUsableOverItsOwnCanvases();
     void theToolbarIsUsableOverAFullScreenWindow();
     void hiddenItIsGoneAndComesBackAtTheSamePlace();
+    void toggledInARushItEndsAsItShould();
     void theAppearanceChangesTheToolbarsOwnColours();
     void hoveringShowsATooltip();
 };
@@ -166,6 +167,32 @@ void ToolbarWindowScenarios::hiddenItIsGoneAndComesBackAtTheSamePlace()
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.beneath.hasFocus());
     QCOMPARE(on.presenter.panel(), panel);
+}
+
+void ToolbarWindowScenarios::toggledInARushItEndsAsItShould()
+{
+    constexpr int kOddCount = 41;
+    Rehearsal on;
+    const QRect panel = on.presenter.panel();
+    const auto isShown = [&] { return on.presenter.window().id != XCB_WINDOW_NONE; };
+    const auto rush = [&] {
+        for (int i = 0; i < kOddCount; ++i)
+            on.hotKey(Key::T);
+        // The program takes its keys in order: once this one has been seen, all of them have.
+        on.hotKey(Key::D);
+        return eventually([&] { return on.hasKeyboard(); });
+    };
+    QVERIFY(rush());
+    EVENTUALLY(!isShown());
+    on.hotKey(Key::D);
+    EVENTUALLY(on.beneath.hasFocus());
+    EVENTUALLY(on.isUntouched(VirtualDisplay::kFullHd));
+    QVERIFY(rush());
+    EVENTUALLY(isShown());
+    QCOMPARE(on.presenter.panel(), panel);
+    EVENTUALLY(on.pixel(panel.center()) != on.beneathColor());
+    QVERIFY(on.presenter.click(button::kDraw));
+    EVENTUALLY(on.beneath.hasFocus());
 }
 
 void ToolbarWindowScenarios::theAppearanceChangesTheToolbarsOwnColours()

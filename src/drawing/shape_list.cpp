@@ -21,21 +21,15 @@ void ShapeList::removeLast()
 void ShapeList::clear()
 {
     m_shapes.clear();
-    placeFrom(0);
+    m_places = {};
 }
 
 void ShapeList::placeFrom(std::size_t first)
 {
-    m_boxes.resize(first);
+    while (m_places.size() > first)
+        m_places.removeLast();
     for (std::size_t i = first; i < m_shapes.size(); ++i)
-        m_boxes.push_back(paintedBounds(m_shapes[i]));
-    const std::size_t firstRun = first / kRun;
-    m_runs.resize(firstRun);
-    for (std::size_t i = firstRun * kRun; i < m_boxes.size(); ++i) {
-        if (i % kRun == 0)
-            m_runs.emplace_back();
-        m_runs.back().add(m_boxes[i]);
-    }
+        m_places.append(paintedBounds(m_shapes[i]));
 }
 
 } // namespace zeigewerk

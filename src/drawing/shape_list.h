@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drawing/polyline.h"
+#include "drawing/box_index.h"
 #include "drawing/shape.h"
 
 #include <algorithm>
@@ -29,14 +29,11 @@ public:
     void forEachNear(const Box &area, const Visit &visit) const;
 
 private:
-    /// So many shapes in a row have one box around theirs.
-    static constexpr std::size_t kRun = 32;
-
+    /// To be called when what comes after the first so many has changed.
     void placeFrom(std::size_t first);
 
     std::vector<Shape> m_shapes;
-    std::vector<Box> m_boxes;
-    std::vector<Box> m_runs;
+    BoxIndex m_places;
 };
 
 template <typename Condition>
@@ -53,15 +50,8 @@ void ShapeList::removeIf(const Condition &condition)
 template <typename Visit>
 void ShapeList::forEachNear(const Box &area, const Visit &visit) const
 {
-    for (std::size_t run = 0; run < m_runs.size(); ++run) {
-        if (!m_runs[run].touches(area))
-            continue;
-        const std::size_t end = std::min((run + 1) * kRun, m_shapes.size());
-        for (std::size_t i = run * kRun; i < end; ++i) {
-            if (m_boxes[i].touches(area))
-                visit(m_shapes[i]);
-        }
-    }
+    for (const std::uint32_t place : m_places.touching(area))
+        visit(m_shapes[place]);
 }
 
 } // namespace zeigewerk

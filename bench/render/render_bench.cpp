@@ -12,8 +12,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cmath>
-
 namespace zeigewerk {
 
 namespace {
@@ -195,9 +193,7 @@ void scribble(Program &program, int count)
 {
     program.app.setTool(Tool::pen);
     for (int i = 0; i < count; ++i) {
-        // A step by which the places come to lie evenly spread.
-        const QPointF start(std::fmod(i * 0.7548776662 * kScreen.width(), kScreen.width()),
-                            std::fmod(i * 0.5698402910 * kScreen.height(), kScreen.height()));
+        const QPointF start = bench::scattered(kScreen, i);
         program.view().mouseDown({start, {}});
         for (int point = 1; point < 50; ++point)
             program.view().mouseDragged({start + penPoint(i + point) - penPoint(i), {}});

@@ -104,19 +104,20 @@ void Coverage::addLine(QPointF from, QPointF to, double halfWidth)
     // A short line is near all its rows, as good as wholly.
     const bool isShort = std::abs(way.x()) <= 2.0 * reach || way.y() == 0.0;
     const double perRow = isShort ? 0.0 : 1.0 / way.y();
-    double begin = 0.0;
-    double end = 1.0;
+    const auto spanBetween = [&](double begin, double end) {
+        const double left = start.x() + std::min(begin * way.x(), end * way.x()) - reach;
+        const double right = start.x() + std::max(begin * way.x(), end * way.x()) + reach;
+        return Span{std::max(floored(left), m_rect.left()), std::min(floored(right), m_rect.right()) + 1};
+    };
+    Span span = spanBetween(0.0, 1.0);
     for (int y = firstRow; y <= lastRow; ++y) {
         const double rowY = y + 0.5 - start.y();
         if (!isShort) {
             const double one = (rowY - reach) * perRow;
             const double other = (rowY + reach) * perRow;
-            begin = std::clamp(std::min(one, other), 0.0, 1.0);
-            end = std::clamp(std::max(one, other), 0.0, 1.0);
+            span = spanBetween(std::clamp(std::min(one, other), 0.0, 1.0),
+                               std::clamp(std::max(one, other), 0.0, 1.0));
         }
-        const double left = start.x() + std::min(begin * way.x(), end * way.x()) - reach;
-        const double right = start.x() + std::max(begin * way.x(), end * way.x()) + reach;
-        const Span span{std::max(floored(left), m_rect.left()), std::min(floored(right), m_rect.right()) + 1};
         if (span.begin >= span.end)
             continue;
         coverRow(row(y) + (span.begin - m_rect.left()), roundedUp(span.end - span.begin),

@@ -1,7 +1,6 @@
 #include "floor.h"
 #include "measures.h"
-
-#include <map>
+#include "ongoing_stroke.h"
 
 namespace zeigewerk::bench {
 
@@ -14,10 +13,18 @@ constexpr QPoint kLevelStart(200, 1500);
 struct Rate
 {
     int perSecond;
-    int samples;
+    int samplesPerTurn;
     Bars bars;
 };
-const Rate kRates[] = {{60, 1000, {80.0, 40.0}}, {250, 2000, {}}, {1000, 4000, {45.0, 20.0}}};
+const Rate kRates[] = {{60, 200, {80.0, 40.0}}, {250, 400, {}}, {1000, 800, {45.0, 20.0}}};
+
+/// What 1,000 samples cost in each turn, drawn by the program and by the floor.
+struct CostsAtRate
+{
+    Rate rate;
+    std::vector<Costs> program;
+    std::vector<Costs> floor;
+};
 
 void addLatency(Results &results, const std::vector<double> &times, const QString &who, const Bars &median,
                 const Bars &high)
@@ -41,61 +48,80 @@ std::vector<double> latency(rig::DesktopSession &session, qint64 programId)
     return times;
 }
 
-/// What 1,000 samples of a new stroke cost.
-Costs drawingCosts(rig::DesktopSession &session, qint64 programId, const Rate &rate)
+std::vector<CostsAtRate> inTurns(OngoingStroke &byProgram, OngoingStroke &byFloor)
 {
-    Hand hand(session.client());
-    const Path path = wander(kScreen);
-    hand.moveTo(path(0));
-    hand.press();
-    const Costs costs =
-        costsOf(session, programId, [&] { hand.follow(path, 1, rate.samples, rate.perSecond); });
-    hand.release();
-    return costs * (1000.0 / rate.samples);
+    std::vector<CostsAtRate> all;
+    for (const Rate &rate : kRates) {
+        CostsAtRate costs{rate, {}, {}};
+        for (int turn = 0; turn < kTurns; ++turn) {
+            costs.program.push_back(byProgram.nextCosts(rate.samplesPerTurn, rate.perSecond));
+            costs.floor.push_back(byFloor.nextCosts(rate.samplesPerTurn, rate.perSecond));
+        }
+        all.push_back(costs);
+    }
+    return all;
 }
 
-void measureProgram(Results &results, std::map<int, Milliseconds> &spent)
+/// Of what one of the three processes has spent in each turn.
+double median(const std::vector<Costs> &turns, Milliseconds Costs::*whose)
 {
-    rig::Presentation show(stageSetup());
-    show.hotKey(rig::Key::D);
-    if (!rig::eventually([&] { return show.hasKeyboard(); }))
-        throw rig::RigError("drawing does not begin");
-    addLatency(results, latency(show.session, show.program.processId()), {}, {1.0, 0.6}, {3.0, 2.0});
-    for (const Rate &rate : kRates) {
-        const Costs costs = drawingCosts(show.session, show.program.processId(), rate);
-        const QString what = QStringLiteral("1,000 samples at %1 Hz: ").arg(rate.perSecond);
-        results.add(what + QStringLiteral("program"), costs.program.count(), QStringLiteral("ms"), rate.bars);
-        results.add(what + QStringLiteral("X server"), costs.server.count(), QStringLiteral("ms"));
-        results.add(what + QStringLiteral("compositor"), costs.compositor.count(), QStringLiteral("ms"));
-        spent[rate.perSecond] = costs.program;
-    }
+    std::vector<double> times;
+    for (const Costs &costs : turns)
+        times.push_back((costs.*whose).count());
+    return percentile(times, 0.5);
 }
 
-void measureFloor(Results &results, const std::map<int, Milliseconds> &spent)
+double medianRatio(const CostsAtRate &costs)
 {
-    rig::DesktopSession session(stageSetup());
-    const rig::WindowBeneath beneath(session, QRect(QPoint(0, 0), kScreen), QColor(0x20, 0x60, 0xA0));
-    const Floor floor(session);
-    addLatency(results, latency(session, floor.processId()), QStringLiteral(" (floor)"), {}, {});
-    for (const Rate &rate : kRates) {
-        const Costs costs = drawingCosts(session, floor.processId(), rate);
-        const QString what = QStringLiteral("1,000 samples at %1 Hz: ").arg(rate.perSecond);
-        results.add(what + QStringLiteral("floor"), costs.program.count(), QStringLiteral("ms"));
-        results.add(what + QStringLiteral("X server (floor)"), costs.server.count(), QStringLiteral("ms"));
-        results.add(what + QStringLiteral("program / floor"), spent.at(rate.perSecond) / costs.program,
-                    QStringLiteral("x"), {5.0, 2.5});
-    }
+    std::vector<double> ratios;
+    for (std::size_t turn = 0; turn < costs.program.size(); ++turn)
+        ratios.push_back(costs.program[turn].program / costs.floor[turn].program);
+    return percentile(ratios, 0.5);
+}
+
+void addProgram(Results &results, const CostsAtRate &costs)
+{
+    const QString what = QStringLiteral("1,000 samples at %1 Hz: ").arg(costs.rate.perSecond);
+    results.add(what + QStringLiteral("program"), median(costs.program, &Costs::program),
+                QStringLiteral("ms"), costs.rate.bars);
+    results.add(what + QStringLiteral("X server"), median(costs.program, &Costs::server),
+                QStringLiteral("ms"));
+    results.add(what + QStringLiteral("compositor"), median(costs.program, &Costs::compositor),
+                QStringLiteral("ms"));
+}
+
+void addFloor(Results &results, const CostsAtRate &costs)
+{
+    const QString what = QStringLiteral("1,000 samples at %1 Hz: ").arg(costs.rate.perSecond);
+    results.add(what + QStringLiteral("floor"), median(costs.floor, &Costs::program), QStringLiteral("ms"));
+    results.add(what + QStringLiteral("X server (floor)"), median(costs.floor, &Costs::server),
+                QStringLiteral("ms"));
+    results.add(what + QStringLiteral("program / floor"), medianRatio(costs), QStringLiteral("x"),
+                {5.0, 2.5});
 }
 
 } // namespace
 
 void measureInk(Results &results)
 {
-    std::map<int, Milliseconds> spent;
     results.heading(QStringLiteral("Drawing"));
-    measureProgram(results, spent);
+    rig::Presentation show(stageSetup());
+    beginDrawing(show);
+    addLatency(results, latency(show.session, show.program.processId()), {}, {1.0, 0.6}, {3.0, 2.0});
+
+    rig::DesktopSession session(stageSetup());
+    const rig::WindowBeneath beneath(session, QRect(QPoint(0, 0), kScreen), QColor(0x20, 0x60, 0xA0));
+    const Floor floor(session);
+    const std::vector<double> floorLatency = latency(session, floor.processId());
+    OngoingStroke byProgram(show.session, show.program.processId());
+    OngoingStroke byFloor(session, floor.processId());
+    const std::vector<CostsAtRate> all = inTurns(byProgram, byFloor);
+    for (const CostsAtRate &costs : all)
+        addProgram(results, costs);
     results.heading(QStringLiteral("The floor: the same damage put by a client that does nothing else"));
-    measureFloor(results, spent);
+    addLatency(results, floorLatency, QStringLiteral(" (floor)"), {}, {});
+    for (const CostsAtRate &costs : all)
+        addFloor(results, costs);
 }
 
 } // namespace zeigewerk::bench

@@ -1,8 +1,9 @@
 #include "measures.h"
-#include "stage.h"
+#include "ongoing_stroke.h"
 #include "wander.h"
 
 #include <array>
+#include <optional>
 
 namespace zeigewerk::bench {
 
@@ -10,66 +11,30 @@ namespace {
 
 constexpr int kLongStroke = 20'000;
 constexpr int kShapes = 10'000;
-/// The strokes are measured in turns, since what the machine does beside makes one minute dearer than the
-/// next.
-constexpr int kTurns = 5;
 /// Samples of a turn, at each pace.
 constexpr int kMeasured = 200;
 /// Per second.
 constexpr std::array kPaces{60.0, 1000.0};
-/// As fast as the program follows without a queue.
-constexpr double kHurry = 2000.0;
 /// What "no slower" means among measurements that vary from one to the next.
 constexpr Bars kSameCost{1.3, 1.1};
 
-/// A desktop of its own on which a stroke is drawn, and what that costs.
-class Drawing
+/// A desktop of its own where the program draws.
+struct Drawing
 {
-public:
-    Drawing()
-        : show(stageSetup())
-        , hand(show.session.client())
-    {
-        show.hotKey(rig::Key::D);
-        if (!rig::eventually([&] { return show.hasKeyboard(); }))
-            throw rig::RigError("drawing does not begin");
-    }
+    Drawing() { beginDrawing(show); }
 
-    void scribbleAll()
-    {
-        for (int shape = 0; shape < kShapes; ++shape)
-            hand.scribble(scattered(kScreen, shape).toPoint());
-    }
+    double nextCost(double pace) { return stroke->nextCosts(kMeasured, pace).program.count(); }
 
-    void begin()
-    {
-        hand.moveTo(m_path(0));
-        hand.press();
-    }
-
-    /// Goes on with the stroke until it has so many samples.
-    void goOnTo(int samples)
-    {
-        hand.follow(m_path, m_next, samples - m_next, kHurry);
-        m_next = samples;
-    }
-
-    /// The program's time for the next samples at that pace, for 1,000 of them.
-    double costAt(double pace)
-    {
-        const Costs costs = costsOf(show.session, show.program.processId(),
-                                    [&] { hand.follow(m_path, m_next, kMeasured, pace); });
-        m_next += kMeasured;
-        return costs.program.count() * 1000.0 / kMeasured;
-    }
-
-    rig::Presentation show;
-    Hand hand;
-
-private:
-    Path m_path = wander(kScreen);
-    int m_next = 1;
+    rig::Presentation show{stageSetup()};
+    Hand hand{show.session.client()};
+    std::optional<OngoingStroke> stroke;
 };
+
+void scribbleAll(Hand &hand)
+{
+    for (int shape = 0; shape < kShapes; ++shape)
+        hand.scribble(scattered(kScreen, shape).toPoint());
+}
 
 void measureUndo(Results &results, Drawing &drawing)
 {
@@ -102,19 +67,18 @@ void measureMuchInk(Results &results)
     Drawing fresh;
     Drawing onLongStroke;
     Drawing aboveShapes;
-    aboveShapes.scribbleAll();
-    fresh.begin();
-    onLongStroke.begin();
-    aboveShapes.begin();
-    onLongStroke.goOnTo(kLongStroke - kTurns * kMeasured * static_cast<int>(kPaces.size()));
+    scribbleAll(aboveShapes.hand);
+    for (Drawing *drawing : {&fresh, &onLongStroke, &aboveShapes})
+        drawing->stroke.emplace(drawing->show.session, drawing->show.program.processId());
+    onLongStroke.stroke->goOnTo(kLongStroke - kTurns * kMeasured * static_cast<int>(kPaces.size()));
     for (const double pace : kPaces) {
         std::vector<double> costs;
         std::vector<double> ratiosOfLong;
         std::vector<double> ratiosAbove;
         for (int turn = 0; turn < kTurns; ++turn) {
-            costs.push_back(fresh.costAt(pace));
-            ratiosOfLong.push_back(onLongStroke.costAt(pace) / costs.back());
-            ratiosAbove.push_back(aboveShapes.costAt(pace) / costs.back());
+            costs.push_back(fresh.nextCost(pace));
+            ratiosOfLong.push_back(onLongStroke.nextCost(pace) / costs.back());
+            ratiosAbove.push_back(aboveShapes.nextCost(pace) / costs.back());
         }
         const QString at = QStringLiteral(", at %1 Hz").arg(pace);
         results.add(QStringLiteral("the first of a stroke") + at, percentile(costs, 0.5),
@@ -124,7 +88,7 @@ void measureMuchInk(Results &results)
         results.add(QStringLiteral("over 10,000 shapes") + at, percentile(ratiosAbove, 0.5),
                     QStringLiteral("x"), kSameCost);
     }
-    aboveShapes.hand.release();
+    aboveShapes.stroke.reset();
     measureUndo(results, aboveShapes);
 }
 

@@ -4,6 +4,13 @@ namespace zeigewerk::bench {
 
 using namespace std::chrono_literals;
 
+void beginDrawing(rig::Presentation &show)
+{
+    show.hotKey(rig::Key::D);
+    if (!rig::eventually([&] { return show.hasKeyboard(); }))
+        throw rig::RigError("drawing does not begin");
+}
+
 Costs Costs::of(rig::DesktopSession &session, qint64 programId)
 {
     const qint64 compositor = session.compositorProcessId();

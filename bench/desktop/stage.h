@@ -20,6 +20,9 @@ inline rig::DesktopSetup stageSetup()
     return {.screens = {QRect(QPoint(0, 0), kScreen)}};
 }
 
+/// Switches drawing on. Throws RigError if it does not begin.
+void beginDrawing(rig::Presentation &show);
+
 /// What the three processes between hand and eye have spent.
 struct Costs
 {

@@ -16,16 +16,25 @@ void OngoingStroke::goOnTo(int samples)
 {
     // As fast as the program follows without a queue.
     constexpr double kHurry = 2000.0;
-    m_hand.follow(m_path, m_next, samples - m_next, kHurry);
-    m_next = samples;
+    follow(samples - m_next, kHurry);
 }
 
 Costs OngoingStroke::nextCosts(int samples, double pace)
 {
-    const Costs costs =
-        costsOf(m_session, m_programId, [&] { m_hand.follow(m_path, m_next, samples, pace); });
+    // In the others' turns a program's memory has left the processor's caches. To fetch it again is what a
+    // stroke costs at its beginning, and not at each sample.
+    constexpr int kWarmUp = 50;
+    follow(kWarmUp, pace);
+    const Costs before = Costs::of(m_session, m_programId);
+    follow(samples, pace);
+    awaitRest(m_session, m_programId);
+    return (Costs::of(m_session, m_programId) - before) * (1000.0 / samples);
+}
+
+void OngoingStroke::follow(int samples, double pace)
+{
+    m_hand.follow(m_path, m_next, samples, pace);
     m_next += samples;
-    return costs * (1000.0 / samples);
 }
 
 } // namespace zeigewerk::bench

@@ -21,10 +21,12 @@ public:
 
     /// In a hurry, until it has so many samples.
     void goOnTo(int samples);
-    /// What 1,000 samples cost, reckoned from the next `samples` of them; so many come in a second.
+    /// What 1,000 samples cost, reckoned from `samples` of them after a few more; so many come in a second.
     Costs nextCosts(int samples, double pace);
 
 private:
+    void follow(int samples, double pace);
+
     rig::DesktopSession &m_session;
     qint64 m_programId;
     Hand m_hand;

@@ -66,6 +66,7 @@ std::vector<CostsAtRate> inTurns(OngoingStroke &byProgram, OngoingStroke &byFloo
 double median(const std::vector<Costs> &turns, Milliseconds Costs::*whose)
 {
     std::vector<double> times;
+    times.reserve(turns.size());
     for (const Costs &costs : turns)
         times.push_back((costs.*whose).count());
     return percentile(times, 0.5);

@@ -70,7 +70,8 @@ void measureMuchInk(Results &results)
     scribbleAll(aboveShapes.hand);
     for (Drawing *drawing : {&fresh, &onLongStroke, &aboveShapes})
         drawing->stroke.emplace(drawing->show.session, drawing->show.program.processId());
-    onLongStroke.stroke->goOnTo(kLongStroke - kTurns * kMeasured * static_cast<int>(kPaces.size()));
+    constexpr int kLast = static_cast<int>(kPaces.size()) * kTurns * (OngoingStroke::kWarmUp + kMeasured);
+    onLongStroke.stroke->goOnTo(kLongStroke - kLast);
     for (const double pace : kPaces) {
         std::vector<double> costs;
         std::vector<double> ratiosOfLong;

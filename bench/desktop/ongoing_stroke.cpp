@@ -21,9 +21,6 @@ void OngoingStroke::goOnTo(int samples)
 
 Costs OngoingStroke::nextCosts(int samples, double pace)
 {
-    // In the others' turns a program's memory has left the processor's caches. To fetch it again is what a
-    // stroke costs at its beginning, and not at each sample.
-    constexpr int kWarmUp = 50;
     follow(kWarmUp, pace);
     const Costs before = Costs::of(m_session, m_programId);
     follow(samples, pace);

@@ -13,6 +13,10 @@ inline constexpr int kTurns = 5;
 class OngoingStroke
 {
 public:
+    /// In the others' turns a program's memory leaves the processor's caches. To fetch it again is what a
+    /// stroke costs at its beginning and not at each sample, so these samples of each turn do not count.
+    static constexpr int kWarmUp = 50;
+
     /// Begins it, on a desktop where that process draws. The session must outlive the stroke.
     OngoingStroke(rig::DesktopSession &session, qint64 programId);
     OngoingStroke(const OngoingStroke &) = delete;
@@ -21,7 +25,7 @@ public:
 
     /// In a hurry, until it has so many samples.
     void goOnTo(int samples);
-    /// What 1,000 samples cost, reckoned from `samples` of them after a few more; so many come in a second.
+    /// What 1,000 samples cost at that many a second, reckoned from `samples` of them after the warm-up.
     Costs nextCosts(int samples, double pace);
 
 private:

@@ -12,7 +12,7 @@ constexpr double kCell = 128.0;
 /// Lists along each side: 4096 points until the first shares its list.
 constexpr int kLists = 32;
 /// A box in more lists than this is large.
-constexpr int kMostCells = 64;
+constexpr int kMostLists = 64;
 
 /// Lists along one side: those of the cells between two coordinates.
 struct Range
@@ -46,7 +46,7 @@ void BoxIndex::forEachList(Lists &lists, const Box &box, const Visit &visit)
 
 bool BoxIndex::isLarge(const Box &box)
 {
-    return listsBetween(box.left, box.right).count * listsBetween(box.bottom, box.top).count > kMostCells;
+    return listsBetween(box.left, box.right).count * listsBetween(box.bottom, box.top).count > kMostLists;
 }
 
 void BoxIndex::append(const Box &box)

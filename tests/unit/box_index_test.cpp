@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <array>
+
 namespace zeigewerk {
 
 namespace {

@@ -1,3 +1,4 @@
+#include "absence.h"
 #include "presentation.h"
 #include "registered_test.h"
 
@@ -13,6 +14,7 @@ private Q_SLOTS:
     void withoutACompositorPinningInADragLetsItBeFinished();
     void drawingsOutliveTheCompositor();
     void aStrokeUnderWayOutlivesTheCompositor();
+    void whatComesBackWhileTheCompositorIsBusyShows();
 };
 
 void CompositorScenarios::withoutACompositorTheDesktopShowsThrough()
@@ -107,6 +109,34 @@ void CompositorScenarios::aStrokeUnderWayOutlivesTheCompositor()
     on.session.keyboard().chord({Key::Ctrl}, Key::Z);
     EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
     QVERIFY(on.beneath.presses().isEmpty() && on.beneath.releases().isEmpty());
+}
+
+void CompositorScenarios::whatComesBackWhileTheCompositorIsBusyShows()
+{
+    constexpr int kEvenCount = 20;
+    constexpr qint64 kBusyFor = 400; // ms; the program is not to think of one that has no time for longer
+    constexpr QRect kCorner(0, 0, 200, 200);
+    Presentation on({.compositor = Compositor::Picom});
+    on.hotKey(Key::W);
+    EVENTUALLY(on.isFilled(Qt::white, VirtualDisplay::kFullHd));
+    const xcb_window_t whiteboard = on.overlays().constFirst().id;
+    const auto comesBackUnseen = [&] {
+        QElapsedTimer busy;
+        busy.start();
+        // It finds all of this at once.
+        const Absence absence(on.session.compositorProcessId());
+        const bool hadToolbar = on.toolbar().has_value();
+        for (int i = 0; i < kEvenCount; ++i)
+            on.hotKey(Key::W);
+        // The program takes its keys in order: once this one has been seen, all of them have.
+        on.hotKey(Key::T);
+        return eventually([&] { return on.toolbar().has_value() != hadToolbar; }) && eventually([&] {
+                   return Screenshot::of(on.session.client(), whiteboard).isFilled(Qt::white, kCorner);
+               }) &&
+               busy.elapsed() < kBusyFor;
+    };
+    EVENTUALLY(comesBackUnseen());
+    EVENTUALLY(on.isFilled(Qt::white, VirtualDisplay::kFullHd));
 }
 
 REGISTER_GUILESS_TEST(CompositorScenarios)

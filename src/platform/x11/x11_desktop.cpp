@@ -32,6 +32,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_embeddingTray(*m_connection, "_NET_SYSTEM_TRAY_S")
     , m_stacking(
           *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
+    , m_redrawReminder(*m_connection)
     , m_hotKeys(*m_connection)
     , m_scrolling(*m_connection)
     , m_typedKeys(

@@ -8,6 +8,7 @@
 #include "platform/x11/keymap.h"
 #include "platform/x11/lost_display.h"
 #include "platform/x11/popup_grabs.h"
+#include "platform/x11/redraw_reminder.h"
 #include "platform/x11/scrolling.h"
 #include "platform/x11/selection_owner.h"
 #include "platform/x11/stacking.h"
@@ -56,6 +57,7 @@ public:
     const ScreenLayout &layout() const { return m_screens.layout(); }
     Focus &focus() { return m_focus; }
     Stacking &stacking() { return m_stacking; }
+    RedrawReminder &redrawReminder() { return m_redrawReminder; }
     TypedKeys &typedKeys() { return m_typedKeys; }
 
     void surfaceMade(X11Surface &surface) { m_surfaces.push_back(&surface); }
@@ -89,6 +91,7 @@ private:
     SelectionOwner m_compositor;
     SelectionOwner m_embeddingTray;
     Stacking m_stacking;
+    RedrawReminder m_redrawReminder;
     X11HotKeys m_hotKeys;
     Scrolling m_scrolling;
     TypedKeys m_typedKeys;

@@ -46,6 +46,7 @@ X11Surface::~X11Surface()
 {
     m_desktop.surfaceGone(*this);
     m_desktop.focus().forget(m_window);
+    m_desktop.redrawReminder().forget(m_window);
     xcb_free_gc(m_connection.xcb(), m_context);
     xcb_destroy_window(m_connection.xcb(), m_window);
     if (m_inputWindow)
@@ -76,6 +77,8 @@ void X11Surface::adoptScale(double scale)
 
 void X11Surface::orderFrontRegardless()
 {
+    if (!m_visible && m_orderedFront != 0)
+        m_desktop.redrawReminder().windowComesBack(m_window);
     m_orderedFront = m_desktop.nextOrder();
     if (m_visible) {
         m_desktop.stacking().checkSoon();

@@ -56,6 +56,7 @@ X11WidgetWindow::~X11WidgetWindow()
 {
     m_desktop.windowGone(*this);
     orderOut();
+    m_desktop.redrawReminder().forget(m_window);
 }
 
 QRectF X11WidgetWindow::frame() const
@@ -108,6 +109,8 @@ void X11WidgetWindow::putOnScreen(const QString &name)
 
 void X11WidgetWindow::orderFrontRegardless()
 {
+    if (!m_visible && m_orderedFront != 0)
+        m_desktop.redrawReminder().windowComesBack(m_window);
     m_orderedFront = m_desktop.nextOrder();
     if (m_visible) {
         m_desktop.stacking().checkSoon();

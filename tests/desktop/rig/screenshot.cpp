@@ -34,12 +34,17 @@ void forEachPixel(const QImage &image, QRgb color, const QRect &rect, int tolera
 
 Screenshot Screenshot::of(Client &client)
 {
+    return of(client, client.root());
+}
+
+Screenshot Screenshot::of(Client &client, xcb_window_t window)
+{
     xcb_connection_t *c = client.connection();
-    const auto geometry = owned(xcb_get_geometry_reply(c, xcb_get_geometry(c, client.root()), nullptr));
+    const auto geometry = owned(xcb_get_geometry_reply(c, xcb_get_geometry(c, window), nullptr));
     if (!geometry)
         return Screenshot(QImage());
     constexpr std::uint32_t kAllPlanes = ~0u;
-    const auto cookie = xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, client.root(), 0, 0, geometry->width,
+    const auto cookie = xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0, geometry->width,
                                       geometry->height, kAllPlanes);
     auto *reply = xcb_get_image_reply(c, cookie, nullptr);
     if (!reply)

@@ -6,6 +6,8 @@
 #include <QRect>
 #include <QString>
 
+#include <xcb/xcb.h>
+
 namespace zeigewerk::rig {
 
 class Client;
@@ -17,6 +19,9 @@ class Screenshot
 public:
     /// Null (isNull) if the display is gone.
     static Screenshot of(Client &client);
+    /// What a window of 32 or 24 bits holds, whatever a compositor makes of it; places count from its corner.
+    /// Null if it is not on the screen, or not with all of it.
+    static Screenshot of(Client &client, xcb_window_t window);
 
     bool isNull() const { return m_image.isNull(); }
     const QImage &image() const { return m_image; }

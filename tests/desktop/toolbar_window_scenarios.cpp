@@ -1,4 +1,5 @@
 // The toolbar as a window among those of others: it takes the mouse and never the keyboard.
+#include "absence.h"
 #include "registered_test.h"
 #include "rehearsal.h"
 
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void theToolbarIsUsableOverAFullScreenWindow();
     void hiddenItIsGoneAndComesBackAtTheSamePlace();
     void toggledInARushItEndsAsItShould();
+    void toggledWhileTheProgramIsBusyItShows();
     void theAppearanceChangesTheToolbarsOwnColours();
     void hoveringShowsATooltip();
 };
@@ -63,11 +65,10 @@ void ToolbarWindowScenarios::clickingTheToolbarLeavesTheKeyboardWithTheEditor()
         typed.append(Key::A);
         EVENTUALLY(on.beneath.pressedKeys() == typed);
     }
+    // All of it was clicked indeed.
+    EVENTUALLY(on.presenter.isOn(button::kColor, 7) && on.presenter.isOn(button::kWidth, 2));
     QVERIFY(on.beneath.hasFocus());
     QVERIFY(!lostFocus(on.beneath));
-    // All of it was clicked indeed.
-    QVERIFY(on.presenter.isOn(button::kColor, 7));
-    QVERIFY(on.presenter.isOn(button::kWidth, 2));
 }
 
 void ToolbarWindowScenarios::theSpotlightButtonLeavesTheKeyboardWithTheEditor()
@@ -193,6 +194,20 @@ void ToolbarWindowScenarios::toggledInARushItEndsAsItShould()
     EVENTUALLY(on.pixel(panel.center()) != on.beneathColor());
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.beneath.hasFocus());
+}
+
+void ToolbarWindowScenarios::toggledWhileTheProgramIsBusyItShows()
+{
+    Rehearsal on;
+    const QPoint middle = on.presenter.panel().center();
+    {
+        const Absence absence(on.program.processId());
+        for (int i = 0; i < 4; ++i)
+            on.hotKey(Key::T);
+        on.hotKey(Key::D);
+    }
+    EVENTUALLY(on.hasKeyboard());
+    EVENTUALLY(on.pixel(middle) != on.beneathColor());
 }
 
 void ToolbarWindowScenarios::theAppearanceChangesTheToolbarsOwnColours()

@@ -151,7 +151,8 @@ bool WindowBeneath::raise()
 {
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_client.connection(), m_id, XCB_CONFIG_WINDOW_STACK_MODE, &above);
-    xcb_flush(m_client.connection());
+    // Without a window manager it is raised now, however busy the server is with others.
+    m_client.roundTrip();
     // Override-redirect windows do not count: they stand above as they like.
     return eventually([&] {
         Client &client = m_session.client();

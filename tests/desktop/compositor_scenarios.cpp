@@ -79,7 +79,9 @@ void CompositorScenarios::drawingsOutliveTheCompositor()
     QVERIFY(on.session.pointer().drag({{400, 500}, {500, 500}}));
     EVENTUALLY(on.pixel({450, 500}) == kInk);
     on.session.startCompositor();
-    EVENTUALLY(on.pixel({500, 320}) == kInk && on.pixel({450, 500}) == kInk &&
+    // What is drawn now the program draws as one that knows of the compositor.
+    QVERIFY(on.session.pointer().drag({{400, 600}, {500, 600}}));
+    EVENTUALLY(on.pixel({500, 320}) == kInk && on.pixel({450, 500}) == kInk && on.pixel({450, 600}) == kInk &&
                on.isUntouched({400, 340, 300, 140}));
 }
 

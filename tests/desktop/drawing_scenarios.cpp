@@ -62,7 +62,7 @@ void DrawingScenarios::shiftDrawsAStraightLine()
     QVERIFY(on.session.pointer().drag({{400, 300}, {460, 380}, {500, 290}, {700, 320}}));
     on.session.keyboard().release(Key::Shift);
     const QRect around(300, 200, 500, 300);
-    EVENTUALLY(on.pixel({690, 300}) == kInk);
+    EVENTUALLY(on.pixel({690, 300}) == kInk && on.isUntouched({300, 310, 500, 190}));
     // Level with the press, as long as the drag, five wide.
     const QRect ink = on.session.screenshot().bounds(kInk, around);
     QCOMPARE(ink.top(), 298);

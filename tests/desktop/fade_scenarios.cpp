@@ -82,7 +82,7 @@ struct Fading
         , beneath(session, kSmallScreen, kGround)
         , program(session)
     {
-        if (!isStored || !program.waitUntilReady())
+        if (!isStored || !beneath.opensWithFocus() || !program.waitUntilReady())
             failRig("the program does not start with auto-fade on");
         session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
     }

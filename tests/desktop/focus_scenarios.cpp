@@ -66,7 +66,9 @@ void FocusScenarios::theKeyboardGoesBackToWhoHadIt()
     // One step at a time: an Esc between pinning and drawing on again would go to the window beneath.
     for (const Key key : into) {
         on.hotKey(key);
-        EVENTUALLY(key == Key::P ? on.beneath.hasFocus() : on.hasKeyboard());
+        EVENTUALLY(key == Key::P   ? on.beneath.hasFocus()
+                   : key == Key::S ? on.isDimmed({1000, 1000})
+                                   : on.hasKeyboard());
     }
     for (const Key key : out) {
         if (key == Key::Escape)
@@ -86,7 +88,7 @@ void FocusScenarios::whenWhoHadItIsGoneTheNextWindowGetsIt()
 {
     Presentation on;
     auto other = std::make_unique<WindowBeneath>(on.session, QRect(100, 100, 300, 300), Qt::red);
-    QVERIFY(other->takeFocus());
+    QVERIFY(other->opensWithFocus());
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());
     other.reset();
@@ -107,7 +109,7 @@ void FocusScenarios::aPanelDoesNotGetTheKeyboardOfAWindowThatIsGone()
     Presentation on({.windowManager = WindowManager::Openbox});
     const Dock panel(on.session, {0, 1050, 1920, 30}, "_NET_WM_STRUT", {0, 0, 0, 30});
     auto other = std::make_unique<WindowBeneath>(on.session, QRect(100, 100, 300, 300), Qt::red);
-    QVERIFY(other->takeFocus());
+    QVERIFY(other->opensWithFocus());
     on.hotKey(Key::D);
     EVENTUALLY(on.hasKeyboard());
     other.reset();
@@ -163,7 +165,6 @@ void FocusScenarios::theKeyboardIsTakenAgainAfterItMovedUnderAGrab()
     {
         const KeyboardGrab grab(on.session);
         on.session.client().setInputFocus(on.beneath.id());
-        QVERIFY(on.beneath.hasFocus());
     }
     EVENTUALLY(on.hasKeyboard());
     on.session.keyboard().tap(Key::Escape);

@@ -93,7 +93,9 @@ void ProcessScenarios::waitingItSleeps()
 {
     Presentation on;
     // Everything on and off again, so that whatever could keep a timer has run.
-    for (const Key key : {Key::D, Key::S, Key::S, Key::D})
+    on.hotKey(Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    for (const Key key : {Key::S, Key::S, Key::D})
         on.hotKey(key);
     EVENTUALLY(on.beneath.hasFocus() && on.overlays().isEmpty());
     // What was under way ends; from then on nothing happens any more.
@@ -150,8 +152,8 @@ void ProcessScenarios::whenTheDisplayGoesItSaysSoAndEnds_data()
     QTest::addColumn<QList<Key>>("modes");
     QTest::newRow("it ends, waiting") << SIGTERM << QList<Key>{};
     QTest::newRow("it is killed, waiting") << SIGKILL << QList<Key>{};
-    QTest::newRow("it ends, with everything on") << SIGTERM << QList<Key>{Key::D, Key::S, Key::K};
-    QTest::newRow("it is killed, with everything on") << SIGKILL << QList<Key>{Key::D, Key::S, Key::K};
+    QTest::newRow("it ends, with everything on") << SIGTERM << QList<Key>{Key::K, Key::S, Key::D};
+    QTest::newRow("it is killed, with everything on") << SIGKILL << QList<Key>{Key::K, Key::S, Key::D};
 }
 
 void ProcessScenarios::whenTheDisplayGoesItSaysSoAndEnds()
@@ -161,6 +163,7 @@ void ProcessScenarios::whenTheDisplayGoesItSaysSoAndEnds()
     Presentation on;
     for (const Key mode : modes)
         on.hotKey(mode);
+    // The last one, if any.
     EVENTUALLY(on.hasKeyboard() == modes.contains(Key::D));
     QCOMPARE(kill(static_cast<pid_t>(on.session.display().serverProcessId()), signal), 0);
     QCOMPARE(on.program.waitForExit(), std::optional(1));

@@ -16,6 +16,8 @@ public:
         : Presentation({.accessibility = true})
         , presenter(session, program)
     {
+        if (!eventually([&] { return pixel(presenter.background()) != beneathColor(); }))
+            throw RigError("the toolbar is not painted");
     }
 
     /// A horizontal drag of a hundred pixels that begins there.

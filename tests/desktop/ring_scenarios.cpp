@@ -118,6 +118,8 @@ void RingScenarios::aRingGrowsAndFades()
     int moments = 0;
     for (int clicks = 1; moments < kMoments; ++clicks) {
         QVERIFY(clicks <= kMostClicks);
+        // The picture may still have the ring of before.
+        EVENTUALLY(on.isUntouched(QRect(place - QPoint(40, 40), QSize(81, 81))));
         QVERIFY(on.session.pointer().clickAt(place));
         EVENTUALLY(on.rings().size() == clicks);
         moments += growthSeen(on, place);

@@ -109,6 +109,7 @@ void SpotlightScenarios::theStoredRadiusIsUsed()
     const QColor blue(0, 0, 200);
     WindowBeneath beneath(session, VirtualDisplay::kFullHd, blue);
     QVERIFY(session.pointer().moveTo({500, 500}));
+    QVERIFY(beneath.opensWithFocus());
     Program program(session);
     QVERIFY(program.waitUntilReady());
 
@@ -133,7 +134,7 @@ void SpotlightScenarios::followingThePointerLeavesNoTrace()
     Presentation on;
     on.hotKey(Key::S);
     QVERIFY(on.session.pointer().moveTo({300, 300}));
-    EVENTUALLY(on.pixel({300, 300}) == on.beneathColor());
+    EVENTUALLY(on.isDimmed({10, 10}) && on.pixel({300, 300}) == on.beneathColor());
     for (int i = 0; i <= 60; ++i)
         QVERIFY(on.session.pointer().moveTo({300 + 20 * i, 300 + (i * i) % 500}));
     QVERIFY(on.session.pointer().moveTo({1600, 800}));

@@ -126,7 +126,8 @@ void StackingScenarios::nothingIsRestackedWithoutNeed()
     QVERIFY(pinAStroke(on));
     const Popup popup(on.session, {300, 200, 400, 300}, Qt::green);
     const xcb_window_t overlay = on.overlays().constFirst().id;
-    EVENTUALLY(on.session.client().isAbove(overlay, popup.id()));
+    EVENTUALLY(on.session.client().isAbove(overlay, popup.id()) &&
+               on.session.client().isAbove(on.toolbar()->id, overlay));
     const QList<xcb_window_t> order = on.session.client().stackedChildren(on.session.client().root());
     // Longer than the last look after a change.
     THROUGHOUT(600ms, on.session.client().stackedChildren(on.session.client().root()) == order);

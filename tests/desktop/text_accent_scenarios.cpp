@@ -81,14 +81,12 @@ void TextAccentScenarios::accentsComeOntoTheCanvas()
     on.session.keyboard().tap(Key::Equal);
     on.session.keyboard().tap(Key::E);
     on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
-    EVENTUALLY(!on.inkAt(typed).isEmpty());
+    EVENTUALLY(on.isWritten(typed));
     other.copy("é");
     QVERIFY(on.open(pasted));
     on.command(Key::V);
     on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
-    EVENTUALLY(!on.inkAt(pasted).isEmpty());
+    EVENTUALLY(on.isWritten(pasted));
     QCOMPARE(on.inkAt(typed), on.inkAt(pasted));
 }
 

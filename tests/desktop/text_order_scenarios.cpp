@@ -56,12 +56,7 @@ QRect inkOfWord(Writing &on)
         throw RigError("no field opens");
     on.session.keyboard().type(kWord);
     on.session.keyboard().tap(Key::Return);
-    // The picture may still be that of the field.
-    const QPoint besideWord = kWordPlace + QPoint(300, 12);
-    if (!eventually([&] {
-            return on.isDrawing() && on.pixel(besideWord) == on.beneathColor() &&
-                   !on.inkAt(kWordPlace).isEmpty();
-        }))
+    if (!eventually([&] { return on.isWritten(kWordPlace); }))
         throw RigError("nothing is written");
     return on.inkAt(kWordPlace);
 }

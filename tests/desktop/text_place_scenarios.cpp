@@ -91,8 +91,8 @@ void TextPlaceScenarios::whatIsTypedStaysWhereItWasTyped()
     QVERIFY(on.open(place));
     on.greet();
     on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
-    EVENTUALLY(on.inkAt(place).height() > 14 * scale);
+    EVENTUALLY(on.isWritten(place));
+    QVERIFY(on.inkAt(place).height() > 14 * scale);
     const QRect drawn = on.inkAt(place);
 
     // The same again in a field over it, whose white covers the first. The caret stands behind a blank, and

@@ -104,7 +104,7 @@ void ToolbarWindowScenarios::theToolbarStaysUsableOverItsOwnCanvases()
     const QColor ground = on.pixel(background);
     for (const Key mode : {Key::D, Key::W}) {
         on.hotKey(mode);
-        EVENTUALLY(on.hasKeyboard());
+        EVENTUALLY(on.hasKeyboard() && (mode != Key::W || on.pixel({10, 10}) == QColor(Qt::white)));
         // Seen, and reached: a press on it is no stroke.
         EVENTUALLY(std::abs(on.pixel(background).lightness() - ground.lightness()) < 20);
         const int color = mode == Key::D ? 3 : 5;
@@ -207,6 +207,9 @@ void ToolbarWindowScenarios::toggledWhileTheProgramIsBusyItShows()
         on.hotKey(Key::D);
     }
     EVENTUALLY(on.hasKeyboard());
+    // The picture may be that of before until there is something new in it.
+    QVERIFY(on.strokeFrom({400, 300}));
+    EVENTUALLY(on.strokeColor({400, 300}) == kInk);
     EVENTUALLY(on.pixel(middle) != on.beneathColor());
 }
 

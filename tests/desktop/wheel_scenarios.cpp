@@ -2,6 +2,7 @@
 #include "spotlight_radius.h"
 
 using namespace zeigewerk::rig;
+using namespace std::chrono_literals;
 
 class WheelScenarios : public QObject
 {
@@ -102,8 +103,13 @@ void WheelScenarios::overTheSpotlightAloneTheWheelBelongsToTheApplications()
     on.beneath.forget();
     QVERIFY(on.session.pointer().wheel(2));
     EVENTUALLY(on.beneath.presses(Pointer::WheelUp).size() == 2);
-    QVERIFY(reaches(on.session, kRadius, on.beneathColor()));
-    QCOMPARE(storedRadius(on.session), QString());
+    // When the hole has followed the pointer, the wheel has been heard.
+    QVERIFY(on.session.pointer().moveTo({1200, 400}));
+    EVENTUALLY(on.pixel({1200, 400}) == on.beneathColor());
+    QVERIFY(on.session.pointer().moveTo(kMiddle));
+    EVENTUALLY(reaches(on.session, kRadius, on.beneathColor()));
+    // A change is stored half a second later.
+    THROUGHOUT(700ms, storedRadius(on.session) == QString());
 }
 
 void WheelScenarios::aScrollAxisIsHeardInsteadOfItsButtons_data()

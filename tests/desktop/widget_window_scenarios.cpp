@@ -4,6 +4,17 @@
 
 using namespace zeigewerk::rig;
 
+namespace {
+
+struct Move
+{
+    QString command;
+    /// Where the window then is, without its ornament: native root pixels.
+    QRect native;
+};
+
+} // namespace
+
 class WidgetWindowScenarios : public QObject
 {
     Q_OBJECT
@@ -73,35 +84,36 @@ void WidgetWindowScenarios::theWindowLandsWhereThePointsSay()
 void WidgetWindowScenarios::theOrnamentTakesNoClicks_data()
 {
     QTest::addColumn<QString>("scales");
-    QTest::addColumn<QStringList>("moves");
+    QTest::addColumn<QList<Move>>("moves");
     QTest::addColumn<int>("scale");
 
-    QTest::newRow("scale 1") << "1;1" << QStringList{"move 200 400"} << 1;
-    QTest::newRow("scale 2") << "2;2" << QStringList{"move 200 100"} << 2;
-    QTest::newRow("moved to a denser screen") << "1;2" << QStringList{"move 200 400", "move 1400 650"} << 2;
-    QTest::newRow("moved away from it")
-        << "1;2" << QStringList{"move 200 400", "move 1400 650", "move 200 400"} << 1;
+    const Move sparse = {"move 200 400", {200, 324, 150, 300}};
+    const Move denser = {"move 1400 650", {1520, 148, 300, 600}};
+    QTest::newRow("scale 1") << "1;1" << QList<Move>{sparse} << 1;
+    QTest::newRow("scale 2") << "2;2" << QList<Move>{{"move 200 100", {400, 224, 300, 600}}} << 2;
+    QTest::newRow("moved to a denser screen") << "1;2" << QList<Move>{sparse, denser} << 2;
+    QTest::newRow("moved away from it") << "1;2" << QList<Move>{sparse, denser, sparse} << 1;
 }
 
 void WidgetWindowScenarios::theOrnamentTakesNoClicks()
 {
     QFETCH(QString, scales);
-    QFETCH(QStringList, moves);
+    QFETCH(QList<Move>, moves);
     QFETCH(int, scale);
     DesktopSession session({.screens = {kLeft, kRight}});
     WindowBeneath beneath(session, {0, 0, 2880, 1024}, Qt::blue);
     Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factorsOf(scales)}});
     seam.tell("show");
-    for (const QString &move : moves) {
-        seam.tell(move);
-        EVENTUALLY(!seam.red().isEmpty());
+    for (const Move &move : moves) {
+        seam.tell(move.command);
+        EVENTUALLY(seam.red() == move.native);
     }
     // Once as it was made and once after it has grown.
     for (const QString &size : {QString("150 300"), QString("190 330")}) {
         seam.tell("resize " + size);
         const QSize points(size.section(' ', 0, 0).toInt(), size.section(' ', 1).toInt());
-        EVENTUALLY(seam.red().size() == points * scale);
-        const QRect slab = seam.red();
+        const QRect slab(moves.constLast().native.topLeft(), points * scale);
+        EVENTUALLY(seam.red() == slab);
         for (const QPoint outside : {slab.topLeft() - QPoint(2, 0), slab.topLeft() - QPoint(0, 2),
                                      slab.bottomRight() + QPoint(2, 0), slab.bottomRight() + QPoint(0, 2)}) {
             beneath.forget();
@@ -177,7 +189,8 @@ void WidgetWindowScenarios::theWindowOutlivesItsScreen()
     EVENTUALLY(seam.red() == QRect(100, 524, 150, 300));
     // Above others, and clicked through around it, as before.
     WindowBeneath beneath(session, kLeft, Qt::blue);
-    EVENTUALLY(seam.red() == QRect(100, 524, 150, 300));
+    EVENTUALLY(session.screenshot().pixel({2, 2}) == QColor(Qt::blue) &&
+               seam.red() == QRect(100, 524, 150, 300));
     QVERIFY(session.pointer().clickAt({98, 600}));
     EVENTUALLY(beneath.presses() == QList<QPoint>{QPoint(98, 600)});
 

@@ -61,6 +61,13 @@ public:
     }
     /// Whether there is no field, and the canvas has the keyboard.
     bool isDrawing() { return !field() && hasKeyboard(); }
+    /// Whether the line of that press, of less than 300 points, stands on the canvas, with nothing around it
+    /// but the window beneath. For a while the picture may still be that of the field.
+    bool isWritten(QPoint press)
+    {
+        const QPoint inField = press + (QPointF(320, 12) * m_scale).toPoint();
+        return isDrawing() && pixel(inField) == beneathColor() && !inkAt(press).isEmpty();
+    }
     bool open(QPoint place)
     {
         return session.pointer().clickAt(place) && eventually([&] { return isTyping(); });

@@ -10,9 +10,9 @@ namespace zeigewerk::platform::x11 {
 
 /// Has the compositor draw our windows that went and came back.
 ///
-/// A busy one finds at once that a window went, came, and was painted on. It may then take the picture for one
-/// of before, and draw nothing of the window until that is painted on again: the whiteboard would be on, and
-/// nobody see it. So such a window is touched once more, some time later.
+/// A busy one finds at once that a window went, came, and was painted on. It may then take the picture for
+/// one of before, and draw nothing of the window until that is painted on again: the whiteboard would be on,
+/// and nobody see it. So such a window is touched once more, some time later.
 class RedrawReminder : public QObject
 {
     Q_OBJECT

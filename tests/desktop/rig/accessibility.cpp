@@ -196,10 +196,11 @@ AccessibleButton Accessibility::describe(const Object &object, const QString &ro
         .object = object,
     };
     // The lower half of the bits comes first.
-    if (const auto answer = m_bus.call(object, kAccessible, QStringLiteral("GetState"))) {
-        const auto halves = qdbus_cast<QList<std::uint32_t>>(*answer);
-        button.states = halves.value(0) | std::uint64_t{halves.value(1)} << 32;
-    }
+    const auto answer = m_bus.call(object, kAccessible, QStringLiteral("GetState"));
+    if (!answer)
+        failRig(QStringLiteral("the button \"%1\" does not tell its state").arg(button.name));
+    const auto halves = qdbus_cast<QList<std::uint32_t>>(*answer);
+    button.states = halves.value(0) | std::uint64_t{halves.value(1)} << 32;
     return button;
 }
 

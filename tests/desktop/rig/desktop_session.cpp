@@ -246,8 +246,11 @@ void DesktopSession::endStrays()
     // Helpers that the bus or a program started: they have another parent, but our home.
     const QByteArray mark = "HOME=" + QFile::encodeName(m_environment.value(QStringLiteral("HOME")));
     signalAll(processesWithEnvironment(mark), SIGTERM);
-    if (!eventually([&] { return processesWithEnvironment(mark).isEmpty(); }, kEndDeadline))
-        signalAll(processesWithEnvironment(mark), SIGKILL);
+    const auto areGone = [&] { return processesWithEnvironment(mark).isEmpty(); };
+    if (eventually(areGone, kEndDeadline))
+        return;
+    signalAll(processesWithEnvironment(mark), SIGKILL);
+    eventually(areGone, kEndDeadline);
 }
 
 } // namespace zeigewerk::rig

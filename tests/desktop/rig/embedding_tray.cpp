@@ -51,7 +51,10 @@ void EmbeddingTray::stop()
     xcb_destroy_window(xcb, m_window);
     m_window = XCB_WINDOW_NONE;
     m_icon = XCB_WINDOW_NONE;
-    xcb_flush(xcb);
+    // What nobody has read yet was meant for the one that is gone.
+    m_client.roundTrip();
+    while (owned(xcb_poll_for_event(xcb))) {
+    }
 }
 
 std::optional<WindowInfo> EmbeddingTray::icon()

@@ -178,11 +178,15 @@ bool WindowBeneath::setFullScreen(bool on)
 
 bool WindowBeneath::hide()
 {
+    // With the frame that a window manager may have put around it.
+    const xcb_window_t frame = m_session.client().topLevelOf(m_id);
     xcb_unmap_window(m_client.connection(), m_id);
     xcb_flush(m_client.connection());
     return eventually([&] {
-        const std::optional<WindowInfo> now = m_session.client().window(m_id);
-        return now && !now->viewable;
+        Client &client = m_session.client();
+        const std::optional<WindowInfo> now = client.window(m_id);
+        const std::optional<WindowInfo> around = client.window(frame);
+        return now && !now->viewable && (!around || !around->viewable);
     });
 }
 

@@ -3,12 +3,17 @@
 
 #include <QtGlobal>
 
+#include <chrono>
+#include <condition_variable>
 #include <csignal>
+#include <mutex>
+#include <thread>
 
 namespace zeigewerk::rig {
 
 /// While this lives the process is stopped, and reads nothing: afterwards it finds all at once that was done
-/// meanwhile.
+/// meanwhile. It goes on after two seconds in any case: one that was stopped while it had the X server to
+/// itself would keep everybody waiting, whoever is to end this among them.
 class Absence
 {
 public:
@@ -16,13 +21,33 @@ public:
         : m_process(static_cast<pid_t>(processId))
     {
         kill(m_process, SIGSTOP);
+        m_end = std::thread([this] { endInAnyCase(); });
     }
-    ~Absence() { kill(m_process, SIGCONT); }
+    ~Absence()
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_isOver = true;
+        }
+        m_over.notify_one();
+        m_end.join();
+    }
     Absence(const Absence &) = delete;
     Absence &operator=(const Absence &) = delete;
 
 private:
+    void endInAnyCase()
+    {
+        std::unique_lock lock(m_mutex);
+        m_over.wait_for(lock, std::chrono::seconds(2), [this] { return m_isOver; });
+        kill(m_process, SIGCONT);
+    }
+
     pid_t m_process;
+    bool m_isOver = false;
+    std::mutex m_mutex;
+    std::condition_variable m_over;
+    std::thread m_end;
 };
 
 } // namespace zeigewerk::rig

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Longer than a compositor is ever busy, and short enough for a presenter to wait.
+/// Long for a compositor to be busy, and short for a presenter to wait.
 constexpr auto kRemindAfter = 500ms;
 
 } // namespace

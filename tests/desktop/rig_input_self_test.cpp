@@ -84,7 +84,10 @@ void RigInputSelfTest::focusReturnsToAnotherWindow()
     QVERIFY(!one.hasFocus());
     EVENTUALLY(!one.events().isEmpty() && one.events().last().kind == InputEvent::Kind::FocusOut);
     QVERIFY(one.takeFocus());
-    EVENTUALLY(one.events().last().kind == InputEvent::Kind::FocusIn);
+    one.forget();
+    // Of the focus itself the X server does not always tell, once in hundreds of times; the keys come.
+    session.keyboard().tap(Key::A);
+    EVENTUALLY(one.pressedKeys() == QList<Key>{Key::A});
 }
 
 void RigInputSelfTest::locksAreSetAndCleared_data()

@@ -1,7 +1,9 @@
 #include "platform/x11/typed_keys.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QWindow>
 
 #include <algorithm>
 #include <chrono>
@@ -167,9 +169,11 @@ bool TypedKeys::nativeEventFilter(const QByteArray &eventType, void *message, qi
     switch (static_cast<const xcb_generic_event_t *>(message)->response_type & kEventType) {
     case XCB_KEY_PRESS: {
         const auto &key = *static_cast<const xcb_key_press_event_t *>(message);
-        // What was done on the canvases before it comes first.
-        if (key.event == m_window && !m_isHolding)
+        if (key.event == m_window && !m_isHolding) {
+            tellOfFocus();
+            // What was done on the canvases before it comes first.
             m_connection.catchUp();
+        }
         return key.event == m_window && takes(key);
     }
     case XCB_KEY_RELEASE: {
@@ -189,6 +193,14 @@ bool TypedKeys::nativeEventFilter(const QByteArray &eventType, void *message, qi
     default:
         return false;
     }
+}
+
+void TypedKeys::tellOfFocus()
+{
+    const QWindow *focused = QGuiApplication::focusWindow();
+    if (focused && focused->winId() == m_window)
+        return;
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
 }
 
 bool TypedKeys::takes(const xcb_key_press_event_t &event)

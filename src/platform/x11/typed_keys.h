@@ -74,6 +74,9 @@ private:
     void hold();
     bool sendMark();
     bool isMark(const xcb_client_message_event_t &event);
+    /// Has Qt take in that the window has the focus, should it have read so and nothing else. It does when it
+    /// has read all that there is, and has no accents and no input method for the keys among that.
+    void tellOfFocus();
     bool takes(const xcb_key_press_event_t &event);
     bool wasAnnounced(const Key &key);
     bool isAfterPress(xcb_timestamp_t time) const;

@@ -6,10 +6,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QSocketNotifier>
 #include <QToolTip>
+#include <QUrl>
 #include <QWidget>
 
 #include <cstdio>
@@ -78,6 +80,10 @@ public:
             m_overlay = shown(SurfaceRole::Overlay, m_desktop.screens().front().frame);
         else if (verb == QStringLiteral("effect"))
             m_effect = shown(SurfaceRole::Effect, QRectF(number(1), number(2), 56, 56));
+        else if (verb == QStringLiteral("write"))
+            openLineAndBeBusy();
+        else if (verb == QStringLiteral("written"))
+            return QString::fromLatin1(QUrl::toPercentEncoding(m_line.text()));
         else if (verb == QStringLiteral("main"))
             return m_desktop.mainScreen() ? m_desktop.mainScreen()->name : QStringLiteral("none");
         else if (verb == QStringLiteral("screens"))
@@ -90,6 +96,18 @@ public:
     }
 
 private:
+    /// Gives the keyboard to a line to write on, says so, and does nothing until the next line of input.
+    void openLineAndBeBusy()
+    {
+        m_lineWindow = m_desktop.makeWindow(WidgetRole::TextField, m_line, {});
+        m_lineWindow->orderFrontRegardless();
+        m_lineWindow->makeKey();
+        std::puts("busy");
+        std::fflush(stdout);
+        std::string line;
+        std::getline(std::cin, line);
+    }
+
     std::unique_ptr<Surface> shown(SurfaceRole role, const QRectF &frame)
     {
         auto surface = m_desktop.makeSurface(role, frame);
@@ -100,7 +118,9 @@ private:
     Desktop &m_desktop;
     Slab m_slab;
     QMenu m_menu;
+    QLineEdit m_line;
     std::unique_ptr<WidgetWindow> m_window;
+    std::unique_ptr<WidgetWindow> m_lineWindow;
     std::unique_ptr<Surface> m_overlay;
     std::unique_ptr<Surface> m_effect;
     int m_trayChanges = 0;

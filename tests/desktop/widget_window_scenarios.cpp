@@ -26,6 +26,7 @@ private Q_SLOTS:
     void theOrnamentTakesNoClicks();
     void aMaskOfTheWidgetAndTheOrnamentGoTogether();
     void showingItLeavesTheKeyboardAlone();
+    void keysThatAreReadWithTheFocusHaveTheirAccents();
     void theWindowOutlivesItsScreen();
     void theWindowOutlivesOneOfTwoMirroredScreens();
 };
@@ -174,6 +175,18 @@ void WidgetWindowScenarios::showingItLeavesTheKeyboardAlone()
     const QList<InputEvent> events = beneath.events();
     for (const InputEvent &event : events)
         QVERIFY(event.kind != InputEvent::Kind::FocusOut);
+}
+
+void WidgetWindowScenarios::keysThatAreReadWithTheFocusHaveTheirAccents()
+{
+    DesktopSession session({.keyboardMap = "de"});
+    Seam seam(session);
+    QCOMPARE(seam.tell("write"), QString("busy"));
+    session.keyboard().tap(Key::Equal);
+    session.keyboard().tap(Key::E);
+    seam.tell("go on");
+    EVENTUALLY(!seam.tell("written").isEmpty());
+    QCOMPARE(seam.tell("written"), QString("%C3%A9"));
 }
 
 void WidgetWindowScenarios::theWindowOutlivesItsScreen()

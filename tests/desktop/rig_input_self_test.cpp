@@ -85,7 +85,7 @@ void RigInputSelfTest::focusReturnsToAnotherWindow()
     EVENTUALLY(!one.events().isEmpty() && one.events().last().kind == InputEvent::Kind::FocusOut);
     QVERIFY(one.takeFocus());
     one.forget();
-    // Of the focus itself the X server does not always tell, once in hundreds of times; the keys come.
+    // Not every window that a window manager activates is told of its focus; its keys come.
     session.keyboard().tap(Key::A);
     EVENTUALLY(one.pressedKeys() == QList<Key>{Key::A});
 }

@@ -10,8 +10,9 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int kManyClicks = 200;
-/// One for each sixtieth of 450 ms, one at its beginning, and what the server asks for when it comes.
-constexpr int kMostFrames = 27 + 1 + 2;
+/// One for each sixtieth of 450 ms, one for a step that was due just before the ring came and is late, one at
+/// its beginning, and two as it comes: the server clears the window, and asks for its picture.
+constexpr int kMostFrames = 27 + 1 + 1 + 2;
 /// Of a ring that is seen to move.
 constexpr int kFewFrames = 3;
 

@@ -1,5 +1,7 @@
 #include "platform/x11/typed_keys.h"
 
+#include "platform/x11/key_announcements.h"
+
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -34,22 +36,6 @@ bool isLater(xcb_timestamp_t one, xcb_timestamp_t other)
 const xcb_input_button_press_event_t &pressOf(const std::vector<char> &bytes)
 {
     return *reinterpret_cast<const xcb_input_button_press_event_t *>(bytes.data());
-}
-
-/// What core events are made of.
-std::vector<xcb_input_device_id_t> masterKeyboards(Connection &connection)
-{
-    const auto cookie = xcb_input_xi_query_device(connection.xcb(), XCB_INPUT_DEVICE_ALL_MASTER);
-    const auto reply = owned(xcb_input_xi_query_device_reply(connection.xcb(), cookie, nullptr));
-    std::vector<xcb_input_device_id_t> keyboards;
-    if (!reply)
-        return keyboards;
-    for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem;
-         xcb_input_xi_device_info_next(&device)) {
-        if (device.data->type == XCB_INPUT_DEVICE_TYPE_MASTER_KEYBOARD)
-            keyboards.push_back(device.data->deviceid);
-    }
-    return keyboards;
 }
 
 } // namespace
@@ -115,21 +101,9 @@ void TypedKeys::setWindow(xcb_window_t window)
     const bool wasNone = std::exchange(m_window, window) == XCB_NONE;
     m_down.reset();
     m_repeats.clear();
-    if (wasNone || window == XCB_NONE)
-        announceKeys(window != XCB_NONE);
-}
-
-void TypedKeys::announceKeys(bool on)
-{
-    m_announced.clear();
-    // Raw events of all masters at once are a selection of its own, which others make.
-    for (const xcb_input_device_id_t keyboard : masterKeyboards(m_connection)) {
-        struct
-        {
-            xcb_input_event_mask_t head;
-            std::uint32_t mask;
-        } selection = {{keyboard, 1}, on ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS} : 0U};
-        xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
+    if (wasNone || window == XCB_NONE) {
+        m_announced.clear();
+        announceKeys(m_connection, window != XCB_NONE);
     }
 }
 

@@ -70,7 +70,6 @@ private:
     static void remember(std::deque<Key> &keys, const Key &key);
 
     void setWindow(xcb_window_t window);
-    void announceKeys(bool on);
     void hold();
     bool sendMark();
     bool isMark(const xcb_client_message_event_t &event);

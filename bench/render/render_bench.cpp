@@ -4,7 +4,7 @@
 #include "core/app_delegate.h"
 #include "drawing/render_shape.h"
 #include "platform/paint_damage.h"
-#include "platform/recording/recording_desktop.h"
+#include "recording/recording_desktop.h"
 #include "wander.h"
 
 #include <QApplication>

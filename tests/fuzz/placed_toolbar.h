@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/recording/recording_desktop.h"
+#include "recording/recording_desktop.h"
 #include "toolbar/panel_placement.h"
 
 #include <QWidget>

@@ -1,7 +1,7 @@
 #include "base/stop.h"
 #include "canvas/spot_radius.h"
 #include "fuzz/byte_reader.h"
-#include "platform/x11/scroll_valuator.h"
+#include "platform/x11/input/scroll_valuator.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/app_delegate.h"
-#include "platform/recording/recording_desktop.h"
+#include "recording/recording_desktop.h"
 
 #include <QColor>
 #include <QTemporaryDir>

@@ -1,6 +1,6 @@
 #include "clicks/click_ring.h"
 #include "platform/levels.h"
-#include "platform/recording/recording_desktop.h"
+#include "recording/recording_desktop.h"
 #include "registered_test.h"
 
 #include <QTest>

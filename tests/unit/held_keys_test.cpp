@@ -1,4 +1,4 @@
-#include "platform/x11/held_keys.h"
+#include "platform/x11/input/held_keys.h"
 #include "registered_test.h"
 
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "platform/x11/scroll_valuator.h"
+#include "platform/x11/input/scroll_valuator.h"
 #include "registered_test.h"
 
 #include <QTest>

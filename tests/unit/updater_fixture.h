@@ -2,7 +2,7 @@
 #pragma once
 
 #include "feed_server.h"
-#include "platform/recording/recording_desktop.h"
+#include "recording/recording_desktop.h"
 #include "updater/update_dialog.h"
 #include "updater/updater_controller.h"
 

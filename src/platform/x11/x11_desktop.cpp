@@ -1,9 +1,9 @@
 #include "platform/x11/x11_desktop.h"
 
-#include "platform/x11/compose_table.h"
-#include "platform/x11/panels.h"
-#include "platform/x11/x11_surface.h"
-#include "platform/x11/x11_widget_window.h"
+#include "platform/x11/docks.h"
+#include "platform/x11/input/compose_table.h"
+#include "platform/x11/windows/x11_surface.h"
+#include "platform/x11/windows/x11_widget_window.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -48,7 +48,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     });
     connect(&m_compositor, &SelectionOwner::changed, this, &X11Desktop::tellOfCompositor);
     connect(&m_embeddingTray, &SelectionOwner::changed, this, &Desktop::embeddingTrayChanged);
-    connect(&m_screens, &X11Screens::changed, this, &Desktop::screensChanged);
+    connect(&m_screens, &Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
                         [this] { displayAll(); });
     // It reads the whole table, so not before our windows are on the screen.

@@ -3,19 +3,19 @@
 #include "platform/desktop.h"
 #include "platform/levels.h"
 #include "platform/x11/connection.h"
-#include "platform/x11/focus.h"
-#include "platform/x11/held_keys.h"
-#include "platform/x11/keymap.h"
+#include "platform/x11/input/held_keys.h"
+#include "platform/x11/input/keymap.h"
+#include "platform/x11/input/scrolling.h"
+#include "platform/x11/input/typed_keys.h"
+#include "platform/x11/input/x11_event_monitor.h"
+#include "platform/x11/input/x11_hot_keys.h"
 #include "platform/x11/lost_display.h"
-#include "platform/x11/popup_grabs.h"
-#include "platform/x11/redraw_reminder.h"
-#include "platform/x11/scrolling.h"
+#include "platform/x11/screens.h"
 #include "platform/x11/selection_owner.h"
-#include "platform/x11/stacking.h"
-#include "platform/x11/typed_keys.h"
-#include "platform/x11/x11_event_monitor.h"
-#include "platform/x11/x11_hot_keys.h"
-#include "platform/x11/x11_screens.h"
+#include "platform/x11/windows/focus.h"
+#include "platform/x11/windows/popup_grabs.h"
+#include "platform/x11/windows/redraw_reminder.h"
+#include "platform/x11/windows/stacking.h"
 
 #include <xcb/xinput.h>
 
@@ -84,7 +84,7 @@ private:
 
     std::unique_ptr<Connection> m_connection;
     LostDisplay m_lostDisplay;
-    X11Screens m_screens;
+    Screens m_screens;
     Focus m_focus;
     Keymap m_keymap;
     HeldKeys m_heldKeys;

@@ -1,0 +1,36 @@
+#include "platform/x11/docks.h"
+
+#include "platform/x11/properties.h"
+
+namespace zeigewerk::platform::x11 {
+
+QSize desktopSize(Connection &connection)
+{
+    // Asked each time: what the connection said at its start is out of date once a screen came or went.
+    const auto cookie = xcb_get_geometry(connection.xcb(), connection.root());
+    const auto reply = owned(xcb_get_geometry_reply(connection.xcb(), cookie, nullptr));
+    return reply ? QSize(reply->width, reply->height) : QSize();
+}
+
+std::vector<Strut> strutsOfPanels(Connection &connection, const QSize &desktop)
+{
+    const std::vector<xcb_window_t> clients =
+        NumbersRequest(connection, connection.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW).take();
+    // All questions first, then all answers: one round trip for the lot.
+    std::vector<std::pair<NumbersRequest, NumbersRequest>> requests;
+    requests.reserve(clients.size());
+    for (const xcb_window_t client : clients)
+        requests.emplace_back(NumbersRequest(connection, client, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL),
+                              NumbersRequest(connection, client, "_NET_WM_STRUT", XCB_ATOM_CARDINAL));
+
+    std::vector<Strut> struts;
+    for (auto &[withRanges, depthsOnly] : requests) {
+        const std::vector<std::uint32_t> precise = withRanges.take();
+        const std::vector<std::uint32_t> simple = depthsOnly.take();
+        const std::vector<Strut> ofClient = strutsOf(precise.empty() ? simple : precise, desktop);
+        struts.insert(struts.end(), ofClient.begin(), ofClient.end());
+    }
+    return struts;
+}
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,42 @@
+#include "platform/x11/input/key_announcements.h"
+
+#include <xcb/xinput.h>
+
+#include <vector>
+
+namespace zeigewerk::platform::x11 {
+
+namespace {
+
+/// What core events are made of.
+std::vector<xcb_input_device_id_t> masterKeyboards(Connection &connection)
+{
+    const auto cookie = xcb_input_xi_query_device(connection.xcb(), XCB_INPUT_DEVICE_ALL_MASTER);
+    const auto reply = owned(xcb_input_xi_query_device_reply(connection.xcb(), cookie, nullptr));
+    std::vector<xcb_input_device_id_t> keyboards;
+    if (!reply)
+        return keyboards;
+    for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem;
+         xcb_input_xi_device_info_next(&device)) {
+        if (device.data->type == XCB_INPUT_DEVICE_TYPE_MASTER_KEYBOARD)
+            keyboards.push_back(device.data->deviceid);
+    }
+    return keyboards;
+}
+
+} // namespace
+
+void announceKeys(Connection &connection, bool on)
+{
+    // Raw events of all masters at once are a selection of its own, which others make.
+    for (const xcb_input_device_id_t keyboard : masterKeyboards(connection)) {
+        struct
+        {
+            xcb_input_event_mask_t head;
+            std::uint32_t mask;
+        } selection = {{keyboard, 1}, on ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS} : 0U};
+        xcb_input_xi_select_events(connection.xcb(), connection.root(), 1, &selection.head);
+    }
+}
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,140 @@
+#include "platform/x11/input/x11_event_monitor.h"
+
+#include "platform/x11/input/modifiers.h"
+
+#include <algorithm>
+
+namespace zeigewerk::platform::x11 {
+
+X11EventMonitor::X11EventMonitor(Connection &connection)
+    : m_connection(connection)
+    , m_scrolling(connection)
+    , m_alt(connection)
+{
+}
+
+void X11EventMonitor::setListening(MonitoredEvents events)
+{
+    const MonitoredEvents before = std::exchange(m_listening, events);
+    if (events == before)
+        return;
+    const bool hearsWheel = events.testFlag(Monitored::WheelWithAlt);
+    if (hearsWheel != before.testFlag(Monitored::WheelWithAlt))
+        m_alt.setWatching(hearsWheel);
+    selectRawEvents();
+    listenToAxes(hearsWheel && m_alt.isHeld());
+    // So that the very next click, whoever makes it, is heard.
+    m_connection.roundTrip();
+}
+
+void X11EventMonitor::listenToAxes(bool listens)
+{
+    if (listens == m_hearsAxes)
+        return;
+    m_hearsAxes = listens;
+    selectRawEvents();
+    // A step made since Alt was pressed, and before this is known, counts by the button that goes with it.
+    if (listens)
+        m_scrolling.catchUp();
+}
+
+void X11EventMonitor::selectRawEvents()
+{
+    std::uint32_t mask = 0;
+    if (m_listening)
+        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
+    // The first finger presses the pointer's button for whoever does not ask for fingers, but there are no
+    // raw events about that.
+    if (m_listening.testFlag(Monitored::LeftPresses))
+        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_END;
+    else
+        m_fingers = 0;
+    if (m_hearsAxes)
+        mask |= XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
+    // Of the master devices, since each raw event comes once for the physical device and once for its master.
+    // The changes of devices are selected for all of them, which is a selection of its own.
+    struct
+    {
+        xcb_input_event_mask_t head;
+        std::uint32_t mask;
+    } selection = {{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask};
+    xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
+}
+
+bool X11EventMonitor::handle(const xcb_ge_generic_event_t &event)
+{
+    const auto &raw = reinterpret_cast<const xcb_input_raw_button_press_event_t &>(event);
+    switch (event.event_type) {
+    case XCB_INPUT_DEVICE_CHANGED:
+    case XCB_INPUT_HIERARCHY:
+        m_scrolling.devicesChanged(event);
+        return false;
+    case XCB_INPUT_RAW_BUTTON_PRESS:
+        buttonPressed(raw);
+        return true;
+    case XCB_INPUT_RAW_TOUCH_BEGIN:
+        if (++m_fingers == 1)
+            leftPressed();
+        return true;
+    case XCB_INPUT_RAW_TOUCH_END:
+        m_fingers = std::max(m_fingers - 1, 0);
+        return true;
+    case XCB_INPUT_RAW_MOTION:
+        if (m_hearsAxes)
+            tellOfScroll(m_scrolling.rawMoved(raw));
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool X11EventMonitor::handleXkb(const xcb_generic_event_t &event)
+{
+    if (!m_alt.handle(event))
+        return false;
+    listenToAxes(m_listening.testFlag(Monitored::WheelWithAlt) && m_alt.isHeld());
+    return true;
+}
+
+void X11EventMonitor::buttonPressed(const xcb_input_raw_button_press_event_t &event)
+{
+    // What comes late is dropped.
+    if (!m_listening)
+        return;
+    const std::uint32_t button = logicalButton(event.detail);
+    if (button == kLeftButton)
+        leftPressed();
+    if (m_listening.testFlag(Monitored::WheelWithAlt))
+        tellOfScroll(m_scrolling.rawButtonPressed(event, button));
+}
+
+void X11EventMonitor::leftPressed() const
+{
+    if (m_listening.testFlag(Monitored::LeftPresses) && m_leftPress)
+        m_leftPress();
+}
+
+std::uint32_t X11EventMonitor::logicalButton(std::uint32_t physicalButton) const
+{
+    // Raw events number the buttons as the hardware does. For left hands, or for a wheel turned round, the
+    // user may have given them another order.
+    const auto cookie = xcb_get_pointer_mapping(m_connection.xcb());
+    const auto reply = owned(xcb_get_pointer_mapping_reply(m_connection.xcb(), cookie, nullptr));
+    if (!reply || physicalButton < 1 || physicalButton > reply->map_len)
+        return physicalButton;
+    return xcb_get_pointer_mapping_map(reply.get())[physicalButton - 1];
+}
+
+void X11EventMonitor::tellOfScroll(std::optional<ScrollEvent> scroll) const
+{
+    if (!scroll || !m_scroll)
+        return;
+    const auto cookie = xcb_query_pointer(m_connection.xcb(), m_connection.root());
+    const auto pointer = owned(xcb_query_pointer_reply(m_connection.xcb(), cookie, nullptr));
+    if (!pointer)
+        return;
+    scroll->modifiers = modifiersOf(pointer->mask);
+    m_scroll({.event = *scroll, .isOverOurs = m_connection.isOurs(pointer->child)});
+}
+
+} // namespace zeigewerk::platform::x11

@@ -1,0 +1,117 @@
+#include "platform/x11/input/x11_hot_keys.h"
+
+#include "platform/x11/input/modifiers.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zeigewerk::platform::x11 {
+
+namespace {
+
+/// An X key code is the evdev code and this.
+constexpr int kKeyCodeOffset = 8;
+
+/// A grab holds for exactly its modifiers, and the locks count as some.
+constexpr std::array<std::uint32_t, 4> kLocks = {0, XCB_MOD_MASK_LOCK, kNumLockMask,
+                                                 XCB_MOD_MASK_LOCK | kNumLockMask};
+
+constexpr std::uint16_t kChosenModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | kAltMask | kSuperMask;
+
+} // namespace
+
+class X11HotKeys::Registration : public HotKey
+{
+public:
+    Registration(X11HotKeys &owner, std::list<Grab>::iterator grab)
+        : m_owner(owner)
+        , m_grab(grab)
+    {
+    }
+
+    ~Registration() override
+    {
+        m_owner.ungrab(*m_grab);
+        m_owner.m_grabs.erase(m_grab);
+    }
+
+private:
+    X11HotKeys &m_owner;
+    std::list<Grab>::iterator m_grab;
+};
+
+std::unique_ptr<HotKey> X11HotKeys::registerHotKey(PhysicalKey key, Modifiers modifiers, HotKeyId id)
+{
+    const Grab wanted{.keyCode = static_cast<xcb_keycode_t>(static_cast<int>(key) + kKeyCodeOffset),
+                      .modifiers = stateOf(modifiers),
+                      .id = id};
+    if (!grab(wanted)) {
+        qCDebug(logX11, "hot key %u is taken by another program", id.number);
+        return nullptr;
+    }
+    return std::make_unique<Registration>(*this, m_grabs.insert(m_grabs.end(), wanted));
+}
+
+bool X11HotKeys::grab(const Grab &grab)
+{
+    std::array<xcb_void_cookie_t, kLocks.size()> cookies;
+    std::transform(kLocks.begin(), kLocks.end(), cookies.begin(), [&](std::uint32_t locks) {
+        return xcb_grab_key_checked(m_connection.xcb(), false, m_connection.root(),
+                                    static_cast<std::uint16_t>(grab.modifiers | locks), grab.keyCode,
+                                    XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    });
+    bool isOurs = true;
+    for (const xcb_void_cookie_t cookie : cookies)
+        isOurs = !owned(xcb_request_check(m_connection.xcb(), cookie)) && isOurs;
+    // Half a hot key, one that fails with NumLock on, is worse than none.
+    if (!isOurs)
+        ungrab(grab);
+    return isOurs;
+}
+
+void X11HotKeys::ungrab(const Grab &grab)
+{
+    for (const std::uint32_t locks : kLocks)
+        xcb_ungrab_key(m_connection.xcb(), grab.keyCode, m_connection.root(),
+                       static_cast<std::uint16_t>(grab.modifiers | locks));
+}
+
+void X11HotKeys::keyPressed(const xcb_key_press_event_t &event)
+{
+    const auto grab = std::find_if(m_grabs.begin(), m_grabs.end(), [&](const Grab &candidate) {
+        return candidate.keyCode == event.detail && candidate.modifiers == (event.state & kChosenModifiers);
+    });
+    if (grab == m_grabs.end() || grab->isHeld)
+        return;
+    grab->isHeld = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this, id = grab->id] {
+            if (m_handler)
+                m_handler(id);
+        },
+        Qt::QueuedConnection);
+}
+
+void X11HotKeys::keyReleased(const xcb_key_release_event_t &event)
+{
+    for (Grab &grab : m_grabs) {
+        if (grab.keyCode == event.detail)
+            grab.isHeld = false;
+    }
+}
+
+bool X11HotKeys::isAnyHeld()
+{
+    const auto isHeld = [](const Grab &grab) { return grab.isHeld; };
+    if (std::none_of(m_grabs.begin(), m_grabs.end(), isHeld))
+        return false;
+    const auto cookie = xcb_query_keymap(m_connection.xcb());
+    const auto reply = owned(xcb_query_keymap_reply(m_connection.xcb(), cookie, nullptr));
+    for (Grab &grab : m_grabs)
+        grab.isHeld =
+            grab.isHeld && reply && (reply->keys[grab.keyCode / 8] & (1U << (grab.keyCode % 8))) != 0;
+    return std::any_of(m_grabs.begin(), m_grabs.end(), isHeld);
+}
+
+} // namespace zeigewerk::platform::x11

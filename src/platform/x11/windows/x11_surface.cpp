@@ -1,0 +1,268 @@
+#include "platform/x11/windows/x11_surface.h"
+
+#include "platform/paint_damage.h"
+#include "platform/x11/input/modifiers.h"
+#include "platform/x11/windows/painted_shape.h"
+#include "platform/x11/windows/surface_window.h"
+#include "platform/x11/x11_desktop.h"
+
+#include <xcb/shape.h>
+
+#include <utility>
+
+namespace zeigewerk::platform::x11 {
+
+namespace {
+
+/// X Input's 16.16 fixed point.
+double fromFixed(xcb_input_fp1616_t value)
+{
+    return value / 65536.0;
+}
+
+bool holdsLeftButton(const xcb_input_button_press_event_t &event)
+{
+    return event.buttons_len > 0 && (*xcb_input_button_press_button_mask(&event) & (1U << kLeftButton)) != 0;
+}
+
+} // namespace
+
+X11Surface::X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame)
+    : m_desktop(desktop)
+    , m_connection(desktop.connection())
+    , m_role(role)
+    , m_frame(frame)
+    , m_scale(desktop.layout().scaleAt(frame.center()))
+    , m_nativeFrame(desktop.layout().nativeRect(frame))
+{
+    m_window = createSurfaceWindow(m_connection, role, m_nativeFrame);
+    m_context = xcb_generate_id(m_connection.xcb());
+    xcb_create_gc(m_connection.xcb(), m_context, m_window, 0, nullptr);
+    setIgnoresMouseEvents(true);
+    m_desktop.surfaceMade(*this);
+}
+
+X11Surface::~X11Surface()
+{
+    m_desktop.surfaceGone(*this);
+    m_desktop.focus().forget(m_window);
+    m_desktop.redrawReminder().forget(m_window);
+    xcb_free_gc(m_connection.xcb(), m_context);
+    xcb_destroy_window(m_connection.xcb(), m_window);
+    if (m_inputWindow)
+        xcb_destroy_window(m_connection.xcb(), m_inputWindow);
+}
+
+void X11Surface::setFrameOrigin(QPointF origin)
+{
+    m_frame.moveTopLeft(origin);
+    adoptScale(m_desktop.layout().scaleAt(m_frame.center()));
+    const QRect nativeFrame = m_desktop.layout().nativeRect(m_frame);
+    if (nativeFrame == m_nativeFrame)
+        return;
+    m_nativeFrame = nativeFrame;
+    configureWindow(m_connection, m_window, nativeFrame);
+}
+
+void X11Surface::adoptScale(double scale)
+{
+    if (scale == m_scale)
+        return;
+    m_scale = scale;
+    // The buffer has the wrong size now; the window forgets its picture when it is resized.
+    m_buffer.reset();
+    m_inked = {};
+    setNeedsDisplay(Damage::everything());
+}
+
+void X11Surface::orderFrontRegardless()
+{
+    if (!m_visible && m_orderedFront != 0)
+        m_desktop.redrawReminder().windowComesBack(m_window);
+    m_orderedFront = m_desktop.nextOrder();
+    if (m_visible) {
+        m_desktop.stacking().checkSoon();
+        return;
+    }
+    m_visible = true;
+    compositingChanged();
+    if (m_role == SurfaceRole::Effect)
+        m_desktop.stacking().insert(m_window);
+    else
+        m_desktop.stacking().restack();
+    xcb_map_window(m_connection.xcb(), m_window);
+    // A window that we were put above may have gone meanwhile.
+    m_desktop.stacking().checkSoon();
+}
+
+void X11Surface::orderOut()
+{
+    if (!m_visible)
+        return;
+    m_visible = false;
+    xcb_unmap_window(m_connection.xcb(), m_window);
+    m_damage = {};
+    m_isDisplayWanted = false;
+    m_isLeftButtonHeld = false;
+    m_inked = {};
+    if (m_buffer)
+        m_buffer->release();
+    updateInputWindow();
+    m_desktop.focus().forget(m_window);
+    m_desktop.stacking().windowHidden();
+}
+
+void X11Surface::setIgnoresMouseEvents(bool ignores)
+{
+    if (ignores == m_ignoresMouseEvents)
+        return;
+    m_ignoresMouseEvents = ignores;
+    xcb_connection_t *xcb = m_connection.xcb();
+    if (ignores)
+        xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window,
+                             0, 0, 0, nullptr);
+    else
+        xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, m_window, 0, 0, XCB_PIXMAP_NONE);
+    updateInputWindow();
+    // So that the very next click, whoever makes it, goes to the right window.
+    if (m_visible)
+        m_connection.roundTrip();
+}
+
+void X11Surface::makeKey()
+{
+    if (m_visible)
+        m_desktop.focus().give(m_window);
+}
+
+void X11Surface::setNeedsDisplay(const Damage &damage)
+{
+    if (!m_visible)
+        return;
+    m_isDisplayWanted = true;
+    m_damage.add(damage);
+}
+
+void X11Surface::display()
+{
+    if (!m_isDisplayWanted || !m_content)
+        return;
+    m_content->willDisplay();
+    m_isDisplayWanted = false;
+    if (m_damage.isEmpty())
+        return;
+    if (!m_buffer)
+        m_buffer.emplace(m_connection, m_nativeFrame.size());
+    const QRegion region = paintDamage(m_buffer->image(), m_scale, std::exchange(m_damage, {}), *m_content);
+    m_inked |= region.boundingRect();
+    if (!m_desktop.isComposited()) {
+        showColors(m_buffer->image(), region);
+        showPainted(m_connection, m_window, m_buffer->image(), region);
+    }
+    put(region);
+}
+
+void X11Surface::compositingChanged()
+{
+    if (!m_visible)
+        return;
+    if (m_desktop.isComposited())
+        showWhole(m_connection, m_window);
+    else
+        showNothing(m_connection, m_window);
+    // Its contents went with the place where the server kept them, and see-through colours are others now.
+    if (!m_inked.isEmpty())
+        setNeedsDisplay(Damage::of(ViewGeometry(m_nativeFrame.size(), m_scale).toView(m_inked)));
+    updateInputWindow();
+}
+
+void X11Surface::updateInputWindow()
+{
+    // Hiding it in mid-drag would hand the release to the application beneath.
+    const bool takesPointer = !m_ignoresMouseEvents || m_isLeftButtonHeld;
+    const bool isNeeded = m_visible && takesPointer && !m_desktop.isComposited();
+    if (isNeeded == m_isInputWindowShown)
+        return;
+    m_isInputWindowShown = isNeeded;
+    if (!isNeeded) {
+        xcb_unmap_window(m_connection.xcb(), m_inputWindow);
+        return;
+    }
+    if (!m_inputWindow)
+        m_inputWindow = createInputWindow(m_connection, m_nativeFrame);
+    m_desktop.stacking().restack();
+    xcb_map_window(m_connection.xcb(), m_inputWindow);
+}
+
+std::vector<xcb_window_t> X11Surface::shownWindows() const
+{
+    if (m_isInputWindowShown)
+        return {m_window, m_inputWindow};
+    return {m_window};
+}
+
+void X11Surface::put(const QRegion &region)
+{
+    if (m_buffer)
+        m_buffer->put(m_window, m_context, region);
+}
+
+void X11Surface::exposed(const QRect &pixels)
+{
+    if (m_visible)
+        put(pixels & m_inked);
+}
+
+void X11Surface::buttonPressed(const xcb_input_button_press_event_t &event)
+{
+    if (event.detail != kLeftButton || !m_content)
+        return;
+    m_isLeftButtonHeld = true;
+    m_content->mouseDown(pointerEvent(event));
+}
+
+void X11Surface::buttonReleased(const xcb_input_button_press_event_t &event)
+{
+    if (event.detail == kLeftButton && m_content)
+        endDrag(event);
+}
+
+void X11Surface::endDrag(const xcb_input_button_press_event_t &event)
+{
+    m_isLeftButtonHeld = false;
+    m_content->mouseUp(pointerEvent(event));
+    updateInputWindow();
+}
+
+void X11Surface::pointerMoved(const xcb_input_button_press_event_t &event)
+{
+    if (!m_isLeftButtonHeld || !m_content)
+        return;
+    if (holdsLeftButton(event))
+        m_content->mouseDragged(pointerEvent(event));
+    else
+        endDrag(event); // somebody else got the release
+}
+
+void X11Surface::scrolled(std::optional<ScrollEvent> scroll, const xcb_input_button_press_event_t &event)
+{
+    if (!scroll || !m_content)
+        return;
+    scroll->modifiers = modifiersOf(event.mods.effective);
+    m_content->scrollWheel(*scroll);
+}
+
+void X11Surface::keyPressed(const KeyEvent &event)
+{
+    if (m_content)
+        m_content->keyDown(event);
+}
+
+PointerEvent X11Surface::pointerEvent(const xcb_input_button_press_event_t &event) const
+{
+    // The position names a pixel; the ink goes through its middle.
+    const QPointF pixel(fromFixed(event.event_x) + 0.5, fromFixed(event.event_y) + 0.5);
+    return {ViewGeometry(m_nativeFrame.size(), m_scale).toView(pixel), modifiersOf(event.mods.effective)};
+}
+
+} // namespace zeigewerk::platform::x11

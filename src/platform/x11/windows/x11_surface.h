@@ -1,0 +1,90 @@
+#pragma once
+
+#include "platform/surface.h"
+#include "platform/x11/connection.h"
+#include "platform/x11/windows/frame_buffer.h"
+
+#include <QRect>
+
+#include <xcb/xinput.h>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace zeigewerk::platform::x11 {
+
+class X11Desktop;
+
+/// A surface on X11: an override-redirect window with an alpha channel, so that stacking and focus are in
+/// our hands and no window manager moves or decorates it.
+class X11Surface final : public Surface
+{
+public:
+    X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame);
+    ~X11Surface() override;
+
+    void setContent(SurfaceContent *content) override { m_content = content; }
+    QRectF frame() const override { return m_frame; }
+    void setFrameOrigin(QPointF origin) override;
+    bool isVisible() const override { return m_visible; }
+    void orderFrontRegardless() override;
+    void orderOut() override;
+    void setIgnoresMouseEvents(bool ignores) override;
+    void makeKey() override;
+    void setNeedsDisplay(const Damage &damage) override;
+
+    bool owns(xcb_window_t window) const
+    {
+        return window == m_window || (m_inputWindow && window == m_inputWindow);
+    }
+    /// The windows that are to be on the screen, the lowest first.
+    std::vector<xcb_window_t> shownWindows() const;
+    SurfaceRole role() const { return m_role; }
+    /// Counts up with every order-front: within a level the last one is in front.
+    quint64 orderedFront() const { return m_orderedFront; }
+
+    /// Paints and shows what was damaged.
+    void display();
+    /// The compositor came or went.
+    void compositingChanged();
+    /// That part of the window was uncovered and shows nothing.
+    void exposed(const QRect &pixels);
+    void buttonPressed(const xcb_input_button_press_event_t &event);
+    void buttonReleased(const xcb_input_button_press_event_t &event);
+    void pointerMoved(const xcb_input_button_press_event_t &event);
+    /// What of the wheel that event was, if anything.
+    void scrolled(std::optional<ScrollEvent> scroll, const xcb_input_button_press_event_t &event);
+    void keyPressed(const KeyEvent &event);
+
+private:
+    void adoptScale(double scale);
+    void updateInputWindow();
+    void put(const QRegion &region);
+    void endDrag(const xcb_input_button_press_event_t &event);
+    PointerEvent pointerEvent(const xcb_input_button_press_event_t &event) const;
+
+    X11Desktop &m_desktop;
+    Connection &m_connection;
+    SurfaceRole m_role;
+    QRectF m_frame;
+    double m_scale;
+    QRect m_nativeFrame;
+    xcb_window_t m_window = 0;
+    /// Made when there is no compositor: a shaped window takes the pointer only where it is painted on.
+    xcb_window_t m_inputWindow = 0;
+    bool m_isInputWindowShown = false;
+    xcb_gcontext_t m_context = 0;
+    SurfaceContent *m_content = nullptr;
+    bool m_visible = false;
+    bool m_ignoresMouseEvents = false;
+    bool m_isLeftButtonHeld = false;
+    quint64 m_orderedFront = 0;
+    Damage m_damage;
+    bool m_isDisplayWanted = false;
+    /// Encloses all that was put since the window was shown; beyond it the window is transparent.
+    QRect m_inked;
+    std::optional<FrameBuffer> m_buffer;
+};
+
+} // namespace zeigewerk::platform::x11

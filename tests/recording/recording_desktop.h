@@ -1,0 +1,189 @@
+#pragma once
+
+#include "platform/desktop.h"
+#include "recording/recording_event_monitor.h"
+
+#include <QImage>
+#include <QStringList>
+
+#include <map>
+#include <optional>
+#include <set>
+
+namespace zeigewerk::platform {
+
+class RecordingDesktop;
+
+/// A surface whose picture is an image in memory.
+class RecordingSurface : public Surface
+{
+public:
+    RecordingSurface(RecordingDesktop &desktop, QString name, const QRectF &frame);
+    ~RecordingSurface() override;
+
+    void setContent(SurfaceContent *content) override { m_content = content; }
+    QRectF frame() const override { return m_frame; }
+    void setFrameOrigin(QPointF origin) override;
+    bool isVisible() const override { return m_visible; }
+    void orderFrontRegardless() override;
+    void orderOut() override;
+    void setIgnoresMouseEvents(bool ignores) override;
+    void makeKey() override;
+    void setNeedsDisplay(const Damage &damage) override;
+
+    bool ignoresMouseEvents() const { return m_ignoresMouseEvents; }
+    SurfaceContent *content() { return m_content; }
+
+    /// Paints what was damaged, as the event loop would do at its next turn. Returns whether anything was.
+    bool display();
+    /// The picture as it stands; null while the surface is ordered out.
+    const QImage &image() const { return m_image; }
+    /// How many pixels `display` has painted since the surface was made.
+    qint64 paintedPixels() const { return m_paintedPixels; }
+
+private:
+    void adoptScale();
+    QImage blankImage() const;
+
+    RecordingDesktop &m_desktop;
+    QString m_name;
+    QRectF m_frame;
+    double m_scale;
+    SurfaceContent *m_content = nullptr;
+    bool m_visible = false;
+    bool m_ignoresMouseEvents = true;
+    bool m_isDisplayWanted = false;
+    Damage m_damage;
+    QImage m_image;
+    qint64 m_paintedPixels = 0;
+};
+
+/// The window of a widget, which is shown and hidden on Qt's own platform so that a test can click in it.
+class RecordingWindow : public WidgetWindow
+{
+public:
+    RecordingWindow(RecordingDesktop &desktop, QString name, WidgetRole role, QWidget &widget,
+                    const QMargins &ornament);
+    ~RecordingWindow() override;
+
+    QRectF frame() const override;
+    void setFrameOrigin(QPointF origin) override;
+    void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) override;
+    bool isVisible() const override { return m_visible; }
+    void orderFrontRegardless() override;
+    void orderOut() override;
+    void setIgnoresMouseEvents(bool ignores) override;
+    void makeKey() override;
+    bool isKey() const override;
+
+    bool ignoresMouseEvents() const { return m_ignoresMouseEvents; }
+
+private:
+    RecordingDesktop &m_desktop;
+    QString m_name;
+    WidgetRole m_role;
+    QWidget &m_widget;
+    QMargins m_ornament;
+    QPointF m_origin;
+    bool m_visible = false;
+    bool m_ignoresMouseEvents = false;
+};
+
+/// A desktop for tests: it has the screens and the pointer that the test says, and notes in order what it is
+/// asked.
+class RecordingDesktop : public Desktop
+{
+    Q_OBJECT
+
+public:
+    /// One screen of 1000 x 800 points at scale 1.
+    RecordingDesktop();
+    /// `screens` as `ScreenLayout` takes them.
+    explicit RecordingDesktop(std::vector<Screen> screens);
+
+    std::vector<Screen> screens() const override { return m_layout.screens(); }
+    std::unique_ptr<Surface> makeSurface(SurfaceRole role, const QRectF &frame) override;
+    std::unique_ptr<WidgetWindow> makeWindow(WidgetRole role, QWidget &widget,
+                                             const QMargins &ornament) override;
+    std::optional<Screen> mainScreen() const override;
+    QRectF visibleFrame(const Screen &screen) const override { return screen.frame.marginsRemoved(m_panels); }
+    QPointF mouseLocation() const override { return m_mouseLocation; }
+    bool isComposited() const override { return m_isComposited; }
+    bool hasEmbeddingTray() const override { return m_hasEmbeddingTray; }
+    HotKeys &hotKeys() override { return m_hotKeys; }
+    RecordingEventMonitor &eventMonitor() override { return m_eventMonitor; }
+    void activate() override;
+    void deactivate() override;
+
+    /// What was asked, in order, such as "overlay 0: order front"; taking it empties it.
+    QStringList takeLog();
+    void setMouseLocation(QPointF location) { m_mouseLocation = location; }
+    /// Puts the keyboard focus on the screen with that index.
+    void setMainScreen(std::size_t index) { m_mainScreen = index; }
+    /// Takes that much from every screen's visible frame; left and bottom as in y-up coordinates.
+    void setPanels(const QMarginsF &panels)
+    {
+        m_panels = {panels.left(), panels.bottom(), panels.right(), panels.top()};
+    }
+    void setComposited(bool isComposited);
+    void setEmbeddingTray(bool isThere);
+    /// Changes the screens and tells so.
+    void changeScreens(std::vector<Screen> screens);
+    /// The living surfaces of that role, oldest first.
+    std::vector<RecordingSurface *> surfaces(SurfaceRole role) const;
+
+    /// Makes a combination one that another program has.
+    void refuseHotKey(HotKeyId id) { m_hotKeys.m_refused.push_back(id); }
+    void allowHotKeys() { m_hotKeys.m_refused.clear(); }
+    /// A press of a registered hot key; unregistered ones do nothing, as on a real desktop.
+    void pressHotKey(HotKeyId id);
+    /// What the handler would be told if the desktop delivered that id, registered or not.
+    void deliverHotKey(HotKeyId id);
+    int timesRegistered(HotKeyId id) const;
+
+    /// Which of our windows has the keyboard, such as "overlay 0"; empty for none.
+    QString keyWindow() const { return m_keyWindow; }
+
+private:
+    friend class RecordingSurface;
+    friend class RecordingWindow;
+
+    class RecordingHotKeys : public HotKeys
+    {
+    public:
+        explicit RecordingHotKeys(RecordingDesktop &desktop)
+            : m_desktop(desktop)
+        {
+        }
+        std::unique_ptr<HotKey> registerHotKey(PhysicalKey key, Modifiers modifiers, HotKeyId id) override;
+        void setHandler(std::function<void(HotKeyId)> handler) override { m_handler = std::move(handler); }
+
+        RecordingDesktop &m_desktop;
+        std::function<void(HotKeyId)> m_handler;
+        std::vector<HotKeyId> m_refused;
+        std::vector<HotKeyId> m_registered;
+    };
+
+    void note(const QString &what) { m_log.append(what); }
+    void forgetKey(const QString &window)
+    {
+        if (m_keyWindow == window)
+            m_keyWindow.clear();
+    }
+
+    ScreenLayout m_layout;
+    QPointF m_mouseLocation;
+    std::size_t m_mainScreen = 0;
+    QMarginsF m_panels;
+    bool m_isComposited = true;
+    bool m_hasEmbeddingTray = false;
+    QStringList m_log;
+    std::map<SurfaceRole, std::vector<RecordingSurface *>> m_surfaces;
+    std::map<SurfaceRole, int> m_surfacesMade;
+    std::map<WidgetRole, int> m_windowsMade;
+    QString m_keyWindow;
+    RecordingHotKeys m_hotKeys{*this};
+    RecordingEventMonitor m_eventMonitor;
+};
+
+} // namespace zeigewerk::platform

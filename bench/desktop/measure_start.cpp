@@ -15,9 +15,9 @@ QPoint placeOnToolbar(rig::DesktopSession &session)
     const bool found = rig::eventually(
         [&] {
             for (const rig::WindowInfo &window : session.client().windowsOfProcess(program.processId())) {
-                const bool isPanel = window.geometry.height() >= rig::kToolbar.height() &&
-                                     window.geometry.width() < rig::kSmallestScreenWidth;
-                if (isPanel && window.viewable)
+                const bool isDock = window.geometry.height() >= rig::kToolbar.height() &&
+                                    window.geometry.width() < rig::kSmallestScreenWidth;
+                if (isDock && window.viewable)
                     toolbar = window;
             }
             return toolbar.has_value();

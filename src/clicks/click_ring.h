@@ -1,11 +1,10 @@
 #pragma once
 
+#include "base/clock.h"
 #include "core/repeating_timer.h"
 #include "drawing/color.h"
-#include "drawing/shape.h"
 #include "platform/desktop.h"
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -31,8 +30,6 @@ public:
     static constexpr double kSide = 72.0;
     /// How long it lives.
     static constexpr std::chrono::milliseconds kDuration{450};
-
-    using Clock = std::function<TimePoint()>;
 
     /// The rings on their way, oldest first, and what moves them on: one timer for all, which is there only
     /// while there is a ring.

@@ -2,7 +2,7 @@
 
 #include "clicks/click_ring.h"
 #include "commands/status_item.h"
-#include "toolbar/panel_placement.h"
+#include "toolbar/toolbar_placement.h"
 #include "updater/updater_controller.h"
 
 #include <utility>

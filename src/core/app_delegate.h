@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/clock.h"
 #include "core/cursor_ring.h"
 #include "core/overlay.h"
 #include "core/repeating_timer.h"
@@ -16,7 +17,6 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -44,8 +44,6 @@ class AppDelegate : public QObject
     Q_OBJECT
 
 public:
-    using Clock = std::function<TimePoint()>;
-
     /// Reads the settings; creates no window. `desktop` and `defaults` must outlive the controller.
     AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock = &WallClock::now,
                 BundleInfo info = {});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/clock.h"
 #include "drawing/color.h"
 #include "drawing/polyline.h"
 #include "drawing/tool.h"
@@ -7,13 +8,7 @@
 #include <QPointF>
 #include <QString>
 
-#include <chrono>
-
 namespace zeigewerk {
-
-/// Wall-clock time: a drawing fades by when it was made, also over a suspended machine.
-using WallClock = std::chrono::system_clock;
-using TimePoint = WallClock::time_point;
 
 /// One mark on one screen's canvas, finished or in progress. Geometry is in view coordinates: points, origin
 /// at the bottom left, y upwards.

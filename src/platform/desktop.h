@@ -69,7 +69,7 @@ public:
 
     /// The screen that has the keyboard focus, else the primary one; none while every output is off.
     virtual std::optional<Screen> mainScreen() const = 0;
-    /// The part of a screen's frame that the desktop's panels leave free; empty if they leave none.
+    /// The part of a screen's frame that the desktop's docks leave free; empty if they leave none.
     virtual QRectF visibleFrame(const Screen &screen) const = 0;
 
     virtual QPointF mouseLocation() const = 0;

@@ -5,7 +5,7 @@
 #include "toolbar/bar.h"
 #include "toolbar/pal_button.h"
 #include "toolbar/panel.h"
-#include "toolbar/panel_placement.h"
+#include "toolbar/toolbar_placement.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -105,17 +105,17 @@ void AppDelegate::placePanel()
 {
     m_toolbar->window =
         m_desktop.makeWindow(platform::WidgetRole::Toolbar, *m_toolbar->panel, Panel::kShadow);
-    m_toolbar->placement = std::make_unique<PanelPlacement>(m_desktop, *m_toolbar->window, m_defaults);
+    m_toolbar->placement = std::make_unique<ToolbarPlacement>(m_desktop, *m_toolbar->window, m_defaults);
     m_toolbar->placement->place();
 }
 
 void AppDelegate::connectPanel()
 {
     Panel *panel = m_toolbar->panel.get();
-    PanelPlacement *placement = m_toolbar->placement.get();
-    connect(panel, &Panel::dragBegan, placement, &PanelPlacement::dragBegan);
-    connect(panel, &Panel::dragMoved, placement, &PanelPlacement::dragMoved);
-    connect(panel, &Panel::dragEnded, placement, &PanelPlacement::dragEnded);
+    ToolbarPlacement *placement = m_toolbar->placement.get();
+    connect(panel, &Panel::dragBegan, placement, &ToolbarPlacement::dragBegan);
+    connect(panel, &Panel::dragMoved, placement, &ToolbarPlacement::dragMoved);
+    connect(panel, &Panel::dragEnded, placement, &ToolbarPlacement::dragEnded);
     connect(panel, &Panel::menuRequested, this, &AppDelegate::openStatusMenu);
 
     const auto adopt = [this, panel] { panel->setComposited(m_desktop.isComposited()); };

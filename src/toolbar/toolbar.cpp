@@ -2,7 +2,7 @@
 
 #include "toolbar/pal_button.h"
 #include "toolbar/panel.h"
-#include "toolbar/panel_placement.h"
+#include "toolbar/toolbar_placement.h"
 
 namespace zeigewerk {
 

@@ -12,7 +12,7 @@ namespace zeigewerk {
 class Bar;
 class PalButton;
 class Panel;
-class PanelPlacement;
+class ToolbarPlacement;
 struct ToolbarLook;
 
 /// The floating toolbar: its panel, the window that shows it, and what mirrors the program's state on it. The
@@ -25,7 +25,7 @@ struct Toolbar
     // Each needs the ones before it.
     std::unique_ptr<Panel> panel;
     std::unique_ptr<platform::WidgetWindow> window;
-    std::unique_ptr<PanelPlacement> placement;
+    std::unique_ptr<ToolbarPlacement> placement;
 
     /// What `refreshToolbar` painted last; null before.
     const ToolbarLook *look = nullptr;

@@ -28,7 +28,7 @@ private Q_SLOTS:
     void theKeyboardGoesBackToWhoHadIt_data();
     void theKeyboardGoesBackToWhoHadIt();
     void whenWhoHadItIsGoneTheNextWindowGetsIt();
-    void aPanelDoesNotGetTheKeyboardOfAWindowThatIsGone();
+    void aDockDoesNotGetTheKeyboardOfAWindowThatIsGone();
     void aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards();
     void aPressOnACanvasTakesTheKeyboard();
     void theSpotlightLeavesTheKeyboardAlone();
@@ -103,11 +103,11 @@ void FocusScenarios::whenWhoHadItIsGoneTheNextWindowGetsIt()
     EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
 }
 
-void FocusScenarios::aPanelDoesNotGetTheKeyboardOfAWindowThatIsGone()
+void FocusScenarios::aDockDoesNotGetTheKeyboardOfAWindowThatIsGone()
 {
-    // One that lists its panels among the windows.
+    // One that lists its docks among the windows.
     Presentation on({.windowManager = WindowManager::Openbox});
-    const Dock panel(on.session, {0, 1050, 1920, 30}, "_NET_WM_STRUT", {0, 0, 0, 30});
+    const Dock dock(on.session, {0, 1050, 1920, 30}, "_NET_WM_STRUT", {0, 0, 0, 30});
     auto other = std::make_unique<WindowBeneath>(on.session, QRect(100, 100, 300, 300), Qt::red);
     QVERIFY(other->opensWithFocus());
     on.hotKey(Key::D);

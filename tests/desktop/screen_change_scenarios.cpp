@@ -71,7 +71,7 @@ private Q_SLOTS:
     void inkIsUnderThePointerAtMixedScales_data();
     void inkIsUnderThePointerAtMixedScales();
     void edgesAreCovered();
-    void aPanelThatAppearsIsNoChangeOfScreens();
+    void aDockThatAppearsIsNoChangeOfScreens();
 };
 
 void ScreenChangeScenarios::aScreenChangesWhileDrawing_data()
@@ -151,7 +151,7 @@ void ScreenChangeScenarios::edgesAreCovered()
     QVERIFY(on.isFilled(Qt::white, QRect(gap.right(), gap.top(), 1, gap.height())));
 }
 
-void ScreenChangeScenarios::aPanelThatAppearsIsNoChangeOfScreens()
+void ScreenChangeScenarios::aDockThatAppearsIsNoChangeOfScreens()
 {
     // There is nobody to list it, and to say how much room it leaves, without a window manager.
     Screens on({.windowManager = WindowManager::Openbox});
@@ -159,8 +159,8 @@ void ScreenChangeScenarios::aPanelThatAppearsIsNoChangeOfScreens()
     QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
     EVENTUALLY(on.pixel({450, 300}) == kInk);
     on.newOverlays();
-    const Dock panel(on.session, {0, 1040, 1920, 40}, "_NET_WM_STRUT_PARTIAL",
-                     {0, 0, 0, 40, 0, 0, 0, 0, 0, 0, 0, 1919});
+    const Dock dock(on.session, {0, 1040, 1920, 40}, "_NET_WM_STRUT_PARTIAL",
+                    {0, 0, 0, 40, 0, 0, 0, 0, 0, 0, 0, 1919});
     QVERIFY(on.session.pointer().drag({{400, 500}, {500, 500}}));
     EVENTUALLY(on.pixel({450, 500}) == kInk);
     QCOMPARE(on.pixel({450, 300}), kInk);

@@ -10,9 +10,9 @@ class SeamScenarios : public QObject
 private Q_SLOTS:
     void theMainScreenIsThatOfTheKeyboard();
     void whereNoWindowHasTheKeyboardThePrimaryScreenIsTheMainOne();
-    void panelsAreLeftOut_data();
-    void panelsAreLeftOut();
-    void withoutAWindowManagerThereAreNoPanels();
+    void docksAreLeftOut_data();
+    void docksAreLeftOut();
+    void withoutAWindowManagerThereAreNoDocks();
     void theEmbeddingTrayComesAndGoes();
 };
 
@@ -46,11 +46,11 @@ void SeamScenarios::whereNoWindowHasTheKeyboardThePrimaryScreenIsTheMainOne()
     }
 }
 
-void SeamScenarios::panelsAreLeftOut_data()
+void SeamScenarios::docksAreLeftOut_data()
 {
     QTest::addColumn<QByteArray>("property");
     QTest::addColumn<QList<quint32>>("strut");
-    QTest::addColumn<QRect>("panel");
+    QTest::addColumn<QRect>("dockFrame");
     QTest::addColumn<QString>("first");
     QTest::addColumn<QString>("second");
 
@@ -70,23 +70,23 @@ void SeamScenarios::panelsAreLeftOut_data()
                                         << QRect(0, 0, 48, 1024) << "48 0 1232 1024" << second;
 }
 
-void SeamScenarios::panelsAreLeftOut()
+void SeamScenarios::docksAreLeftOut()
 {
     QFETCH(QByteArray, property);
     QFETCH(QList<quint32>, strut);
-    QFETCH(QRect, panel);
+    QFETCH(QRect, dockFrame);
     QFETCH(QString, first);
     QFETCH(QString, second);
     DesktopSession session({.screens = {kLeft, kRight}});
     Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=1;DUMMY1=2"}});
     QCOMPARE(seam.tell("visible 0"), QString("0 0 1280 1024"));
     QCOMPARE(seam.tell("visible 1"), QString("1280 574 800 450"));
-    const Dock dock(session, panel, property, strut);
+    const Dock dock(session, dockFrame, property, strut);
     QCOMPARE(seam.tell("visible 0"), first);
     QCOMPARE(seam.tell("visible 1"), second);
 }
 
-void SeamScenarios::withoutAWindowManagerThereAreNoPanels()
+void SeamScenarios::withoutAWindowManagerThereAreNoDocks()
 {
     DesktopSession session({.windowManager = WindowManager::None});
     Seam seam(session);

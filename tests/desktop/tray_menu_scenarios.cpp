@@ -115,10 +115,10 @@ void TrayMenuScenarios::aRefusedPinIsTakenBackInTheTray()
     TrayPresentation on;
     const auto pin = on.entry(label::kPin);
     QVERIFY(pin);
-    on.panel.host.forget();
+    on.tray.host.forget();
     QVERIFY(on.click(label::kPin));
     // A tray may have set the mark by itself, so it must hear that it is off.
-    EVENTUALLY(on.panel.host.toggleStatesTold(pin->id) == QList<int>({1, 0}));
+    EVENTUALLY(on.tray.host.toggleStatesTold(pin->id) == QList<int>({1, 0}));
     QVERIFY(!on.isChecked(label::kPin));
 }
 
@@ -176,7 +176,7 @@ void TrayMenuScenarios::quittingEndsTheProgram()
     TrayPresentation on;
     QVERIFY(on.click(label::kQuit));
     QCOMPARE(on.program.waitForExit(), std::optional(0));
-    EVENTUALLY(on.panel.watcher.items().isEmpty());
+    EVENTUALLY(on.tray.watcher.items().isEmpty());
     QVERIFY(on.program.output().isEmpty());
 }
 
@@ -186,10 +186,10 @@ void TrayMenuScenarios::manyChangesCostNothing()
     const auto clicks = on.entry(label::kClicks);
     QVERIFY(clicks);
     const auto toggle = [&](int times) {
-        on.panel.host.forget();
+        on.tray.host.forget();
         for (int i = 0; i < times; ++i) {
             on.hotKey(Key::K);
-            if (!eventually([&] { return on.panel.host.toggleStatesTold(clicks->id).size() == i + 1; }))
+            if (!eventually([&] { return on.tray.host.toggleStatesTold(clicks->id).size() == i + 1; }))
                 return false;
         }
         return true;
@@ -199,7 +199,7 @@ void TrayMenuScenarios::manyChangesCostNothing()
     QVERIFY(toggle(40));
     // Far less than 40 menus; the allocator may take a page or two at any time.
     QVERIFY(on.program.residentBytes() - before < qint64{256} * 1024);
-    QCOMPARE(on.panel.host.layoutUpdates(), 0);
+    QCOMPARE(on.tray.host.layoutUpdates(), 0);
     QVERIFY(!on.isChecked(label::kClicks));
 }
 

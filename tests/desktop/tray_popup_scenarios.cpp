@@ -74,8 +74,8 @@ void TrayPopupScenarios::aPlainClickOpensTheMenu()
     TrayPresentation on;
     NewWindows menus(on);
     QVERIFY(on.session.pointer().moveTo(kMenuPlace));
-    QVERIFY(isContextMenu ? on.panel.host.openContextMenu(on.item, kMenuPlace)
-                          : on.panel.host.activate(on.item, kMenuPlace));
+    QVERIFY(isContextMenu ? on.tray.host.openContextMenu(on.item, kMenuPlace)
+                          : on.tray.host.activate(on.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
     const WindowInfo menu = menus.now().first();
     QCOMPARE(menu.geometry.topLeft(), kMenuPlace);
@@ -115,7 +115,7 @@ void TrayPopupScenarios::aMenuOpenedDuringAGrabClosesOnceThatIsOver()
         switcher.emplace(on.session);
     else
         QVERIFY(tray.grabPointer());
-    QVERIFY(on.panel.host.activate(on.item, kMenuPlace));
+    QVERIFY(on.tray.host.activate(on.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
     switcher.reset();
     tray.ungrabPointer();
@@ -139,7 +139,7 @@ void TrayPopupScenarios::escClosesTheMenuAndNothingElse()
     TrayPresentation on;
     const auto openAndEsc = [&on] {
         NewWindows menus(on);
-        return on.panel.host.activate(on.item, kMenuPlace) &&
+        return on.tray.host.activate(on.item, kMenuPlace) &&
                eventually([&] { return menus.now().size() == 1; }) &&
                (on.session.keyboard().tap(Key::Escape), eventually([&] { return menus.now().isEmpty(); }));
     };
@@ -172,7 +172,7 @@ void TrayPopupScenarios::theOpenMenuStandsAboveTheWhiteboard()
     EVENTUALLY(on.hasKeyboard() && on.pixel({10, 1000}) == QColor(Qt::white));
     QVERIFY(on.session.pointer().moveTo(kMenuPlace));
     NewWindows menus(on);
-    QVERIFY(on.panel.host.activate(on.item, kMenuPlace));
+    QVERIFY(on.tray.host.activate(on.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
     const QRect menu = menus.now().first().geometry;
     EVENTUALLY(!on.session.screenshot().isFilled(Qt::white, menu));
@@ -197,11 +197,11 @@ void TrayPopupScenarios::ctrlQQuitsOnlyWhileTheMenuIsOpen()
     QVERIFY(on.program.isRunning());
 
     NewWindows menus(on);
-    QVERIFY(on.panel.host.activate(on.item, kMenuPlace));
+    QVERIFY(on.tray.host.activate(on.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
     on.session.keyboard().chord({Key::Ctrl}, Key::Q);
     QCOMPARE(on.program.waitForExit(), std::optional(0));
-    EVENTUALLY(on.panel.watcher.items().isEmpty());
+    EVENTUALLY(on.tray.watcher.items().isEmpty());
     QVERIFY(on.beneath.hasFocus());
 }
 

@@ -8,10 +8,10 @@
 
 namespace zeigewerk::rig {
 
-/// A desktop's panel, which is both parts of a tray.
-struct Panel
+/// Both parts of a tray.
+struct Tray
 {
-    explicit Panel(const DesktopSession &session)
+    explicit Tray(const DesktopSession &session)
         : watcher(session)
         , host(session)
     {
@@ -32,22 +32,22 @@ struct Panel
     TrayHost host;
 };
 
-/// A presentation on a desktop with a panel that shows the program's item.
+/// A presentation on a desktop with a tray that shows the program's item.
 class TrayPresentation : public Presentation
 {
 public:
     explicit TrayPresentation(const DesktopSetup &setup = {})
         : Presentation(setup)
-        , panel(session)
+        , tray(session)
     {
-        panel.start();
+        tray.start();
         QList<TrayItem> items;
-        if (!eventually([&] { return (items = panel.host.items()).size() == 1; }))
+        if (!eventually([&] { return (items = tray.host.items()).size() == 1; }))
             throw RigError("the program is not in the tray");
         item = items.first();
     }
 
-    QList<TrayMenuItem> menu() { return panel.host.menu(item); }
+    QList<TrayMenuItem> menu() { return tray.host.menu(item); }
     /// The menu's entry with that label, if it has one.
     std::optional<TrayMenuItem> entry(const QString &label)
     {
@@ -76,10 +76,10 @@ public:
     bool click(const QString &label)
     {
         const auto found = entry(label);
-        return found && panel.host.click(item, found->id);
+        return found && tray.host.click(item, found->id);
     }
 
-    Panel panel;
+    Tray tray;
     TrayItem item;
 };
 

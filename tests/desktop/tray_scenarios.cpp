@@ -38,11 +38,11 @@ private:
 void TrayScenarios::aTrayThatIsThereShowsTheItem()
 {
     DesktopSession session;
-    Panel panel(session);
-    panel.start();
+    Tray tray(session);
+    tray.start();
     Program program(session);
     QList<TrayItem> items;
-    EVENTUALLY((items = panel.host.items()).size() == 1);
+    EVENTUALLY((items = tray.host.items()).size() == 1);
     const TrayItem &item = items.first();
     QCOMPARE(item.id, "Zeigewerk");
     QCOMPARE(item.title, "Zeigewerk");
@@ -51,8 +51,8 @@ void TrayScenarios::aTrayThatIsThereShowsTheItem()
     QCOMPARE(item.iconName, "");
     for (const int size : {16, 22, 24, 32, 48, 64})
         QVERIFY2(item.iconSizes.contains(QSize(size, size)), qPrintable(QString::number(size)));
-    QVERIFY(!panel.host.menu(item).isEmpty());
-    QCOMPARE(panel.watcher.registrations(), 1);
+    QVERIFY(!tray.host.menu(item).isEmpty());
+    QCOMPARE(tray.watcher.registrations(), 1);
     QVERIFY(program.isRunning());
     QVERIFY(program.output().isEmpty());
 }
@@ -60,12 +60,12 @@ void TrayScenarios::aTrayThatIsThereShowsTheItem()
 void TrayScenarios::aWatcherAloneIsNoTray()
 {
     Presentation on;
-    Panel panel(on.session);
-    panel.watcher.start();
+    Tray tray(on.session);
+    tray.watcher.start();
     // The program answers the watcher's coming within milliseconds; were it to register now, it would have.
-    THROUGHOUT(500ms, panel.watcher.items().isEmpty());
-    panel.host.start();
-    EVENTUALLY(panel.host.items().size() == 1);
+    THROUGHOUT(500ms, tray.watcher.items().isEmpty());
+    tray.host.start();
+    EVENTUALLY(tray.host.items().size() == 1);
     QVERIFY(drawsAndEnds(on));
 }
 
@@ -85,17 +85,17 @@ void TrayScenarios::aTrayThatRestartsShowsTheItemAgain()
     TrayPresentation on;
     for (int restart = 0; restart < 2; ++restart) {
         if (hostRestarts)
-            on.panel.host.stop();
+            on.tray.host.stop();
         if (watcherRestarts) {
-            on.panel.watcher.stop();
-            QVERIFY(on.panel.host.items().isEmpty());
-            on.panel.watcher.start();
+            on.tray.watcher.stop();
+            QVERIFY(on.tray.host.items().isEmpty());
+            on.tray.watcher.start();
         }
         if (hostRestarts)
-            on.panel.host.start();
+            on.tray.host.start();
         QList<TrayItem> items;
-        EVENTUALLY((items = on.panel.host.items()).size() == 1);
-        QVERIFY(!on.panel.host.menu(items.first()).isEmpty());
+        EVENTUALLY((items = on.tray.host.items()).size() == 1);
+        QVERIFY(!on.tray.host.menu(items.first()).isEmpty());
     }
     QVERIFY(drawsAndEnds(on));
 }
@@ -107,10 +107,10 @@ void TrayScenarios::aWatcherThatTakesOverGetsTheItem()
     successor.start();
     QVERIFY(successor.items().isEmpty());
     // The name goes from the one to the other without being free in between.
-    on.panel.watcher.stop();
+    on.tray.watcher.stop();
     EVENTUALLY(successor.items().size() == 1);
-    EVENTUALLY(on.panel.host.items().size() == 1);
-    on.item = on.panel.host.items().first();
+    EVENTUALLY(on.tray.host.items().size() == 1);
+    on.item = on.tray.host.items().first();
     QVERIFY(on.click(label::kDraw));
     EVENTUALLY(on.hasKeyboard());
     EVENTUALLY(on.isChecked(label::kDraw));
@@ -122,13 +122,13 @@ void TrayScenarios::twoHostsShowTheItem()
     TrayHost second(on.session);
     second.start();
     EVENTUALLY(second.items().size() == 1);
-    QCOMPARE(on.panel.host.items().size(), 1);
+    QCOMPARE(on.tray.host.items().size(), 1);
     // What one of them clicks, both are told.
     const auto spot = on.entry(label::kSpot);
     QVERIFY(spot);
     QVERIFY(second.click(second.items().first(), spot->id));
     EVENTUALLY(on.pixel({10, 1000}) == dimmed(on.beneathColor()));
-    EVENTUALLY(on.panel.host.toggleStatesTold(spot->id) == QList<int>{1});
+    EVENTUALLY(on.tray.host.toggleStatesTold(spot->id) == QList<int>{1});
     EVENTUALLY(second.toggleStatesTold(spot->id) == QList<int>{1});
 }
 
@@ -136,7 +136,7 @@ void TrayScenarios::theItemLeavesWithTheProgram()
 {
     TrayPresentation on;
     QCOMPARE(on.program.terminate(), std::optional(0));
-    EVENTUALLY(on.panel.watcher.items().isEmpty());
+    EVENTUALLY(on.tray.watcher.items().isEmpty());
     QVERIFY(on.program.output().isEmpty());
 }
 
@@ -169,10 +169,10 @@ void TrayScenarios::theProgramOutlivesTheSessionBus()
 {
     QFETCH(bool, isInTray);
     Presentation on;
-    Panel panel(on.session);
+    Tray tray(on.session);
     if (isInTray) {
-        panel.start();
-        EVENTUALLY(panel.watcher.items().size() == 1);
+        tray.start();
+        EVENTUALLY(tray.watcher.items().size() == 1);
     }
     on.session.stopBus();
     QVERIFY(drawsAndEnds(on));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "recording/recording_desktop.h"
-#include "toolbar/panel_placement.h"
+#include "toolbar/toolbar_placement.h"
 
 #include <QWidget>
 
@@ -23,7 +23,7 @@ public:
         constexpr QSize kSize(151, 477);
         m_panel.setFixedSize(kSize);
         m_window = m_desktop.makeWindow(platform::WidgetRole::Toolbar, m_panel, {});
-        PanelPlacement(m_desktop, *m_window, defaults).place();
+        ToolbarPlacement(m_desktop, *m_window, defaults).place();
     }
 
     QRectF frame() const { return m_window->frame(); }

@@ -50,7 +50,7 @@ void checkScreen(const ScreenLayout &layout, const Screen &screen)
 void checkStruts(const Screen &screen, const QSize &desktop, const std::vector<Strut> &struts)
 {
     const QRect free = withoutStruts(screen.nativeFrame, desktop, struts);
-    mustHold(free.isEmpty() || screen.nativeFrame.contains(free), "panels leave a part of the screen");
+    mustHold(free.isEmpty() || screen.nativeFrame.contains(free), "docks leave a part of the screen");
     const QRectF frame = ScreenLayout::frameOfPart(screen, free);
     mustHold(frame.isEmpty() == free.isEmpty(), "what is free in pixels is free in points");
 }

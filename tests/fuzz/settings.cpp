@@ -3,7 +3,7 @@
 #include "fuzz/placed_toolbar.h"
 #include "fuzz/settings_file.h"
 #include "fuzz/targets.h"
-#include "toolbar/panel_place.h"
+#include "toolbar/toolbar_frame.h"
 
 #include <QFile>
 

@@ -18,7 +18,7 @@ void settings(Bytes input);
 void toolbarFrame(Bytes input);
 /// An update feed, and what it makes the program tell.
 void feed(Bytes input);
-/// What the display server tells of monitors, and other programs of their panels.
+/// What the display server tells of monitors, and other programs of their docks.
 void screens(Bytes input);
 /// What a device tells of a scroll axis.
 void scrolling(Bytes input);

@@ -1,8 +1,9 @@
+#include "toolbar/toolbar_frame.h"
+
 #include "base/stop.h"
 #include "fuzz/placed_toolbar.h"
 #include "fuzz/settings_file.h"
 #include "fuzz/targets.h"
-#include "toolbar/panel_place.h"
 
 #include <cmath>
 

@@ -106,7 +106,7 @@ public:
     std::unique_ptr<WidgetWindow> makeWindow(WidgetRole role, QWidget &widget,
                                              const QMargins &ornament) override;
     std::optional<Screen> mainScreen() const override;
-    QRectF visibleFrame(const Screen &screen) const override { return screen.frame.marginsRemoved(m_panels); }
+    QRectF visibleFrame(const Screen &screen) const override { return screen.frame.marginsRemoved(m_docks); }
     QPointF mouseLocation() const override { return m_mouseLocation; }
     bool isComposited() const override { return m_isComposited; }
     bool hasEmbeddingTray() const override { return m_hasEmbeddingTray; }
@@ -121,9 +121,9 @@ public:
     /// Puts the keyboard focus on the screen with that index.
     void setMainScreen(std::size_t index) { m_mainScreen = index; }
     /// Takes that much from every screen's visible frame; left and bottom as in y-up coordinates.
-    void setPanels(const QMarginsF &panels)
+    void setDocks(const QMarginsF &docks)
     {
-        m_panels = {panels.left(), panels.bottom(), panels.right(), panels.top()};
+        m_docks = {docks.left(), docks.bottom(), docks.right(), docks.top()};
     }
     void setComposited(bool isComposited);
     void setEmbeddingTray(bool isThere);
@@ -174,7 +174,7 @@ private:
     ScreenLayout m_layout;
     QPointF m_mouseLocation;
     std::size_t m_mainScreen = 0;
-    QMarginsF m_panels;
+    QMarginsF m_docks;
     bool m_isComposited = true;
     bool m_hasEmbeddingTray = false;
     QStringList m_log;

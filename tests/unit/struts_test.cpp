@@ -26,11 +26,11 @@ private Q_SLOTS:
     void propertiesAreRead();
     void anEmptyDesktopHasNone_data();
     void anEmptyDesktopHasNone();
-    void eachScreenLosesWhatItsPanelsTake_data();
-    void eachScreenLosesWhatItsPanelsTake();
+    void eachScreenLosesWhatItsDocksTake_data();
+    void eachScreenLosesWhatItsDocksTake();
     void ofSeveralOnOneEdgeTheDeepestCounts();
     void onDifferentEdgesAllCount();
-    void nothingIsLeftBetweenPanelsThatMeet();
+    void nothingIsLeftBetweenDocksThatMeet();
 };
 
 void StrutsTest::propertiesAreRead_data()
@@ -86,7 +86,7 @@ void StrutsTest::anEmptyDesktopHasNone()
     QVERIFY(strutsOf(Values{1, 2, 3, 4}, desktop).empty());
 }
 
-void StrutsTest::eachScreenLosesWhatItsPanelsTake_data()
+void StrutsTest::eachScreenLosesWhatItsDocksTake_data()
 {
     QTest::addColumn<Strut>("strut");
     QTest::addColumn<QRect>("left");
@@ -97,7 +97,7 @@ void StrutsTest::eachScreenLosesWhatItsPanelsTake_data()
     QTest::newRow("top of the right screen")
         << Strut{.edge = Edge::Top, .depth = 30, .start = 1280, .end = 2879} << kLeft
         << kRight.adjusted(0, 30, 0, 0);
-    QTest::newRow("a short panel in the middle of the top")
+    QTest::newRow("a short dock in the middle of the top")
         << Strut{.edge = Edge::Top, .depth = 30, .start = 600, .end = 700} << kLeft.adjusted(0, 30, 0, 0)
         << kRight;
     QTest::newRow("along the top of both") << Strut{.edge = Edge::Top, .depth = 30, .start = 0, .end = 2879}
@@ -125,7 +125,7 @@ void StrutsTest::eachScreenLosesWhatItsPanelsTake_data()
         << Strut{.edge = Edge::Left, .depth = 1280, .start = 0, .end = 1023} << kLeft << kRight;
 }
 
-void StrutsTest::eachScreenLosesWhatItsPanelsTake()
+void StrutsTest::eachScreenLosesWhatItsDocksTake()
 {
     QFETCH(Strut, strut);
     QFETCH(QRect, left);
@@ -151,7 +151,7 @@ void StrutsTest::onDifferentEdgesAllCount()
     QCOMPARE(withoutStruts(kRight, kDesktop, {}), kRight);
 }
 
-void StrutsTest::nothingIsLeftBetweenPanelsThatMeet()
+void StrutsTest::nothingIsLeftBetweenDocksThatMeet()
 {
     const std::vector<Strut> struts = {{.edge = Edge::Top, .depth = 600, .start = 0, .end = 1279},
                                        {.edge = Edge::Bottom, .depth = 600, .start = 0, .end = 1279}};

@@ -12,7 +12,7 @@ QSize desktopSize(Connection &connection)
     return reply ? QSize(reply->width, reply->height) : QSize();
 }
 
-std::vector<Strut> strutsOfPanels(Connection &connection, const QSize &desktop)
+std::vector<Strut> strutsOfDocks(Connection &connection, const QSize &desktop)
 {
     const std::vector<xcb_window_t> clients =
         NumbersRequest(connection, connection.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW).take();

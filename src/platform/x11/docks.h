@@ -8,7 +8,7 @@ namespace zeigewerk::platform::x11 {
 /// The size of the whole desktop in pixels: a rectangle around all screens.
 QSize desktopSize(Connection &connection);
 
-/// What the panels keep for themselves now. Without a window manager that lists its windows there are none.
-std::vector<Strut> strutsOfPanels(Connection &connection, const QSize &desktop);
+/// What the docks keep for themselves now. Without a window manager that lists its windows there are none.
+std::vector<Strut> strutsOfDocks(Connection &connection, const QSize &desktop);
 
 } // namespace zeigewerk::platform::x11

@@ -9,7 +9,7 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// A strip along an edge of the whole desktop that a panel keeps for itself. All in native pixels, y down.
+/// A strip along an edge of the whole desktop that a dock keeps for itself. All in native pixels, y down.
 struct Strut
 {
     enum class Edge { Left, Right, Top, Bottom };
@@ -25,13 +25,13 @@ struct Strut
     friend bool operator==(const Strut &, const Strut &) = default;
 };
 
-/// The struts in a panel's property: the depths left, right, top and bottom, and perhaps for each in the same
+/// The struts in a dock's property: the depths left, right, top and bottom, and perhaps for each in the same
 /// order its start and its end. Without those they run along the whole edge. Other numbers of values are
 /// none, and on an empty desktop there are none.
 std::vector<Strut> strutsOf(std::span<const std::uint32_t> values, const QSize &desktop);
 
 /// What the struts leave of a screen; empty if they leave nothing. A strut that crosses the whole screen
-/// belongs to a panel on the next one and takes nothing from it.
+/// belongs to a dock on the next one and takes nothing from it.
 QRect withoutStruts(const QRect &screen, const QSize &desktop, std::span<const Strut> struts);
 
 } // namespace zeigewerk::platform::x11

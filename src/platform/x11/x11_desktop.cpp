@@ -79,7 +79,7 @@ std::optional<Screen> X11Desktop::mainScreen() const
 QRectF X11Desktop::visibleFrame(const Screen &screen) const
 {
     const QSize desktop = desktopSize(*m_connection);
-    const std::vector<Strut> struts = strutsOfPanels(*m_connection, desktop);
+    const std::vector<Strut> struts = strutsOfDocks(*m_connection, desktop);
     return ScreenLayout::frameOfPart(screen, withoutStruts(screen.nativeFrame, desktop, struts));
 }
 

@@ -48,7 +48,7 @@ bool Controls::isMenuOpen()
 std::optional<TrayItem> Controls::item()
 {
     QList<TrayItem> items;
-    if (!eventually([&] { return (items = m_furniture.panel().host.items()).size() == 1; }))
+    if (!eventually([&] { return (items = m_furniture.tray().host.items()).size() == 1; }))
         return std::nullopt;
     return items.first();
 }
@@ -56,7 +56,7 @@ std::optional<TrayItem> Controls::item()
 QStringList Controls::modesOn(const TrayItem &item)
 {
     QStringList modes;
-    for (const TrayMenuItem &entry : m_furniture.panel().host.menu(item)) {
+    for (const TrayMenuItem &entry : m_furniture.tray().host.menu(item)) {
         if (entry.isChecked() && entry.label != label::kDark)
             modes.append(entry.label);
     }
@@ -77,9 +77,9 @@ bool Controls::click(const QString &label)
     const auto there = item();
     if (!there)
         return false;
-    for (const TrayMenuItem &entry : m_furniture.panel().host.menu(*there)) {
+    for (const TrayMenuItem &entry : m_furniture.tray().host.menu(*there)) {
         if (entry.label == label)
-            return m_furniture.panel().host.click(*there, entry.id);
+            return m_furniture.tray().host.click(*there, entry.id);
     }
     return false;
 }
@@ -87,7 +87,7 @@ bool Controls::click(const QString &label)
 bool Controls::isToolbarOn()
 {
     const auto there = item();
-    const QList<TrayMenuItem> menu = there ? m_furniture.panel().host.menu(*there) : QList<TrayMenuItem>();
+    const QList<TrayMenuItem> menu = there ? m_furniture.tray().host.menu(*there) : QList<TrayMenuItem>();
     return std::any_of(menu.begin(), menu.end(),
                        [](const TrayMenuItem &entry) { return entry.label == label::kHide; });
 }

@@ -22,7 +22,7 @@ public:
     /// Switches off whatever is on, each by its own control: its hot key or its entry in the menu. Says what
     /// went wrong, if anything.
     QStringList switchAllOff(Chance &chance);
-    bool isInTray() { return m_furniture.panel().host.items().size() == 1; }
+    bool isInTray() { return m_furniture.tray().host.items().size() == 1; }
     /// Whether the menu offers to hide the toolbar.
     bool isToolbarOn();
     bool click(const QString &label);

@@ -50,7 +50,7 @@ std::vector<Action> desktopActions()
             {"screens change", 6, furniture<&Furniture::changeScreens>},
             {"the compositor", 4, furniture<&Furniture::toggleCompositor>},
             {"the window manager", 1, restartWindowManager},
-            {"the panel", 5, furniture<&Furniture::togglePanel>},
+            {"the tray", 5, furniture<&Furniture::toggleTray>},
             {"a tray of the older kind", 4, furniture<&Furniture::toggleEmbeddingTray>},
             {"the keyboard's map", 2, furniture<&Furniture::switchKeyboardMap>},
             {"the tray", 12, furniture<&Furniture::useTray>}};

@@ -20,11 +20,11 @@ Furniture::Furniture(DesktopSession &session)
     : m_session(session)
     , m_firstScreens(session.display().screens())
     , m_hadCompositor(session.compositorProcessId() != 0)
-    , m_panel(session)
+    , m_tray(session)
     , m_embeddingTray(session, {600, 0})
 {
     measureDesktop();
-    m_panel.start();
+    m_tray.start();
 }
 
 void Furniture::measureDesktop()
@@ -73,14 +73,14 @@ QString Furniture::restartWindowManager()
     return QStringLiteral("starts again");
 }
 
-QString Furniture::togglePanel()
+QString Furniture::toggleTray()
 {
-    if (m_isPanelThere)
-        m_panel.stop();
+    if (m_isTrayThere)
+        m_tray.stop();
     else
-        m_panel.start();
-    m_isPanelThere = !m_isPanelThere;
-    return m_isPanelThere ? QStringLiteral("comes") : QStringLiteral("goes");
+        m_tray.start();
+    m_isTrayThere = !m_isTrayThere;
+    return m_isTrayThere ? QStringLiteral("comes") : QStringLiteral("goes");
 }
 
 QString Furniture::toggleEmbeddingTray()
@@ -104,16 +104,16 @@ QString Furniture::switchKeyboardMap(Chance &chance)
 
 QString Furniture::useTray(Chance &chance)
 {
-    const QList<TrayItem> items = m_panel.host.items();
+    const QList<TrayItem> items = m_tray.host.items();
     if (items.isEmpty())
         return QStringLiteral("nothing, as there is no item");
     const QPoint place = m_session.pointer().location();
     switch (chance.below(4)) {
     case 0:
-        m_panel.host.activate(items.first(), place);
+        m_tray.host.activate(items.first(), place);
         return QStringLiteral("a click on the item");
     case 1:
-        m_panel.host.openContextMenu(items.first(), place);
+        m_tray.host.openContextMenu(items.first(), place);
         return QStringLiteral("a right click on the item");
     default:
         return clickMenu(chance, items.first());
@@ -122,14 +122,14 @@ QString Furniture::useTray(Chance &chance)
 
 QString Furniture::clickMenu(Chance &chance, const TrayItem &item)
 {
-    const QList<TrayMenuItem> menu = m_panel.host.menu(item);
+    const QList<TrayMenuItem> menu = m_tray.host.menu(item);
     if (menu.isEmpty())
         return QStringLiteral("nothing, as the menu is empty");
     const TrayMenuItem &entry = menu.at(chance.below(static_cast<int>(menu.size())));
     // Not that often: each end costs a start.
     if (entry.label == label::kQuit && !chance.oneIn(4))
         return QStringLiteral("thinks better of quitting");
-    m_panel.host.click(item, entry.id);
+    m_tray.host.click(item, entry.id);
     return entry.label;
 }
 
@@ -161,8 +161,8 @@ void Furniture::tidyUp()
     bringCompositorBack();
     if (m_isEmbeddingTrayThere)
         toggleEmbeddingTray();
-    if (!m_isPanelThere)
-        togglePanel();
+    if (!m_isTrayThere)
+        toggleTray();
     m_session.display().setKeyboardMap(QStringLiteral("us"));
 }
 

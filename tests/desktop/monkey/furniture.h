@@ -11,7 +11,7 @@ namespace zeigewerk::rig {
 class Furniture
 {
 public:
-    /// Starts a panel with a tray.
+    /// Starts a tray.
     explicit Furniture(DesktopSession &session);
 
     /// Around all screens; never empty.
@@ -21,7 +21,7 @@ public:
     QString changeScreens(Chance &chance);
     QString toggleCompositor();
     QString restartWindowManager();
-    QString togglePanel();
+    QString toggleTray();
     QString toggleEmbeddingTray();
     QString switchKeyboardMap(Chance &chance);
     /// Clicks on the tray's item, or on an entry of its menu.
@@ -29,7 +29,7 @@ public:
 
     /// Puts everything back to how it was at first.
     void tidyUp();
-    Panel &panel() { return m_panel; }
+    Tray &tray() { return m_tray; }
 
 private:
     QString clickMenu(Chance &chance, const TrayItem &item);
@@ -41,10 +41,10 @@ private:
     bool m_hadCompositor;
     /// Picom keeps the size of the desktop for which it started if that changes before it listens.
     bool m_mayCompositorBeWrong = false;
-    bool m_isPanelThere = true;
+    bool m_isTrayThere = true;
     bool m_isEmbeddingTrayThere = false;
     QRect m_desktop;
-    Panel m_panel;
+    Tray m_tray;
     EmbeddingTray m_embeddingTray;
 };
 

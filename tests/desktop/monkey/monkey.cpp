@@ -67,7 +67,7 @@ void Monkey::startProgram()
         std::fputs(m_program->output().constData(), stderr);
         throw RigError("the program does not start");
     }
-    // Qt decides at its first icon which kind of tray there is, and stays with that. Without this a panel
+    // Qt decides at its first icon which kind of tray there is, and stays with that. Without this a tray
     // that goes at that very moment is missed for good.
     eventually([&] { return m_controls.isInTray(); });
 }

@@ -91,7 +91,7 @@ void Soak::learnButtons()
 
 void Soak::switchEverythingOn()
 {
-    TrayHost &tray = m_furniture.panel().host;
+    TrayHost &tray = m_furniture.tray().host;
     QList<TrayItem> items;
     if (!eventually([&] { return (items = tray.items()).size() == 1; }))
         failRig(QStringLiteral("the program is not in the tray"));

@@ -30,7 +30,7 @@ Dock::Dock(DesktopSession &session, const QRect &rect, const QByteArray &propert
                session.client().property(session.client().root(), "_NET_CLIENT_LIST").contains(m_id);
     });
     if (!isListed)
-        failRig(QStringLiteral("the window manager does not list the panel"));
+        failRig(QStringLiteral("the window manager does not list the dock"));
 }
 
 } // namespace zeigewerk::rig

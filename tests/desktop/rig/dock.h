@@ -1,4 +1,4 @@
-// A panel of the desktop, as a task bar is.
+// A dock of the desktop, such as a task bar.
 #pragma once
 
 #include "client.h"
@@ -10,7 +10,7 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// A managed window that says that it is a panel and which strips along the desktop's edges it keeps for
+/// A managed window that says that it is a dock and which strips along the desktop's edges it keeps for
 /// itself.
 class Dock
 {

@@ -1,4 +1,4 @@
-// The part of a tray that shows the items, as a panel does, and that a hand clicks on.
+// The part of a tray that shows the items, as a task bar does, and that a hand clicks on.
 #pragma once
 
 #include "bus.h"

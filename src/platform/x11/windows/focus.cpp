@@ -177,17 +177,17 @@ xcb_window_t Focus::topmostClient()
         NumbersRequest(m_connection, m_connection.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW)
             .take();
     for (auto client = clients.rbegin(); client != clients.rend(); ++client) {
-        if (!m_connection.isOurs(*client) && isViewable(*client) && !isPanel(*client))
+        if (!m_connection.isOurs(*client) && isViewable(*client) && !isDock(*client))
             return *client;
     }
     return XCB_NONE;
 }
 
-bool Focus::isPanel(xcb_window_t window)
+bool Focus::isDock(xcb_window_t window)
 {
     const std::vector<xcb_atom_t> types =
         NumbersRequest(m_connection, window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM).take();
-    // The first type that is known counts, and panels have no other.
+    // The first type that is known counts, and docks have no other.
     return !types.empty() && types.front() == m_connection.atom("_NET_WM_WINDOW_TYPE_DOCK");
 }
 

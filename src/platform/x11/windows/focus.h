@@ -54,8 +54,8 @@ private:
     bool isDown(xcb_keycode_t key) const;
     bool trySet(xcb_window_t window);
     xcb_window_t topmostClient();
-    /// Panels stand above all windows, but nobody types into one.
-    bool isPanel(xcb_window_t window);
+    /// Docks stand above all windows, but nobody types into one.
+    bool isDock(xcb_window_t window);
     bool isViewable(xcb_window_t window) const;
 
     Connection &m_connection;

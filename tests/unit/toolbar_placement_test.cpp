@@ -3,8 +3,8 @@
 #include "controller_fixture.h"
 #include "registered_test.h"
 #include "toolbar/panel.h"
-#include "toolbar/panel_place.h"
-#include "toolbar/panel_placement.h"
+#include "toolbar/toolbar_frame.h"
+#include "toolbar/toolbar_placement.h"
 
 #include <QTest>
 
@@ -30,7 +30,7 @@ std::vector<platform::Screen> onlyFirstScreen()
 
 void drag(Controller &controller, QPointF from, const std::vector<QPointF> &way)
 {
-    PanelPlacement &placement = *controller.app().toolbar()->placement;
+    ToolbarPlacement &placement = *controller.app().toolbar()->placement;
     placement.dragBegan(from - frameOf(controller).topLeft());
     for (const QPointF point : way) {
         controller.desktop.setMouseLocation(point);
@@ -41,13 +41,13 @@ void drag(Controller &controller, QPointF from, const std::vector<QPointF> &way)
 
 } // namespace
 
-class PanelPlacementTest : public QObject
+class ToolbarPlacementTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void atFirstItStandsAtTheRightEdge();
-    void atFirstItKeepsClearOfPanels();
+    void atFirstItKeepsClearOfDocks();
     void atFirstItStandsOnTheMainScreen();
     void withoutAScreenItStaysWhereItIs();
     void itFollowsTheDragAndIsRemembered();
@@ -68,22 +68,22 @@ private Q_SLOTS:
     void hidingItEndsTheDrag();
 };
 
-void PanelPlacementTest::atFirstItStandsAtTheRightEdge()
+void ToolbarPlacementTest::atFirstItStandsAtTheRightEdge()
 {
     Controller controller;
     // Centred but for half a point, since windows stand at whole ones.
     QCOMPARE(frameOf(controller), QRectF(QPointF(1000 - 151 - 24, 161), kSize));
 }
 
-void PanelPlacementTest::atFirstItKeepsClearOfPanels()
+void ToolbarPlacementTest::atFirstItKeepsClearOfDocks()
 {
     Controller controller;
     // 40 points at the bottom of the screen, 60 at its right.
-    controller.desktop.setPanels({0, 0, 60, 40});
+    controller.desktop.setDocks({0, 0, 60, 40});
     QCOMPARE(frameOf(controller), QRectF(QPointF(940 - 151 - 24, 181), kSize));
 }
 
-void PanelPlacementTest::atFirstItStandsOnTheMainScreen()
+void ToolbarPlacementTest::atFirstItStandsOnTheMainScreen()
 {
     Controller controller(twoScreens());
     controller.desktop.setMainScreen(1);
@@ -91,13 +91,13 @@ void PanelPlacementTest::atFirstItStandsOnTheMainScreen()
     QCOMPARE(frameOf(controller).topLeft(), QPointF(1800 - 151 - 24, 261));
 }
 
-void PanelPlacementTest::withoutAScreenItStaysWhereItIs()
+void ToolbarPlacementTest::withoutAScreenItStaysWhereItIs()
 {
     Controller controller(std::vector<platform::Screen>{});
     QCOMPARE(frameOf(controller).topLeft(), QPointF(0, 0));
 }
 
-void PanelPlacementTest::itFollowsTheDragAndIsRemembered()
+void ToolbarPlacementTest::itFollowsTheDragAndIsRemembered()
 {
     Controller controller(twoScreens());
     const QPointF before = frameOf(controller).topLeft();
@@ -113,7 +113,7 @@ void PanelPlacementTest::itFollowsTheDragAndIsRemembered()
              QStringLiteral("B"));
 }
 
-void PanelPlacementTest::theFirstPlaceIsNotRemembered()
+void ToolbarPlacementTest::theFirstPlaceIsNotRemembered()
 {
     Controller controller;
     frameOf(controller);
@@ -121,14 +121,14 @@ void PanelPlacementTest::theFirstPlaceIsNotRemembered()
     QVERIFY(!controller.defaults.stringForKey(kToolbarFrameKey));
 }
 
-void PanelPlacementTest::aSavedFrameMovesItAndNeverResizesIt()
+void ToolbarPlacementTest::aSavedFrameMovesItAndNeverResizesIt()
 {
     Controller controller;
     controller.defaults.setString(kToolbarFrameKey, QStringLiteral("100 200 999 111 A"));
     QCOMPARE(frameOf(controller), QRectF(QPointF(100, 200), kSize));
 }
 
-void PanelPlacementTest::aSavedFrameThatIsNoneReadsAsNone_data()
+void ToolbarPlacementTest::aSavedFrameThatIsNoneReadsAsNone_data()
 {
     QTest::addColumn<QString>("text");
     const std::array texts = {"",
@@ -145,7 +145,7 @@ void PanelPlacementTest::aSavedFrameThatIsNoneReadsAsNone_data()
         QTest::newRow(text) << QString::fromLatin1(text);
 }
 
-void PanelPlacementTest::aSavedFrameThatIsNoneReadsAsNone()
+void ToolbarPlacementTest::aSavedFrameThatIsNoneReadsAsNone()
 {
     QFETCH(QString, text);
     QVERIFY(!SavedFrame::fromString(text));
@@ -154,7 +154,7 @@ void PanelPlacementTest::aSavedFrameThatIsNoneReadsAsNone()
     QCOMPARE(frameOf(controller).topLeft(), QPointF(1000 - 151 - 24, 161));
 }
 
-void PanelPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView_data()
+void ToolbarPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView_data()
 {
     QTest::addColumn<QString>("saved");
     QTest::addColumn<QPointF>("place");
@@ -167,7 +167,7 @@ void PanelPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView_data()
     QTest::newRow("partly below, within reach") << "300 -400 151 477 A" << QPointF(300, -400);
 }
 
-void PanelPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView()
+void ToolbarPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView()
 {
     QFETCH(QString, saved);
     QFETCH(QPointF, place);
@@ -178,7 +178,7 @@ void PanelPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView()
     QCOMPARE(frameOf(controller).topLeft(), place);
 }
 
-void PanelPlacementTest::aRescueIsNotRemembered()
+void ToolbarPlacementTest::aRescueIsNotRemembered()
 {
     Controller controller;
     const QString saved = QStringLiteral("5000 5000 151 477 C");
@@ -187,7 +187,7 @@ void PanelPlacementTest::aRescueIsNotRemembered()
     QCOMPARE(controller.defaults.stringForKey(kToolbarFrameKey), std::optional(saved));
 }
 
-void PanelPlacementTest::itComesBackWithItsScreen()
+void ToolbarPlacementTest::itComesBackWithItsScreen()
 {
     Controller controller(twoScreens());
     frameOf(controller);
@@ -199,7 +199,7 @@ void PanelPlacementTest::itComesBackWithItsScreen()
     QCOMPARE(frameOf(controller).topLeft(), left);
 }
 
-void PanelPlacementTest::undraggedItStaysOnItsScreenWhenScreensChange()
+void ToolbarPlacementTest::undraggedItStaysOnItsScreenWhenScreensChange()
 {
     Controller controller(twoScreens());
     const QPointF first = frameOf(controller).topLeft();
@@ -209,7 +209,7 @@ void PanelPlacementTest::undraggedItStaysOnItsScreenWhenScreensChange()
     QCOMPARE(frameOf(controller).topLeft(), first);
 }
 
-void PanelPlacementTest::undraggedItComesBackWithItsScreen()
+void ToolbarPlacementTest::undraggedItComesBackWithItsScreen()
 {
     Controller controller(twoScreens());
     controller.desktop.setMainScreen(1);
@@ -221,14 +221,14 @@ void PanelPlacementTest::undraggedItComesBackWithItsScreen()
     QCOMPARE(frameOf(controller).topLeft(), first);
 }
 
-void PanelPlacementTest::whereNothingIsFreeItStandsOnTheWholeScreen()
+void ToolbarPlacementTest::whereNothingIsFreeItStandsOnTheWholeScreen()
 {
     Controller controller;
-    controller.desktop.setPanels({0, 0, 1000, 0});
+    controller.desktop.setDocks({0, 0, 1000, 0});
     QCOMPARE(frameOf(controller).topLeft(), QPointF(1000 - 151 - 24, 161));
 }
 
-void PanelPlacementTest::savedFramesSurviveARoundTrip()
+void ToolbarPlacementTest::savedFramesSurviveARoundTrip()
 {
     const SavedFrame frame{.frame = {-1920.5, 33, 151, 477}, .screenName = QStringLiteral("My Screen 2")};
     const auto read = SavedFrame::fromString(frame.toString());
@@ -237,7 +237,7 @@ void PanelPlacementTest::savedFramesSurviveARoundTrip()
     QCOMPARE(read->screenName, frame.screenName);
 }
 
-void PanelPlacementTest::draggingByTheBackgroundMovesIt()
+void ToolbarPlacementTest::draggingByTheBackgroundMovesIt()
 {
     Controller controller;
     const QPointF before = frameOf(controller).topLeft();
@@ -260,7 +260,7 @@ void PanelPlacementTest::draggingByTheBackgroundMovesIt()
     QCOMPARE(frameOf(controller).topLeft(), before + QPointF(-20, -30));
 }
 
-void PanelPlacementTest::aPressThatGoesNowhereIsNoDrag()
+void ToolbarPlacementTest::aPressThatGoesNowhereIsNoDrag()
 {
     Controller controller;
     const QPointF before = frameOf(controller).topLeft();
@@ -270,7 +270,7 @@ void PanelPlacementTest::aPressThatGoesNowhereIsNoDrag()
     QVERIFY(!controller.defaults.stringForKey(kToolbarFrameKey));
 }
 
-void PanelPlacementTest::hidingItEndsTheDrag()
+void ToolbarPlacementTest::hidingItEndsTheDrag()
 {
     Controller controller;
     Panel &panel = *controller.app().toolbar()->panel;
@@ -290,5 +290,5 @@ void PanelPlacementTest::hidingItEndsTheDrag()
     QCOMPARE(frameOf(controller).topLeft(), left);
 }
 
-REGISTER_TEST(PanelPlacementTest)
-#include "panel_placement_test.moc"
+REGISTER_TEST(ToolbarPlacementTest)
+#include "toolbar_placement_test.moc"

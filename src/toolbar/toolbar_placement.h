@@ -12,13 +12,13 @@ inline constexpr char kToolbarFrameKey[] = "ZeigewerkToolbar";
 
 /// Keeps the toolbar where it belongs: at its first place until it is dragged, then where it was left, and
 /// always where a hand can reach it.
-class PanelPlacement : public QObject
+class ToolbarPlacement : public QObject
 {
     Q_OBJECT
 
 public:
     /// All must outlive the placement.
-    PanelPlacement(platform::Desktop &desktop, platform::WidgetWindow &window, UserDefaults &defaults);
+    ToolbarPlacement(platform::Desktop &desktop, platform::WidgetWindow &window, UserDefaults &defaults);
 
     /// Puts the toolbar where it was left, else at its first place on the main screen. A place that no screen
     /// shows is brought into view and stays saved, for when its screen comes back. With no screen at all

@@ -21,7 +21,7 @@ struct SavedFrame
     QString toString() const;
 };
 
-/// The first place of a toolbar of that size: at the right edge of what the panels leave free of the main
+/// The first place of a toolbar of that size: at the right edge of what the docks leave free of the main
 /// screen, centred vertically.
 QPointF firstPlace(const QRectF &visibleFrame, QSizeF size);
 

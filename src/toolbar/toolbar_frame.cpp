@@ -1,4 +1,4 @@
-#include "toolbar/panel_place.h"
+#include "toolbar/toolbar_frame.h"
 
 #include <QStringList>
 

@@ -1,20 +1,20 @@
-#include "toolbar/panel_placement.h"
+#include "toolbar/toolbar_placement.h"
 
-#include "toolbar/panel_place.h"
+#include "toolbar/toolbar_frame.h"
 
 #include <algorithm>
 
 namespace zeigewerk {
 
-PanelPlacement::PanelPlacement(platform::Desktop &desktop, platform::WidgetWindow &window,
-                               UserDefaults &defaults)
+ToolbarPlacement::ToolbarPlacement(platform::Desktop &desktop, platform::WidgetWindow &window,
+                                   UserDefaults &defaults)
     : m_desktop(desktop)
     , m_window(window)
     , m_defaults(defaults)
 {
 }
 
-void PanelPlacement::place()
+void ToolbarPlacement::place()
 {
     if (const auto text = m_defaults.stringForKey(kToolbarFrameKey)) {
         if (const auto saved = SavedFrame::fromString(*text))
@@ -24,7 +24,7 @@ void PanelPlacement::place()
         m_window.setFrameOrigin(firstPlace(roomOn(*screen), m_window.frame().size()));
 }
 
-void PanelPlacement::placeSaved(QPointF origin, const QString &screenName)
+void ToolbarPlacement::placeSaved(QPointF origin, const QString &screenName)
 {
     // The corner is kept and the size is the toolbar's own, whatever was saved.
     const QRectF frame(origin, m_window.frame().size());
@@ -39,7 +39,7 @@ void PanelPlacement::placeSaved(QPointF origin, const QString &screenName)
         m_window.setFrameOrigin(broughtIntoView(frame, roomOn(*screen)));
 }
 
-std::optional<platform::Screen> PanelPlacement::homeScreen()
+std::optional<platform::Screen> ToolbarPlacement::homeScreen()
 {
     if (auto screen = screenNamed(m_homeScreen))
         return screen;
@@ -50,13 +50,13 @@ std::optional<platform::Screen> PanelPlacement::homeScreen()
     return screen;
 }
 
-QRectF PanelPlacement::roomOn(const platform::Screen &screen) const
+QRectF ToolbarPlacement::roomOn(const platform::Screen &screen) const
 {
     const QRectF visible = m_desktop.visibleFrame(screen);
     return visible.isEmpty() ? screen.frame : visible;
 }
 
-std::optional<platform::Screen> PanelPlacement::screenNamed(const QString &name) const
+std::optional<platform::Screen> ToolbarPlacement::screenNamed(const QString &name) const
 {
     const std::vector<platform::Screen> screens = m_desktop.screens();
     const auto found = std::find_if(screens.begin(), screens.end(),
@@ -64,20 +64,20 @@ std::optional<platform::Screen> PanelPlacement::screenNamed(const QString &name)
     return found == screens.end() ? std::nullopt : std::optional(*found);
 }
 
-void PanelPlacement::dragBegan(QPointF grip)
+void ToolbarPlacement::dragBegan(QPointF grip)
 {
     m_grip = grip;
     m_isMoved = false;
 }
 
-void PanelPlacement::dragMoved()
+void ToolbarPlacement::dragMoved()
 {
     const QPointF before = m_window.frame().topLeft();
     m_window.setFrameOrigin(m_desktop.mouseLocation() - m_grip);
     m_isMoved = m_isMoved || m_window.frame().topLeft() != before;
 }
 
-void PanelPlacement::dragEnded()
+void ToolbarPlacement::dragEnded()
 {
     if (!m_isMoved)
         return;
@@ -86,7 +86,7 @@ void PanelPlacement::dragEnded()
                          SavedFrame{.frame = frame, .screenName = screenUnder(frame)}.toString());
 }
 
-QString PanelPlacement::screenUnder(const QRectF &frame) const
+QString ToolbarPlacement::screenUnder(const QRectF &frame) const
 {
     QString name;
     double largest = 0.0;

@@ -41,7 +41,8 @@ public:
     const std::vector<Shape> &shapes() const { return m_shapes.shapes(); }
     /// The shape being dragged out: there is one only between a press and its release.
     const std::optional<Shape> &current() const { return m_current; }
-    QPointF cursorPoint() const { return m_cursorPoint; }
+    /// (0, 0) while the pointer's place is unknown.
+    QPointF cursorPoint() const { return m_cursorPoint.value_or(QPointF()); }
 
     /// The surface that shows this canvas, or none; the canvas reports its damage there.
     void setSurface(platform::Surface *surface);
@@ -52,8 +53,8 @@ public:
     bool removeNewestShape();
     /// Drops the finished shapes that have dissolved by now, and has those repainted that are dissolving.
     void removeDissolvedShapes();
-    /// The last pointer position in view coordinates: the middle of the spotlight.
-    void setCursorPoint(QPointF point);
+    /// The pointer position in view coordinates: the middle of the spotlight, which needs to know it.
+    void setCursorPoint(std::optional<QPointF> point);
 
     /// The field in which text is being typed on this canvas, and the window that shows it; null without one.
     TextField *textField() const;
@@ -114,7 +115,7 @@ private:
     ShapeList m_shapes;
     std::optional<Shape> m_current;
     std::unique_ptr<TextEntry> m_textEntry;
-    QPointF m_cursorPoint;
+    std::optional<QPointF> m_cursorPoint;
     platform::Surface *m_surface = nullptr;
     Scene m_shown;
     std::map<FullRepaint, int> m_fullRepaints;

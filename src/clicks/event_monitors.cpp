@@ -1,5 +1,4 @@
-// What the pointer does in other applications: clicks are shown, and the wheel reaches the spotlight there
-// too.
+// What the pointer does in other applications: rings show the clicks, and the wheel resizes the spotlight.
 
 #include "canvas/spot_radius.h"
 #include "clicks/click_ring.h"
@@ -16,13 +15,13 @@ void AppDelegate::installClickMonitors()
 {
     platform::EventMonitor &monitor = m_desktop.eventMonitor();
     const QPointer<AppDelegate> app(this);
-    // The flags are looked at again: what was under way when a mode ended arrives afterwards.
-    monitor.setLeftPressHandler([app] {
+    // Events that were under way when a mode ended arrive afterwards.
+    monitor.setLeftPressHandler([app](QPointF position) {
         if (app && app->clicksOn())
-            ClickRing::show(app->m_desktop, app->m_desktop.mouseLocation(), app->color(), app->m_clock);
+            ClickRing::show(app->m_desktop, position, app->color(), app->m_clock);
     });
     monitor.setScrollHandler([app](const MonitoredScroll &scroll) {
-        // Over a canvas that takes the pointer the wheel needs no Alt, and the canvas hears of it by itself.
+        // A canvas that takes the pointer gets the wheel itself, and needs no Alt.
         const bool isMeant = scroll.event.modifiers.testFlag(Modifier::Alt) && !scroll.isOverOurs;
         if (app && app->spotlightOn() && isMeant)
             app->adjustSpotRadius(spotRadiusChange(scroll.event));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop.h"
+#include "core/app_delegate.h"
 
 #include <array>
 #include <cstdint>
@@ -12,27 +12,36 @@ inline constexpr std::uint32_t kHotKeySignature = 0x5A47574B;
 
 struct HotKeyRow
 {
-    std::uint32_t number;
+    std::uint32_t number = 0;
     platform::PhysicalKey key;
     platform::Modifiers modifiers;
+    void (AppDelegate::*operation)();
+    QStringView description;
 
     constexpr platform::HotKeyId id() const { return {kHotKeySignature, number}; }
+    constexpr platform::HotKey hotKey() const
+    {
+        return {.id = id(), .key = key, .modifiers = modifiers, .description = description};
+    }
 };
 
 inline constexpr platform::Modifiers kCtrlAlt = platform::Modifier::Ctrl | platform::Modifier::Alt;
 
-/// The hot keys that are there for the whole run, in the order of their registration.
+/// The hot keys of the whole run, in the order of their registration.
+// clang-format off: a table, one row a line
 inline constexpr std::array<HotKeyRow, 6> kHotKeyTable = {{
-    {1, platform::PhysicalKey::D, kCtrlAlt},
-    {2, platform::PhysicalKey::S, kCtrlAlt},
-    {3, platform::PhysicalKey::W, kCtrlAlt},
-    {4, platform::PhysicalKey::K, kCtrlAlt},
-    {5, platform::PhysicalKey::T, kCtrlAlt},
-    {6, platform::PhysicalKey::P, kCtrlAlt},
+    {1, platform::PhysicalKey::D, kCtrlAlt, &AppDelegate::toggleDraw, u"Zeichnen ein/aus"},
+    {2, platform::PhysicalKey::S, kCtrlAlt, &AppDelegate::toggleSpot, u"Spotlight ein/aus"},
+    {3, platform::PhysicalKey::W, kCtrlAlt, &AppDelegate::toggleBoard, u"Whiteboard ein/aus"},
+    {4, platform::PhysicalKey::K, kCtrlAlt, &AppDelegate::toggleClicks, u"Klicks anzeigen ein/aus"},
+    {5, platform::PhysicalKey::T, kCtrlAlt, &AppDelegate::toggleToolbar, u"Werkzeugleiste ein-/ausblenden"},
+    {6, platform::PhysicalKey::P, kCtrlAlt, &AppDelegate::togglePin, u"Zeichnung anpinnen/lösen"},
 }};
+// clang-format on
 
-/// Esc, which is taken from the other applications only while the spotlight is on: unless it is drawn on, the
-/// overlays let the keyboard through and could not see it.
-inline constexpr HotKeyRow kEscHotKey = {99, platform::PhysicalKey::Escape, {}};
+/// Esc is taken from the other applications only while the spotlight is on. Without drawing the overlays let
+/// the keyboard through, and would not see it.
+inline constexpr HotKeyRow kEscHotKey = {
+    99, platform::PhysicalKey::Escape, {}, &AppDelegate::escapePressed, u"Zeichnen und Spotlight beenden"};
 
 } // namespace zeigewerk

@@ -26,7 +26,7 @@ StatusItem::StatusItem(platform::Desktop &desktop, AppDelegate &app)
     m_waitForHost.callOnTimeout(this, &StatusItem::showIconIfPossible);
     connect(&m_notifiers, &NotifierWatch::stateChanged, this, &StatusItem::trayStateChanged);
     connect(&m_notifiers, &NotifierWatch::watcherReplaced, this, &StatusItem::registerAgain);
-    connect(&m_desktop, &platform::Desktop::embeddingTrayChanged, this, &StatusItem::showIconIfPossible);
+    connect(&m_desktop, &platform::Desktop::trayChanged, this, &StatusItem::showIconIfPossible);
     showIconIfPossible();
 }
 
@@ -47,9 +47,9 @@ bool StatusItem::isTrayThere() const
     case NotifierWatch::State::HostRegistered:
         return true;
     case NotifierWatch::State::NoWatcher:
-        return m_desktop.hasEmbeddingTray();
+        return m_desktop.hasTray();
     case NotifierWatch::State::NoHost:
-        return !m_waitForHost.isActive() && m_desktop.hasEmbeddingTray();
+        return !m_waitForHost.isActive() && m_desktop.hasTray();
     case NotifierWatch::State::Unknown:
         return false;
     }

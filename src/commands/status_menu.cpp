@@ -9,8 +9,11 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 
 namespace zeigewerk {
+
+using platform::Feature;
 
 namespace {
 
@@ -18,44 +21,78 @@ struct StatusRow
 {
     /// Empty for a separator.
     QStringView title;
-    /// By which other programs call for the action.
+    /// The action's name for other programs.
     QStringView name = {};
     /// None for a line that only explains.
     void (AppDelegate::*operation)() = nullptr;
     /// Shown as a check mark, or in the wording where there is a second title.
     bool (AppDelegate::*flag)() const = nullptr;
     QStringView titleWhenOff = {};
-    /// Whether the item is there at all, which does not change after launch; always where none.
-    bool (AppDelegate::*isThere)() const = nullptr;
+    /// What the desktop must offer; else the entry is greyed.
+    std::optional<Feature> needs = {};
+    /// Whether the entry exists at all, which does not change after launch; always if null.
+    bool (AppDelegate::*exists)() const = nullptr;
 };
 
-/// The modifiers are written as glyphs in the titles, since these combinations are hot keys: as shortcuts of
-/// the actions Qt would act on them a second time. Quitting is the last row.
+/// The titles spell the modifiers as glyphs. As shortcuts of the actions, Qt would act on these hot keys a
+/// second time. Quitting is the last row.
 constexpr StatusRow kSeparator = {};
+// clang-format off: a table, one row a line where it fits
 constexpr std::array kStatusRows = {
-    StatusRow{u"Zeichnen  ⌃⌥D", u"draw", &AppDelegate::toggleDraw, &AppDelegate::drawOn},
-    StatusRow{u"Spotlight  ⌃⌥S", u"spotlight", &AppDelegate::toggleSpot, &AppDelegate::spotlightOn},
-    StatusRow{u"Whiteboard  ⌃⌥W", u"whiteboard", &AppDelegate::toggleBoard, &AppDelegate::whiteboardOn},
-    StatusRow{u"Klicks anzeigen  ⌃⌥K", u"clicks", &AppDelegate::toggleClicks, &AppDelegate::clicksOn},
-    StatusRow{u"Zeichnung anpinnen  ⌃⌥P", u"pin", &AppDelegate::togglePin, &AppDelegate::pinnedOn},
-    StatusRow{u"Cursor-Ring", u"cursor-ring", &AppDelegate::toggleRing, &AppDelegate::cursorRingOn},
-    StatusRow{u"Auto-Fade (4 s)", u"auto-fade", &AppDelegate::toggleFade, &AppDelegate::autoFadeOn},
-    StatusRow{u"Werkzeugleiste dunkel", u"dark-toolbar", &AppDelegate::toggleDarkUI, &AppDelegate::darkUI},
+    StatusRow{.title = u"Zeichnen  ⌃⌥D",
+              .name = u"draw",
+              .operation = &AppDelegate::toggleDraw,
+              .flag = &AppDelegate::drawOn},
+    StatusRow{.title = u"Spotlight  ⌃⌥S",
+              .name = u"spotlight",
+              .operation = &AppDelegate::toggleSpot,
+              .flag = &AppDelegate::spotlightOn,
+              .needs = Feature::FollowingPointer},
+    StatusRow{.title = u"Whiteboard  ⌃⌥W",
+              .name = u"whiteboard",
+              .operation = &AppDelegate::toggleBoard,
+              .flag = &AppDelegate::whiteboardOn},
+    StatusRow{.title = u"Klicks anzeigen  ⌃⌥K",
+              .name = u"clicks",
+              .operation = &AppDelegate::toggleClicks,
+              .flag = &AppDelegate::clicksOn,
+              .needs = Feature::ClicksElsewhere},
+    StatusRow{.title = u"Zeichnung anpinnen  ⌃⌥P",
+              .name = u"pin",
+              .operation = &AppDelegate::togglePin,
+              .flag = &AppDelegate::pinnedOn},
+    StatusRow{.title = u"Cursor-Ring",
+              .name = u"cursor-ring",
+              .operation = &AppDelegate::toggleRing,
+              .flag = &AppDelegate::cursorRingOn,
+              .needs = Feature::FollowingPointer},
+    StatusRow{.title = u"Auto-Fade (4 s)",
+              .name = u"auto-fade",
+              .operation = &AppDelegate::toggleFade,
+              .flag = &AppDelegate::autoFadeOn},
+    StatusRow{.title = u"Werkzeugleiste dunkel",
+              .name = u"dark-toolbar",
+              .operation = &AppDelegate::toggleDarkUI,
+              .flag = &AppDelegate::darkUI},
     kSeparator,
-    StatusRow{u"Alles löschen", u"clear", &AppDelegate::clearAll},
-    StatusRow{u"Werkzeugleiste ausblenden  ⌃⌥T", u"toolbar", &AppDelegate::toggleToolbar,
-              &AppDelegate::toolbarVisible, u"Werkzeugleiste einblenden  ⌃⌥T"},
+    StatusRow{.title = u"Alles löschen", .name = u"clear", .operation = &AppDelegate::clearAll},
+    StatusRow{.title = u"Werkzeugleiste ausblenden  ⌃⌥T",
+              .name = u"toolbar",
+              .operation = &AppDelegate::toggleToolbar,
+              .flag = &AppDelegate::toolbarVisible,
+              .titleWhenOff = u"Werkzeugleiste einblenden  ⌃⌥T"},
     kSeparator,
-    StatusRow{u"Esc beendet Zeichnen/Spotlight"},
-    StatusRow{u"⌥ + Scrollen: Spotlight-Größe"},
-    StatusRow{u"⇧ beim Zeichnen: gerade Linie / Quadrat / Kreis"},
+    StatusRow{.title = u"Esc beendet Zeichnen/Spotlight"},
+    StatusRow{.title = u"⌥ + Scrollen: Spotlight-Größe"},
+    StatusRow{.title = u"⇧ beim Zeichnen: gerade Linie / Quadrat / Kreis"},
     kSeparator,
     StatusRow{.title = u"Nach Updates suchen …",
               .name = u"check-for-updates",
               .operation = &AppDelegate::checkForUpdates,
-              .isThere = &AppDelegate::hasUpdater},
-    StatusRow{u"Zeigewerk beenden", u"quit", &AppDelegate::quit},
+              .exists = &AppDelegate::hasUpdater},
+    StatusRow{.title = u"Zeigewerk beenden", .name = u"quit", .operation = &AppDelegate::quit},
 };
+// clang-format on
 
 bool hasCheckMark(const StatusRow &row)
 {
@@ -76,7 +113,7 @@ StatusMenu::StatusMenu(AppDelegate &app)
 void StatusMenu::buildActions()
 {
     for (const StatusRow &row : kStatusRows) {
-        if (row.isThere && !(m_app.*row.isThere)()) {
+        if (row.exists && !(m_app.*row.exists)()) {
             m_actions.push_back(nullptr);
             continue;
         }
@@ -117,6 +154,8 @@ void StatusMenu::rebuild()
 {
     for (std::size_t i = 0; i < kStatusRows.size(); ++i) {
         const StatusRow &row = kStatusRows[i];
+        if (row.needs)
+            m_actions[i]->setEnabled(m_app.desktop().offers(*row.needs));
         if (!row.flag)
             continue;
         const bool isOn = (m_app.*row.flag)();

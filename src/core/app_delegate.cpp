@@ -43,6 +43,7 @@ void AppDelegate::applicationDidFinishLaunching()
     installClickMonitors();
     registerHotKeys();
     connect(&m_desktop, &platform::Desktop::screensChanged, this, &AppDelegate::buildOverlays);
+    connect(&m_desktop, &platform::Desktop::featuresChanged, this, &AppDelegate::endUnavailableModes);
     refreshAll();
 }
 

@@ -79,6 +79,8 @@ public:
     /// Ends drawing, whiteboard, spotlight and pin together.
     void escapePressed();
     void quit();
+    /// Ends the modes for which the desktop no longer offers what they need.
+    void endUnavailableModes();
 
     // Turning the flags into what is on the screen: core/refresh.cpp
 
@@ -172,15 +174,17 @@ private:
     void buildOverlays();
     void discardDrawings();
     void showOverlays(bool interactive, bool visible);
-    void makeOverlayUnderPointerKey();
+    /// The first one where the pointer is on none, or its place unknown; null without overlays.
+    Overlay *overlayUnderPointer() const;
     void raiseToolbar();
     void updateFollowTimer();
     void updateCursorRing();
-    void updateEscHotKey();
     void installClickMonitors();
     void updateEventMonitor();
     void invert(bool &flag);
+    void invertIfOffered(bool &flag, platform::Feature feature);
     void registerHotKeys();
+    void updateEscHotKey();
     void buildPanel();
     void makeModeButtons();
     void makeToolButtons();
@@ -224,10 +228,10 @@ private:
     std::unique_ptr<RepeatingTimer> m_fadeTimer;
     std::unique_ptr<CursorRing> m_ringWindow;
     std::vector<DrawingView *> m_shapeOrder;
-    /// In the order of their registration; empty where another program has the combination.
-    std::vector<std::unique_ptr<platform::HotKey>> m_hotKeyRefs;
+    /// In the order of the table.
+    std::vector<std::unique_ptr<platform::HotKeyRegistration>> m_hotKeyRefs;
     /// Esc, registered only while the spotlight is on.
-    std::unique_ptr<platform::HotKey> m_escHotKeyRef;
+    std::unique_ptr<platform::HotKeyRegistration> m_escHotKeyRef;
 };
 
 /// The controller of the running program, for callbacks that are given no object.

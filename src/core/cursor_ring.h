@@ -16,8 +16,9 @@ public:
 
     explicit CursorRing(platform::Desktop &desktop);
 
-    /// Puts the middle of the ring there: points, global coordinates, y up.
+    /// Centres the ring there: points, global coordinates, y up.
     void moveTo(QPointF mouseLocation);
+    bool isVisible() const { return m_surface->isVisible(); }
     void orderFrontRegardless();
     void orderOut() { m_surface->orderOut(); }
 

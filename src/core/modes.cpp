@@ -6,6 +6,8 @@
 
 namespace zeigewerk {
 
+using platform::Feature;
+
 void AppDelegate::toggleDraw()
 {
     if (m_pinnedOn) {
@@ -24,17 +26,17 @@ void AppDelegate::toggleBoard()
 
 void AppDelegate::toggleSpot()
 {
-    invert(m_spotlightOn);
+    invertIfOffered(m_spotlightOn, Feature::FollowingPointer);
 }
 
 void AppDelegate::toggleClicks()
 {
-    invert(m_clicksOn);
+    invertIfOffered(m_clicksOn, Feature::ClicksElsewhere);
 }
 
 void AppDelegate::toggleRing()
 {
-    invert(m_cursorRingOn);
+    invertIfOffered(m_cursorRingOn, Feature::FollowingPointer);
 }
 
 void AppDelegate::togglePin()
@@ -62,6 +64,23 @@ void AppDelegate::escapePressed()
 void AppDelegate::quit()
 {
     QCoreApplication::quit();
+}
+
+void AppDelegate::endUnavailableModes()
+{
+    if (!m_desktop.offers(Feature::FollowingPointer)) {
+        m_spotlightOn = false;
+        m_cursorRingOn = false;
+    }
+    if (!m_desktop.offers(Feature::ClicksElsewhere))
+        m_clicksOn = false;
+    refreshAll();
+}
+
+void AppDelegate::invertIfOffered(bool &flag, Feature feature)
+{
+    if (m_desktop.offers(feature))
+        invert(flag);
 }
 
 void AppDelegate::invert(bool &flag)

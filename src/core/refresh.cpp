@@ -1,8 +1,9 @@
 // From the mode flags to what is on the screen.
 
 #include "base/stop.h"
-#include "commands/hot_key_table.h"
 #include "core/app_delegate.h"
+
+#include <algorithm>
 
 namespace zeigewerk {
 
@@ -20,11 +21,8 @@ void AppDelegate::refreshAll()
     if (!interactive && !m_pinnedOn)
         discardDrawings();
     showOverlays(interactive, visible);
-    if (interactive) {
-        m_desktop.activate();
-        makeOverlayUnderPointerKey();
+    if (interactive)
         raiseToolbar();
-    }
     updateFollowTimer();
     updateCursorRing();
     updateFadeTimer();
@@ -47,11 +45,14 @@ void AppDelegate::showOverlays(bool interactive, bool visible)
 {
     for (const auto &overlay : m_overlays)
         overlay->window().setIgnoresMouseEvents(!interactive);
-    // After the mouse, so that whoever gets the keyboard back gets the very next click, too; and before a
-    // window is hidden, as only one that still has the keyboard can hand it back.
+    // After the mouse, so that the application that gets the keyboard back also gets the very next click; and
+    // before a window is hidden, as only a window that still has the keyboard can hand it back.
     if (!interactive)
         m_desktop.deactivate();
+    Overlay *key = interactive ? overlayUnderPointer() : nullptr;
     for (const auto &overlay : m_overlays) {
+        if (overlay.get() == key)
+            continue;
         OverlayWindow &window = overlay->window();
         if (visible)
             window.orderFrontRegardless();
@@ -59,21 +60,23 @@ void AppDelegate::showOverlays(bool interactive, bool visible)
             window.orderOut();
         overlay->view().modesChanged();
     }
+    if (interactive)
+        m_desktop.activate();
+    if (key) {
+        key->window().makeKeyAndOrderFront();
+        key->view().modesChanged();
+    }
 }
 
-void AppDelegate::makeOverlayUnderPointerKey()
+Overlay *AppDelegate::overlayUnderPointer() const
 {
     if (m_overlays.empty())
-        return;
-    const QPointF mouse = m_desktop.mouseLocation();
-    Overlay *underPointer = m_overlays.front().get();
-    for (const auto &overlay : m_overlays) {
-        if (platform::contains(overlay->window().frame(), mouse)) {
-            underPointer = overlay.get();
-            break;
-        }
-    }
-    underPointer->window().makeKeyAndOrderFront();
+        return nullptr;
+    const std::optional<QPointF> mouse = m_desktop.mouseLocation();
+    const auto found = std::find_if(m_overlays.begin(), m_overlays.end(), [&](const auto &overlay) {
+        return mouse && platform::contains(overlay->window().frame(), *mouse);
+    });
+    return (found == m_overlays.end() ? m_overlays.front() : *found).get();
 }
 
 void AppDelegate::raiseToolbar()
@@ -87,25 +90,31 @@ void AppDelegate::raiseToolbar()
 void AppDelegate::updateFollowTimer()
 {
     const bool follows = m_spotlightOn || m_cursorRingOn;
+    m_desktop.setFollowsPointer(follows);
     if (!follows) {
         m_spotTimer.reset();
         return;
     }
     if (!m_spotTimer)
         m_spotTimer = std::make_unique<RepeatingTimer>(kFollowInterval, [this] { followPointer(); });
-    // At once, so that what was just switched on, or built anew, never shows at the pointer's old place.
+    // At once, so that nothing shows at the pointer's old place first.
     followPointer();
 }
 
 void AppDelegate::followPointer()
 {
-    const QPointF mouse = m_desktop.mouseLocation();
+    const std::optional<QPointF> mouse = m_desktop.mouseLocation();
     if (m_spotlightOn) {
-        for (const auto &overlay : m_overlays)
-            overlay->view().setCursorPoint(mouse - overlay->window().frame().topLeft());
+        for (const auto &overlay : m_overlays) {
+            const QPointF origin = overlay->window().frame().topLeft();
+            overlay->view().setCursorPoint(mouse ? std::optional(*mouse - origin) : std::nullopt);
+        }
     }
-    if (m_cursorRingOn && m_ringWindow)
-        m_ringWindow->moveTo(mouse);
+    if (m_cursorRingOn && m_ringWindow && mouse) {
+        m_ringWindow->moveTo(*mouse);
+        if (!m_ringWindow->isVisible())
+            m_ringWindow->orderFrontRegardless();
+    }
 }
 
 void AppDelegate::updateCursorRing()
@@ -113,20 +122,13 @@ void AppDelegate::updateCursorRing()
     if (m_cursorRingOn) {
         if (!m_ringWindow)
             m_ringWindow = std::make_unique<CursorRing>(m_desktop);
-        m_ringWindow->moveTo(m_desktop.mouseLocation());
-        m_ringWindow->orderFrontRegardless();
+        if (const std::optional<QPointF> mouse = m_desktop.mouseLocation()) {
+            m_ringWindow->moveTo(*mouse);
+            m_ringWindow->orderFrontRegardless();
+        }
     } else if (m_ringWindow) {
         m_ringWindow->orderOut();
     }
-}
-
-void AppDelegate::updateEscHotKey()
-{
-    if (!m_spotlightOn)
-        m_escHotKeyRef.reset();
-    else if (!m_escHotKeyRef)
-        m_escHotKeyRef =
-            m_desktop.hotKeys().registerHotKey(kEscHotKey.key, kEscHotKey.modifiers, kEscHotKey.id());
 }
 
 } // namespace zeigewerk

@@ -49,7 +49,7 @@ Damage frameAround(const QRectF &inner, const QRectF &outer)
 
 } // namespace
 
-void DrawingView::setCursorPoint(QPointF point)
+void DrawingView::setCursorPoint(std::optional<QPointF> point)
 {
     m_cursorPoint = point;
     needsDisplay({});
@@ -117,8 +117,8 @@ DrawingView::Scene DrawingView::sceneNow() const
         return scene;
     scene.whiteboard = app->whiteboardOn();
     scene.fading = app->autoFadeOn() && !scene.whiteboard;
-    if (app->spotlightOn())
-        scene.spotlight = Hole{m_cursorPoint, app->spotRadius()};
+    if (app->spotlightOn() && m_cursorPoint)
+        scene.spotlight = Hole{*m_cursorPoint, app->spotRadius()};
     scene.time = app->now();
     return scene;
 }

@@ -6,7 +6,7 @@
 
 namespace zeigewerk::platform {
 
-/// What an event monitor can be asked to tell of.
+/// What an event monitor can report.
 enum class Monitored {
     LeftPresses = 1 << 0,
     WheelWithAlt = 1 << 1,
@@ -14,30 +14,30 @@ enum class Monitored {
 Q_DECLARE_FLAGS(MonitoredEvents, Monitored)
 Q_DECLARE_OPERATORS_FOR_FLAGS(MonitoredEvents)
 
-/// A step of the wheel, made while Alt was held, anywhere on the desktop.
+/// A step of the wheel anywhere on the desktop.
 struct MonitoredScroll
 {
     ScrollEvent event;
-    /// Whether the pointer is over a surface or window of ours, which gets the step itself.
+    /// Whether the pointer is over a surface or window of ours, which also gets the step itself.
     bool isOverOurs = false;
 };
 
-/// Sees what the pointer does anywhere on the desktop: over other applications, over our own windows, and
-/// while somebody's menu is open. Nothing is taken from whom it is meant for.
+/// Sees pointer events anywhere on the desktop: over other applications, over our own windows, and while any
+/// menu is open. It consumes none of them.
 ///
-/// It hears of nothing until it is asked to, since what it hears wakes the program: what is done in other
-/// applications must cost nothing where nothing is to be done about it.
+/// It reports nothing until asked to, because every event wakes the program. `Desktop::limitation` tells
+/// which events a desktop does not report over other applications.
 class EventMonitor
 {
 public:
     virtual ~EventMonitor() = default;
 
-    /// Tells of these events from now on, and of no others.
+    /// Reports these events from now on, and no others.
     virtual void setListening(MonitoredEvents events) = 0;
-    /// Called once for each press of the left button; who has swapped the buttons has it elsewhere. Where the
-    /// pointer is, the desktop tells.
-    virtual void setLeftPressHandler(std::function<void()> handler) = 0;
-    /// Called once for each step of the wheel that was made while Alt was held, and perhaps for others.
+    /// Called once for each press of the left button, with its place: points, global coordinates, y up. For
+    /// users with swapped buttons it is the one they press as left.
+    virtual void setLeftPressHandler(std::function<void(QPointF position)> handler) = 0;
+    /// Called once for each step of the wheel made while Alt is held. It may also report other steps.
     virtual void setScrollHandler(std::function<void(const MonitoredScroll &)> handler) = 0;
 };
 

@@ -18,33 +18,37 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(Modifiers)
 struct PointerEvent
 {
     /// View coordinates of the surface: points, origin at the bottom left, y up, with the sub-pixel part that
-    /// the device delivers. Outside the surface while a drag leaves it.
+    /// the device delivers. A drag may leave the surface.
     QPointF position;
     Modifiers modifiers;
+    /// The same place in points, global coordinates, y up.
+    QPointF globalPosition = {};
 };
 
 /// A key pressed while the surface has the keyboard.
 struct KeyEvent
 {
-    /// Esc as the keyboard layout has it, wherever it lies.
+    /// Whether the keyboard layout has Esc on this key.
     bool isEscape = false;
-    /// The character that the key stands for in the layout without Ctrl, Alt and Super; 0 for none. With Ctrl
-    /// or Super, a key of other letters stands for the Latin one of another layout of the user's.
+    /// The character of the key in the layout without Ctrl, Alt and Super; 0 for none. With Ctrl or Super, a
+    /// key of a non-Latin layout has the Latin letter that another of the user's layouts has on it.
     char32_t character = 0;
     Modifiers modifiers;
 };
 
-/// A step of the wheel, or of two fingers on a touchpad, over the surface.
+/// A step of the wheel, or of two fingers on a touchpad.
 struct ScrollEvent
 {
-    /// Upwards positive. In notches of the wheel; in points where the device measures finer than a notch.
+    /// Upwards positive. In notches of the wheel, or in points if precise.
     double distance = 0.0;
-    /// Whether it is in points.
+    /// Whether the device measures finer than a notch.
     bool isPrecise = false;
     Modifiers modifiers;
+    /// Where the pointer is: points, global coordinates, y up.
+    QPointF globalPosition = {};
 };
 
-/// Where a key lies on the keyboard, whatever the layout writes on it. The values are the evdev codes of
+/// The place of a key on the keyboard, whatever the layout writes on it. The values are the evdev codes of
 /// linux/input-event-codes.h, which X11 (plus 8) and Wayland share.
 enum class PhysicalKey {
     Escape = 1,

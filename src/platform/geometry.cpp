@@ -43,11 +43,10 @@ ScreenLayout::ScreenLayout(std::vector<Screen> screens)
     if (m_screens.empty())
         return;
     const QRectF primary = scaledFrame(m_screens.front());
-    m_baseline = primary.bottom();
-    m_left = primary.left();
+    m_origin = primary.bottomLeft();
     for (Screen &screen : m_screens) {
         const QRectF below = scaledFrame(screen);
-        screen.frame = {QPointF(below.left() - m_left, m_baseline - below.bottom()), below.size()};
+        screen.frame = {QPointF(below.left() - m_origin.x(), m_origin.y() - below.bottom()), below.size()};
     }
 }
 
@@ -78,34 +77,6 @@ QRect ScreenLayout::nativeRectOn(const Screen &screen, const QRectF &frame)
                      static_cast<int>(std::ceil(frame.height() * scale - kNoise)));
     const QPointF corner = middle - QPointF(size.width(), size.height()) / 2;
     return {screen.nativeFrame.topLeft() + QPoint(qRound(corner.x()), qRound(corner.y())), size};
-}
-
-QRect ScreenLayout::cutToScale(const Screen &screen, const QRect &nativeRect) const
-{
-    const auto wouldScale = [&](const Screen &other) {
-        return other.scale != screen.scale && other.nativeFrame.intersects(nativeRect);
-    };
-    if (screen.nativeFrame.contains(nativeRect.center()) ||
-        std::none_of(m_screens.begin(), m_screens.end(), wouldScale))
-        return nativeRect;
-    // A window is no smaller than a point.
-    const int point = static_cast<int>(std::ceil(screen.scale));
-    const QPoint last = screen.nativeFrame.bottomRight();
-    const QPoint corner(std::min(nativeRect.left(), last.x() - point + 1),
-                        std::min(nativeRect.top(), last.y() - point + 1));
-    return {corner, QPoint(std::min(nativeRect.right(), last.x()), std::min(nativeRect.bottom(), last.y()))};
-}
-
-QRectF ScreenLayout::frameOfQtRect(const QRect &qtRect) const
-{
-    const QRectF rect(qtRect);
-    return {QPointF(rect.left() - m_left, m_baseline - rect.bottom()), rect.size()};
-}
-
-QRect ScreenLayout::qtRect(const QRectF &frame) const
-{
-    const QPointF topLeft(frame.left() + m_left, m_baseline - frame.bottom());
-    return {topLeft.toPoint(), frame.size().toSize()};
 }
 
 std::optional<Screen> ScreenLayout::screenHolding(const QRect &nativeRect) const

@@ -47,6 +47,9 @@ public:
     explicit ScreenLayout(std::vector<Screen> screens);
 
     const std::vector<Screen> &screens() const { return m_screens; }
+    /// The lower left corner of the primary screen, the origin of global coordinates: its native x, and its
+    /// native top plus its height in points, y down.
+    QPointF origin() const { return m_origin; }
 
     /// A pointer position names a pixel; its point is the middle of that pixel.
     QPointF pointOfPixel(QPointF nativePosition) const;
@@ -54,13 +57,6 @@ public:
     QRect nativeRect(const QRectF &frame) const;
     /// The same at the scale of that screen, wherever the rectangle lies.
     static QRect nativeRectOn(const Screen &screen, const QRectF &frame);
-    /// What of a rectangle in that screen's pixels Qt can show at that screen's scale: it gives a window the
-    /// scale of the screen under its middle, else of one that it touches.
-    QRect cutToScale(const Screen &screen, const QRect &nativeRect) const;
-    /// A rectangle in Qt's global coordinates (points, y down) and the frame that it is in ours (points, y
-    /// up).
-    QRectF frameOfQtRect(const QRect &qtRect) const;
-    QRect qtRect(const QRectF &frame) const;
     /// The screen that holds the largest part of the rectangle in pixels; the primary one if none holds any
     /// of it, none without screens.
     std::optional<Screen> screenHolding(const QRect &nativeRect) const;
@@ -73,9 +69,7 @@ public:
 
 private:
     std::vector<Screen> m_screens;
-    /// The lower left corner of the primary screen in the server's direction of y, which is the origin.
-    double m_left = 0.0;
-    double m_baseline = 0.0;
+    QPointF m_origin;
 };
 
 /// Between the pixels of one surface (origin top left, y down) and its view coordinates (points, origin

@@ -12,6 +12,8 @@ namespace zeigewerk {
 
 namespace {
 
+constexpr double kGreyedOpacity = 0.35;
+
 /// The largest rectangle within `rect` that ends between pixels on every side: at fractional scales a button
 /// begins and ends amid one, where a circle would be cut flat.
 QRectF wholePixels(const QPainter &painter, const QRectF &rect)
@@ -28,11 +30,14 @@ QRectF wholePixels(const QPainter &painter, const QRectF &rect)
 
 PalButton::PalButton(QWidget *parent, QSize size, const QString &tip)
     : QAbstractButton(parent)
+    , m_tip(tip)
 {
     PalButtonAccessible::install();
     setFixedSize(size);
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
+    // Else a press on a greyed button would drag the panel.
+    setAttribute(Qt::WA_NoMousePropagation);
     // The menu belongs to the background; a hand that slips on a button gets nothing.
     setContextMenuPolicy(Qt::PreventContextMenu);
     setToolTip(tip);
@@ -89,6 +94,14 @@ void PalButton::setFeedback(const Color &hovered, const Color &pressed)
     m_pressed = pressed;
 }
 
+void PalButton::setTipNote(const QString &note)
+{
+    if (note == m_tipNote)
+        return;
+    m_tipNote = note;
+    setToolTip(note.isEmpty() ? m_tip : m_tip + QLatin1Char('\n') + note);
+}
+
 void PalButton::setShownOn(bool on)
 {
     if (on == m_isShownOn)
@@ -104,13 +117,14 @@ Color PalButton::feedback() const
 {
     if (isDown())
         return m_pressed;
-    return underMouse() ? m_hovered : kClear;
+    return isEnabled() && underMouse() ? m_hovered : kClear;
 }
 
 void PalButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(isEnabled() ? 1.0 : kGreyedOpacity);
     paintLayer(painter);
     const QColor tint = toQColor(m_contentTint);
     if (m_image) {

@@ -58,6 +58,10 @@ public:
     /// What is laid over the ground while the pointer is on the button, and while it is held down.
     void setFeedback(const Color &hovered, const Color &pressed);
 
+    /// A second line of the tooltip; none if empty.
+    const QString &tipNote() const { return m_tipNote; }
+    void setTipNote(const QString &note);
+
     /// Whether the mode is on or the choice is this one, for those who cannot see it.
     bool isShownOn() const { return m_isShownOn; }
     void setShownOn(bool on);
@@ -72,6 +76,8 @@ private:
     Color feedback() const;
     void paintLayer(QPainter &painter) const;
 
+    QString m_tip;
+    QString m_tipNote;
     Kind m_kind = Kind::Action;
     int m_tag = 0;
     std::optional<TemplateImage> m_image;

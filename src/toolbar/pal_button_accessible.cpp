@@ -47,9 +47,9 @@ QAccessible::Role PalButtonAccessible::role() const
 
 QString PalButtonAccessible::text(QAccessible::Text kind) const
 {
-    // The tooltip is the name; as description too it would be read twice.
+    // The rest of the tooltip is the name; as description too it would be read twice.
     if (kind == QAccessible::Description)
-        return {};
+        return button()->tipNote();
     return QAccessibleWidget::text(kind);
 }
 

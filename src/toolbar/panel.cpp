@@ -116,10 +116,10 @@ void Panel::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     m_isDragged = true;
-    Q_EMIT dragBegan(gripAt(event->position()));
+    Q_EMIT dragBegan(inFrame(event->position()));
 }
 
-QPointF Panel::gripAt(QPointF position) const
+QPointF Panel::inFrame(QPointF position) const
 {
     // From the event, not from where the pointer is by now: a quick hand is already on its way. A position
     // names a pixel, and the pointer is in its middle.
@@ -128,10 +128,10 @@ QPointF Panel::gripAt(QPointF position) const
     return {middle.x() - frame.left(), frame.bottom() - middle.y()};
 }
 
-void Panel::mouseMoveEvent(QMouseEvent *)
+void Panel::mouseMoveEvent(QMouseEvent *event)
 {
     if (m_isDragged)
-        Q_EMIT dragMoved();
+        Q_EMIT dragMoved(inFrame(event->position()));
 }
 
 void Panel::mouseReleaseEvent(QMouseEvent *event)

@@ -35,9 +35,10 @@ public:
     void setComposited(bool isComposited);
 
 Q_SIGNALS:
-    /// `grip` is where the panel was taken hold of: points from the lower left corner of its frame, y up.
+    /// `grip` is where the panel was pressed: points from the lower left corner of its frame, y up.
     void dragBegan(QPointF grip);
-    void dragMoved();
+    /// `position` is where the pointer is by now, in the same coordinates.
+    void dragMoved(QPointF position);
     void dragEnded();
     /// The right button was pressed on the background.
     void menuRequested();
@@ -53,7 +54,7 @@ protected:
 
 private:
     void cutOut();
-    QPointF gripAt(QPointF position) const;
+    QPointF inFrame(QPointF position) const;
     void endDrag();
     void paintShadow(QPainter &painter) const;
     void paintBackdrop(QPainter &painter) const;

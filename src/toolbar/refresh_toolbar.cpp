@@ -12,6 +12,8 @@
 
 namespace zeigewerk {
 
+using platform::Feature;
+
 namespace {
 
 constexpr double kChosenSwatchBorder = 2.5;
@@ -28,6 +30,24 @@ void setChosenSwatch(PalButton &swatch, bool isChosen, const ToolbarLook &look)
 {
     swatch.setBorder(isChosen ? kOrange : look.swatchBorder, isChosen ? kChosenSwatchBorder : kSwatchBorder);
     swatch.setShownOn(isChosen);
+}
+
+/// Greys a button that needs something the desktop does not offer; its tooltip says why.
+void setLimitation(PalButton &button, const QString &limitation)
+{
+    button.setEnabled(limitation.isEmpty());
+    button.setTipNote(limitation);
+}
+
+/// What the desktop offers.
+void adoptFeatures(const Toolbar &bar, const platform::Desktop &desktop)
+{
+    setLimitation(*bar.btnSpot, desktop.limitation(Feature::FollowingPointer));
+    setLimitation(*bar.btnRing, desktop.limitation(Feature::FollowingPointer));
+    setLimitation(*bar.btnClicks, desktop.limitation(Feature::ClicksElsewhere));
+    // The spotlight works without the wheel, which its tooltip mentions.
+    if (bar.btnSpot->isEnabled())
+        bar.btnSpot->setTipNote(desktop.limitation(Feature::WheelElsewhere));
 }
 
 /// What changes with the appearance alone.
@@ -55,6 +75,7 @@ void AppDelegate::refreshToolbar()
     const ToolbarLook &look = toolbarLook(m_darkUI);
     if (std::exchange(m_toolbar->look, &look) != &look)
         adoptLook(bar, look);
+    adoptFeatures(bar, m_desktop);
 
     setSelected(bar.btnDraw, m_drawOn);
     setSelected(bar.btnBoard, m_whiteboardOn);

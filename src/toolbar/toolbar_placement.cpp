@@ -21,7 +21,7 @@ void ToolbarPlacement::place()
             return placeSaved(saved->frame.topLeft(), saved->screenName);
     }
     if (const auto screen = homeScreen())
-        m_window.setFrameOrigin(firstPlace(roomOn(*screen), m_window.frame().size()));
+        m_window.setFrameOrigin(firstPlace(m_desktop.visibleFrame(*screen), m_window.frame().size()));
 }
 
 void ToolbarPlacement::placeSaved(QPointF origin, const QString &screenName)
@@ -36,7 +36,7 @@ void ToolbarPlacement::placeSaved(QPointF origin, const QString &screenName)
     if (!screen)
         screen = homeScreen();
     if (screen)
-        m_window.setFrameOrigin(broughtIntoView(frame, roomOn(*screen)));
+        m_window.setFrameOrigin(broughtIntoView(frame, m_desktop.visibleFrame(*screen)));
 }
 
 std::optional<platform::Screen> ToolbarPlacement::homeScreen()
@@ -48,12 +48,6 @@ std::optional<platform::Screen> ToolbarPlacement::homeScreen()
     if (screen && m_homeScreen.isEmpty())
         m_homeScreen = screen->name;
     return screen;
-}
-
-QRectF ToolbarPlacement::roomOn(const platform::Screen &screen) const
-{
-    const QRectF visible = m_desktop.visibleFrame(screen);
-    return visible.isEmpty() ? screen.frame : visible;
 }
 
 std::optional<platform::Screen> ToolbarPlacement::screenNamed(const QString &name) const
@@ -70,10 +64,10 @@ void ToolbarPlacement::dragBegan(QPointF grip)
     m_isMoved = false;
 }
 
-void ToolbarPlacement::dragMoved()
+void ToolbarPlacement::dragMoved(QPointF position)
 {
     const QPointF before = m_window.frame().topLeft();
-    m_window.setFrameOrigin(m_desktop.mouseLocation() - m_grip);
+    m_window.drag(m_grip, position);
     m_isMoved = m_isMoved || m_window.frame().topLeft() != before;
 }
 

@@ -25,17 +25,16 @@ public:
     /// nothing is moved.
     void place();
 
-    // The pointer drags the toolbar along; where it is let go is remembered. `grip` is the place in the
-    // toolbar that it holds: points from the lower left corner of the frame, y up.
+    // The pointer drags the toolbar, and its place at the end is saved. `grip` is the point that was pressed,
+    // `position` where the pointer is now: points from the lower left corner of the frame, y up.
     void dragBegan(QPointF grip);
-    void dragMoved();
+    void dragMoved(QPointF position);
     void dragEnded();
 
 private:
     std::optional<platform::Screen> screenNamed(const QString &name) const;
     /// The screen for a toolbar that has none: the one it has been put on before, else the main screen.
     std::optional<platform::Screen> homeScreen();
-    QRectF roomOn(const platform::Screen &screen) const;
     void placeSaved(QPointF origin, const QString &screenName);
     QString screenUnder(const QRectF &frame) const;
 

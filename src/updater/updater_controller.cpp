@@ -80,13 +80,12 @@ void UpdaterController::placeDialog()
     const std::vector<platform::Screen> screens = m_desktop.screens();
     if (!m_window || screens.empty())
         return;
-    const QPointF mouse = m_desktop.mouseLocation();
+    const std::optional<QPointF> mouse = m_desktop.mouseLocation();
     const auto found = std::find_if(screens.begin(), screens.end(), [mouse](const platform::Screen &screen) {
-        return platform::contains(screen.frame, mouse);
+        return mouse && platform::contains(screen.frame, *mouse);
     });
     const platform::Screen &screen = found == screens.end() ? screens.front() : *found;
-    const QRectF visible = m_desktop.visibleFrame(screen);
-    const QPointF middle = (visible.isEmpty() ? screen.frame : visible).center();
+    const QPointF middle = m_desktop.visibleFrame(screen).center();
     const QSizeF size = m_window->frame().size();
     m_window->setFrameOrigin(middle - QPointF(size.width(), size.height()) / 2);
 }

@@ -50,7 +50,7 @@ public:
         , m_window(desktop.makeWindow(WidgetRole::Toolbar, m_slab, kOrnament))
     {
         m_menu.addAction(QStringLiteral("An entry"));
-        QObject::connect(&desktop, &Desktop::embeddingTrayChanged, &m_slab, [this] { ++m_trayChanges; });
+        QObject::connect(&desktop, &Desktop::trayChanged, &m_slab, [this] { ++m_trayChanges; });
     }
 
     QString answer(const QStringList &words)
@@ -91,7 +91,7 @@ public:
         else if (verb == QStringLiteral("visible"))
             return text(m_desktop.visibleFrame(m_desktop.screens().at(static_cast<std::size_t>(number(1)))));
         else if (verb == QStringLiteral("tray"))
-            return QStringLiteral("%1 %2").arg(m_desktop.hasEmbeddingTray()).arg(m_trayChanges);
+            return QStringLiteral("%1 %2").arg(m_desktop.hasTray()).arg(m_trayChanges);
         return text(m_window->frame());
     }
 

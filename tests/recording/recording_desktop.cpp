@@ -20,20 +20,6 @@ QString nameOf(WidgetRole role)
     return {};
 }
 
-/// Gives the combination back when it is destroyed.
-class RecordedHotKey : public HotKey
-{
-public:
-    explicit RecordedHotKey(std::function<void()> release)
-        : m_release(std::move(release))
-    {
-    }
-    ~RecordedHotKey() override { m_release(); }
-
-private:
-    std::function<void()> m_release;
-};
-
 } // namespace
 
 RecordingDesktop::RecordingDesktop()
@@ -79,10 +65,28 @@ void RecordingDesktop::setComposited(bool isComposited)
     Q_EMIT compositingChanged();
 }
 
-void RecordingDesktop::setEmbeddingTray(bool isThere)
+void RecordingDesktop::setTray(bool exists)
 {
-    m_hasEmbeddingTray = isThere;
-    Q_EMIT embeddingTrayChanged();
+    m_hasTray = exists;
+    Q_EMIT trayChanged();
+}
+
+QRectF RecordingDesktop::visibleFrame(const Screen &screen) const
+{
+    const QRectF visible = screen.frame.marginsRemoved(m_docks);
+    return visible.isEmpty() ? screen.frame : visible;
+}
+
+QString RecordingDesktop::limitation(Feature feature) const
+{
+    const auto found = m_limitations.find(feature);
+    return found == m_limitations.end() ? QString() : found->second;
+}
+
+void RecordingDesktop::setLimitation(Feature feature, const QString &reason)
+{
+    m_limitations[feature] = reason;
+    Q_EMIT featuresChanged();
 }
 
 void RecordingDesktop::activate()
@@ -111,38 +115,6 @@ std::vector<RecordingSurface *> RecordingDesktop::surfaces(SurfaceRole role) con
 {
     const auto found = m_surfaces.find(role);
     return found == m_surfaces.end() ? std::vector<RecordingSurface *>{} : found->second;
-}
-
-void RecordingDesktop::pressHotKey(HotKeyId id)
-{
-    if (timesRegistered(id) > 0)
-        deliverHotKey(id);
-}
-
-void RecordingDesktop::deliverHotKey(HotKeyId id)
-{
-    if (m_hotKeys.m_handler)
-        m_hotKeys.m_handler(id);
-}
-
-int RecordingDesktop::timesRegistered(HotKeyId id) const
-{
-    return static_cast<int>(std::count(m_hotKeys.m_registered.begin(), m_hotKeys.m_registered.end(), id));
-}
-
-std::unique_ptr<HotKey> RecordingDesktop::RecordingHotKeys::registerHotKey(PhysicalKey, Modifiers,
-                                                                           HotKeyId id)
-{
-    if (std::count(m_refused.begin(), m_refused.end(), id) > 0) {
-        m_desktop.note(QStringLiteral("hot key %1: refused").arg(id.number));
-        return nullptr;
-    }
-    m_desktop.note(QStringLiteral("hot key %1: registered").arg(id.number));
-    m_registered.push_back(id);
-    return std::make_unique<RecordedHotKey>([this, id] {
-        m_desktop.note(QStringLiteral("hot key %1: released").arg(id.number));
-        m_registered.erase(std::find(m_registered.begin(), m_registered.end(), id));
-    });
 }
 
 } // namespace zeigewerk::platform

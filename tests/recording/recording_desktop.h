@@ -2,6 +2,7 @@
 
 #include "platform/desktop.h"
 #include "recording/recording_event_monitor.h"
+#include "recording/recording_hot_keys.h"
 
 #include <QImage>
 #include <QStringList>
@@ -69,6 +70,7 @@ public:
     QRectF frame() const override;
     void setFrameOrigin(QPointF origin) override;
     void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) override;
+    void drag(QPointF grip, QPointF position) override;
     bool isVisible() const override { return m_visible; }
     void orderFrontRegardless() override;
     void orderOut() override;
@@ -106,11 +108,13 @@ public:
     std::unique_ptr<WidgetWindow> makeWindow(WidgetRole role, QWidget &widget,
                                              const QMargins &ornament) override;
     std::optional<Screen> mainScreen() const override;
-    QRectF visibleFrame(const Screen &screen) const override { return screen.frame.marginsRemoved(m_docks); }
-    QPointF mouseLocation() const override { return m_mouseLocation; }
+    QRectF visibleFrame(const Screen &screen) const override;
+    QString limitation(Feature feature) const override;
+    std::optional<QPointF> mouseLocation() const override { return m_mouseLocation; }
+    void setFollowsPointer(bool follows) override { m_followsPointer = follows; }
     bool isComposited() const override { return m_isComposited; }
-    bool hasEmbeddingTray() const override { return m_hasEmbeddingTray; }
-    HotKeys &hotKeys() override { return m_hotKeys; }
+    bool hasTray() const override { return m_hasTray; }
+    RecordingHotKeys &hotKeys() override { return m_hotKeys; }
     RecordingEventMonitor &eventMonitor() override { return m_eventMonitor; }
     void activate() override;
     void deactivate() override;
@@ -118,6 +122,11 @@ public:
     /// What was asked, in order, such as "overlay 0: order front"; taking it empties it.
     QStringList takeLog();
     void setMouseLocation(QPointF location) { m_mouseLocation = location; }
+    /// From now on the desktop does not tell where the pointer is.
+    void hideMouseLocation() { m_mouseLocation.reset(); }
+    bool followsPointer() const { return m_followsPointer; }
+    /// The reason why that is not offered; offered if empty.
+    void setLimitation(Feature feature, const QString &reason);
     /// Puts the keyboard focus on the screen with that index.
     void setMainScreen(std::size_t index) { m_mainScreen = index; }
     /// Takes that much from every screen's visible frame; left and bottom as in y-up coordinates.
@@ -126,20 +135,11 @@ public:
         m_docks = {docks.left(), docks.bottom(), docks.right(), docks.top()};
     }
     void setComposited(bool isComposited);
-    void setEmbeddingTray(bool isThere);
+    void setTray(bool exists);
     /// Changes the screens and tells so.
     void changeScreens(std::vector<Screen> screens);
     /// The living surfaces of that role, oldest first.
     std::vector<RecordingSurface *> surfaces(SurfaceRole role) const;
-
-    /// Makes a combination one that another program has.
-    void refuseHotKey(HotKeyId id) { m_hotKeys.m_refused.push_back(id); }
-    void allowHotKeys() { m_hotKeys.m_refused.clear(); }
-    /// A press of a registered hot key; unregistered ones do nothing, as on a real desktop.
-    void pressHotKey(HotKeyId id);
-    /// What the handler would be told if the desktop delivered that id, registered or not.
-    void deliverHotKey(HotKeyId id);
-    int timesRegistered(HotKeyId id) const;
 
     /// Which of our windows has the keyboard, such as "overlay 0"; empty for none.
     QString keyWindow() const { return m_keyWindow; }
@@ -147,22 +147,7 @@ public:
 private:
     friend class RecordingSurface;
     friend class RecordingWindow;
-
-    class RecordingHotKeys : public HotKeys
-    {
-    public:
-        explicit RecordingHotKeys(RecordingDesktop &desktop)
-            : m_desktop(desktop)
-        {
-        }
-        std::unique_ptr<HotKey> registerHotKey(PhysicalKey key, Modifiers modifiers, HotKeyId id) override;
-        void setHandler(std::function<void(HotKeyId)> handler) override { m_handler = std::move(handler); }
-
-        RecordingDesktop &m_desktop;
-        std::function<void(HotKeyId)> m_handler;
-        std::vector<HotKeyId> m_refused;
-        std::vector<HotKeyId> m_registered;
-    };
+    friend class RecordingHotKeys;
 
     void note(const QString &what) { m_log.append(what); }
     void forgetKey(const QString &window)
@@ -172,18 +157,20 @@ private:
     }
 
     ScreenLayout m_layout;
-    QPointF m_mouseLocation;
+    std::optional<QPointF> m_mouseLocation = QPointF();
+    bool m_followsPointer = false;
+    std::map<Feature, QString> m_limitations;
     std::size_t m_mainScreen = 0;
     QMarginsF m_docks;
     bool m_isComposited = true;
-    bool m_hasEmbeddingTray = false;
+    bool m_hasTray = false;
     QStringList m_log;
     std::map<SurfaceRole, std::vector<RecordingSurface *>> m_surfaces;
     std::map<SurfaceRole, int> m_surfacesMade;
     std::map<WidgetRole, int> m_windowsMade;
     QString m_keyWindow;
     RecordingHotKeys m_hotKeys{*this};
-    RecordingEventMonitor m_eventMonitor;
+    RecordingEventMonitor m_eventMonitor{*this};
 };
 
 } // namespace zeigewerk::platform

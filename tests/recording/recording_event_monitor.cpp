@@ -1,5 +1,7 @@
 #include "recording/recording_event_monitor.h"
 
+#include "recording/recording_desktop.h"
+
 namespace zeigewerk::platform {
 
 void RecordingEventMonitor::pressLeft() const
@@ -17,7 +19,7 @@ void RecordingEventMonitor::scroll(const MonitoredScroll &scroll) const
 void RecordingEventMonitor::pressLeftLate() const
 {
     if (m_leftPress)
-        m_leftPress();
+        m_leftPress(m_desktop.mouseLocation().value_or(QPointF()));
 }
 
 void RecordingEventMonitor::scrollLate(const MonitoredScroll &scroll) const

@@ -6,12 +6,22 @@
 
 namespace zeigewerk::platform {
 
+class RecordingDesktop;
+
 /// A monitor that tells of what the test says has happened.
 class RecordingEventMonitor : public EventMonitor
 {
 public:
+    explicit RecordingEventMonitor(const RecordingDesktop &desktop)
+        : m_desktop(desktop)
+    {
+    }
+
     void setListening(MonitoredEvents events) override { m_listening = events; }
-    void setLeftPressHandler(std::function<void()> handler) override { m_leftPress = std::move(handler); }
+    void setLeftPressHandler(std::function<void(QPointF)> handler) override
+    {
+        m_leftPress = std::move(handler);
+    }
     void setScrollHandler(std::function<void(const MonitoredScroll &)> handler) override
     {
         m_scroll = std::move(handler);
@@ -28,7 +38,8 @@ public:
 
 private:
     MonitoredEvents m_listening;
-    std::function<void()> m_leftPress;
+    const RecordingDesktop &m_desktop;
+    std::function<void(QPointF)> m_leftPress;
     std::function<void(const MonitoredScroll &)> m_scroll;
 };
 

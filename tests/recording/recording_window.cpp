@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include <cmath>
 #include <utility>
 
 namespace zeigewerk::platform {
@@ -32,14 +33,19 @@ QRectF RecordingWindow::frame() const
 
 void RecordingWindow::setFrameOrigin(QPointF origin)
 {
-    // Through Qt's whole numbers and back, as on a real desktop.
-    const ScreenLayout &layout = m_desktop.m_layout;
-    m_origin = layout.frameOfQtRect(layout.qtRect({origin, frame().size()})).topLeft();
+    // A half is rounded down, as Qt's coordinates grow downwards.
+    m_origin = QPointF(std::floor(origin.x() + 0.5), std::ceil(origin.y() - 0.5));
 }
 
 void RecordingWindow::setFrameOriginOn(const QRectF &, QPointF origin)
 {
     setFrameOrigin(origin);
+}
+
+void RecordingWindow::drag(QPointF grip, QPointF position)
+{
+    const std::optional<QPointF> mouse = m_desktop.mouseLocation();
+    setFrameOrigin(mouse ? *mouse - grip : m_origin + position - grip);
 }
 
 void RecordingWindow::orderFrontRegardless()

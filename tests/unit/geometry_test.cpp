@@ -1,4 +1,5 @@
 #include "platform/geometry.h"
+#include "platform/x11/windows/qt_geometry.h"
 #include "registered_test.h"
 
 #include <QTest>
@@ -8,6 +9,9 @@
 #include <random>
 
 using namespace zeigewerk::platform;
+using x11::cutToScale;
+using x11::frameOfQtRect;
+using x11::qtRectOf;
 
 namespace {
 
@@ -125,7 +129,7 @@ void GeometryTest::aWindowIsCutWhereAnotherScaleBegins()
 {
     const ScreenLayout layout = mixedScales();
     const Screen &left = layout.screens().at(0);
-    const auto cut = [&](const QRect &window) { return layout.cutToScale(left, window); };
+    const auto cut = [&](const QRect &window) { return cutToScale(layout, left, window); };
     // Its middle is on its screen, on another one, and on none beside another one and beside none.
     QCOMPARE(cut({1800, 100, 240, 32}), QRect(1800, 100, 240, 32));
     QCOMPARE(cut({1801, 100, 340, 32}), QRect(1801, 100, 119, 32));
@@ -248,15 +252,15 @@ void GeometryTest::qtRectanglesMakeARoundTrip()
     QFETCH(ScreenLayout, layout);
     QFETCH(QRect, qtRect);
     QFETCH(QRectF, frame);
-    QCOMPARE(layout.frameOfQtRect(qtRect), frame);
-    QCOMPARE(layout.qtRect(frame), qtRect);
+    QCOMPARE(frameOfQtRect(layout, qtRect), frame);
+    QCOMPARE(qtRectOf(layout, frame), qtRect);
 }
 
 void GeometryTest::framesAreRoundedToWholePointsForQt()
 {
     const ScreenLayout layout = mixedScales();
-    QCOMPARE(layout.qtRect({10.4, 20.4, 100, 50}), QRect(10, 1010, 100, 50));
-    QCOMPARE(layout.qtRect({10.6, 20.6, 100, 50}), QRect(11, 1009, 100, 50));
+    QCOMPARE(qtRectOf(layout, {10.4, 20.4, 100, 50}), QRect(10, 1010, 100, 50));
+    QCOMPARE(qtRectOf(layout, {10.6, 20.6, 100, 50}), QRect(11, 1009, 100, 50));
 }
 
 void GeometryTest::aRectangleIsOnTheScreenThatHoldsMostOfIt_data()

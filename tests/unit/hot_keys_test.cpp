@@ -16,6 +16,9 @@ private Q_SLOTS:
     void theTableIsRegisteredInItsOrder();
     void hotKeysActLikeTheToggles_data();
     void hotKeysActLikeTheToggles();
+    void eachHotKeyHasItsPlaceAndADescription();
+    void aHotKeyWorksWhileItIsGranted();
+    void escIsAskedForOnceWhileTheAnswerIsOut();
     void foreignAndUnknownIdsDoNothing_data();
     void foreignAndUnknownIdsDoNothing();
     void aRefusedHotKeyLeavesTheOthers();
@@ -62,12 +65,60 @@ void HotKeysTest::hotKeysActLikeTheToggles()
     QFETCH(quint32, number);
     Controller controller;
     controller.perform(before);
-    controller.desktop.pressHotKey({kHotKeySignature, number});
+    controller.desktop.hotKeys().press({kHotKeySignature, number});
     QTEST(controller.app().drawOn(), "drawOn");
     QTEST(controller.app().spotlightOn(), "spotlightOn");
     QTEST(controller.app().whiteboardOn(), "whiteboardOn");
     QTEST(controller.app().clicksOn(), "clicksOn");
     QTEST(controller.app().pinnedOn(), "pinnedOn");
+}
+
+void HotKeysTest::eachHotKeyHasItsPlaceAndADescription()
+{
+    using platform::PhysicalKey;
+    constexpr std::array kKeys = {PhysicalKey::D, PhysicalKey::S, PhysicalKey::W,     PhysicalKey::K,
+                                  PhysicalKey::T, PhysicalKey::P, PhysicalKey::Escape};
+    Controller controller;
+    controller.perform("s");
+    const std::vector<platform::HotKey> registered = controller.desktop.hotKeys().registered();
+    QCOMPARE(registered.size(), kKeys.size());
+    QStringList descriptions;
+    for (std::size_t i = 0; i < registered.size(); ++i) {
+        const bool isEsc = registered[i].id == kEscHotKey.id();
+        QCOMPARE(registered[i].key, kKeys.at(i));
+        QCOMPARE(registered[i].modifiers, isEsc ? platform::Modifiers() : kCtrlAlt);
+        QVERIFY(!registered[i].description.isEmpty());
+        descriptions.append(registered[i].description.toString());
+    }
+    QCOMPARE(descriptions.removeDuplicates(), 0);
+}
+
+void HotKeysTest::aHotKeyWorksWhileItIsGranted()
+{
+    using platform::HotKeyState;
+    Controller controller;
+    platform::RecordingHotKeys &hotKeys = controller.desktop.hotKeys();
+    hotKeys.setFirstState(HotKeyState::Requested);
+    controller.app();
+    const platform::HotKeyId draw{kHotKeySignature, 1};
+    hotKeys.press(draw);
+    QVERIFY(!controller.app().drawOn());
+    hotKeys.setState(draw, HotKeyState::Granted);
+    hotKeys.press(draw);
+    QVERIFY(controller.app().drawOn());
+    hotKeys.setState(draw, HotKeyState::Refused);
+    hotKeys.press(draw);
+    QVERIFY(controller.app().drawOn());
+}
+
+void HotKeysTest::escIsAskedForOnceWhileTheAnswerIsOut()
+{
+    Controller controller;
+    controller.desktop.hotKeys().setFirstState(platform::HotKeyState::Requested);
+    controller.perform("s");
+    controller.desktop.takeLog();
+    controller.perform("k");
+    QCOMPARE(controller.desktop.takeLog().filter("hot key"), QStringList());
 }
 
 void HotKeysTest::foreignAndUnknownIdsDoNothing_data()
@@ -87,7 +138,7 @@ void HotKeysTest::foreignAndUnknownIdsDoNothing()
     Controller controller;
     controller.app();
     controller.desktop.takeLog();
-    controller.desktop.deliverHotKey({signature, number});
+    controller.desktop.hotKeys().deliver({signature, number});
     QCOMPARE(controller.desktop.takeLog(), QStringList());
     QVERIFY(!controller.app().drawOn());
 }
@@ -95,11 +146,11 @@ void HotKeysTest::foreignAndUnknownIdsDoNothing()
 void HotKeysTest::aRefusedHotKeyLeavesTheOthers()
 {
     Controller controller;
-    controller.desktop.refuseHotKey({kHotKeySignature, 1});
+    controller.desktop.hotKeys().refuse({kHotKeySignature, 1});
     controller.app();
-    controller.desktop.pressHotKey({kHotKeySignature, 1});
+    controller.desktop.hotKeys().press({kHotKeySignature, 1});
     QVERIFY(!controller.app().drawOn());
-    controller.desktop.pressHotKey({kHotKeySignature, 3});
+    controller.desktop.hotKeys().press({kHotKeySignature, 3});
     QVERIFY(controller.app().whiteboardOn());
 }
 
@@ -109,7 +160,7 @@ void HotKeysTest::drawingWhilePinnedMakesThePinnedDrawingEditable()
     controller.app().toggleDraw();
     controller.draw(controller.view());
     controller.app().togglePin();
-    controller.desktop.pressHotKey({kHotKeySignature, 1});
+    controller.desktop.hotKeys().press({kHotKeySignature, 1});
     QVERIFY(controller.app().drawOn());
     QVERIFY(!controller.app().pinnedOn());
     QCOMPARE(controller.view().shapes().size(), 1U);
@@ -119,7 +170,7 @@ void HotKeysTest::escEndsTheModesAndLeavesClicksAndRing()
 {
     Controller controller;
     controller.perform("dwskr");
-    controller.desktop.pressHotKey(kEscHotKey.id());
+    controller.desktop.hotKeys().press(kEscHotKey.id());
     QVERIFY(!controller.app().interactionOn());
     QVERIFY(!controller.app().spotlightOn());
     QVERIFY(controller.app().clicksOn());
@@ -131,9 +182,9 @@ void HotKeysTest::theToolbarHotKeyHidesAndShowsItWithoutARefresh()
     Controller controller;
     controller.app();
     controller.desktop.takeLog();
-    controller.desktop.pressHotKey({kHotKeySignature, 5});
+    controller.desktop.hotKeys().press({kHotKeySignature, 5});
     QVERIFY(!controller.app().toolbarVisible());
-    controller.desktop.pressHotKey({kHotKeySignature, 5});
+    controller.desktop.hotKeys().press({kHotKeySignature, 5});
     QVERIFY(controller.app().toolbarVisible());
     QCOMPARE(controller.desktop.takeLog(), QStringList({"toolbar 0: order out", "toolbar 0: order front"}));
 }
@@ -149,7 +200,7 @@ void HotKeysTest::hotKeysDoNothingOnceTheControllerIsGone()
         QVERIFY(gApp == &app);
     }
     QVERIFY(!gApp);
-    desktop.deliverHotKey({kHotKeySignature, 1});
+    desktop.hotKeys().deliver({kHotKeySignature, 1});
     QVERIFY(desktop.surfaces(platform::SurfaceRole::Overlay).empty());
 }
 

@@ -84,7 +84,7 @@ void Walk::operateModes()
     const int way = m_random.integer(0, 2);
     if (way == 0 && operation.hotKey > 0) {
         note("hot key", static_cast<int>(operation.hotKey));
-        m_program.desktop.pressHotKey({kHotKeySignature, operation.hotKey});
+        m_program.desktop.hotKeys().press({kHotKeySignature, operation.hotKey});
     } else if (way == 1 && !operation.titles.isEmpty()) {
         const QString title = operation.titles.at(m_model.toolbar ? 0 : operation.titles.size() - 1);
         m_steps += QStringLiteral("menu \"%1\"").arg(title);
@@ -186,9 +186,9 @@ void Walk::pressEscHotKey()
     const bool isLate = m_random.chance(0.2);
     note("Esc hot key, late", isLate ? 1 : 0);
     if (isLate)
-        m_program.desktop.deliverHotKey(kEscHotKey.id());
+        m_program.desktop.hotKeys().deliver(kEscHotKey.id());
     else
-        m_program.desktop.pressHotKey(kEscHotKey.id());
+        m_program.desktop.hotKeys().press(kEscHotKey.id());
     if (isLate || m_model.escTaken)
         m_model.endModes();
 }
@@ -228,9 +228,9 @@ void Walk::changeTheDesktop()
         m_model.escRefused = !m_model.escRefused;
         note("Esc refused", m_model.escRefused ? 1 : 0);
         if (m_model.escRefused)
-            m_program.desktop.refuseHotKey(kEscHotKey.id());
+            m_program.desktop.hotKeys().refuse(kEscHotKey.id());
         else
-            m_program.desktop.allowHotKeys();
+            m_program.desktop.hotKeys().refuseNone();
     }
 }
 

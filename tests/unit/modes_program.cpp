@@ -83,7 +83,7 @@ Seen ModesProgram::seen()
     }
     seen.isFollowing = app.isFollowing();
     seen.isFadeTimerRunning = app.isFadeTimerRunning();
-    seen.timesEscIsTaken = desktop.timesRegistered(kEscHotKey.id());
+    seen.timesEscIsTaken = desktop.hotKeys().timesRegistered(kEscHotKey.id());
     for (const platform::RecordingSurface *effect : desktop.surfaces(platform::SurfaceRole::Effect)) {
         if (effect->isVisible())
             seen.ring = effect->frame().center();

@@ -40,7 +40,6 @@ void RefreshTest::stepsComeInTheirOrder_data()
                                 << "d"
                                 << QStringList{"overlay 0: take the mouse",
                                                "overlay 1: take the mouse",
-                                               "overlay 0: order front",
                                                "overlay 1: order front",
                                                "activate",
                                                "overlay 0: order front",
@@ -127,22 +126,22 @@ void RefreshTest::escIsRegisteredOnceAndReleasedWithTheSpotlight()
     controller.app().toggleSpot();
     controller.app().refreshAll();
     controller.app().refreshAll();
-    QCOMPARE(controller.desktop.timesRegistered(kEscHotKey.id()), 1);
+    QCOMPARE(controller.desktop.hotKeys().timesRegistered(kEscHotKey.id()), 1);
 
-    controller.desktop.pressHotKey(kEscHotKey.id());
+    controller.desktop.hotKeys().press(kEscHotKey.id());
     QVERIFY(!controller.app().spotlightOn());
-    QCOMPARE(controller.desktop.timesRegistered(kEscHotKey.id()), 0);
+    QCOMPARE(controller.desktop.hotKeys().timesRegistered(kEscHotKey.id()), 0);
 }
 
 void RefreshTest::escIsTriedAgainAtTheNextRefresh()
 {
     Controller controller;
-    controller.desktop.refuseHotKey(kEscHotKey.id());
+    controller.desktop.hotKeys().refuse(kEscHotKey.id());
     controller.app().toggleSpot();
-    QCOMPARE(controller.desktop.timesRegistered(kEscHotKey.id()), 0);
-    controller.desktop.allowHotKeys();
+    QCOMPARE(controller.desktop.hotKeys().timesRegistered(kEscHotKey.id()), 0);
+    controller.desktop.hotKeys().refuseNone();
     controller.app().refreshAll();
-    QCOMPARE(controller.desktop.timesRegistered(kEscHotKey.id()), 1);
+    QCOMPARE(controller.desktop.hotKeys().timesRegistered(kEscHotKey.id()), 1);
 }
 
 void RefreshTest::everyCanvasIsToldWhereThePointerIs()

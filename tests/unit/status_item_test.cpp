@@ -67,7 +67,7 @@ void StatusItemTest::withoutAnyTrayThereIsNoIcon()
 void StatusItemTest::theIconIsShownInATrayThatIsThere()
 {
     Controller controller;
-    controller.desktop.setEmbeddingTray(true);
+    controller.desktop.setTray(true);
     QVERIFY(controller.app().statusItem()->hasIcon());
 }
 
@@ -75,11 +75,11 @@ void StatusItemTest::theIconIsShownInATrayThatComesLater()
 {
     Controller controller;
     controller.app();
-    controller.desktop.setEmbeddingTray(true);
+    controller.desktop.setTray(true);
     QVERIFY(controller.app().statusItem()->hasIcon());
     // Qt keeps the place for the next tray.
-    controller.desktop.setEmbeddingTray(false);
-    controller.desktop.setEmbeddingTray(true);
+    controller.desktop.setTray(false);
+    controller.desktop.setTray(true);
     QVERIFY(controller.app().statusItem()->hasIcon());
 }
 

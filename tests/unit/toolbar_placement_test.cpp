@@ -34,7 +34,7 @@ void drag(Controller &controller, QPointF from, const std::vector<QPointF> &way)
     placement.dragBegan(from - frameOf(controller).topLeft());
     for (const QPointF point : way) {
         controller.desktop.setMouseLocation(point);
-        placement.dragMoved();
+        placement.dragMoved(point - frameOf(controller).topLeft());
     }
     placement.dragEnded();
 }

@@ -2,6 +2,7 @@
 
 #include "platform/x11/docks.h"
 #include "platform/x11/input/compose_table.h"
+#include "platform/x11/input/pointer_state.h"
 #include "platform/x11/windows/x11_surface.h"
 #include "platform/x11/windows/x11_widget_window.h"
 
@@ -38,7 +39,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_typedKeys(
           *m_connection, [this](const auto &press) { handlePress(press); },
           [this](xcb_window_t canvas, const auto &key) { handleTyped(canvas, key); })
-    , m_eventMonitor(*m_connection)
+    , m_eventMonitor(*m_connection, m_screens)
 {
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
@@ -47,7 +48,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
         QCoreApplication::exit(kExitCodeOfLostDisplay);
     });
     connect(&m_compositor, &SelectionOwner::changed, this, &X11Desktop::tellOfCompositor);
-    connect(&m_embeddingTray, &SelectionOwner::changed, this, &Desktop::embeddingTrayChanged);
+    connect(&m_embeddingTray, &SelectionOwner::changed, this, &Desktop::trayChanged);
     connect(&m_screens, &Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
                         [this] { displayAll(); });
@@ -80,14 +81,15 @@ QRectF X11Desktop::visibleFrame(const Screen &screen) const
 {
     const QSize desktop = desktopSize(*m_connection);
     const std::vector<Strut> struts = strutsOfDocks(*m_connection, desktop);
-    return ScreenLayout::frameOfPart(screen, withoutStruts(screen.nativeFrame, desktop, struts));
+    const QRectF visible =
+        ScreenLayout::frameOfPart(screen, withoutStruts(screen.nativeFrame, desktop, struts));
+    return visible.isEmpty() ? screen.frame : visible;
 }
 
-QPointF X11Desktop::mouseLocation() const
+std::optional<QPointF> X11Desktop::mouseLocation() const
 {
-    const auto cookie = xcb_query_pointer(m_connection->xcb(), m_connection->root());
-    const auto reply = owned(xcb_query_pointer_reply(m_connection->xcb(), cookie, nullptr));
-    return reply ? layout().pointOfPixel(QPointF(reply->root_x, reply->root_y)) : QPointF();
+    const std::optional<PointerState> pointer = queryPointer(*m_connection, layout());
+    return pointer ? std::optional(pointer->location) : std::nullopt;
 }
 
 void X11Desktop::handle(const xcb_generic_event_t &event)

@@ -41,9 +41,13 @@ public:
                                              const QMargins &ornament) override;
     std::optional<Screen> mainScreen() const override;
     QRectF visibleFrame(const Screen &screen) const override;
-    QPointF mouseLocation() const override;
+    /// X11 offers everything.
+    QString limitation(Feature) const override { return {}; }
+    std::optional<QPointF> mouseLocation() const override;
+    /// The server is asked each time.
+    void setFollowsPointer(bool) override {}
     bool isComposited() const override { return m_compositor.exists(); }
-    bool hasEmbeddingTray() const override { return m_embeddingTray.exists(); }
+    bool hasTray() const override { return m_embeddingTray.exists(); }
     HotKeys &hotKeys() override { return m_hotKeys; }
     EventMonitor &eventMonitor() override { return m_eventMonitor; }
     void activate() override { m_focus.borrow(); }

@@ -1,13 +1,15 @@
 #include "platform/x11/input/x11_event_monitor.h"
 
 #include "platform/x11/input/modifiers.h"
+#include "platform/x11/input/pointer_state.h"
 
 #include <algorithm>
 
 namespace zeigewerk::platform::x11 {
 
-X11EventMonitor::X11EventMonitor(Connection &connection)
+X11EventMonitor::X11EventMonitor(Connection &connection, const Screens &screens)
     : m_connection(connection)
+    , m_screens(screens)
     , m_scrolling(connection)
     , m_alt(connection)
 {
@@ -110,8 +112,10 @@ void X11EventMonitor::buttonPressed(const xcb_input_raw_button_press_event_t &ev
 
 void X11EventMonitor::leftPressed() const
 {
-    if (m_listening.testFlag(Monitored::LeftPresses) && m_leftPress)
-        m_leftPress();
+    if (!m_listening.testFlag(Monitored::LeftPresses) || !m_leftPress)
+        return;
+    if (const auto pointer = queryPointer(m_connection, m_screens.layout()))
+        m_leftPress(pointer->location);
 }
 
 std::uint32_t X11EventMonitor::logicalButton(std::uint32_t physicalButton) const
@@ -129,12 +133,12 @@ void X11EventMonitor::tellOfScroll(std::optional<ScrollEvent> scroll) const
 {
     if (!scroll || !m_scroll)
         return;
-    const auto cookie = xcb_query_pointer(m_connection.xcb(), m_connection.root());
-    const auto pointer = owned(xcb_query_pointer_reply(m_connection.xcb(), cookie, nullptr));
+    const auto pointer = queryPointer(m_connection, m_screens.layout());
     if (!pointer)
         return;
     scroll->modifiers = modifiersOf(pointer->mask);
-    m_scroll({.event = *scroll, .isOverOurs = m_connection.isOurs(pointer->child)});
+    scroll->globalPosition = pointer->location;
+    m_scroll({.event = *scroll, .isOverOurs = m_connection.isOurs(pointer->topLevel)});
 }
 
 } // namespace zeigewerk::platform::x11

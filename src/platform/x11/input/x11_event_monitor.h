@@ -4,6 +4,7 @@
 #include "platform/x11/connection.h"
 #include "platform/x11/input/alt_watch.h"
 #include "platform/x11/input/scrolling.h"
+#include "platform/x11/screens.h"
 
 #include <xcb/xinput.h>
 
@@ -16,10 +17,13 @@ namespace zeigewerk::platform::x11 {
 class X11EventMonitor : public EventMonitor
 {
 public:
-    explicit X11EventMonitor(Connection &connection);
+    X11EventMonitor(Connection &connection, const Screens &screens);
 
     void setListening(MonitoredEvents events) override;
-    void setLeftPressHandler(std::function<void()> handler) override { m_leftPress = std::move(handler); }
+    void setLeftPressHandler(std::function<void(QPointF)> handler) override
+    {
+        m_leftPress = std::move(handler);
+    }
     void setScrollHandler(std::function<void(const MonitoredScroll &)> handler) override
     {
         m_scroll = std::move(handler);
@@ -39,6 +43,7 @@ private:
     void tellOfScroll(std::optional<ScrollEvent> scroll) const;
 
     Connection &m_connection;
+    const Screens &m_screens;
     Scrolling m_scrolling;
     AltWatch m_alt;
     int m_fingers = 0;
@@ -46,7 +51,7 @@ private:
     /// Scroll axes move in motion events, each of which wakes the program: they are heard only while Alt is
     /// held.
     bool m_hearsAxes = false;
-    std::function<void()> m_leftPress;
+    std::function<void(QPointF)> m_leftPress;
     std::function<void(const MonitoredScroll &)> m_scroll;
 };
 

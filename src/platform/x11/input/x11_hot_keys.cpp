@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace zeigewerk::platform::x11 {
 
@@ -20,10 +21,11 @@ constexpr std::uint16_t kChosenModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CON
 
 } // namespace
 
-class X11HotKeys::Registration : public HotKey
+class X11HotKeys::Registration : public HotKeyRegistration
 {
 public:
-    Registration(X11HotKeys &owner, std::list<Grab>::iterator grab)
+    /// `grab` is none if it was refused.
+    Registration(X11HotKeys &owner, std::optional<std::list<Grab>::iterator> grab)
         : m_owner(owner)
         , m_grab(grab)
     {
@@ -31,23 +33,35 @@ public:
 
     ~Registration() override
     {
-        m_owner.ungrab(*m_grab);
-        m_owner.m_grabs.erase(m_grab);
+        if (!m_grab)
+            return;
+        m_owner.ungrab(**m_grab);
+        m_owner.m_grabs.erase(*m_grab);
     }
+
+    HotKeyState state() const override { return m_grab ? HotKeyState::Granted : HotKeyState::Refused; }
 
 private:
     X11HotKeys &m_owner;
-    std::list<Grab>::iterator m_grab;
+    std::optional<std::list<Grab>::iterator> m_grab;
 };
 
-std::unique_ptr<HotKey> X11HotKeys::registerHotKey(PhysicalKey key, Modifiers modifiers, HotKeyId id)
+std::vector<std::unique_ptr<HotKeyRegistration>> X11HotKeys::registerHotKeys(std::span<const HotKey> hotKeys)
 {
-    const Grab wanted{.keyCode = static_cast<xcb_keycode_t>(static_cast<int>(key) + kKeyCodeOffset),
-                      .modifiers = stateOf(modifiers),
-                      .id = id};
+    std::vector<std::unique_ptr<HotKeyRegistration>> registrations;
+    for (const HotKey &hotKey : hotKeys)
+        registrations.push_back(registerHotKey(hotKey));
+    return registrations;
+}
+
+std::unique_ptr<HotKeyRegistration> X11HotKeys::registerHotKey(const HotKey &hotKey)
+{
+    const Grab wanted{.keyCode = static_cast<xcb_keycode_t>(static_cast<int>(hotKey.key) + kKeyCodeOffset),
+                      .modifiers = stateOf(hotKey.modifiers),
+                      .id = hotKey.id};
     if (!grab(wanted)) {
-        qCDebug(logX11, "hot key %u is taken by another program", id.number);
-        return nullptr;
+        qCDebug(logX11, "hot key %u is taken by another program", hotKey.id.number);
+        return std::make_unique<Registration>(*this, std::nullopt);
     }
     return std::make_unique<Registration>(*this, m_grabs.insert(m_grabs.end(), wanted));
 }
@@ -85,12 +99,7 @@ void X11HotKeys::keyPressed(const xcb_key_press_event_t &event)
         return;
     grab->isHeld = true;
     QMetaObject::invokeMethod(
-        this,
-        [this, id = grab->id] {
-            if (m_handler)
-                m_handler(id);
-        },
-        Qt::QueuedConnection);
+        this, [this, id = grab->id] { Q_EMIT pressed(id); }, Qt::QueuedConnection);
 }
 
 void X11HotKeys::keyReleased(const xcb_key_release_event_t &event)

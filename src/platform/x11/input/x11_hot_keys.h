@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop.h"
+#include "platform/hot_keys.h"
 #include "platform/x11/connection.h"
 
 #include <list>
@@ -8,7 +8,7 @@
 namespace zeigewerk::platform::x11 {
 
 /// Hot keys as passive grabs on the root window.
-class X11HotKeys : public QObject, public HotKeys
+class X11HotKeys : public HotKeys
 {
     Q_OBJECT
 
@@ -18,8 +18,9 @@ public:
     {
     }
 
-    std::unique_ptr<HotKey> registerHotKey(PhysicalKey key, Modifiers modifiers, HotKeyId id) override;
-    void setHandler(std::function<void(HotKeyId)> handler) override { m_handler = std::move(handler); }
+    /// The server answers at once.
+    std::vector<std::unique_ptr<HotKeyRegistration>>
+    registerHotKeys(std::span<const HotKey> hotKeys) override;
 
     /// A key event of the root window.
     void keyPressed(const xcb_key_press_event_t &event);
@@ -37,11 +38,11 @@ private:
     };
     class Registration;
 
+    std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKey &hotKey);
     bool grab(const Grab &grab);
     void ungrab(const Grab &grab);
 
     Connection &m_connection;
-    std::function<void(HotKeyId)> m_handler;
     std::list<Grab> m_grabs;
 };
 

@@ -249,6 +249,7 @@ void X11Surface::scrolled(std::optional<ScrollEvent> scroll, const xcb_input_but
     if (!scroll || !m_content)
         return;
     scroll->modifiers = modifiersOf(event.mods.effective);
+    scroll->globalPosition = globalPosition(event);
     m_content->scrollWheel(*scroll);
 }
 
@@ -262,7 +263,14 @@ PointerEvent X11Surface::pointerEvent(const xcb_input_button_press_event_t &even
 {
     // The position names a pixel; the ink goes through its middle.
     const QPointF pixel(fromFixed(event.event_x) + 0.5, fromFixed(event.event_y) + 0.5);
-    return {ViewGeometry(m_nativeFrame.size(), m_scale).toView(pixel), modifiersOf(event.mods.effective)};
+    return {.position = ViewGeometry(m_nativeFrame.size(), m_scale).toView(pixel),
+            .modifiers = modifiersOf(event.mods.effective),
+            .globalPosition = globalPosition(event)};
+}
+
+QPointF X11Surface::globalPosition(const xcb_input_button_press_event_t &event) const
+{
+    return m_desktop.layout().pointOfPixel({fromFixed(event.root_x), fromFixed(event.root_y)});
 }
 
 } // namespace zeigewerk::platform::x11

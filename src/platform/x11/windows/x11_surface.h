@@ -63,6 +63,7 @@ private:
     void put(const QRegion &region);
     void endDrag(const xcb_input_button_press_event_t &event);
     PointerEvent pointerEvent(const xcb_input_button_press_event_t &event) const;
+    QPointF globalPosition(const xcb_input_button_press_event_t &event) const;
 
     X11Desktop &m_desktop;
     Connection &m_connection;

@@ -1,6 +1,8 @@
 #include "platform/x11/windows/x11_widget_window.h"
 
+#include "platform/x11/input/pointer_state.h"
 #include "platform/x11/properties.h"
+#include "platform/x11/windows/qt_geometry.h"
 #include "platform/x11/x11_desktop.h"
 
 #include <QEvent>
@@ -61,7 +63,7 @@ X11WidgetWindow::~X11WidgetWindow()
 
 QRectF X11WidgetWindow::frame() const
 {
-    return m_desktop.layout().frameOfQtRect(QRect(m_widget.pos(), size()).marginsRemoved(m_ornament));
+    return frameOfQtRect(m_desktop.layout(), QRect(m_widget.pos(), size()).marginsRemoved(m_ornament));
 }
 
 QSize X11WidgetWindow::size() const
@@ -74,7 +76,7 @@ QSize X11WidgetWindow::size() const
 void X11WidgetWindow::setFrameOrigin(QPointF origin)
 {
     const QRectF wanted(origin, frame().size());
-    m_place = m_desktop.layout().qtRect(wanted).marginsAdded(m_ornament);
+    m_place = qtRectOf(m_desktop.layout(), wanted).marginsAdded(m_ornament);
     m_widget.move(m_place->topLeft());
 }
 
@@ -86,7 +88,7 @@ void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin
         return setFrameOrigin(origin);
     const QRectF wanted(origin, QSizeF(m_widget.size()));
     const QRect whole = ScreenLayout::nativeRectOn(*screen, wanted);
-    const QRect window = layout.cutToScale(*screen, whole);
+    const QRect window = cutToScale(layout, *screen, whole);
     m_nativeCorner = window.topLeft();
     if (window != whole) {
         const QSizeF size = QSizeF(window.size()) / screen->scale;
@@ -97,6 +99,12 @@ void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin
     const QPoint home = screen->nativeFrame.topLeft();
     const QPointF points = QPointF(window.topLeft() - home) / screen->scale;
     m_widget.move(home + QPoint(qFloor(points.x()), qFloor(points.y())));
+}
+
+void X11WidgetWindow::drag(QPointF grip, QPointF)
+{
+    if (const auto pointer = queryPointer(m_connection, m_desktop.layout()))
+        setFrameOrigin(pointer->location - grip);
 }
 
 void X11WidgetWindow::putOnScreen(const QString &name)

@@ -25,7 +25,11 @@ public:
 
     QRectF frame() const override;
     void setFrameOrigin(QPointF origin) override;
+    /// Where its middle would lie outside the screen, and a screen of another scale begins there, the widget
+    /// is cut at the edge: Qt knows one scale for a window.
     void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) override;
+    /// By the pointer's place now: the event's was measured before the window last moved.
+    void drag(QPointF grip, QPointF position) override;
     bool isVisible() const override { return m_visible; }
     void orderFrontRegardless() override;
     void orderOut() override;

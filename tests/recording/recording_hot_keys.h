@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/hot_keys.h"
+
+namespace zeigewerk::platform {
+
+class RecordingDesktop;
+
+/// Hot keys that a test grants, refuses and presses.
+class RecordingHotKeys : public HotKeys
+{
+    Q_OBJECT
+
+public:
+    explicit RecordingHotKeys(RecordingDesktop &desktop)
+        : m_desktop(desktop)
+    {
+    }
+
+    std::vector<std::unique_ptr<HotKeyRegistration>>
+    registerHotKeys(std::span<const HotKey> hotKeys) override;
+
+    /// How the desktop answers from now on: at once, or with `HotKeyState::Requested` only later.
+    void setFirstState(HotKeyState state) { m_firstState = state; }
+    /// The answer for that hot key, whenever it is asked for.
+    void refuse(HotKeyId id) { m_refused.push_back(id); }
+    void refuseNone() { m_refused.clear(); }
+    /// Changes the state of a registered hot key, and tells so.
+    void setState(HotKeyId id, HotKeyState state);
+    /// A press of a granted hot key; others do nothing, as on a real desktop.
+    void press(HotKeyId id);
+    /// Delivers that id, registered or not.
+    void deliver(HotKeyId id) { Q_EMIT pressed(id); }
+
+    int timesRegistered(HotKeyId id) const;
+    /// The hot keys that are registered now, in the order in which they were asked for.
+    std::vector<HotKey> registered() const;
+
+private:
+    class Registration;
+
+    RecordingDesktop &m_desktop;
+    HotKeyState m_firstState = HotKeyState::Granted;
+    std::vector<HotKeyId> m_refused;
+    std::vector<Registration *> m_registrations;
+};
+
+} // namespace zeigewerk::platform

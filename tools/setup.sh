@@ -1,34 +1,34 @@
-# Shared by run, test and other scripts: what the project needs, and how it is built. Sourced by bash from the
-# project's top folder.
+# Shared by run, test and other scripts: installs packages and builds targets. Source it with bash, in the project's top
+# folder.
 
 set -euo pipefail
 
-# To build the program.
+# For building the program.
 program_packages=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-svg-dev libgl-dev
     libx11-dev libxcb1-dev libxcb-shm0-dev libxcb-xinput-dev libxcb-xfixes0-dev libxcb-shape0-dev libxcb-cursor-dev
     libxcb-xkb-dev libxcb-randr0-dev libxkbcommon-dev libxkbcommon-x11-dev
 )
-# The same with its tests and its benchmarks.
+# For building the program, its tests and its benchmarks.
 build_packages=("${program_packages[@]}" libxcb-damage0-dev libxcb-xtest0-dev libxcb-res0-dev libbenchmark-dev)
-# To examine what is installed with the program.
-examine_packages=(desktop-file-utils appstream mandoc)
-# To make a package of it; only tools/package needs them.
+# For checking the installed files.
+check_packages=(desktop-file-utils appstream mandoc)
+# For making a Debian package; only tools/package needs them.
 package_packages=(dpkg-dev file binutils lintian)
-# A virtual desktop: display, window manager, compositor, session bus, accessibility bus, keyboard maps, a font.
+# For virtual desktops: display, window managers, compositor, session bus, accessibility bus, keyboard maps, a font.
 desktop_packages=(
     xserver-xorg-core xserver-xorg-video-dummy xkb-data x11-xkb-utils x11-xserver-utils
     openbox xfwm4 i3-wm picom dbus dbus-daemon at-spi2-core fonts-dejavu-core
 )
 
-# To look for input that does harm; only tests/fuzz/run needs them.
+# For fuzzing; only tests/fuzz/run needs them.
 fuzz_packages=(clang libclang-rt-14-dev)
 
-# To film a test; only tests/watch needs it.
-film_packages=(ffmpeg)
+# For recording videos; only tests/watch needs it.
+video_packages=(ffmpeg)
 
-# To look at the source without running it; only tools/check needs them.
+# For checking the source; only tools/check needs them.
 format_packages=(clang-format)
 tidy_packages=(clang-tidy)
 
@@ -40,7 +40,7 @@ is_debian() {
         (. /etc/os-release && case " ${ID:-} ${ID_LIKE:-} " in *" debian "*) true ;; *) false ;; esac)
 }
 
-# The named packages that are not installed.
+# missing_packages PACKAGE...: prints those that are not installed.
 missing_packages() {
     local package
     for package in "$@"; do
@@ -48,17 +48,17 @@ missing_packages() {
     done
 }
 
-# install_packages WHY PACKAGE...: installs what is missing of them, as root or through sudo.
+# install_packages PURPOSE PACKAGE...: installs the missing ones, as root or through sudo.
 install_packages() {
-    local why=$1 missing as_root=()
+    local purpose=$1 missing as_root=()
     shift
     if ! is_debian; then
-        name_missing_tools "$@"
+        require_tools "$@"
         return
     fi
     mapfile -t missing < <(missing_packages "$@")
     [ ${#missing[@]} -gt 0 ] || return 0
-    say "Needed $why, and not installed yet: ${missing[*]}"
+    say "Missing packages $purpose: ${missing[*]}"
     if [ "$(id -u)" -ne 0 ]; then
         command -v sudo >/dev/null ||
             fail "Installing packages needs root, and there is no sudo here. As root: apt-get install ${missing[*]}"
@@ -67,18 +67,19 @@ install_packages() {
     fi
     "${as_root[@]}" apt-get update -qq
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
-        >build/install.log 2>&1 || { tail -n 20 build/install.log >&2; fail "Installing failed; see build/install.log"; }
+        >build/install.log 2>&1 ||
+        { tail -n 20 build/install.log >&2; fail "Installing failed; see build/install.log"; }
 }
 
-# name_missing_tools PACKAGE...: on other distributions the packages have other names, so it says which of
-# their tools and libraries are missing, and stops.
-name_missing_tools() {
+# require_tools PACKAGE...: for other distributions, where packages have other names. Stops if tools or libraries of the
+# packages are missing, and lists those.
+require_tools() {
     local missing=() tool module
     for tool in cmake ninja g++ pkg-config; do
         command -v "$tool" >/dev/null || missing+=("$tool")
     done
-    for module in Qt6Widgets Qt6Svg Qt6DBus Qt6Network x11 xcb xcb-shm xcb-xinput xcb-xfixes xcb-shape xcb-cursor xcb-xkb xcb-randr xcb-damage \
-        xcb-xtest xcb-res xkbcommon xkbcommon-x11 benchmark; do
+    for module in Qt6Widgets Qt6Svg Qt6DBus Qt6Network x11 xcb xcb-shm xcb-xinput xcb-xfixes xcb-shape xcb-cursor \
+        xcb-xkb xcb-randr xcb-damage xcb-xtest xcb-res xkbcommon xkbcommon-x11 benchmark; do
         pkg-config --exists "$module" 2>/dev/null || missing+=("$module (development files)")
     done
     if [[ " $* " == *" openbox "* ]]; then
@@ -98,10 +99,11 @@ name_missing_tools() {
     for tool in ffmpeg clang-format clang-tidy; do
         [[ " $* " != *" $tool "* ]] || command -v "$tool" >/dev/null || missing+=("$tool")
     done
-    [ ${#missing[@]} -eq 0 ] || fail "This is not Debian, so please install these yourself: $(printf '\n  %s' "${missing[@]}")"
+    [ ${#missing[@]} -eq 0 ] ||
+        fail "This is not Debian; please install these yourself: $(printf '\n  %s' "${missing[@]}")"
 }
 
-# is_configured FOLDER: whether it is, and with what the environment asks for.
+# is_configured FOLDER: whether the build folder is configured with the options that the environment sets.
 is_configured() {
     local option
     [ -f "$1/build.ninja" ] || return 1
@@ -110,7 +112,7 @@ is_configured() {
     done
 }
 
-# build PRESET TARGET...: configures where that is needed, and builds; silent when there is nothing to do.
+# build PRESET TARGET...: configures if necessary, and builds. Prints nothing if everything is up to date.
 build() {
     local preset=$1 folder=build/$1
     shift

@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# installed_files.sh SOURCE-FOLDER BUILD-FOLDER VERSION: installs what was built into a folder of its own, and looks
-# at what is there.
+# installed_files.sh SOURCE-FOLDER BUILD-FOLDER VERSION: installs the build into a temporary folder and checks it.
 set -euo pipefail
 source=$1 build=$2 version=$3
 prefix=$(mktemp -d)
@@ -9,8 +8,9 @@ fail() { printf '%s\n' "$*" >&2; exit 1; }
 
 DESTDIR='' cmake --install "$build" --prefix "$prefix" >/dev/null
 
-# These files and no others.
-diff - <(cd "$prefix" && find . -type f -printf '%m %P\n' | LC_ALL=C sort -k 2) <<'END' || fail "Other files were installed."
+# Exactly these files are installed.
+installed=$(cd "$prefix" && find . -type f -printf '%m %P\n' | LC_ALL=C sort -k 2)
+diff - <(printf '%s\n' "$installed") <<'END' || fail "The installed files differ from this list."
 755 bin/zeigewerk
 755 libexec/zeigewerk/zeigewerk-feed
 644 share/applications/de.zeigewerk.Zeigewerk.desktop
@@ -23,34 +23,34 @@ diff - <(cd "$prefix" && find . -type f -printf '%m %P\n' | LC_ALL=C sort -k 2) 
 644 share/metainfo/de.zeigewerk.Zeigewerk.metainfo.xml
 END
 
-"$source/tools/examine_installed" "$prefix" || fail "What was installed is not in order."
+"$source/tools/check_installed" "$prefix" || fail "The installed files are not valid."
 
-# The desktop entries name programs and icons that are there.
+# The desktop entries refer to programs and icons that exist.
 for entry in "$prefix"/share/applications/*.desktop "$prefix"/share/doc/zeigewerk/examples/*.desktop; do
     while IFS='= ' read -r key name _; do
         case $key in
-            # Of the session's own tools.
+            # gdbus is not ours.
             Exec) [ "$name" = gdbus ] || [ -x "$prefix/bin/$name" ] ||
                 fail "${entry##*/} starts $name, which is not installed." ;;
             TryExec) [ -x "$prefix/bin/$name" ] || fail "${entry##*/} starts $name, which is not installed." ;;
             Icon) [ -f "$prefix/share/icons/hicolor/scalable/apps/$name.svg" ] ||
-                fail "${entry##*/} shows the icon $name, which is not installed." ;;
+                fail "${entry##*/} names the icon $name, which is not installed." ;;
         esac
     done <"$entry"
 done
 
 # The session bus finds the program where it was installed.
 grep -qx "Exec=$prefix/bin/zeigewerk" "$prefix"/share/dbus-1/services/*.service ||
-    fail "The session bus would start another program than the one installed."
+    fail "The session bus would not start the installed program."
 
-# The program runs from there as far as it can without a display.
+# The installed program starts, and exits because there is no display.
 status=0
-said=$(env -u DISPLAY "$prefix/bin/zeigewerk" 2>&1) || status=$?
-[ "$status: $said" = "1: zeigewerk: no X11 display: DISPLAY is not set" ] ||
-    fail "The program installed ended with $status, saying: $said"
+output=$(env -u DISPLAY "$prefix/bin/zeigewerk" 2>&1) || status=$?
+[ "$status: $output" = "1: zeigewerk: no X11 display: DISPLAY is not set" ] ||
+    fail "The installed program exited with $status and printed: $output"
 
-# What tells of versions tells of this one first.
-released=$(grep -om1 '<release version="[^"]*"' "$prefix"/share/metainfo/*.xml)
-[ "$released" = "<release version=\"$version\"" ] || fail "The metainfo's newest release is not $version: $released"
-packed=$(head -n 1 "$source/packaging/debian/changelog")
-[[ "$packed" == "zeigewerk ($version) "* ]] || fail "The package's newest change is not of $version: $packed"
+# The metainfo and the Debian changelog start with this version.
+release=$(grep -om1 '<release version="[^"]*"' "$prefix"/share/metainfo/*.xml)
+[ "$release" = "<release version=\"$version\"" ] || fail "The metainfo's newest release is not $version: $release"
+change=$(head -n 1 "$source/packaging/debian/changelog")
+[[ "$change" == "zeigewerk ($version) "* ]] || fail "The changelog's newest entry is not for $version: $change"

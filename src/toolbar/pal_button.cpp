@@ -12,8 +12,8 @@ namespace zeigewerk {
 
 namespace {
 
-/// The largest rectangle within `rect` that ends between pixels on every side: at fractional scales a button
-/// begins and ends amid one, where a circle would be cut flat.
+/// The largest rectangle within `rect` whose edges lie on pixel boundaries. At fractional scales a button's
+/// edges lie inside pixels, and would cut a circle flat.
 QRectF wholePixels(const QPainter &painter, const QRectF &rect)
 {
     constexpr double kNoise = 1e-3;
@@ -33,7 +33,7 @@ PalButton::PalButton(QWidget *parent, QSize size, const QString &tip)
     setFixedSize(size);
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
-    // The menu belongs to the background; a hand that slips on a button gets nothing.
+    // The menu belongs to the background: a right click on a button opens none.
     setContextMenuPolicy(Qt::PreventContextMenu);
     setToolTip(tip);
     setAccessibleName(tip);

@@ -20,7 +20,7 @@ QString nameOf(WidgetRole role)
     return {};
 }
 
-/// Gives the combination back when it is destroyed.
+/// Releases the combination when it is destroyed.
 class RecordedHotKey : public HotKey
 {
 public:

@@ -15,7 +15,7 @@ RecordingWindow::RecordingWindow(RecordingDesktop &desktop, QString name, Widget
     , m_ornament(ornament)
 {
     m_widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
-    // Clicks and pictures need no window on any screen.
+    // Clicks and pictures work without a window on a screen.
     m_widget.setAttribute(Qt::WA_DontShowOnScreen);
 }
 
@@ -32,7 +32,7 @@ QRectF RecordingWindow::frame() const
 
 void RecordingWindow::setFrameOrigin(QPointF origin)
 {
-    // Through Qt's whole numbers and back, as on a real desktop.
+    // Rounded to Qt's whole coordinates, as on a real desktop.
     const ScreenLayout &layout = m_desktop.m_layout;
     m_origin = layout.frameOfQtRect(layout.qtRect({origin, frame().size()})).topLeft();
 }

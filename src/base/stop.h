@@ -2,8 +2,8 @@
 
 namespace zeigewerk {
 
-/// Ends the process with one line on stderr: something that exists by construction does not. Such a fault is
-/// in the program itself, so it stops release builds as well.
+/// Prints one line on stderr and aborts: an invariant is broken. That is a bug in the program, so release
+/// builds stop as well.
 [[noreturn]] void stopProgram(const char *what);
 
 /// Stops the program unless `condition` holds.

@@ -9,7 +9,7 @@ using platform::Modifier;
 
 namespace {
 
-/// Whatever else is held, and in upper case too: CapsLock must not stand in the way of taking back.
+/// Other modifiers do not matter, nor does upper case: CapsLock must not prevent undo.
 bool isUndo(const KeyEvent &event)
 {
     return event.modifiers.testAnyFlags(Modifier::Ctrl | Modifier::Super) &&
@@ -22,7 +22,7 @@ void DrawingView::keyDown(const KeyEvent &event)
 {
     if (!app)
         return;
-    // Typed before the keyboard had come to the field.
+    // Keys typed before the field got the keyboard.
     if (TextField *field = textField())
         field->keyDown(event);
     else if (event.isEscape)

@@ -6,9 +6,9 @@
 
 namespace zeigewerk {
 
-/// Where a drag from `start` to `point` ends while Shift is held: a square or circle that grows towards the
-/// pointer's quadrant for the box tools; for the others the direction snapped to the nearest multiple of 45
-/// degrees with the length of the drag kept.
+/// Where a drag from `start` to `point` ends while Shift is held. Rectangle and ellipse become a square or
+/// circle in the pointer's quadrant. Freehand, line and arrow snap their direction to the nearest multiple of
+/// 45 degrees and keep their length. Text is not constrained.
 QPointF constrained(Tool tool, QPointF start, QPointF point);
 
 } // namespace zeigewerk

@@ -18,10 +18,10 @@ class AppDelegate;
 class TextField;
 struct TextEntry;
 
-/// Why a whole canvas was repainted. Drawing and following the pointer are no reasons.
+/// The reasons to repaint a whole canvas. Drawing and following the pointer are not among them.
 enum class FullRepaint {
-    Whiteboard, ///< the white ground appeared or went
-    Spotlight,  ///< the dimming appeared or went
+    Whiteboard, ///< the white background appeared or disappeared
+    Spotlight,  ///< the dimming appeared or disappeared
 };
 
 /// The canvas of one screen: the shapes drawn on it, how they are painted, and how the pointer and the
@@ -29,47 +29,48 @@ enum class FullRepaint {
 class DrawingView : public platform::SurfaceContent
 {
 public:
-    /// The canvas of a surface of that size at (0, 0); it shows nothing until it has a surface.
+    /// Creates a canvas with bounds of that size at (0, 0). It is not shown until it has a surface.
     explicit DrawingView(QSizeF size);
     ~DrawingView() override;
 
-    /// The controller; the canvas does nothing while there is none.
+    /// The controller. Without one the canvas does nothing.
     QPointer<AppDelegate> app;
 
     QRectF bounds() const { return m_bounds; }
     /// The finished shapes, oldest first.
     const std::vector<Shape> &shapes() const { return m_shapes.shapes(); }
-    /// The shape being dragged out: there is one only between a press and its release.
+    /// The shape in progress; there is one only between a press and its release.
     const std::optional<Shape> &current() const { return m_current; }
     /// (0, 0) while the pointer's place is unknown.
     QPointF cursorPoint() const { return m_cursorPoint.value_or(QPointF()); }
 
-    /// The surface that shows this canvas, or none; the canvas reports its damage there.
+    /// Sets the surface that shows this canvas and receives its damage; null for none.
     void setSurface(platform::Surface *surface);
 
-    /// Drops every shape, the one in progress included.
+    /// Removes every shape, including the one in progress.
     void discardShapes();
-    /// Drops the newest finished shape; false if there is none.
+    /// Removes the newest finished shape; false if there is none.
     bool removeNewestShape();
-    /// Drops the finished shapes that have dissolved by now, and has those repainted that are dissolving.
+    /// Removes the finished shapes that have dissolved, and repaints those that are dissolving.
     void removeDissolvedShapes();
-    /// The pointer position in view coordinates: the middle of the spotlight, which needs to know it.
+    /// Sets the pointer position, in view coordinates: the centre of the spotlight. There is no spotlight
+    /// while it is unknown.
     void setCursorPoint(std::optional<QPointF> point);
 
-    /// The field in which text is being typed on this canvas, and the window that shows it; null without one.
+    /// The text field that is open on this canvas, and its window; null if none is open.
     TextField *textField() const;
     platform::WidgetWindow *textWindow() const;
-    /// Closes an open text field, keeping its text as a shape.
+    /// Closes the text field if one is open, and keeps its text as a shape.
     void commitTextField();
 
-    /// The controller's modes may have changed: has the surface ask `willDisplay` what that changes.
+    /// Call this when the controller's modes may have changed: the surface asks `willDisplay` for the damage.
     void modesChanged();
-    /// The surface was shown again and is blank: everything that is to be seen is damage.
+    /// Call this when the surface was shown again and is blank: everything visible becomes damage.
     void surfaceIsBlank();
     /// How often the whole canvas was repainted for that reason.
     int fullRepaints(FullRepaint reason) const;
 
-    /// Reports what modes, spotlight and fading changed since the last pass; `draw` paints that state.
+    /// Reports the damage of modes, spotlight and fading since the last pass; `draw` paints the new state.
     void willDisplay() override;
     void draw(platform::PaintTarget &target) override;
     void mouseDown(const platform::PointerEvent &event) override;
@@ -81,14 +82,14 @@ public:
 private:
     struct Hole
     {
-        QPointF middle;
+        QPointF center;
         double radius = 0.0;
 
         friend bool operator==(const Hole &, const Hole &) = default;
     };
 
-    /// What the picture depends on beside the shapes. One is kept of what the surface shows, so that
-    /// painting a part of the picture always continues the same picture.
+    /// What the picture depends on besides the shapes. The view keeps the one that the surface shows, so that
+    /// all parts of a picture are painted from the same state.
     struct Scene
     {
         bool whiteboard = false;
@@ -106,8 +107,8 @@ private:
     platform::Damage shapesArea() const;
     platform::Damage holesArea(const Hole &before, const Hole &after) const;
     void drawSpotlight(platform::PaintTarget &target, const Hole &hole) const;
-    /// The one way to change the shape in progress: what its points from `firstPoint` on covered before and
-    /// cover afterwards is repainted.
+    /// The only way to change the shape in progress. Repaints the area that its points from `firstPoint` on
+    /// covered before and cover now.
     template <typename Change>
     void changeCurrent(std::size_t firstPoint, Change change);
 

@@ -39,6 +39,12 @@ bool canSelectMore(const QLineEdit &field)
     return field.selectionLength() < field.text().length();
 }
 
+template <auto kMethod>
+void call(QLineEdit &field)
+{
+    (field.*kMethod)();
+}
+
 struct EditRow
 {
     /// Empty for a separator.
@@ -51,15 +57,13 @@ struct EditRow
 };
 
 constexpr std::array kEditRows = {
-    EditRow{u"Widerrufen", Qt::CTRL | Qt::Key_Z, [](QLineEdit &field) { field.undo(); }, &canUndo},
-    EditRow{u"Wiederholen", Qt::CTRL | Qt::SHIFT | Qt::Key_Z, [](QLineEdit &field) { field.redo(); },
-            &canRedo},
+    EditRow{u"Widerrufen", Qt::CTRL | Qt::Key_Z, &call<&QLineEdit::undo>, &canUndo},
+    EditRow{u"Wiederholen", Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &call<&QLineEdit::redo>, &canRedo},
     EditRow{},
-    EditRow{u"Ausschneiden", Qt::CTRL | Qt::Key_X, [](QLineEdit &field) { field.cut(); }, &hasSelection},
-    EditRow{u"Kopieren", Qt::CTRL | Qt::Key_C, [](QLineEdit &field) { field.copy(); }, &hasSelection},
-    EditRow{u"Einfügen", Qt::CTRL | Qt::Key_V, [](QLineEdit &field) { field.paste(); }, &canPaste},
-    EditRow{u"Alles auswählen", Qt::CTRL | Qt::Key_A, [](QLineEdit &field) { field.selectAll(); },
-            &canSelectMore},
+    EditRow{u"Ausschneiden", Qt::CTRL | Qt::Key_X, &call<&QLineEdit::cut>, &hasSelection},
+    EditRow{u"Kopieren", Qt::CTRL | Qt::Key_C, &call<&QLineEdit::copy>, &hasSelection},
+    EditRow{u"Einfügen", Qt::CTRL | Qt::Key_V, &call<&QLineEdit::paste>, &canPaste},
+    EditRow{u"Alles auswählen", Qt::CTRL | Qt::Key_A, &call<&QLineEdit::selectAll>, &canSelectMore},
 };
 
 } // namespace
@@ -74,7 +78,7 @@ EditMenu::EditMenu(QLineEdit &field)
         m_actions.push_back(action);
         if (row.isSeparator())
             continue;
-        // For show: what acts is `perform`.
+        // Only shown: `perform` handles the keys.
         action->setShortcut(QKeySequence(row.key));
         action->setShortcutContext(Qt::WidgetShortcut);
         action->setShortcutVisibleInContextMenu(true);

@@ -8,7 +8,7 @@ class QLineEdit;
 
 namespace zeigewerk {
 
-/// The menu "Bearbeiten" of a text field: what can be done to its text, each with the key that does it, too.
+/// The menu "Bearbeiten" of a text field: its editing commands and their keys.
 class EditMenu : public QMenu
 {
     Q_OBJECT
@@ -17,15 +17,15 @@ public:
     /// `field` must outlive the menu.
     explicit EditMenu(QLineEdit &field);
 
-    /// Does what a key stands for that is pressed with Ctrl, or with Ctrl and Shift; false if it stands for
-    /// nothing.
+    /// Performs the command of a key that was pressed with Ctrl, or with Ctrl and Shift; false if there is
+    /// none.
     bool perform(Qt::Key key, bool isShifted);
-    /// Greys out what cannot be done to the text as it is now; done whenever the menu opens.
+    /// Disables the commands that are not possible now. Runs whenever the menu opens.
     void refresh();
 
 private:
     QLineEdit &m_field;
-    /// One for each row, the separator included.
+    /// One for each row, including the separator.
     std::vector<QAction *> m_actions;
 };
 

@@ -52,7 +52,7 @@ void DrawingView::mouseDragged(const PointerEvent &event)
     const QPointF point =
         isConstrained ? constrained(m_current->tool, m_current->start, event.position) : event.position;
     if (isConstrained && m_current->tool.isFreehand()) {
-        // The whole path becomes a straight line; what was drawn before stays lost when Shift is released.
+        // The whole path becomes a straight line. Releasing Shift does not bring the path back.
         changeCurrent(0, [&] {
             m_current->points = {m_current->start, point};
             m_current->end = point;
@@ -69,8 +69,7 @@ void DrawingView::mouseUp(const PointerEvent &)
 {
     if (!m_current)
         return;
-    // Nothing is repainted: in progress the shape was painted above all finished ones, and now it is the last
-    // of them.
+    // No repaint: the shape in progress was painted above all finished ones, and is now the last of them.
     m_current->created = app ? app->now() : WallClock::now();
     m_shapes.append(std::move(*m_current));
     m_current.reset();

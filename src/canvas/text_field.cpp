@@ -22,17 +22,17 @@ namespace {
 
 constexpr double kBackgroundAlpha = 0.9;
 constexpr double kPlaceholderAlpha = 0.55;
-/// Where the text's line box is to lie, from the lower left corner.
+/// Where the text's line box should lie, in points from the lower left corner.
 constexpr QPointF kLineOrigin(2, 4);
-/// What a line edit keeps free around its text, beside its text margins; it has no name outside Qt.
+/// The padding that a line edit adds to its text margins; Qt keeps these constants private.
 constexpr int kOwnLeftMargin = 2;
 constexpr int kOwnTopMargin = 1;
-/// Of the wheel, in Qt's unit …
+/// One notch of the wheel, in Qt's unit …
 constexpr int kAngleOfNotch = 120;
-/// … and of the fine scrolling that takes the same way.
+/// … and the same distance in points of precise scrolling.
 constexpr double kPointsPerNotch = 15.0;
 
-/// A plain box, whatever the desktop's own style would make of a line edit, with a caret as bold as the text.
+/// A plain box in every desktop's style, with a caret as bold as the text.
 class FieldStyle : public QCommonStyle
 {
 public:
@@ -84,13 +84,13 @@ Qt::Key qtKey(const platform::KeyEvent &event)
     case U'\x7F':
         return Qt::Key_Delete;
     default:
-        // Qt's keys of ASCII are its characters in upper case.
+        // For ASCII, Qt's key codes are the upper-case characters.
         return event.character < 0x80 ? static_cast<Qt::Key>(QChar::toUpper(event.character))
                                       : Qt::Key_unknown;
     }
 }
 
-/// Whether the modifiers make a key a command of editing.
+/// Whether a key with these modifiers is an editing command.
 bool isCommand(Qt::KeyboardModifiers modifiers)
 {
     return (modifiers & (Qt::ControlModifier | Qt::MetaModifier)) && !(modifiers & Qt::AltModifier);
@@ -107,15 +107,15 @@ TextField::TextField(const Color &textColor)
     setFrame(false);
     setFont(canvasFont());
     setFixedSize(kSize);
-    // The canvas writes from the left, whatever the language.
+    // The canvas aligns text to the left, whatever the language.
     setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignTop);
-    // An arrow key goes where it points, also where a text changes its direction.
+    // An arrow key moves the caret the way it points, even in text of mixed direction.
     setCursorMoveStyle(Qt::VisualMoveStyle);
     setPlaceholderText(QStringLiteral("Text eingeben…"));
     setAccessibleName(QStringLiteral("Text"));
     putTextInPlace();
     setColors(textColor);
-    // Its window may come to have the keyboard at any moment, and then so has the field.
+    // So that the field has the keyboard as soon as its window gets it.
     setFocus();
 }
 
@@ -158,7 +158,7 @@ void TextField::commitComposition()
         QGuiApplication::inputMethod()->commit();
     if (m_composition.isEmpty())
         return;
-    // There are input methods that do not answer to that.
+    // Some input methods do not respond to that.
     QInputMethodEvent commit;
     commit.setCommitString(m_composition);
     QCoreApplication::sendEvent(this, &commit);
@@ -173,8 +173,8 @@ void TextField::inputMethodEvent(QInputMethodEvent *event)
 void TextField::keyDown(const platform::KeyEvent &event)
 {
     const Qt::KeyboardModifiers modifiers = qtModifiers(event.modifiers);
-    // A dead key does nothing here: Qt composes accents of what comes to the field itself, and what reaches
-    // the canvas before was typed within a few milliseconds of the press that opens the field.
+    // Dead keys are ignored here: Qt composes accents only from keys that reach the field itself, and only
+    // keys typed in the first few milliseconds reach the canvas.
     const bool writes = !isCommand(modifiers) && event.character >= U' ' && event.character != U'\x7F';
     QKeyEvent press(QEvent::KeyPress, qtKey(event), modifiers,
                     writes ? QString::fromUcs4(&event.character, 1) : QString());
@@ -198,7 +198,7 @@ void TextField::keyPressEvent(QKeyEvent *event)
     const bool isShifted = modifiers.testFlag(Qt::ShiftModifier);
     if (m_menu.perform(static_cast<Qt::Key>(event->key()), isShifted))
         return;
-    // To Qt, Super is no command: it would write the letter.
+    // Qt does not take Super for a command, and would insert the letter.
     QKeyEvent command(event->type(), event->key(),
                       (modifiers & ~Qt::KeyboardModifiers(Qt::MetaModifier)) | Qt::ControlModifier, QString(),
                       event->isAutoRepeat());
@@ -209,8 +209,8 @@ void TextField::keyPressEvent(QKeyEvent *event)
 void TextField::paintEvent(QPaintEvent *event)
 {
     QLineEdit::paintEvent(event);
-    // Where letters run to the left the caret has a flag for its direction, and the part that Qt repaints
-    // when the caret goes leaves a pixel of it.
+    // In right-to-left text the caret has a flag for its direction. When the caret moves, the area that Qt
+    // repaints misses a pixel of the flag.
     if (event->rect() != rect())
         update();
 }
@@ -224,13 +224,13 @@ void TextField::mousePressEvent(QMouseEvent *event)
 void TextField::wheelEvent(QWheelEvent *event)
 {
     event->accept();
-    // Qt has a use of its own for Alt: with it, the wheel is the horizontal one. The pixels say nothing,
-    // since Qt makes some up for classic wheels too.
+    // With Alt, Qt turns a vertical wheel into a horizontal one. The pixel delta is no help: Qt makes one up
+    // for classic wheels, too.
     const bool isTurned = event->modifiers().testFlag(Qt::AltModifier);
     const int angle = isTurned ? event->angleDelta().x() : event->angleDelta().y();
     if (angle == 0)
         return;
-    // As on the canvas, whole notches are a wheel's.
+    // As on the canvas, whole notches come from a wheel.
     const bool isPrecise = angle % kAngleOfNotch != 0;
     const double notches = static_cast<double>(angle) / kAngleOfNotch;
     Q_EMIT scrolled({.distance = isPrecise ? notches * kPointsPerNotch : notches,

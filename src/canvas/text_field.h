@@ -8,8 +8,8 @@
 
 namespace zeigewerk {
 
-/// The one-line field of the text tool. It shows text exactly as the canvas paints it, in a box of its own;
-/// placing it is left to whoever made it.
+/// The one-line field of the text tool. It shows text exactly as the canvas paints it, in a box. Its owner
+/// places it.
 class TextField : public QLineEdit
 {
     Q_OBJECT
@@ -20,14 +20,14 @@ public:
 
     explicit TextField(const Color &textColor);
 
-    /// The lower left corner of the text's line box: points from the lower left corner of the field, y up.
-    /// It is near (2, 4), as near as whole pixels allow with the font at hand.
+    /// The lower left corner of the text's line box: points from the lower left corner of the field, y up. It
+    /// is as close to (2, 4) as whole pixels allow with the current font.
     QPointF lineOrigin() const;
-    /// Where nothing mixes the windows, the field is solid.
+    /// Without a compositor the field's background is opaque.
     void setComposited(bool isComposited);
-    /// Takes over what an input method is still composing.
+    /// Commits the text that an input method is still composing.
     void commitComposition();
-    /// A key that was meant for the field and reached its canvas.
+    /// Handles a key that was meant for the field but reached its canvas.
     void keyDown(const platform::KeyEvent &event);
 
     EditMenu &menu() { return m_menu; }
@@ -37,7 +37,7 @@ Q_SIGNALS:
     void entered();
     /// Esc was pressed.
     void cancelled();
-    /// A mouse button was pressed in it.
+    /// A mouse button was pressed in the field.
     void pressed();
     void scrolled(const platform::ScrollEvent &event);
 
@@ -55,7 +55,7 @@ private:
     void setColors(const Color &text);
 
     EditMenu m_menu;
-    /// What an input method shows and has not yet handed over.
+    /// The text that an input method shows but has not committed yet.
     QString m_composition;
     double m_baseLine = 0.0;
 };

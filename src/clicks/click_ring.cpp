@@ -18,10 +18,10 @@ constexpr double kFirstScale = 0.35;
 constexpr double kLastScale = 1.15;
 constexpr double kFirstOpacity = 0.9;
 constexpr double kLastOpacity = 0.0;
-constexpr QPointF kMiddle(ClickRing::kSide / 2, ClickRing::kSide / 2);
+constexpr QPointF kCenter(ClickRing::kSide / 2, ClickRing::kSide / 2);
 constexpr std::chrono::nanoseconds kStepInterval(1'000'000'000 / 60);
 
-/// "Ease out" as style sheets and animation frameworks define it, which none of Qt's named curves is.
+/// "Ease out" as defined by style sheets and animation frameworks. None of Qt's named curves matches it.
 QEasingCurve easeOut()
 {
     QEasingCurve curve(QEasingCurve::BezierSpline);
@@ -36,7 +36,7 @@ double outerRadius(const RingPhase &phase)
 
 QRectF squareAround(double reach)
 {
-    return {kMiddle - QPointF(reach, reach), kMiddle + QPointF(reach, reach)};
+    return {kCenter - QPointF(reach, reach), kCenter + QPointF(reach, reach)};
 }
 
 } // namespace
@@ -101,14 +101,14 @@ void ClickRing::removeWhere(Condition condition)
 double ClickRing::progress() const
 {
     const std::chrono::duration<double> age = m_clock() - m_shownAt;
-    // A clock that was set back would keep the ring on the screen until it has caught up.
+    // If the clock was set back, the ring would otherwise stay until the clock catches up.
     const bool isOver = age.count() < 0.0 || age >= kDuration;
     return isOver ? 1.0 : age / std::chrono::duration<double>(kDuration);
 }
 
 platform::Damage ClickRing::painted() const
 {
-    // A ring only grows, so this covers what it was before.
+    // A ring only grows, so this covers its previous phase, too.
     return platform::Damage::of(squareAround(outerRadius(m_phase)));
 }
 
@@ -116,7 +116,7 @@ void ClickRing::draw(platform::PaintTarget &target)
 {
     const platform::ViewGeometry &geometry = target.geometry();
     const double scale = m_phase.scale * geometry.scale();
-    strokeCircle(target, geometry.toPixels(kMiddle), kDiameter / 2 * scale, kStrokeWidth / 2 * scale,
+    strokeCircle(target, geometry.toPixels(kCenter), kDiameter / 2 * scale, kStrokeWidth / 2 * scale,
                  premultiplied(m_color.withAlpha(m_color.alpha * m_phase.opacity)));
 }
 

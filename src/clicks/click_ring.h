@@ -10,29 +10,29 @@
 
 namespace zeigewerk {
 
-/// How far a ring has come in its life: it grows and fades, fast at first.
+/// One phase of a ring's animation: it grows and fades, fast at first.
 struct RingPhase
 {
-    /// Of its size, about its middle.
+    /// The scale factor, about the centre.
     double scale = 0.0;
     double opacity = 0.0;
 
-    /// `progress` is the part of its life that has passed, 0 to 1.
+    /// `progress` is the part of its duration that has passed, 0 to 1.
     static RingPhase at(double progress);
 };
 
-/// The ring that pops up round a click and fades out: a small surface above everything of ours, on its way
-/// for less than half a second.
+/// The ring that appears around a click, and fades out within half a second: a small surface above all our
+/// other windows.
 class ClickRing : private platform::SurfaceContent
 {
 public:
-    /// The side of its square surface, in points; the ring at its largest fits in.
+    /// The side of its square surface, in points. The largest phase of the ring fits in it.
     static constexpr double kSide = 72.0;
-    /// How long it lives.
+    /// How long a ring is shown.
     static constexpr std::chrono::milliseconds kDuration{450};
 
-    /// The rings on their way, oldest first, and what moves them on: one timer for all, which is there only
-    /// while there is a ring.
+    /// The rings being shown, oldest first, and the one timer that advances them all. The timer exists only
+    /// while there are rings.
     struct Live
     {
         std::vector<std::unique_ptr<ClickRing>> rings;
@@ -40,12 +40,12 @@ public:
     };
     static Live live;
 
-    /// Shows a ring with its middle there (points, global coordinates, y up), also beyond a screen's edge.
+    /// Shows a ring centred at `at` (points, global coordinates, y up), also beyond a screen's edge.
     /// `desktop`, and what the clock refers to, must live until the ring has gone or `dropAll` was called.
     static void show(platform::Desktop &desktop, QPointF at, const Color &color, Clock clock);
-    /// Has each ring show the phase that it has reached by now; those that have finished go.
+    /// Advances each ring to its current phase, and removes those that have finished.
     static void step();
-    /// Removes the rings of that desktop in mid-life.
+    /// Removes the rings of that desktop at once, finished or not.
     static void dropAll(const platform::Desktop &desktop);
 
 private:
@@ -61,7 +61,7 @@ private:
     Color m_color;
     Clock m_clock;
     TimePoint m_shownAt;
-    /// What is painted: that of the last step.
+    /// The phase that is painted: that of the last step.
     RingPhase m_phase = RingPhase::at(0.0);
     std::unique_ptr<platform::Surface> m_surface;
 };

@@ -11,13 +11,13 @@ namespace zeigewerk {
 
 namespace {
 
-/// As the interface has it: the name with slashes for dots.
+/// As the interface defines it: the name with slashes for dots.
 QString objectPath()
 {
     return u'/' + QString::fromLatin1(kApplicationId).replace(u'.', u'/');
 }
 
-/// Waits for nothing: whoever has the name already, say on another display, keeps it until it ends.
+/// Does not wait for the name. A process that has it already, say on another display, keeps it until it ends.
 void requestName(const QDBusConnection &bus)
 {
     const QString daemon = QStringLiteral("org.freedesktop.DBus");
@@ -36,7 +36,7 @@ ApplicationInterface::ApplicationInterface(StatusMenu &menu)
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    // In this order: who had us started by the bus has a call waiting for the name.
+    // In this order: if the bus started us, a call is waiting for the name.
     bus.registerObject(objectPath(), this, QDBusConnection::ExportAllSlots);
     requestName(bus);
 }

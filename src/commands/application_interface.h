@@ -8,15 +8,15 @@ namespace zeigewerk {
 
 class StatusMenu;
 
-/// The program's name on the session bus, and that of its desktop entry.
+/// The program's name on the session bus, and the name of its desktop entry.
 inline constexpr char kApplicationId[] = "de.zeigewerk.Zeigewerk";
 
-/// What other programs can have this one do: org.freedesktop.Application on the session bus, with the actions
-/// of the status menu by their names. So a script, a presenter's remote or a shortcut of the desktop can
-/// draw, too.
+/// Lets other programs control this one: org.freedesktop.Application on the session bus, with the actions of
+/// the status menu by their names. So a script, a presenter's remote or a desktop shortcut can control it,
+/// too.
 ///
-/// Whoever calls what there is not gets an error, and nothing happens; a call whose arguments have other
-/// types never comes here. Without a session bus nothing happens at all.
+/// An unknown action is an error. Qt itself refuses calls whose arguments have other types. Without a session
+/// bus this object does nothing.
 class ApplicationInterface : public QObject, protected QDBusContext
 {
     Q_OBJECT
@@ -26,13 +26,13 @@ public:
     /// Takes the name on the bus, without waiting for it. `menu` must outlive this object.
     explicit ApplicationInterface(StatusMenu &menu);
 
-    // The names are the interface's.
+    // Named as in the interface.
 public Q_SLOTS:
-    /// It runs already, and a second start changes nothing either.
+    /// Does nothing: the program already runs.
     void Activate(const QVariantMap &platformData);
-    /// Always an error: it opens no files.
+    /// Always an error: the program opens no files.
     void Open(const QStringList &uris, const QVariantMap &platformData);
-    /// Does what a click on that entry of the menu does. No action takes a parameter.
+    /// Does what a click on that menu entry does. No action takes a parameter; to pass one is an error.
     void ActivateAction(const QString &name, const QVariantList &parameter, const QVariantMap &platformData);
 
 private:

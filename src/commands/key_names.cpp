@@ -14,7 +14,7 @@ struct Name
     QStringView german;
 };
 
-/// Those that read otherwise in German, of the keys that menus name.
+/// The keys in our menus whose German names differ.
 constexpr std::array kNames = {
     Name{"Ctrl", u"Strg"},
     Name{"Shift", u"Umschalt"},

@@ -4,9 +4,9 @@
 
 namespace zeigewerk {
 
-/// Names the keys in our menus as a German keyboard does: "Strg+Umschalt+Z". Qt asks for the names of keys
-/// wherever it shows some, and brings German ones only with a file of translations that is not everywhere
-/// installed. What is meant for programs, such as the menu that the tray is handed, keeps its own names.
+/// Names the keys in our menus as a German keyboard does: "Strg+Umschalt+Z". Qt has German names only in a
+/// translation file that is not installed everywhere. Text for other programs, such as the menu that is sent
+/// to the tray, keeps the English names.
 class KeyNames : public QTranslator
 {
     Q_OBJECT

@@ -16,17 +16,17 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// The interface of the watcher is called as its service is.
+// The watcher's interface has the same name as its service.
 const QString kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
 
-/// A watcher may have its name on the bus a little before it answers.
+/// A watcher may own its name on the bus a little before it answers.
 constexpr std::array kAskAgainAfter = {500ms, 2000ms};
 
-bool isAboutNobodyThere(const QDBusError &error)
+bool isServiceMissing(const QDBusError &error)
 {
-    // The first is what the bus says to those who might have had the service started; the second, for which
-    // Qt has no type, to those who want nothing started.
+    // The bus returns the first error to calls that may start a service, and the second, for which Qt has no
+    // type, to calls that may not.
     return error.type() == QDBusError::ServiceUnknown ||
            error.name() == QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
 }
@@ -73,7 +73,7 @@ void NotifierWatch::askForHost()
     QDBusMessage question = QDBusMessage::createMethodCall(
         kWatcher, kWatcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     question << kWatcher << QStringLiteral("IsStatusNotifierHostRegistered");
-    // Whether there is a tray is for the desktop to decide.
+    // The desktop decides whether there is a tray; we do not start one.
     question.setAutoStartService(false);
     m_question = std::make_unique<QDBusPendingCallWatcher>(QDBusConnection::sessionBus().asyncCall(question));
     connect(m_question.get(), &QDBusPendingCallWatcher::finished, this, &NotifierWatch::takeAnswer);
@@ -82,11 +82,11 @@ void NotifierWatch::askForHost()
 void NotifierWatch::takeAnswer()
 {
     const QDBusPendingReply<QDBusVariant> answer = *m_question;
-    // We are called by this object.
+    // This object is the caller, so it cannot be deleted at once.
     m_question.release()->deleteLater();
     if (answer.isValid())
         setState(answer.value().variant().toBool() ? State::HostRegistered : State::NoHost);
-    else if (isAboutNobodyThere(answer.error()))
+    else if (isServiceMissing(answer.error()))
         setState(State::NoWatcher);
     else
         askAgainLater();

@@ -10,8 +10,8 @@ class QDBusServiceWatcher;
 
 namespace zeigewerk {
 
-/// Watches the session bus for a tray that shows status notifiers: a watcher, with which the items register,
-/// and at least one host, which shows them. It only asks, and never waits for an answer.
+/// Watches the session bus for a tray that shows status notifiers: a watcher, with which items register, and
+/// at least one host, which shows them. It never blocks to wait for an answer.
 class NotifierWatch : public QObject
 {
     Q_OBJECT
@@ -19,8 +19,8 @@ class NotifierWatch : public QObject
 public:
     enum class State {
         Unknown,   ///< the watcher has not answered yet
-        NoWatcher, ///< nor is there one where there is no session bus
-        NoHost,    ///< a watcher alone, or one that does not answer as it should
+        NoWatcher, ///< also without a session bus
+        NoHost,    ///< a watcher without a host, or one that gives no valid answer
         HostRegistered,
     };
 
@@ -31,7 +31,7 @@ public:
 
 Q_SIGNALS:
     void stateChanged();
-    /// One watcher handed over to another, which knows none of the items.
+    /// Another watcher took over; it does not know our item.
     void watcherReplaced();
 
 private Q_SLOTS:
@@ -44,9 +44,9 @@ private:
     void setState(State state);
 
     State m_state = State::Unknown;
-    /// None without a session bus.
+    /// Null without a session bus.
     std::unique_ptr<QDBusServiceWatcher> m_owner;
-    /// The latest question, while it is open.
+    /// The pending call, if any.
     std::unique_ptr<QDBusPendingCallWatcher> m_question;
     int m_failures = 0;
     QTimer m_askAgain;

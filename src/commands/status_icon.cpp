@@ -16,37 +16,37 @@ namespace zeigewerk {
 
 namespace {
 
-/// The trays' sizes in pixels; they scale what lies between.
+/// The sizes that trays use, in pixels; trays scale to those in between.
 constexpr std::array kSizes = {16, 22, 24, 32, 48, 64};
-/// So many pixels of the icon for each of its contour: one at the smallest size.
+/// The ratio of the icon's size to its contour's width, which is one pixel at the smallest size.
 constexpr int kSizeToContour = 16;
 
 QPixmap contoured(const TemplateImage &glyph, int size)
 {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
-    // Whole pixels, or it would be blurred.
+    // In whole pixels, or the contour would be blurred.
     const int contour = qRound(static_cast<double>(size) / kSizeToContour);
     const double side = std::max(glyph.size().width(), glyph.size().height());
     const double scale = (size - 2 * contour) / side;
 
     QPainter painter(&pixmap);
     painter.scale(scale, scale);
-    // In the middle, also where the shape is not square.
-    const QPointF place(contour / scale + (side - glyph.size().width()) / 2,
-                        contour / scale + (side - glyph.size().height()) / 2);
-    const auto paintMoved = [&](int right, int down, const Color &color) {
-        glyph.paint(painter, place + QPointF(right, down) * contour / scale, toQColor(color));
+    // Centred, even if the shape is not square.
+    const QPointF origin(contour / scale + (side - glyph.size().width()) / 2,
+                         contour / scale + (side - glyph.size().height()) / 2);
+    const auto paintShifted = [&](int dx, int dy, const Color &color) {
+        glyph.paint(painter, origin + QPointF(dx, dy) * contour / scale, toQColor(color));
     };
-    for (const int right : {-1, 0, 1}) {
-        for (const int down : {-1, 0, 1})
-            paintMoved(right, down, kNavy);
+    for (const int dx : {-1, 0, 1}) {
+        for (const int dy : {-1, 0, 1})
+            paintShifted(dx, dy, kNavy);
     }
-    paintMoved(0, 0, kWhite);
+    paintShifted(0, 0, kWhite);
     return pixmap;
 }
 
-/// What the program is known by where its symbol is missing: a dot.
+/// Shown if the program's symbol is missing: a dot.
 TemplateImage dot()
 {
     return {QSizeF(20, 20), [](QPainter &painter) {
@@ -56,7 +56,7 @@ TemplateImage dot()
             }};
 }
 
-/// Looks like one icon, and has the name of another.
+/// An icon that looks like one icon and has the name of another.
 class NamedIconEngine : public QIconEngine
 {
 public:

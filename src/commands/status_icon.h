@@ -6,14 +6,13 @@ namespace zeigewerk {
 
 class TemplateImage;
 
-/// The icon for the tray, a painted one. Where the desktop's icon theme has one of ours it has that one's
-/// name, by which those trays that find it there show it in the colour of their panel. Others are given
-/// pixels, and the theme's, dark as they are, would not be seen on a dark panel. Needs the application's
-/// theme, so call it once Qt runs.
+/// The icon for the tray. It is painted, but if the desktop's icon theme has our symbolic icon, it has that
+/// one's name: trays that look the name up show the theme's icon in their panel's colour. Other trays get
+/// pixels, and the theme's are dark, so invisible on a dark panel. Call this only once Qt runs, since it
+/// needs the theme.
 QIcon statusIcon();
 
-/// That shape in white with a dark contour, which is seen on light and on dark panels alike, in each of the
-/// usual sizes of a tray.
+/// The shape in white with a dark contour, visible on light and on dark panels, in the usual sizes of trays.
 QIcon contouredIcon(const TemplateImage &glyph);
 
 } // namespace zeigewerk

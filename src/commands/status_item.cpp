@@ -11,8 +11,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// When a session starts, the pieces of its tray come one after the other. Longer than that, and a watcher
-/// without a host is a left-over.
+/// When a session starts, the parts of its tray come one after the other. After this time a watcher without a
+/// host counts as a leftover.
 constexpr auto kWaitForHost = 3s;
 
 } // namespace
@@ -41,7 +41,7 @@ void StatusItem::trayStateChanged()
     showIconIfPossible();
 }
 
-bool StatusItem::isTrayThere() const
+bool StatusItem::hasTray() const
 {
     switch (m_notifiers.state()) {
     case NotifierWatch::State::HostRegistered:
@@ -58,7 +58,7 @@ bool StatusItem::isTrayThere() const
 
 void StatusItem::showIconIfPossible()
 {
-    if (m_icon || !isTrayThere())
+    if (m_icon || !hasTray())
         return;
     m_icon = std::make_unique<QSystemTrayIcon>(statusIcon());
     m_icon->setToolTip(QStringLiteral("Zeigewerk"));
@@ -69,7 +69,7 @@ void StatusItem::showIconIfPossible()
 
 void StatusItem::registerAgain()
 {
-    // Qt does so by itself where the watcher's name was free for a moment, but not where it was handed over.
+    // Qt registers again if the watcher's name was free for a moment, but not if it was handed over.
     if (!m_icon)
         return;
     m_icon->hide();
@@ -78,8 +78,8 @@ void StatusItem::registerAgain()
 
 void StatusItem::activated(QSystemTrayIcon::ActivationReason reason)
 {
-    // A tray that cannot show the menu itself asks for it with a right click. Where Qt has opened the tray's
-    // menu by then, there is no need for a second one.
+    // A tray that cannot show the menu itself reports a right click. Qt may have opened the tray's menu by
+    // then; a second one is not needed.
     const bool wantsMenu = reason == QSystemTrayIcon::Trigger ||
                            (reason == QSystemTrayIcon::Context && !m_menu.trayMenu().isVisible());
     if (wantsMenu)

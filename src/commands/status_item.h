@@ -15,8 +15,8 @@ namespace zeigewerk {
 class AppDelegate;
 
 /// The program's item in the desktop's tray, with its menu. It exists from launch on; its icon appears as
-/// soon as there is a tray to show it, and again when the tray comes back. A desktop without a tray, or
-/// without a session bus, is nothing unusual: the menu still opens elsewhere.
+/// soon as there is a tray to show it, and again when the tray comes back. A desktop may have no tray or no
+/// session bus: the menu still opens elsewhere.
 class StatusItem : public QObject
 {
     Q_OBJECT
@@ -27,13 +27,12 @@ public:
     ~StatusItem() override;
 
     StatusMenu &menu() { return m_menu; }
-    /// Whether there has been a tray to show the icon. It may be gone by now, and the icon waits for the
-    /// next.
+    /// Whether there has been a tray to show the icon. If the tray has gone, the icon waits for the next one.
     bool hasIcon() const { return m_icon != nullptr; }
 
 private:
     void trayStateChanged();
-    bool isTrayThere() const;
+    bool hasTray() const;
     void showIconIfPossible();
     void registerAgain();
     void activated(QSystemTrayIcon::ActivationReason reason);
@@ -42,9 +41,9 @@ private:
     AppDelegate &m_app;
     StatusMenu m_menu;
     NotifierWatch m_notifiers;
-    /// While a watcher is alone, its host may be on its way.
+    /// Runs while a watcher has no host, which may still come.
     QTimer m_waitForHost;
-    /// Made late, because Qt decides only once, when the first one is made, which kind of tray there is.
+    /// Created late: Qt decides which kind of tray there is only once, when the first icon is created.
     std::unique_ptr<QSystemTrayIcon> m_icon;
 };
 

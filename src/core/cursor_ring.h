@@ -6,8 +6,8 @@
 
 namespace zeigewerk {
 
-/// The ring that stays round the pointer: a small surface above everything of ours, painted once and then
-/// only moved.
+/// The ring around the pointer: a small surface above all our other windows, painted once and then only
+/// moved.
 class CursorRing : private platform::SurfaceContent
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     explicit CursorRing(platform::Desktop &desktop);
 
-    /// Centres the ring there: points, global coordinates, y up.
+    /// Centres the ring at that location: points, global coordinates, y up.
     void moveTo(QPointF mouseLocation);
     bool isVisible() const { return m_surface->isVisible(); }
     void orderFrontRegardless();

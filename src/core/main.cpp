@@ -21,25 +21,26 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "zeigewerk: %s\n", qPrintable(problem));
         return EXIT_FAILURE;
     }
-    // One is what whoever started it twice wants.
+    // A second start is not an error.
     if (!connection->becomeOnlyInstance())
         return EXIT_SUCCESS;
     if (const QString limits = connection->limits(); !limits.isEmpty())
         std::fprintf(stderr, "zeigewerk: %s\n", qPrintable(limits));
     qputenv("QT_QPA_PLATFORM", connection->qtPlatform());
 
-    // Qt's own event loop wakes up for a third less than glib's. Whatever we start is not to be told.
+    // Qt's own event loop wakes up a third less often than glib's. Programs that we start must not inherit
+    // the setting.
     constexpr char kNoGlib[] = "QT_NO_GLIB";
     const bool wasGlibRefused = qEnvironmentVariableIsSet(kNoGlib);
     qputenv(kNoGlib, "1");
     QApplication app(argc, argv);
     if (!wasGlibRefused)
         qunsetenv(kNoGlib);
-    // The tray shows this one, and nothing is stored under it.
+    // The tray shows the application name. Nothing is stored under it.
     QApplication::setApplicationName(QStringLiteral("Zeigewerk"));
     QApplication::setApplicationDisplayName(QStringLiteral("Zeigewerk"));
-    // Where the desktop finds the program's name and icon; a window icon would go to the display with each of
-    // our windows, none of which a task bar shows.
+    // The desktop finds the program's name and icon through this. A window icon would be sent to the display
+    // with each of our windows, none of which a task bar shows.
     QApplication::setDesktopFileName(QString::fromLatin1(kApplicationId));
     QApplication::setQuitOnLastWindowClosed(false);
     KeyNames keyNames;

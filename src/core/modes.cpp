@@ -1,4 +1,4 @@
-// What the modes are to each other. Each operation changes flags only; `refreshAll` does the rest.
+// The rules between the modes. Each operation only changes flags; `refreshAll` does the rest.
 
 #include "core/app_delegate.h"
 

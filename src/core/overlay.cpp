@@ -44,7 +44,7 @@ void OverlayWindow::orderOut()
 void OverlayWindow::makeKeyAndOrderFront()
 {
     orderFrontRegardless();
-    // While text is being typed on the canvas, its keys belong to the field.
+    // While a text field is open, it gets the keyboard.
     if (platform::WidgetWindow *field = textWindow())
         field->makeKey();
     else

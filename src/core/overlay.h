@@ -9,9 +9,9 @@ namespace zeigewerk {
 
 class AppDelegate;
 
-/// The transparent window over one screen: a surface of the desktop and the canvas that it shows, with the
-/// text field that may be open on it. Created hidden and click-through; `AppDelegate::refreshAll` alone
-/// changes that.
+/// The transparent window over one screen: a surface of the desktop, the canvas that it shows, and the text
+/// field that may be open on it. Created hidden and click-through; only `AppDelegate::refreshAll` changes
+/// that.
 class OverlayWindow
 {
 public:
@@ -28,14 +28,14 @@ public:
     void makeKeyAndOrderFront();
 
 private:
-    /// The window of the text field that is open on the canvas; it follows this one. Null without one.
+    /// The window of the text field that is open on the canvas; it follows this one. Null if none is open.
     platform::WidgetWindow *textWindow() const { return m_view ? m_view->textWindow() : nullptr; }
 
     std::unique_ptr<platform::Surface> m_surface;
     DrawingView *m_view = nullptr;
 };
 
-/// What one screen has: a canvas, and the window that shows it.
+/// The canvas of one screen, and the window that shows it.
 class Overlay
 {
 public:
@@ -47,7 +47,7 @@ public:
     const OverlayWindow &window() const { return m_window; }
 
 private:
-    // The window refers to the view, so it goes first.
+    // The window refers to the view, so it is destroyed first.
     DrawingView m_view;
     OverlayWindow m_window;
 };

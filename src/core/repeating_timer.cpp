@@ -24,7 +24,7 @@ RepeatingTimer::RepeatingTimer(std::chrono::nanoseconds interval, std::function<
     m_timer.setTimerType(Qt::PreciseTimer);
     m_timer.callOnTimeout([this] {
         arm();
-        // The tick may end this timer, so nothing of it is used afterwards.
+        // The tick may destroy this timer, so a copy is called and no member used afterwards.
         const auto tickNow = m_tick;
         tickNow();
     });

@@ -13,8 +13,8 @@ std::chrono::steady_clock::time_point nextDeadline(std::chrono::steady_clock::ti
                                                    std::chrono::nanoseconds interval,
                                                    std::chrono::steady_clock::time_point now);
 
-/// Calls its tick from the event loop, again and again, for as long as it lives. The ticks keep to absolute
-/// deadlines, so that a period that is no whole number of milliseconds has the right mean (16 and 17 ms for
+/// Calls its tick from the event loop at each interval, for as long as it lives. Ticks follow absolute
+/// deadlines, so an interval that is not a whole number of milliseconds has the right mean (16 and 17 ms for
 /// 1/60 s).
 class RepeatingTimer
 {

@@ -9,19 +9,20 @@ class QSocketNotifier;
 
 namespace zeigewerk {
 
-/// Turns SIGTERM, SIGINT and SIGHUP into a call from the event loop, where everything is allowed.
+/// Turns SIGTERM, SIGINT and SIGHUP into a call from the event loop, where any code may run.
 class TerminationSignals
 {
 public:
-    /// Keeps the signals from ending the process at once. To be called before there are other threads, which
-    /// inherit it; a thread that did not would still be ended by them. SIGPIPE does nothing from then on:
-    /// that a display or a bus is gone is found by reading, too, and is then said before the process ends.
+    /// Blocks the signals, so that they do not end the process at once. Call it before there are other
+    /// threads: they inherit it, and a thread without it would still be ended by a signal. Also ignores
+    /// SIGPIPE: reading finds a lost display or bus, too, and the loss is reported before the process ends.
     static void hold();
-    /// Has them end a child process again, which would inherit that; for use between fork and exec. SIGPIPE
-    /// is given back by QProcess.
+    /// Unblocks the signals in a child process, which inherits the block; for use between fork and exec.
+    /// QProcess itself restores SIGPIPE.
     static void release();
 
-    /// Calls `handler` for each signal held. There can be one at a time. Needs the application object.
+    /// Calls `handler` for each blocked signal. Only one object may exist at a time. Needs the application
+    /// object.
     explicit TerminationSignals(std::function<void()> handler);
     ~TerminationSignals();
     TerminationSignals(const TerminationSignals &) = delete;

@@ -7,8 +7,8 @@ namespace zeigewerk {
 
 namespace {
 
-/// Fingers on a touchpad change the spotlight's radius a hundred times a second, and a write, which waits for
-/// the disk, holds up everything that is painted.
+/// A touchpad changes the spotlight's radius a hundred times a second. A write waits for the disk, and
+/// painting waits for the write.
 constexpr std::chrono::milliseconds kWriteAfter(500);
 
 } // namespace
@@ -54,7 +54,7 @@ std::optional<double> UserDefaults::doubleForKey(QAnyStringView key) const
 std::optional<QString> UserDefaults::stringForKey(QAnyStringView key) const
 {
     const QVariant stored = value(key);
-    // An unquoted comma makes a list of a text; that is not what was written.
+    // QSettings reads text with an unquoted comma as a list, which this class never writes.
     return stored.metaType() == QMetaType::fromType<QString>() ? std::optional(stored.toString())
                                                                : std::nullopt;
 }
@@ -90,7 +90,7 @@ QVariant UserDefaults::value(QAnyStringView key) const
 
 void UserDefaults::set(QAnyStringView key, const QVariant &value)
 {
-    // QSettings would write a changed value by itself as soon as the event loop turns.
+    // Kept back from QSettings, which would write it on the next pass of the event loop.
     m_changed.insert(key.toString(), value);
     if (!m_writing.isActive())
         m_writing.start();

@@ -10,8 +10,8 @@
 
 namespace zeigewerk {
 
-/// The program's only state on disk. A change holds at once, and is on the disk half a second later or when
-/// this is destroyed; whatever cannot be read as what it should be counts as absent.
+/// The program's only state on disk. A change takes effect at once, and is written to disk half a second
+/// later or on destruction. A value that cannot be read as its type counts as absent.
 class UserDefaults
 {
 public:
@@ -23,14 +23,14 @@ public:
     UserDefaults(const UserDefaults &) = delete;
     UserDefaults &operator=(const UserDefaults &) = delete;
 
-    /// "true", "false", "1" or "0".
+    /// Accepts "true", "false", "1" and "0", in any case.
     std::optional<bool> boolForKey(QAnyStringView key) const;
-    /// A number, infinity included; "nan" is none.
+    /// A number, which may be infinite but not NaN.
     std::optional<double> doubleForKey(QAnyStringView key) const;
 
     std::optional<QString> stringForKey(QAnyStringView key) const;
 
-    // When the file cannot be written, the value holds for this run.
+    // If the file cannot be written, the value still holds for this run.
     void setBool(QAnyStringView key, bool value);
     void setDouble(QAnyStringView key, double value);
     void setString(QAnyStringView key, const QString &value);
@@ -42,7 +42,7 @@ private:
     void write();
 
     QSettings m_settings;
-    /// What is not on the disk yet.
+    /// Changes that are not on disk yet.
     QHash<QString, QVariant> m_changed;
     QTimer m_writing;
 };

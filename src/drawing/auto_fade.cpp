@@ -1,5 +1,5 @@
-// Drawings that dissolve by themselves. How opaque a shape is follows from its age whenever it is painted;
-// here is what keeps that going and clears away what is left.
+// Auto-fade. A shape's opacity follows from its age each time it is painted; the code here keeps the repaints
+// coming and removes dissolved shapes.
 
 #include "core/app_delegate.h"
 #include "drawing/fade.h"
@@ -28,7 +28,7 @@ void AppDelegate::updateFadeTimer()
                                        [](const auto &overlay) { return !overlay->view().shapes().empty(); });
     if (!m_autoFadeOn || m_whiteboardOn || !hasShapes)
         m_fadeTimer.reset();
-    else if (!m_fadeTimer) // a running one keeps its rhythm, however fast shapes are finished
+    else if (!m_fadeTimer) // a running timer is not restarted, so new shapes never delay it
         m_fadeTimer = std::make_unique<RepeatingTimer>(kFadeInterval, [this] { tickFade(); });
 }
 
@@ -57,7 +57,7 @@ void DrawingView::removeDissolvedShapes()
             damage.add(paintedArea(shape));
         return true;
     });
-    // Without damage too: what is dissolving is found when the surface asks what changed.
+    // Also without damage: willDisplay() then adds the shapes that are still dissolving.
     needsDisplay(damage);
 }
 

@@ -10,23 +10,22 @@
 
 namespace zeigewerk {
 
-/// The nearest place on a grid of 1/64 pixel, a step that nobody sees. Distances along x and y from such a
-/// place to the middle of a pixel are exact even in a float, so how a pixel is covered cannot depend on which
-/// part of a figure is being painted.
+/// Snaps a coordinate to a grid of 1/64 pixel, too fine to see. Offsets from such a point to a pixel's centre
+/// are exact even in a float, so a pixel's coverage does not depend on which part of a figure is painted.
 inline double onPixelGrid(double coordinate)
 {
     constexpr double kGrid = 64.0;
     return std::round(coordinate * kGrid) / kGrid;
 }
 
-/// A colour as pixels hold it: 0xAARRGGBB, each component multiplied by alpha.
+/// A pixel's colour: 0xAARRGGBB, each component multiplied by alpha.
 using Premultiplied = std::uint32_t;
 
-/// Components outside 0 to 1 are taken for the nearest; what is no number for 0.
+/// Clamps components to 0 to 1; NaN becomes 0.
 Premultiplied premultiplied(const Color &color);
 
-/// Four pixels, or a number for each of four pixels, worked on at once. What the compiler makes by itself of
-/// a loop over single pixels pays only in rows much longer than a pen is wide.
+/// Four pixels, or one number for each of four pixels, processed at once. The compiler's own vector code for
+/// a loop over single pixels pays off only in rows much longer than a pen is wide.
 using Four = std::uint32_t __attribute__((vector_size(16)));
 inline constexpr int kFour = 4;
 
@@ -47,11 +46,11 @@ inline void storeFour(std::uint32_t *values, Four four)
     std::memcpy(values, &four, sizeof four);
 }
 
-/// `pixels` under coats of `colors` that cover that part of each (0 to 255).
+/// `colors` blended over `pixels`, each weighted by its coverage (0 to 255).
 inline Four blended(Four pixels, Four colors, Four coverage)
 {
-    // Two of the four components of a pixel at a time, each with 16 bits to itself. There t / 255 is
-    // (t + 128) * 257 / 65536, rounded to the nearest.
+    // Two of a pixel's four components at a time, in 16 bits each. There (t + 128) * 257 / 65536 is t / 255,
+    // rounded to the nearest.
     using Components = std::uint16_t __attribute__((vector_size(16)));
     constexpr std::uint32_t kPair = 0x00FF00FF;
     const auto scaled = [](Four values, Four factors) {
@@ -66,15 +65,15 @@ inline Four blended(Four pixels, Four colors, Four coverage)
     return coats + scaled(pixels, 255 - (coats >> 24));
 }
 
-/// One pixel under a coat.
+/// The same for a single pixel.
 inline Premultiplied blended(Premultiplied pixel, Premultiplied color, std::uint32_t coverage)
 {
     return blended(fourOf(pixel), fourOf(color), fourOf(coverage))[0];
 }
 
-/// Blends the colour over pixels that it covers wholly.
+/// Blends `color` over `count` pixels, all fully covered.
 void blendSpan(Premultiplied *pixels, int count, Premultiplied color);
-/// Blends pixels over as many others.
+/// Blends `count` pixels of `over` over `pixels`.
 void blendSpan(Premultiplied *pixels, const Premultiplied *over, int count);
 
 } // namespace zeigewerk

@@ -8,10 +8,10 @@
 
 namespace zeigewerk {
 
-/// A rectangle that holds points: unlike QRectF one without any size still holds the point that it is.
+/// A closed rectangle: unlike a QRectF, one of zero size still contains a point.
 struct Box
 {
-    // Empty: so that nothing is touched, and adding is taking the smallest and largest.
+    // An empty box touches nothing, and adding to it needs no special case.
     double left = std::numeric_limits<double>::infinity();
     double bottom = std::numeric_limits<double>::infinity();
     double right = -std::numeric_limits<double>::infinity();
@@ -29,7 +29,7 @@ struct Box
         top = std::max(top, other.top);
     }
     Box grown(double margin) const { return {left - margin, bottom - margin, right + margin, top + margin}; }
-    /// Whether they have a point in common; an empty one has none with any.
+    /// Whether the boxes share a point. An empty box touches none.
     bool touches(const Box &other) const
     {
         return left <= other.right && other.left <= right && bottom <= other.top && other.bottom <= top;

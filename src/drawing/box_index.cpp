@@ -7,14 +7,14 @@ namespace zeigewerk {
 
 namespace {
 
-/// The side of a cell, in the boxes' unit. Smaller ones would be filled with one stroke over and over.
+/// The side of a cell, in the boxes' unit. With smaller cells, one stroke would be entered in many lists.
 constexpr double kCell = 128.0;
-/// Lists along each side: 4096 points until the first shares its list.
+/// Lists along each side. Cells 4096 units apart share a list.
 constexpr int kLists = 32;
-/// A box in more lists than this is large.
-constexpr int kMostLists = 64;
+/// A box that belongs in more lists than this is large.
+constexpr int kMaxLists = 64;
 
-/// Lists along one side: those of the cells between two coordinates.
+/// The lists of the cells between two coordinates, along one side.
 struct Range
 {
     int first;
@@ -25,7 +25,7 @@ Range listsBetween(double low, double high)
 {
     const double first = std::floor(low / kCell);
     const double count = std::floor(high / kCell) - first + 1.0;
-    // After so many every list has had its turn.
+    // After kLists cells the lists repeat.
     return {static_cast<int>(first - kLists * std::floor(first / kLists)),
             static_cast<int>(std::min<double>(count, kLists))};
 }
@@ -46,7 +46,7 @@ void BoxIndex::forEachList(Lists &lists, const Box &box, const Visit &visit)
 
 bool BoxIndex::isLarge(const Box &box)
 {
-    return listsBetween(box.left, box.right).count * listsBetween(box.bottom, box.top).count > kMostLists;
+    return listsBetween(box.left, box.right).count * listsBetween(box.bottom, box.top).count > kMaxLists;
 }
 
 void BoxIndex::append(const Box &box)
@@ -67,7 +67,7 @@ void BoxIndex::removeLast()
 {
     const Box box = m_boxes.back();
     m_boxes.pop_back();
-    // Having the largest number, it is the last wherever it is.
+    // It has the largest number, so it is the last in each of its lists.
     if (box.isEmpty())
         return;
     if (isLarge(box))
@@ -90,7 +90,7 @@ std::vector<std::uint32_t> BoxIndex::touching(const Box &area) const
     addFrom(m_large);
     if (!m_cells.empty())
         forEachList(m_cells, area, addFrom);
-    // One that lies in several cells was found in each.
+    // A box in several cells was found in each of them.
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
     return found;

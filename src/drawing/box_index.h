@@ -8,20 +8,20 @@
 
 namespace zeigewerk {
 
-/// Finds those among thousands of boxes that lie at one place by looking at that place alone. A box is known
-/// by its number: how many there were before it.
+/// Finds the boxes that touch an area, among thousands, without looking at those elsewhere. A box is known by
+/// its number, counted from 0 in the order they were added.
 ///
-/// The plane is cut into square cells, each of which has a list of the boxes in it. There are lists for a
-/// desktop's worth of cells, and a cell beyond shares that of one within, so no place is out of reach.
-/// Coordinates are in any unit and direction; those of a box that is not empty must be finite.
+/// The plane is divided into square cells, each with a list of the boxes in it. The lists cover the area of a
+/// desktop; cells beyond it share them, so coordinates are not limited. Coordinates may have any unit and
+/// orientation, but those of a non-empty box must be finite.
 class BoxIndex
 {
 public:
     std::size_t size() const { return m_boxes.size(); }
 
-    /// The new box's number is the size before. An empty box is counted and never found.
+    /// Adds a box, whose number is the size before. An empty box counts but is never found.
     void append(const Box &box);
-    /// Drops the box of the largest number; there must be one.
+    /// Removes the box with the largest number. The index must not be empty.
     void removeLast();
 
     /// The numbers of the boxes that touch `area`, in ascending order.
@@ -30,16 +30,16 @@ public:
 private:
     using Numbers = std::vector<std::uint32_t>;
 
-    /// The lists where a box belongs.
+    /// Calls visit(list) for each list in which `box` belongs.
     template <typename Lists, typename Visit>
     static void forEachList(Lists &lists, const Box &box, const Visit &visit);
-    /// Whether a box is too large to be entered everywhere that it lies.
+    /// Whether a box covers too many cells to be entered in all of their lists.
     static bool isLarge(const Box &box);
 
     std::vector<Box> m_boxes;
-    /// One for each cell; none before the first box.
+    /// One list for each cell; empty before the first box.
     std::vector<Numbers> m_cells;
-    /// Those that are looked at wherever one looks.
+    /// The large boxes, which every search checks.
     Numbers m_large;
 };
 

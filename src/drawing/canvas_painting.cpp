@@ -1,4 +1,4 @@
-// How a canvas becomes a picture, and how little of it is painted again when something changes.
+// How a canvas is painted, and which damage each change causes.
 
 #include "canvas/drawing_view.h"
 #include "core/app_delegate.h"
@@ -16,7 +16,7 @@ using platform::Damage;
 namespace {
 
 constexpr double kDimmingAlpha = 0.55;
-/// What antialiasing may touch around an outline, in points.
+/// How far antialiasing may paint beyond an outline, in points.
 constexpr double kEdge = 1.0;
 
 QRectF withEdge(const QRectF &rect)
@@ -24,9 +24,9 @@ QRectF withEdge(const QRectF &rect)
     return rect.adjusted(-kEdge, -kEdge, kEdge, kEdge);
 }
 
-QRectF square(QPointF middle, double radius)
+QRectF square(QPointF center, double radius)
 {
-    return {middle - QPointF(radius, radius), middle + QPointF(radius, radius)};
+    return {center - QPointF(radius, radius), center + QPointF(radius, radius)};
 }
 
 double distanceToFarthestCorner(const QRectF &rect, QPointF point)
@@ -36,7 +36,7 @@ double distanceToFarthestCorner(const QRectF &rect, QPointF point)
     return std::hypot(dx, dy);
 }
 
-/// What lies in the outer rectangle and not in the inner one, which it holds.
+/// The part of `outer` that is not in `inner`, which lies inside it.
 Damage frameAround(const QRectF &inner, const QRectF &outer)
 {
     Damage frame;
@@ -99,7 +99,7 @@ void DrawingView::draw(platform::PaintTarget &target)
         return;
     if (m_shown.whiteboard)
         target.fill(premultiplied(kWhite));
-    // Antialiasing may touch the pixel beyond an outline.
+    // Antialiasing may paint the pixel beyond an outline.
     const Box area = Box::of(target.area()).grown(1.0 / target.geometry().scale());
     m_shapes.forEachNear(area, [&](const Shape &shape) {
         renderShape(target, shape, fadeAlpha(shape, m_shown.fading, m_shown.time));
@@ -160,16 +160,16 @@ Damage DrawingView::shapesArea() const
 Damage DrawingView::holesArea(const Hole &before, const Hole &after) const
 {
     std::vector<QRectF> areas;
-    // What is clear in both stays as it is. A square of it is left out, since the edge of the circle in more
-    // rectangles costs the X server more than the pixels.
+    // The area that is clear before and after does not change. Only a square of it is left out: more
+    // rectangles along the circle would cost the X server more than the pixels they save.
     QRectF core = m_bounds;
     for (const Hole &hole : {before, after}) {
-        // The radius may be infinite; beyond the bounds nothing shows.
-        const double radius = std::min(distanceToFarthestCorner(m_bounds, hole.middle), hole.radius);
-        const QRectF area = withEdge(square(hole.middle, radius)) & m_bounds;
+        // The radius may be infinite, but nothing shows beyond the bounds.
+        const double radius = std::min(distanceToFarthestCorner(m_bounds, hole.center), hole.radius);
+        const QRectF area = withEdge(square(hole.center, radius)) & m_bounds;
         if (!area.isEmpty())
             areas.push_back(area);
-        core &= square(hole.middle, std::max(radius - kEdge, 0.0) * M_SQRT1_2);
+        core &= square(hole.center, std::max(radius - kEdge, 0.0) * M_SQRT1_2);
     }
     if (!core.isEmpty())
         return frameAround(core, areas.front() | areas.back());
@@ -182,7 +182,7 @@ Damage DrawingView::holesArea(const Hole &before, const Hole &after) const
 void DrawingView::drawSpotlight(platform::PaintTarget &target, const Hole &hole) const
 {
     const platform::ViewGeometry &geometry = target.geometry();
-    coverOutside(target, geometry.toPixels(hole.middle), hole.radius * geometry.scale(),
+    coverOutside(target, geometry.toPixels(hole.center), hole.radius * geometry.scale(),
                  premultiplied(kBlack.withAlpha(kDimmingAlpha)));
 }
 

@@ -8,13 +8,13 @@ namespace zeigewerk {
 
 namespace {
 
-/// Half the length of the chord that a row in that distance from the middle cuts off the circle; 0 if none.
+/// Half the length of a circle's chord at that distance from its centre; 0 if there is none.
 double halfChord(double radius, double distance)
 {
     return radius > distance ? std::sqrt((radius - distance) * (radius + distance)) : 0.0;
 }
 
-/// A row of the target, and which of its pixels are meant by places relative to its first one's middle.
+/// A row of pixels. Positions along it are relative to the centre of its first pixel.
 class PixelRow
 {
 public:
@@ -24,20 +24,21 @@ public:
     {
     }
 
-    /// The first pixel with its middle at or beyond that place; all of them are before infinity.
-    int firstAt(double place) const
+    /// The first pixel with its centre at or beyond `position`, which may be infinite; the row's length if
+    /// there is none.
+    int firstAt(double position) const
     {
-        return static_cast<int>(std::ceil(std::clamp(place, 0.0, static_cast<double>(m_count))));
+        return static_cast<int>(std::ceil(std::clamp(position, 0.0, static_cast<double>(m_count))));
     }
     void cover(int begin, int end, Premultiplied color) const
     {
         if (begin < end)
             blendSpan(m_pixels + begin, end - begin, color);
     }
-    void cover(int place, double part, Premultiplied color) const
+    void cover(int position, double part, Premultiplied color) const
     {
         const auto coverage = static_cast<std::uint32_t>(std::lround(255.0 * std::clamp(part, 0.0, 1.0)));
-        m_pixels[place] = blended(m_pixels[place], color, coverage);
+        m_pixels[position] = blended(m_pixels[position], color, coverage);
     }
 
 private:
@@ -47,19 +48,19 @@ private:
 
 constexpr double kRamp = 0.5;
 
-/// One row of the target, as a circle around `middle` sees it.
+/// One row of the target, relative to a circle around `center`.
 class CircleRow
 {
 public:
-    CircleRow(platform::PaintTarget &target, int y, QPointF middle)
+    CircleRow(platform::PaintTarget &target, int y, QPointF center)
         : m_row(target.row(y), target.rect().width())
-        , m_x(onPixelGrid(middle.x()) - (target.rect().left() + kRamp))
-        , m_distance(std::abs(y + kRamp - onPixelGrid(middle.y())))
+        , m_x(onPixelGrid(center.x()) - (target.rect().left() + kRamp))
+        , m_distance(std::abs(y + kRamp - onPixelGrid(center.y())))
     {
     }
 
     const PixelRow &row() const { return m_row; }
-    /// The first pixel in the circle of that radius, and the first one behind it.
+    /// The first pixel inside the circle of that radius, and the first one past it.
     std::pair<int, int> chord(double radius) const
     {
         const double half = halfChord(radius, m_distance);
@@ -73,19 +74,19 @@ public:
 
 private:
     PixelRow m_row;
-    /// The middle of the circle, seen from the middle of the row's first pixel.
+    /// The circle's centre, relative to the centre of the row's first pixel.
     double m_x;
     double m_distance;
 };
 
 } // namespace
 
-void coverOutside(platform::PaintTarget &target, QPointF middle, double radius, Premultiplied color)
+void coverOutside(platform::PaintTarget &target, QPointF center, double radius, Premultiplied color)
 {
     const QRect &rect = target.rect();
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        const CircleRow row(target, y, middle);
-        // Covered up to here, then in part, clear, in part again, and covered from there on.
+        const CircleRow row(target, y, center);
+        // From left to right a row is covered, partly covered, clear, partly covered, covered.
         const auto [outerBegin, outerEnd] = row.chord(radius + kRamp);
         const auto [innerBegin, innerEnd] = row.chord(radius - kRamp);
         const auto coverEdge = [&, &row = row](int begin, int end) {
@@ -99,12 +100,12 @@ void coverOutside(platform::PaintTarget &target, QPointF middle, double radius, 
     }
 }
 
-void strokeCircle(platform::PaintTarget &target, QPointF middle, double radius, double halfWidth,
+void strokeCircle(platform::PaintTarget &target, QPointF center, double radius, double halfWidth,
                   Premultiplied color)
 {
     const QRect &rect = target.rect();
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        const CircleRow row(target, y, middle);
+        const CircleRow row(target, y, center);
         const auto [outerBegin, outerEnd] = row.chord(radius + halfWidth + kRamp);
         const auto [innerBegin, innerEnd] = row.chord(radius - halfWidth - kRamp);
         const auto coverEdge = [&, &row = row](int begin, int end) {

@@ -29,15 +29,15 @@ struct Color
     friend constexpr bool operator==(const Color &, const Color &) = default;
 };
 
-/// The accent: the first drawing colour, a button that is on, the cursor ring.
+/// The accent: the first drawing colour, buttons that are on, the cursor ring.
 inline constexpr Color kOrange = Color::hex(0xF29A00);
-/// The dark accent: the symbol on a button that is on.
+/// The dark accent: symbols on buttons that are on.
 inline constexpr Color kNavy = Color::hex(0x182245);
 inline constexpr Color kWhite = Color::hex(0xFFFFFF);
 inline constexpr Color kBlack = Color::hex(0x000000);
 inline constexpr Color kClear = kBlack.withAlpha(0.0);
 
-/// The colours offered on the toolbar, in its order.
+/// The colours on the toolbar, in its order.
 inline constexpr std::array kPalette = {kOrange,
                                         kNavy,
                                         Color::hex(0xFF3B30), // red

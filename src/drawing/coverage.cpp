@@ -8,64 +8,64 @@ namespace zeigewerk {
 
 namespace {
 
-/// A pixel is covered partly while its middle is nearer to an edge than this.
+/// A pixel is partly covered if its centre is nearer to an edge than this, in pixels.
 constexpr float kRamp = 0.5F;
 
-/// A line as its pixels see it, relative to its beginning.
+/// A line, relative to its start.
 struct Line
 {
-    float wayX;
-    float wayY;
-    /// One divided by the square of its length; 0 for a dot.
-    float perSquare;
-    /// Where coverage ends: beyond the edge by the ramp.
+    float deltaX;
+    float deltaY;
+    /// One divided by the squared length; 0 for a dot.
+    float inverseSquare;
+    /// The distance from the line at which coverage ends, the ramp included.
     float reach;
-    /// What a stroke narrower than a pixel covers of it.
-    float most;
+    /// The highest coverage: less than 1 for a stroke narrower than a pixel.
+    float maxCoverage;
 };
 
 using Floats = float __attribute__((vector_size(kFour * sizeof(float))));
 using Ints = std::int32_t __attribute__((vector_size(kFour * sizeof(std::int32_t))));
 
-Floats least(Floats a, Floats b)
+Floats minimum(Floats a, Floats b)
 {
     return a < b ? a : b;
 }
 
-Floats most(Floats a, Floats b)
+Floats maximum(Floats a, Floats b)
 {
     return a > b ? a : b;
 }
 
-Floats roots(Floats squares)
+Floats squareRoots(Floats squares)
 {
     return Floats{std::sqrt(squares[0]), std::sqrt(squares[1]), std::sqrt(squares[2]), std::sqrt(squares[3])};
 }
 
-/// Raises the coverage of pixels in a row, a multiple of kFour, to what the line gives them. `x` is the
-/// middle of the first one, and `y` the row's, relative to the line's beginning.
+/// Raises the coverage of `count` pixels in a row, a multiple of kFour, to at least that of the line. (`x`,
+/// `y`) is the centre of the first pixel, relative to the line's start.
 void coverRow(float *values, int count, float x, float y, const Line &line)
 {
     const Floats none = {};
     const Floats one = none + 1.0F;
     const Floats reach = none + line.reach;
-    const Floats limit = none + line.most;
-    const float alongY = y * line.wayY;
+    const Floats limit = none + line.maxCoverage;
+    const float alongY = y * line.deltaY;
     Floats pixelX = x + Floats{0.0F, 1.0F, 2.0F, 3.0F};
     for (int i = 0; i < count; i += kFour, pixelX += static_cast<float>(kFour)) {
-        const Floats along = (pixelX * line.wayX + alongY) * line.perSquare;
-        const Floats part = least(most(along, none), one);
-        const Floats awayX = pixelX - part * line.wayX;
-        const Floats awayY = y - part * line.wayY;
-        const Floats depth = reach - roots(awayX * awayX + awayY * awayY);
+        const Floats along = (pixelX * line.deltaX + alongY) * line.inverseSquare;
+        const Floats part = minimum(maximum(along, none), one);
+        const Floats offsetX = pixelX - part * line.deltaX;
+        const Floats offsetY = y - part * line.deltaY;
+        const Floats depth = reach - squareRoots(offsetX * offsetX + offsetY * offsetY);
         Floats covered;
         std::memcpy(&covered, values + i, sizeof covered);
-        covered = most(covered, least(depth, limit));
+        covered = maximum(covered, minimum(depth, limit));
         std::memcpy(values + i, &covered, sizeof covered);
     }
 }
 
-/// The whole number at or below; the library's way asks more of every processor than some have.
+/// Rounds down. A fast std::floor needs an instruction that the oldest supported processors lack.
 int floored(double value)
 {
     constexpr int kOffset = 1 << 20;
@@ -79,7 +79,7 @@ int roundedUp(int count)
 
 } // namespace
 
-static_assert(kFour <= platform::PaintTarget::kMargin, "a row may be covered a little beyond its end");
+static_assert(kFour <= platform::PaintTarget::kMargin, "coverage is written in fours, past a row's end");
 
 Coverage::Coverage(platform::PaintTarget &target)
     : m_target(target)
@@ -93,20 +93,20 @@ Coverage::Coverage(platform::PaintTarget &target)
 void Coverage::addLine(QPointF from, QPointF to, double halfWidth)
 {
     const QPointF start(onPixelGrid(from.x()), onPixelGrid(from.y()));
-    const QPointF way = QPointF(onPixelGrid(to.x()), onPixelGrid(to.y())) - start;
-    const double square = way.x() * way.x() + way.y() * way.y();
+    const QPointF delta = QPointF(onPixelGrid(to.x()), onPixelGrid(to.y())) - start;
+    const double square = delta.x() * delta.x() + delta.y() * delta.y();
     const double reach = halfWidth + static_cast<double>(kRamp);
-    const Line line{static_cast<float>(way.x()), static_cast<float>(way.y()),
+    const Line line{static_cast<float>(delta.x()), static_cast<float>(delta.y()),
                     square > 0.0 ? static_cast<float>(1.0 / square) : 0.0F, static_cast<float>(reach),
                     static_cast<float>(std::min(2.0 * halfWidth, 1.0))};
-    const int firstRow = std::max(floored(start.y() + std::min(way.y(), 0.0) - reach), m_rect.top());
-    const int lastRow = std::min(floored(start.y() + std::max(way.y(), 0.0) + reach), m_rect.bottom());
-    // A short line is near all its rows, as good as wholly.
-    const bool isShort = std::abs(way.x()) <= 2.0 * reach || way.y() == 0.0;
-    const double perRow = isShort ? 0.0 : 1.0 / way.y();
+    const int firstRow = std::max(floored(start.y() + std::min(delta.y(), 0.0) - reach), m_rect.top());
+    const int lastRow = std::min(floored(start.y() + std::max(delta.y(), 0.0) + reach), m_rect.bottom());
+    // A short line reaches nearly its whole width in each of its rows.
+    const bool isShort = std::abs(delta.x()) <= 2.0 * reach || delta.y() == 0.0;
+    const double perRow = isShort ? 0.0 : 1.0 / delta.y();
     const auto spanBetween = [&](double begin, double end) {
-        const double left = start.x() + std::min(begin * way.x(), end * way.x()) - reach;
-        const double right = start.x() + std::max(begin * way.x(), end * way.x()) + reach;
+        const double left = start.x() + std::min(begin * delta.x(), end * delta.x()) - reach;
+        const double right = start.x() + std::max(begin * delta.x(), end * delta.x()) + reach;
         return Span{std::max(floored(left), m_rect.left()), std::min(floored(right), m_rect.right()) + 1};
     };
     Span span = spanBetween(0.0, 1.0);
@@ -147,7 +147,7 @@ void Coverage::blendRow(int y, Span span, Premultiplied color)
         Floats covered;
         std::memcpy(&covered, values + x, sizeof covered);
         const Four coverage = std::bit_cast<Four>(__builtin_convertvector(covered * 255.0F + 0.5F, Ints));
-        // Between lines that are far from each other on the same row there are many that none covers.
+        // Between two lines that are far apart on a row, most pixels are not covered.
         if ((coverage[0] | coverage[1] | coverage[2] | coverage[3]) == 0)
             continue;
         if (x + kFour <= m_rect.right() + 1) {

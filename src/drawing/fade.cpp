@@ -11,8 +11,8 @@ double fadeAlpha(const Shape &shape, bool fading, TimePoint now)
     const double age = std::chrono::duration<double>(now - shape.created).count();
     if (age < kFadeHold)
         return 1.0;
-    // Asked for apart: the quotient of rounded numbers would leave a shape a trace of opacity at its very
-    // end, and a canvas keeps whatever is not wholly gone.
+    // Tested separately: the quotient of rounded numbers could leave a trace of opacity, and a canvas keeps
+    // every shape that is not fully transparent.
     if (age >= kFadeHold + kFadeDuration)
         return 0.0;
     return std::max(0.0, 1.0 - (age - kFadeHold) / kFadeDuration);

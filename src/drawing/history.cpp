@@ -1,4 +1,4 @@
-// Taking back and wiping: what was drawn across the screens, newest first.
+// Undo, newest shape first across all screens, and clear.
 
 #include "canvas/drawing_view.h"
 #include "core/app_delegate.h"
@@ -17,7 +17,7 @@ void AppDelegate::undoShape()
     while (!m_shapeOrder.empty()) {
         DrawingView *view = m_shapeOrder.back();
         m_shapeOrder.pop_back();
-        // A canvas without shapes had this one fade away, which is nothing that the user could see undone.
+        // If the canvas is empty, the shape has faded away, and the user would not see it undone.
         if (view->removeNewestShape())
             return;
     }
@@ -25,7 +25,7 @@ void AppDelegate::undoShape()
 
 void AppDelegate::clearAll()
 {
-    // The fade timer is left alone: it ends itself when it finds nothing to fade.
+    // The fade timer ends itself when it finds nothing to fade.
     discardDrawings();
 }
 

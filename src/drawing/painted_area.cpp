@@ -13,8 +13,8 @@ namespace {
 
 using platform::Damage;
 
-/// What the dash of a dot, curves drawn as lines and lines ending on a grid of 1/64 pixel may add to the
-/// exact outline, in points.
+/// How far a stroke may leave its exact outline, in points: a dot is a short dash, curves are drawn as lines,
+/// and lines end on a grid of 1/64 pixel.
 constexpr double kOutlineTolerance = 0.25;
 
 double outerHalfWidth(const Shape &shape)
@@ -27,7 +27,7 @@ Damage areaOfFreehand(const Shape &shape, std::size_t firstPoint)
     const Polyline &points = shape.points;
     const double halfWidth = outerHalfWidth(shape);
     const std::size_t firstChanged = std::min(firstPoint, points.size());
-    // The segment that leads to the first changed point belongs to it, and with it the cap that was there.
+    // Includes the segment that leads to the first changed point, and so the round cap that ended there.
     std::optional<QPointF> last = points.lastDrawableOf(firstChanged);
     Damage area;
     for (std::size_t i = firstChanged; i < points.size(); ++i) {
@@ -71,7 +71,7 @@ Damage areaOfEllipse(const Shape &shape)
     const double ry = rect.height() / 2.0;
     constexpr int kChords = 32;
     constexpr double kStep = 2.0 * std::numbers::pi / kChords;
-    // Each arc leaves its chord by at most this.
+    // The largest distance between an arc and its chord.
     const double sagitta = std::max(rx, ry) * (1.0 - std::cos(kStep / 2.0));
     const auto at = [&](int chord) {
         return rect.center() + QPointF(rx * std::cos(chord * kStep), ry * std::sin(chord * kStep));

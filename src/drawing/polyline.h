@@ -10,20 +10,20 @@
 
 namespace zeigewerk {
 
-/// The farthest that anything is drawn from a canvas's origin, in points: beyond every desktop, and near
-/// enough that stroking what lies there costs little.
+/// Nothing is drawn farther from a canvas's origin than this, in points. It is beyond every desktop, and near
+/// enough that stroking there costs little.
 inline constexpr double kFarthest = 32768.0;
 
-/// Whether the point can be drawn. A shape that was not made by the user's hand may hold anything; what is no
-/// number is not drawable either.
+/// Whether the point can be drawn. A shape that the user did not draw may hold anything; NaN is not drawable
+/// either.
 inline bool isDrawablePoint(QPointF point)
 {
     return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
 }
 
-/// Points joined by straight lines, as a freehand stroke is sampled. It knows where its parts lie, so that
-/// those of a long stroke that are somewhere else cost nothing. Points that cannot be drawn are kept but
-/// join nothing.
+/// A freehand stroke as sampled: points joined by straight lines. It keeps the bounds of its parts, so that
+/// painting one area skips the rest of a long stroke. Points that cannot be drawn are kept, but the lines
+/// skip them.
 class Polyline
 {
 public:
@@ -47,24 +47,24 @@ public:
     const_iterator begin() const { return m_points.begin(); }
     const_iterator end() const { return m_points.end(); }
 
-    /// Around every point that can be drawn; empty if there is none.
+    /// The bounds of all points that can be drawn; empty if there are none.
     const Box &bounds() const { return m_bounds; }
 
-    /// Calls visit(from, to) for each line that may touch `area`, in order, and for some others.
+    /// Calls visit(from, to) in order, for each line that touches `area`; some others may be included.
     template <typename Visit>
     void forEachLineNear(const Box &area, const Visit &visit) const;
 
-    /// The last point that can be drawn among the first `count`, if there is one.
+    /// Among the first `count` points, the last that can be drawn, if any.
     std::optional<QPointF> lastDrawableOf(std::size_t count) const;
 
     friend bool operator==(const Polyline &a, const Polyline &b) { return a.m_points == b.m_points; }
 
 private:
-    /// The lines to so many points in a row have one box.
+    /// The lines that lead to this many consecutive points share a box.
     static constexpr std::size_t kRun = 32;
 
     std::vector<QPointF> m_points;
-    /// Around the lines to the points of each run, the first one's start included.
+    /// The bounds of each run: of the lines that lead to its points, including the start of the first.
     std::vector<Box> m_runs;
     Box m_bounds;
     QPointF m_lastDrawable;

@@ -19,7 +19,7 @@ namespace {
 
 using platform::PaintTarget;
 
-/// One coat of a round pen along any number of lines, in view coordinates.
+/// A stroke of a round pen along any number of lines in view coordinates, blended once.
 class Stroke
 {
 public:
@@ -31,7 +31,7 @@ public:
     {
     }
 
-    /// What lies in here is near enough to the target to matter.
+    /// The area in which a line can touch the target.
     const Box &near() const { return m_near; }
 
     void addLine(QPointF from, QPointF to)
@@ -54,7 +54,7 @@ public:
     }
 
 private:
-    /// A pixel that is covered in part has its middle within half a pixel of the edge.
+    /// In pixels. A partly covered pixel has its centre within half a pixel of the edge.
     static constexpr double kEdge = 1.0;
 
     PaintTarget &m_target;
@@ -114,16 +114,16 @@ void drawEllipse(PaintTarget &target, const Shape &shape, const Color &color)
 {
     const QRectF rect = spannedRect(shape);
     const QPointF radii(rect.width() / 2.0, rect.height() / 2.0);
-    // As many chords as keep each within this of its arc, in points. It does not depend on the scale, so the
-    // figure is the same on every screen.
+    // The largest distance between a chord and its arc, in points. It does not depend on the scale, so the
+    // shape is the same on every screen.
     constexpr double kSagitta = 0.02;
-    constexpr int kFewest = 16;
-    const double farther = std::max(radii.x(), radii.y());
-    const double ratio = std::clamp(1.0 - kSagitta / std::max(farther, kSagitta), -1.0, 1.0);
-    const int chords = std::max(kFewest, static_cast<int>(std::ceil(std::numbers::pi / std::acos(ratio))));
+    constexpr int kMinChords = 16;
+    const double largerRadius = std::max(radii.x(), radii.y());
+    const double ratio = std::clamp(1.0 - kSagitta / std::max(largerRadius, kSagitta), -1.0, 1.0);
+    const int chords = std::max(kMinChords, static_cast<int>(std::ceil(std::numbers::pi / std::acos(ratio))));
     const double step = 2.0 * std::numbers::pi / chords;
-    const QPointF turn(std::cos(step), std::sin(step));
-    // Where the end of each chord lies on a circle, turned on from the one before; the last is the first.
+    const QPointF rotation(std::cos(step), std::sin(step));
+    // The end of each chord on a unit circle, rotated from the one before; the last equals the first.
     QPointF unit(1.0, 0.0);
     const auto onEllipse = [&] {
         return rect.center() + QPointF(radii.x() * unit.x(), radii.y() * unit.y());
@@ -132,8 +132,8 @@ void drawEllipse(PaintTarget &target, const Shape &shape, const Color &color)
     QPointF from = onEllipse();
     for (int chord = 1; chord <= chords; ++chord) {
         unit = chord == chords ? QPointF(1.0, 0.0)
-                               : QPointF(unit.x() * turn.x() - unit.y() * turn.y(),
-                                         unit.x() * turn.y() + unit.y() * turn.x());
+                               : QPointF(unit.x() * rotation.x() - unit.y() * rotation.y(),
+                                         unit.x() * rotation.y() + unit.y() * rotation.x());
         const QPointF to = onEllipse();
         stroke.addLine(from, to);
         from = to;
@@ -141,9 +141,9 @@ void drawEllipse(PaintTarget &target, const Shape &shape, const Color &color)
     stroke.paint(color);
 }
 
-/// The pixels of the surface on which the text lies, painted on nothing.
-QImage pictureOfText(const platform::ViewGeometry &geometry, const QRect &rect, const Shape &shape,
-                     const Color &color)
+/// The text on a transparent background. `rect` is its area, in pixels of the surface.
+QImage renderedText(const platform::ViewGeometry &geometry, const QRect &rect, const Shape &shape,
+                    const Color &color)
 {
     QImage picture(rect.size(), QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
@@ -164,9 +164,9 @@ void drawText(PaintTarget &target, const Shape &shape, const Color &color)
     const QRect part = rect & target.rect();
     if (part.isEmpty())
         return;
-    // Painted as a whole wherever the part lies: the edges of a glyph that begins outside of what is painted
-    // are rounded in another way.
-    const QImage picture = pictureOfText(geometry, rect, shape, color);
+    // The whole text is painted, whatever the part: Qt rounds the edges of a glyph differently if the glyph
+    // begins outside the painted area.
+    const QImage picture = renderedText(geometry, rect, shape, color);
     for (int y = part.top(); y <= part.bottom(); ++y) {
         const auto *from = reinterpret_cast<const Premultiplied *>(picture.constScanLine(y - rect.top())) +
                            (part.left() - rect.left());
@@ -178,7 +178,7 @@ void drawText(PaintTarget &target, const Shape &shape, const Color &color)
 
 void renderShape(PaintTarget &target, const Shape &shape, double fade)
 {
-    // Comparing this way round refuses what is no number, too.
+    // This comparison refuses NaN, too.
     if (!(fade > 0.0))
         return;
     const Color color = shape.color.withAlpha(std::min(fade, 1.0));

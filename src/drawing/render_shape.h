@@ -8,19 +8,19 @@
 
 namespace zeigewerk {
 
-/// Draws what of a shape lies in the target, with its opacity replaced by `fade` (0 to 1). A point that is
-/// not finite or beyond every desktop, or a stroke without a positive width, paints nothing.
+/// Draws the part of a shape that lies in the target, with its opacity replaced by `fade` (0 to 1). A point
+/// that is not finite or farther away than kFarthest paints nothing; neither does a stroke without a positive
+/// width.
 void renderShape(platform::PaintTarget &target, const Shape &shape, double fade);
 
-/// Every place that `renderShape` may paint.
+/// The area that `renderShape` may paint, in view coordinates.
 platform::Damage paintedArea(const Shape &shape);
 
-/// The part of `paintedArea` that depends on the points from `firstPoint` on, the segment that leads to it
-/// included: what changes when those points are appended. For the tools that are not freehand it is the
-/// whole area.
+/// The part of `paintedArea` that changes when the points from `firstPoint` on are appended, including the
+/// segment that leads to it. For tools that are not freehand it is the whole area.
 platform::Damage paintedArea(const Shape &shape, std::size_t firstPoint);
 
-/// A rectangle around `paintedArea`, found at once however long the stroke is.
+/// A rectangle around `paintedArea`. Its cost does not depend on the length of the stroke.
 Box paintedBounds(const Shape &shape);
 
 } // namespace zeigewerk

@@ -20,7 +20,7 @@ struct Shape
     QPointF start;
     QPointF end;
     Color color;
-    /// The stroke width in points as chosen when the shape was begun.
+    /// The stroke width in points, as chosen when the shape was begun.
     double width = 0.0;
     /// The typed text of a text shape, else empty.
     QString text;

@@ -9,27 +9,27 @@ namespace zeigewerk {
 void ShapeList::append(Shape shape)
 {
     m_shapes.push_back(std::move(shape));
-    placeFrom(m_shapes.size() - 1);
+    reindexFrom(m_shapes.size() - 1);
 }
 
 void ShapeList::removeLast()
 {
     m_shapes.pop_back();
-    placeFrom(m_shapes.size());
+    reindexFrom(m_shapes.size());
 }
 
 void ShapeList::clear()
 {
     m_shapes.clear();
-    m_places = {};
+    m_index = {};
 }
 
-void ShapeList::placeFrom(std::size_t first)
+void ShapeList::reindexFrom(std::size_t first)
 {
-    while (m_places.size() > first)
-        m_places.removeLast();
+    while (m_index.size() > first)
+        m_index.removeLast();
     for (std::size_t i = first; i < m_shapes.size(); ++i)
-        m_places.append(paintedBounds(m_shapes[i]));
+        m_index.append(paintedBounds(m_shapes[i]));
 }
 
 } // namespace zeigewerk

@@ -6,19 +6,18 @@ namespace zeigewerk {
 
 namespace {
 
-/// From the direction of the shaft to that of a barb, in radians: 0.82 pi, so the barbs point backwards and
-/// lean 32.4 degrees off the shaft.
+/// The angle from shaft to barb, in radians: 0.82 pi. The barbs point backwards, 32.4 degrees off the shaft.
 constexpr double kBarbAngle = 2.57610597594363;
 constexpr double kBarbWidthFactor = 4.0;
-/// The barbs of thin arrows stay this long, in points.
+/// The length of the barbs on thin arrows, in points.
 constexpr double kMinBarbLength = 16.0;
 
 } // namespace
 
 std::array<QPointF, 3> arrowHead(const Shape &shape)
 {
-    const QPointF way = shape.end - shape.start;
-    const double direction = std::atan2(way.y(), way.x());
+    const QPointF delta = shape.end - shape.start;
+    const double direction = std::atan2(delta.y(), delta.x());
     const double length = std::max(kBarbWidthFactor * shape.width, kMinBarbLength);
     const auto barbEnd = [&](double angle) {
         return shape.end + length * QPointF(std::cos(angle), std::sin(angle));

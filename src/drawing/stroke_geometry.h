@@ -14,10 +14,10 @@ inline constexpr double kHighlighterWidthFactor = 4.0;
 /// … and this opaque.
 inline constexpr double kHighlighterAlpha = 0.4;
 
-/// A stroke that goes nowhere is drawn this long, in points, so that it leaves a dot.
+/// A stroke of zero length is drawn this long, in points, so that it leaves a dot.
 inline constexpr double kDotLength = 0.1;
 
-/// How wide the shape is stroked, in points.
+/// The width of the shape's stroke, in points.
 inline double strokeWidth(const Shape &shape)
 {
     return shape.tool == Tool::highlighter ? kHighlighterWidthFactor * shape.width : shape.width;
@@ -29,7 +29,7 @@ inline bool isDrawableWidth(double width)
     return width > 0.0 && width <= kFarthest;
 }
 
-/// The rectangle that `start` and `end` span, whichever way it was dragged out.
+/// The rectangle between `start` and `end`, in whichever direction it was dragged.
 inline QRectF spannedRect(const Shape &shape)
 {
     return QRectF(shape.start, shape.end).normalized();

@@ -11,19 +11,19 @@ namespace zeigewerk {
 namespace {
 
 constexpr int kFontSize = 22;
-/// Glyphs are placed and hinted in whole pixels, and their outlines are rounded outwards.
+/// A margin around glyphs, in points: they are placed and hinted in whole pixels, and their outlines are
+/// rounded outwards.
 constexpr double kGlyphRounding = 2.0;
 
-/// What pasting brings along and would not stay on the line: line ends and most other control characters. A
-/// tab goes to the next tab stop, and fonts have a glyph for the last of the control characters.
+/// Whether a pasted character cannot stay on the line: line ends and most other control characters. A tab
+/// can: it goes to the next tab stop. So can DEL, for which fonts have a glyph.
 bool isUnwritable(QChar character)
 {
     return (character < u' ' && character != u'\t') || character == QChar::LineSeparator ||
            character == QChar::ParagraphSeparator || character == QChar::ObjectReplacementCharacter;
 }
 
-/// The text as it is written: a space for each character that has no glyph, as in the field it was typed
-/// into.
+/// The text as painted: a space replaces each character that has no glyph, as in the text field.
 QString writtenText(QString text)
 {
     if (std::any_of(text.cbegin(), text.cend(), &isUnwritable))
@@ -46,7 +46,7 @@ void drawTextLine(QPainter &painter, QPointF origin, const QString &text)
     const QFont font = canvasFont();
     painter.save();
     painter.setFont(font);
-    // Glyphs stand upright in a system whose y points down.
+    // Glyphs are upright only where y points down.
     painter.translate(origin);
     painter.scale(1.0, -1.0);
     painter.drawText(QPointF(0.0, -QFontMetricsF(font).descent()), writtenText(text));
@@ -56,7 +56,7 @@ void drawTextLine(QPainter &painter, QPointF origin, const QString &text)
 QRectF textLineArea(QPointF origin, const QString &text)
 {
     const QFontMetricsF metrics(canvasFont());
-    // In the metrics' own system y points down from the base line.
+    // In the metrics' coordinates, y points down from the baseline.
     const QString written = writtenText(text);
     const QRectF glyphs = metrics.boundingRect(written);
     const double left = std::min(0.0, glyphs.left());

@@ -8,8 +8,8 @@
 
 namespace zeigewerk {
 
-/// Which kind of mark the user makes. A small value around an enumeration, so that it can carry its accessors
-/// and still be switched over.
+/// The kind of mark the user makes. A value class around an enumeration, so that it can have accessors and
+/// still be used in a switch.
 class Tool
 {
 public:
@@ -20,7 +20,7 @@ public:
     {
     }
 
-    /// The tool with that raw value; none for any integer that no tool has.
+    /// The tool with that raw value; nothing for any other integer.
     static constexpr std::optional<Tool> fromRawValue(int rawValue)
     {
         if (rawValue < pen || rawValue > text)
@@ -39,7 +39,7 @@ public:
     /// The tooltip of the tool's button.
     QString tip() const;
 
-    /// Every tool by rising raw value, which is the order of the toolbar.
+    /// Every tool by ascending raw value, which is the order on the toolbar.
     static const std::array<Tool, 7> allCases;
 
 private:

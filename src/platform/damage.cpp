@@ -8,10 +8,10 @@ namespace zeigewerk::platform {
 
 namespace {
 
-/// How far a piece of a diagonal stroke may reach along its shorter side, in points. Shorter pieces hug the
-/// stroke more closely but cost a rectangle each.
+/// The maximum of the shorter side of a piece of a diagonal stroke, in points. Shorter pieces fit the stroke
+/// more closely, but each costs a rectangle.
 constexpr double kPieceExtent = 32.0;
-/// A diagonal across a large screen; anything longer lies mostly outside of it.
+/// Enough for a diagonal across a large screen. Longer strokes lie mostly outside it.
 constexpr double kMaxPieces = 96.0;
 
 bool isFinite(const QRectF &rect)
@@ -20,8 +20,8 @@ bool isFinite(const QRectF &rect)
            std::isfinite(rect.bottom());
 }
 
-// QRectF's own union, intersection and containment leave out empty rectangles, which here are points and
-// lines that count.
+// QRectF's own union, intersection and containment ignore empty rectangles. Here those are points and lines,
+// and they count.
 
 QRectF united(const QRectF &a, const QRectF &b)
 {
@@ -40,7 +40,7 @@ bool holds(const QRectF &outer, const QRectF &inner)
            outer.bottom() >= inner.bottom();
 }
 
-/// The area that is repainted for it, which is never nothing: antialiasing adds a pixel on every side.
+/// The area that is repainted for a rectangle. It is never 0, since antialiasing adds a pixel on every side.
 double paintedPixels(const QRectF &rect)
 {
     return (rect.width() + 2.0) * (rect.height() + 2.0);
@@ -92,16 +92,16 @@ void Damage::add(const Damage &other)
 
 void Damage::addStroke(QPointF from, QPointF to, double halfWidth)
 {
-    const QPointF way = to - from;
-    const double shortSide = std::min(std::abs(way.x()), std::abs(way.y()));
-    if (m_everything || !std::isfinite(way.x()) || !std::isfinite(way.y())) {
+    const QPointF delta = to - from;
+    const double shortSide = std::min(std::abs(delta.x()), std::abs(delta.y()));
+    if (m_everything || !std::isfinite(delta.x()) || !std::isfinite(delta.y())) {
         *this = everything();
         return;
     }
     const int pieces = static_cast<int>(std::clamp(std::ceil(shortSide / kPieceExtent), 1.0, kMaxPieces));
     QPointF pieceStart = from;
     for (int i = 1; i <= pieces; ++i) {
-        const QPointF pieceEnd = i == pieces ? to : from + way * (static_cast<double>(i) / pieces);
+        const QPointF pieceEnd = i == pieces ? to : from + delta * (static_cast<double>(i) / pieces);
         addPiece(
             QRectF(pieceStart, pieceEnd).normalized().adjusted(-halfWidth, -halfWidth, halfWidth, halfWidth),
             kPieceExtent + 2.0 * halfWidth);
@@ -118,14 +118,14 @@ bool Damage::touches(const QRectF &rect) const
                        [&](const QRectF &damaged) { return touch(damaged, normalized); });
 }
 
-void Damage::addPiece(const QRectF &piece, double longestShortSide)
+void Damage::addPiece(const QRectF &piece, double maxShortSide)
 {
     if (m_everything || m_rects.empty() || !isFinite(piece) || !touch(m_rects.back(), piece)) {
         add(piece);
         return;
     }
     const QRectF both = united(m_rects.back(), piece);
-    if (std::min(both.width(), both.height()) > longestShortSide)
+    if (std::min(both.width(), both.height()) > maxShortSide)
         add(piece);
     else
         m_rects.back() = both;
@@ -148,8 +148,8 @@ void Damage::append(const QRectF &rect)
 
 void Damage::uniteNeighbours()
 {
-    // Rectangles that follow one another mostly come from the same stroke and lie side by side, so pairs of
-    // them are looked at instead of all against all.
+    // Consecutive rectangles mostly come from the same stroke and lie side by side, so only pairs of them are
+    // compared, not all with all.
     std::vector<std::size_t> pairs(m_rects.size() / 2);
     std::iota(pairs.begin(), pairs.end(), std::size_t{0});
     const auto waste = [this](std::size_t pair) {

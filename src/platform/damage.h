@@ -6,14 +6,14 @@
 
 namespace zeigewerk::platform {
 
-/// Where a picture changed: a handful of rectangles in view coordinates (points, y up), or everything.
-/// The rectangles hold the geometry without a margin; whoever turns them into pixels adds the pixel that
-/// antialiasing may touch around them.
+/// The area of a picture that changed: some rectangles in view coordinates (points, y up), or everything. The
+/// rectangles have no margin; the conversion to pixels adds the pixel that antialiasing may paint around
+/// them.
 class Damage
 {
 public:
-    /// No more rectangles than this are kept: beyond it neighbours are united, those first that waste least.
-    /// What follows the damage (clipping, culling) then has a bounded cost whatever was damaged.
+    /// The maximum number of rectangles. Beyond it neighbours are united, first those that waste least, so
+    /// that clipping and culling have a bounded cost.
     static constexpr std::size_t kMaxRects = 128;
 
     Damage() = default;
@@ -21,25 +21,24 @@ public:
     static Damage everything();
     static Damage of(const QRectF &rect);
 
-    /// Adds a rectangle; an empty one still counts as the point or line that it is, a rectangle that is not
-    /// finite means everything.
+    /// Adds a rectangle. An empty one counts as a point or a line; one that is not finite means everything.
     void add(const QRectF &rect);
     void add(const Damage &other);
 
-    /// Adds what a round stroke of that half width from `from` to `to` may touch, in pieces short enough
-    /// that a long diagonal does not damage the whole rectangle that it spans. The short segments of a
-    /// freehand stroke, added one after the other, share pieces.
+    /// Adds the area that a round stroke of that half width may paint, in pieces, so that a long diagonal
+    /// does not damage the whole rectangle around it. Consecutive short segments of a freehand stroke share
+    /// pieces.
     void addStroke(QPointF from, QPointF to, double halfWidth);
 
     bool isEmpty() const { return !m_everything && m_rects.empty(); }
     bool isEverything() const { return m_everything; }
     /// The rectangles; meaningless when the damage is everything.
     const std::vector<QRectF> &rects() const { return m_rects; }
-    /// Whether any part of `rect`, its edges included, is damaged.
+    /// Whether any part of `rect`, including its edges, is damaged.
     bool touches(const QRectF &rect) const;
 
 private:
-    void addPiece(const QRectF &piece, double longestShortSide);
+    void addPiece(const QRectF &piece, double maxShortSide);
     void append(const QRectF &rect);
     void uniteNeighbours();
 

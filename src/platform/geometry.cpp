@@ -13,7 +13,7 @@ QRectF scaledFrame(const Screen &screen)
     return {QPointF(screen.nativeFrame.topLeft()), QSizeF(screen.nativeFrame.size()) / screen.scale};
 }
 
-/// How far the point lies outside the rectangle; 0 inside.
+/// The distance of the point from the rectangle; 0 inside.
 double distance(const QRectF &rect, QPointF point)
 {
     const double dx = std::max({rect.left() - point.x(), 0.0, point.x() - rect.right()});
@@ -52,11 +52,11 @@ ScreenLayout::ScreenLayout(std::vector<Screen> screens)
 
 QPointF ScreenLayout::pointOfPixel(QPointF nativePosition) const
 {
-    const QPointF middle = nativePosition + QPointF(0.5, 0.5);
-    const Screen *screen = nearest(m_screens, middle, [](const Screen &s) { return QRectF(s.nativeFrame); });
+    const QPointF center = nativePosition + QPointF(0.5, 0.5);
+    const Screen *screen = nearest(m_screens, center, [](const Screen &s) { return QRectF(s.nativeFrame); });
     if (!screen)
         return nativePosition;
-    const QPointF within = (middle - QPointF(screen->nativeFrame.topLeft())) / screen->scale;
+    const QPointF within = (center - QPointF(screen->nativeFrame.topLeft())) / screen->scale;
     return {screen->frame.left() + within.x(), screen->frame.bottom() - within.y()};
 }
 
@@ -69,13 +69,13 @@ QRect ScreenLayout::nativeRect(const QRectF &frame) const
 QRect ScreenLayout::nativeRectOn(const Screen &screen, const QRectF &frame)
 {
     const double scale = screen.scale;
-    const QPointF middle((frame.center().x() - screen.frame.left()) * scale,
+    const QPointF center((frame.center().x() - screen.frame.left()) * scale,
                          (screen.frame.bottom() - frame.center().y()) * scale);
-    // A hair less than the next whole pixel is rounding noise of the division that made the frame.
+    // A tiny excess over a whole pixel is rounding noise of the division that made the frame.
     constexpr double kNoise = 1e-6;
     const QSize size(static_cast<int>(std::ceil(frame.width() * scale - kNoise)),
                      static_cast<int>(std::ceil(frame.height() * scale - kNoise)));
-    const QPointF corner = middle - QPointF(size.width(), size.height()) / 2;
+    const QPointF corner = center - QPointF(size.width(), size.height()) / 2;
     return {screen.nativeFrame.topLeft() + QPoint(qRound(corner.x()), qRound(corner.y())), size};
 }
 
@@ -85,7 +85,7 @@ std::optional<Screen> ScreenLayout::screenHolding(const QRect &nativeRect) const
         const QRect part = screen.nativeFrame & nativeRect;
         return static_cast<double>(part.width()) * part.height();
     };
-    // The first of several that hold as much.
+    // If several hold equally much, the first.
     const auto found = std::max_element(m_screens.begin(), m_screens.end(),
                                         [&](const Screen &a, const Screen &b) { return held(a) < held(b); });
     return found == m_screens.end() ? std::nullopt : std::optional(*found);
@@ -124,7 +124,7 @@ QPointF ViewGeometry::toPixels(QPointF viewPoint) const
 
 QRect ViewGeometry::damagedPixels(const QRectF &viewRect) const
 {
-    // Clamped before the conversion: a whole number cannot hold every coordinate that a drag can reach.
+    // Clamped before the conversion: an int cannot hold every coordinate that a drag can reach.
     const auto pixel = [](double value, int limit) {
         return static_cast<int>(std::clamp(value, -2.0, limit + 2.0));
     };

@@ -5,8 +5,8 @@
 
 namespace zeigewerk::platform {
 
-/// The levels at which our windows stand, all above the windows of other programs. A window of a higher level
-/// covers every one of a lower level; within a level the last one ordered front is in front.
+/// The levels of our windows, all above the windows of other programs. A window covers all windows of lower
+/// levels; within a level, the last one ordered front is in front.
 namespace Levels {
 inline constexpr int overlay = 1000;
 inline constexpr int toolbar = 1001;
@@ -18,7 +18,7 @@ constexpr int levelOf(SurfaceRole role)
     return role == SurfaceRole::Overlay ? Levels::overlay : Levels::effects;
 }
 
-/// A text field is a part of its overlay, and stands above all of them.
+/// A text field belongs to its overlay, and is above all overlays.
 constexpr int levelOf(WidgetRole role)
 {
     return role == WidgetRole::TextField ? Levels::overlay : Levels::toolbar;

@@ -8,12 +8,11 @@
 
 namespace zeigewerk::platform {
 
-/// The pixels of a surface that the damage means.
+/// The pixels of a surface that are damaged.
 QRegion damagedRegion(const ViewGeometry &geometry, const Damage &damage);
 
-/// Has the content paint what is damaged again, part by part, each in memory of its own: the image itself,
-/// which another process may be reading, only ever changes from the old pixels to the new. Returns the pixels
-/// that were painted.
+/// Makes the content repaint the damage, part by part, each in separate memory: another process may be
+/// reading the image, so its pixels change only from old to new. Returns the pixels that were painted.
 QRegion paintDamage(QImage &image, double scale, const Damage &damage, SurfaceContent &content);
 
 } // namespace zeigewerk::platform

@@ -20,7 +20,7 @@ void PaintTarget::select(const QRect &rect)
 
 float *PaintTarget::workingMemory()
 {
-    // Only what strokes needs it, which a spotlight on an empty canvas does not.
+    // Allocated here, since only strokes need it; a spotlight on an empty canvas does not.
     m_workingMemory.resize(static_cast<std::size_t>(m_rect.width() + kMargin) *
                            static_cast<std::size_t>(m_rect.height()));
     return m_workingMemory.data();

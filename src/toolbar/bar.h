@@ -6,8 +6,8 @@
 
 namespace zeigewerk {
 
-/// A strip of one colour on the toolbar: its grip, or a line between two groups of buttons. It does nothing;
-/// pressing it drags the panel, like any part of the background.
+/// A strip of one colour on the toolbar: its grip, or a line between two groups of buttons. It takes no
+/// input: pressing it drags the panel, like any part of the background.
 class Bar : public QWidget
 {
     Q_OBJECT

@@ -1,4 +1,4 @@
-// The toolbar is built once, at launch: its window, and how its buttons lie in it.
+// Builds the toolbar once, at launch: its window, and the layout of its buttons.
 
 #include "base/stop.h"
 #include "core/app_delegate.h"
@@ -41,7 +41,7 @@ public:
         row->setSpacing(spacing);
         for (PalButton *button : buttons) {
             row->addWidget(button);
-            // To the end of the panel's children, which is the order in which screen readers read them.
+            // Moves it to the end of the panel's children, since screen readers read them in that order.
             button->raise();
         }
         m_column->addLayout(row);

@@ -4,7 +4,7 @@
 
 namespace zeigewerk {
 
-/// A filled circle of that diameter in the middle of 20 x 20 points: what a width button shows.
+/// The image of a width button: a filled circle of that diameter, in points, centred in 20 x 20 points.
 TemplateImage dotImage(double diameter);
 
 } // namespace zeigewerk

@@ -14,8 +14,8 @@ namespace {
 
 constexpr double kGreyedOpacity = 0.35;
 
-/// The largest rectangle within `rect` that ends between pixels on every side: at fractional scales a button
-/// begins and ends amid one, where a circle would be cut flat.
+/// The largest rectangle within `rect` whose edges lie on pixel boundaries. At fractional scales a button's
+/// edges lie inside pixels, and would cut a circle flat.
 QRectF wholePixels(const QPainter &painter, const QRectF &rect)
 {
     constexpr double kNoise = 1e-3;
@@ -38,7 +38,7 @@ PalButton::PalButton(QWidget *parent, QSize size, const QString &tip)
     setAttribute(Qt::WA_Hover);
     // Else a press on a greyed button would drag the panel.
     setAttribute(Qt::WA_NoMousePropagation);
-    // The menu belongs to the background; a hand that slips on a button gets nothing.
+    // The menu belongs to the background: a right click on a button opens none.
     setContextMenuPolicy(Qt::PreventContextMenu);
     setToolTip(tip);
     setAccessibleName(tip);

@@ -9,19 +9,19 @@
 
 namespace zeigewerk {
 
-/// A button of the toolbar. It shows a symbol, or its text where there is none, on a ground and within a
-/// border that whoever refreshes the toolbar sets. It has no state of its own that a click would change, and
-/// never takes the focus.
+/// A button of the toolbar. It shows a symbol, or its text if it has none, with a background and a border
+/// that are set when the toolbar is refreshed. It has no state that a click would change, and never takes the
+/// focus.
 class PalButton : public QAbstractButton
 {
     Q_OBJECT
 
 public:
-    /// What kind of thing a screen reader says that it is.
+    /// The kind of control that a screen reader announces.
     enum class Kind {
         Action,
         Toggle, ///< a mode that is on or off
-        Choice, ///< one of several, of which one is chosen
+        Choice, ///< one of a group in which one is chosen
     };
 
     /// What is painted behind the symbol.
@@ -36,12 +36,12 @@ public:
         friend bool operator==(const Layer &, const Layer &) = default;
     };
 
-    /// `tip` is the tooltip, and the name by which screen readers know the button for good.
+    /// `tip` is the tooltip, and the permanent name of the button for screen readers.
     PalButton(QWidget *parent, QSize size, const QString &tip);
 
     Kind kind() const { return m_kind; }
     void setKind(Kind kind) { m_kind = kind; }
-    /// Which of its row it is.
+    /// The number of the tool, colour or width that the button picks.
     int tag() const { return m_tag; }
     void setTag(int tag) { m_tag = tag; }
 
@@ -55,14 +55,15 @@ public:
     void setBackground(const Color &color);
     void setBorder(const Color &color, double width);
     void setCornerRadius(double radius);
-    /// What is laid over the ground while the pointer is on the button, and while it is held down.
+    /// Sets the colours laid over the background while the pointer is on the button, and while it is held
+    /// down.
     void setFeedback(const Color &hovered, const Color &pressed);
 
     /// A second line of the tooltip; none if empty.
     const QString &tipNote() const { return m_tipNote; }
     void setTipNote(const QString &note);
 
-    /// Whether the mode is on or the choice is this one, for those who cannot see it.
+    /// Whether the mode is on or the choice is this one, for screen readers.
     bool isShownOn() const { return m_isShownOn; }
     void setShownOn(bool on);
 

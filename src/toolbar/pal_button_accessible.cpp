@@ -17,7 +17,7 @@ QAccessibleInterface *makeInterface(const QString &className, QObject *object)
 
 void PalButtonAccessible::install()
 {
-    // Qt adds a factory once, however often it is told.
+    // Qt adds the same factory only once.
     QAccessible::installFactory(makeInterface);
 }
 
@@ -33,12 +33,12 @@ PalButton *PalButtonAccessible::button() const
 
 QAccessible::Role PalButtonAccessible::role() const
 {
-    // Asked each time: Qt keeps the interface from before the button was told what it is.
+    // Not stored: Qt keeps this object, and may have made it before the button's kind was set.
     switch (button()->kind()) {
     case PalButton::Kind::Action:
         break;
     case PalButton::Kind::Toggle:
-        return QAccessible::CheckBox; // as Qt's own buttons that can be checked
+        return QAccessible::CheckBox; // as for Qt's own checkable buttons
     case PalButton::Kind::Choice:
         return QAccessible::RadioButton;
     }
@@ -47,7 +47,7 @@ QAccessible::Role PalButtonAccessible::role() const
 
 QString PalButtonAccessible::text(QAccessible::Text kind) const
 {
-    // The rest of the tooltip is the name; as description too it would be read twice.
+    // The first line of the tooltip is the name already; as a description it would be read twice.
     if (kind == QAccessible::Description)
         return button()->tipNote();
     return QAccessibleWidget::text(kind);

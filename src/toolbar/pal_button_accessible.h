@@ -6,11 +6,12 @@ namespace zeigewerk {
 
 class PalButton;
 
-/// What a screen reader is told of a toolbar button: its name, whether its mode is on, and how to press it.
+/// What a screen reader is told about a toolbar button: its name, whether its mode is on, and how to press
+/// it.
 class PalButtonAccessible : public QAccessibleWidget
 {
 public:
-    /// Has Qt ask this class about every `PalButton`; the first call counts.
+    /// Makes Qt use this class for every `PalButton`. Only the first call has an effect.
     static void install();
 
     explicit PalButtonAccessible(PalButton *button);

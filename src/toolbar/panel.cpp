@@ -79,7 +79,7 @@ void Panel::paintEvent(QPaintEvent *event)
 
 void Panel::paintShadow(QPainter &painter) const
 {
-    // Rings that grow paler with the square of their distance pass for a blur, and cost next to nothing.
+    // Rings that fade with the square of their distance look like a blur, and cost very little.
     const QRectF dropped = QRectF(frameRect()).translated(0, kShadowDrop);
     painter.setPen(Qt::NoPen);
     painter.setBrush(toQColor(kBlack.withAlpha(kShadowAlpha)));
@@ -99,7 +99,7 @@ void Panel::paintBackdrop(QPainter &painter) const
     const Color color = m_isComposited ? m_look->backdrop : m_look->backdrop.withAlpha(1.0);
     QPainterPath outline;
     outline.addRoundedRect(frameRect(), kCornerRadius, kCornerRadius);
-    // The shadow runs on beneath the panel and must not darken it.
+    // The shadow extends beneath the panel, and must not darken it.
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
     painter.fillPath(outline, Qt::black);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
@@ -121,8 +121,8 @@ void Panel::mousePressEvent(QMouseEvent *event)
 
 QPointF Panel::inFrame(QPointF position) const
 {
-    // From the event, not from where the pointer is by now: a quick hand is already on its way. A position
-    // names a pixel, and the pointer is in its middle.
+    // From the event, since the pointer may have moved on by now. The position is a pixel, and the pointer is
+    // at its centre.
     const QPointF middle = position + QPointF(0.5, 0.5) / devicePixelRatio();
     const QRectF frame = frameRect();
     return {middle.x() - frame.left(), frame.bottom() - middle.y()};
@@ -143,7 +143,7 @@ void Panel::mouseReleaseEvent(QMouseEvent *event)
 void Panel::hideEvent(QHideEvent *event)
 {
     QWidget::hideEvent(event);
-    // Hidden by a hot key in mid-drag, it never hears of the release.
+    // If a hot key hides the panel during a drag, it never gets the release.
     endDrag();
 }
 

@@ -11,14 +11,14 @@ namespace zeigewerk {
 
 class Bar;
 
-/// The toolbar's backdrop: a rounded, translucent panel with a shadow around it. It tells when it is dragged
-/// by its background; moving it is left to whoever placed it.
+/// The toolbar's backdrop: a rounded, translucent panel with a shadow around it. It reports drags of its
+/// background; its owner moves it.
 class Panel : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// What the shadow takes around the panel's frame, in points.
+    /// The space for the shadow around the panel's frame, in points.
     static constexpr QMargins kShadow = {18, 14, 18, 22};
     static constexpr double kCornerRadius = 14.0;
 
@@ -29,13 +29,13 @@ public:
     const ToolbarLook &look() const { return *m_look; }
     /// `look` must outlive the panel.
     void setLook(const ToolbarLook &look);
-    /// A line between two groups of buttons, in the colour of the look; the panel owns it.
+    /// Makes a line between two groups of buttons, in the colour of the look. The panel owns it.
     Bar *makeSeparator();
-    /// Where nothing mixes the windows, the panel is solid and cut out along its rounded edge.
+    /// Without a compositor the panel is opaque, and cut out along its rounded edge.
     void setComposited(bool isComposited);
 
 Q_SIGNALS:
-    /// `grip` is where the panel was pressed: points from the lower left corner of its frame, y up.
+    /// `grip` is where the panel was grabbed: points from the lower left corner of its frame, y up.
     void dragBegan(QPointF grip);
     /// `position` is where the pointer is by now, in the same coordinates.
     void dragMoved(QPointF position);

@@ -6,9 +6,8 @@
 
 #include <memory>
 
-/// The linker leaves the resources of a static library out unless they are asked for. Qt does nothing when
-/// they are registered already. Outside every namespace, because the macro declares a function in the one
-/// around it.
+/// The linker omits the resources of a static library unless they are referenced. Registering them again does
+/// nothing. Outside every namespace, because the macro declares a function in the enclosing one.
 static void registerSymbols()
 {
     Q_INIT_RESOURCE(symbols);
@@ -31,7 +30,7 @@ std::optional<TemplateImage> symbolImage(const QString &name)
     const QString file = QStringLiteral(":/symbols/%1.svg").arg(name);
     if (!QFile::exists(file))
         return std::nullopt;
-    // Shared because a function must be copyable.
+    // Shared, because a std::function must be copyable.
     const auto renderer = std::make_shared<QSvgRenderer>(file);
     if (!renderer->isValid())
         return std::nullopt;

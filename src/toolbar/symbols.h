@@ -8,7 +8,7 @@
 
 namespace zeigewerk {
 
-/// The symbol of that name, 20 x 20 points; none when there is no such symbol.
+/// The symbol of that name, 20 x 20 points; nothing if there is no such symbol.
 std::optional<TemplateImage> symbolImage(const QString &name);
 
 } // namespace zeigewerk

@@ -43,8 +43,8 @@ TemplateImage::TemplateImage(QSizeF size, Draw draw)
 
 void TemplateImage::paint(QPainter &painter, QPointF topLeft, const QColor &tint) const
 {
-    // From points to pixels of what is painted on: the device's pixel ratio and, on a widget, its place among
-    // the pixels of the window belong to it.
+    // Maps points to the device's pixels. It includes the device's pixel ratio and, on a widget, its place in
+    // the window.
     const QTransform toPixels = painter.deviceTransform();
     const QSizeF pixels(m_size.width() * toPixels.m11(), m_size.height() * toPixels.m22());
     const QImage image =
@@ -52,7 +52,7 @@ void TemplateImage::paint(QPainter &painter, QPointF topLeft, const QColor &tint
     const QPoint pixel = toPixels.map(topLeft).toPoint();
 
     painter.save();
-    // What remains of the transform is a move by whole pixels, so that no pixel of the image is resampled.
+    // Leaves only a translation by whole pixels, so that the image is not resampled.
     const QTransform worldToPixels = painter.worldTransform().inverted() * toPixels;
     painter.setWorldTransform(QTransform::fromTranslate(pixel.x(), pixel.y()) * worldToPixels.inverted());
     painter.drawImage(QPoint(), image);

@@ -11,10 +11,10 @@ namespace zeigewerk {
 namespace {
 
 constexpr double kDistanceFromEdge = 24.0;
-/// As much as a hand finds and takes hold of.
-constexpr double kHandhold = 48.0;
-/// Screens lie within a few thousand points; what is far beyond that is no place.
-constexpr double kFarthestPlace = 1e6;
+/// In points: as much as must be visible for users to find and grab the toolbar.
+constexpr double kMinVisible = 48.0;
+/// Screens lie within a few thousand points; coordinates far beyond that are invalid.
+constexpr double kMaxCoordinate = 1e6;
 
 } // namespace
 
@@ -28,10 +28,10 @@ std::optional<SavedFrame> SavedFrame::fromString(const QString &text)
     for (std::size_t i = 0; i < kNumbers; ++i) {
         bool isNumber = false;
         numbers.at(i) = words.at(static_cast<int>(i)).toDouble(&isNumber);
-        if (!isNumber || !(std::abs(numbers.at(i)) < kFarthestPlace))
+        if (!isNumber || !(std::abs(numbers.at(i)) < kMaxCoordinate))
             return std::nullopt;
     }
-    // The name of a screen may have blanks in it.
+    // The name of a screen may contain spaces.
     return SavedFrame{.frame = {numbers[0], numbers[1], numbers[2], numbers[3]},
                       .screenName = words.mid(kNumbers).join(QLatin1Char(' '))};
 }
@@ -53,15 +53,15 @@ bool isReachable(const QRectF &frame, const std::vector<platform::Screen> &scree
 {
     return std::any_of(screens.begin(), screens.end(), [&](const platform::Screen &screen) {
         const QRectF shown = screen.frame & frame;
-        return shown.width() >= std::min(kHandhold, frame.width()) &&
-               shown.height() >= std::min(kHandhold, frame.height());
+        return shown.width() >= std::min(kMinVisible, frame.width()) &&
+               shown.height() >= std::min(kMinVisible, frame.height());
     });
 }
 
 QPointF broughtIntoView(const QRectF &frame, const QRectF &visibleFrame)
 {
-    const auto within = [](double value, double lowest, double highest) {
-        return std::min(std::max(value, lowest), highest);
+    const auto within = [](double value, double min, double max) {
+        return std::min(std::max(value, min), max);
     };
     return {within(frame.left(), visibleFrame.left(), visibleFrame.right() - frame.width()),
             within(frame.top(), visibleFrame.top(), visibleFrame.bottom() - frame.height())};

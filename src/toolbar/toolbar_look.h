@@ -4,24 +4,24 @@
 
 namespace zeigewerk {
 
-/// The colours of the toolbar in one of its two appearances, and what the button that switches between them
-/// shows: where it leads.
+/// The colours of the toolbar in one of its two appearances, and the symbol and tooltip of the button that
+/// switches to the other.
 struct ToolbarLook
 {
-    /// The panel itself; dense enough that the symbols stay legible over whatever is presented beneath, also
-    /// where the compositor does not blur it.
+    /// The panel itself. It is opaque enough for the symbols to stay legible over any content, even if the
+    /// compositor does not blur it.
     Color backdrop;
-    /// A hairline along the panel's edge, which tells it from a ground of the same colour.
+    /// A hairline along the panel's edge, which sets it off from a background of the same colour.
     Color edge;
     Color separator;
     Color grip;
-    /// The symbol of every button that is not a mode switched on.
+    /// The symbols on all buttons except modes that are on.
     Color content;
-    /// The ground of the chosen tool and of the chosen width.
+    /// The background of the chosen tool and of the chosen width.
     Color choice;
     /// The border of a swatch that is not chosen.
     Color swatchBorder;
-    /// Laid over a button's ground while the pointer is on it, and while it is held down.
+    /// Laid over a button's background while the pointer is on it, and while it is held down.
     Color hovered;
     Color pressed;
     const char *switchSymbol;

@@ -4,7 +4,7 @@
 
 namespace zeigewerk {
 
-/// The version that this program is, such as "1.0.2".
+/// The version of this program, such as "1.0.2".
 QString appVersion();
 
 } // namespace zeigewerk

@@ -9,21 +9,21 @@ namespace zeigewerk {
 namespace {
 
 constexpr char kFeedUrlKey[] = "SUFeedURL";
-/// In bytes; a larger one is something else.
-constexpr qint64 kLargestFile = qint64{64} * 1024;
+/// In bytes. A larger file is not an info file.
+constexpr qint64 kMaxFileSize = qint64{64} * 1024;
 
 } // namespace
 
 BundleInfo BundleInfo::read(const QString &fileName)
 {
     const QFileInfo file(fileName);
-    if (!file.isFile() || file.size() > kLargestFile)
+    if (!file.isFile() || file.size() > kMaxFileSize)
         return {};
     const QSettings settings(fileName, QSettings::IniFormat);
     const QString key = QLatin1String(kFeedUrlKey);
     if (!settings.contains(key))
         return {};
-    // An unquoted comma makes a list of a text.
+    // QSettings reads text with an unquoted comma as a list.
     return {.feedUrl = settings.value(key).toStringList().join(u',')};
 }
 

@@ -6,15 +6,15 @@
 
 namespace zeigewerk {
 
-/// What whoever installed the program said about it.
+/// What the installation says about the program.
 struct BundleInfo
 {
-    /// Where to ask for newer versions: any text. None where nobody is to be asked.
+    /// The address of the update feed, unchecked. Without one, nothing looks for updates.
     std::optional<QString> feedUrl;
 
-    /// From that file in the INI format; says nothing if there is none, or if it is something else.
+    /// Reads an INI file. The result is empty if there is no such file, or if it is something else.
     static BundleInfo read(const QString &fileName);
-    /// From `info.ini` beside the data of the running program.
+    /// Reads `info.ini` in the data folder of the running program.
     static BundleInfo ofThisProgram();
 };
 

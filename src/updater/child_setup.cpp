@@ -13,7 +13,7 @@ namespace zeigewerk {
 
 QProcessEnvironment environmentAtStart()
 {
-    // The kernel shows the block that the process was given; what is set later is kept elsewhere.
+    // The kernel shows the environment that the process was given; later changes are stored elsewhere.
     QFile file(QStringLiteral("/proc/self/environ"));
     if (!file.open(QFile::ReadOnly))
         return QProcessEnvironment::systemEnvironment();
@@ -23,7 +23,7 @@ QProcessEnvironment environmentAtStart()
             environment.insert(QString::fromLocal8Bit(variable.first(equals)),
                                QString::fromLocal8Bit(variable.sliced(equals + 1)));
     }
-    // They were for our own first window.
+    // These were for our own first window.
     environment.remove(QStringLiteral("DESKTOP_STARTUP_ID"));
     environment.remove(QStringLiteral("XDG_ACTIVATION_TOKEN"));
     return environment;
@@ -31,7 +31,7 @@ QProcessEnvironment environmentAtStart()
 
 // The modifiers run between fork and exec: system calls only.
 
-void bindToUs(QProcess &process)
+void bindToThisProcess(QProcess &process)
 {
     process.setProcessEnvironment(environmentAtStart());
     process.setChildProcessModifier([parent = getpid()] {
@@ -42,14 +42,14 @@ void bindToUs(QProcess &process)
     });
 }
 
-bool startOnItsOwn(QProcess &process)
+bool startDetached(QProcess &process)
 {
     process.setProcessEnvironment(environmentAtStart());
-    // What Qt itself starts detached, it starts without the modifier.
+    // QProcess::startDetached would not run the modifier.
     process.setChildProcessModifier([] {
         TerminationSignals::release();
         setsid();
-        // The child goes at once, and what it was to be is its own child, which nobody has to wait for.
+        // The child exits at once. The program runs in the child's own child, and we need not wait for that.
         const pid_t child = fork();
         if (child != 0)
             _exit(child > 0 ? 0 : 1);

@@ -6,16 +6,17 @@ class QProcess;
 
 namespace zeigewerk {
 
-/// The environment that this program was started with, without what it has set for itself since.
+/// The environment that this program was started with, without later changes and without the variables that
+/// announce its first window.
 QProcessEnvironment environmentAtStart();
 
-// Both have the process begin as if whoever started this program had started it: with the same environment,
-// and with SIGTERM, SIGINT and SIGHUP ending it.
+// Both start the process with the environment that this program was started with, and let SIGTERM, SIGINT and
+// SIGHUP end it.
 
-/// For a process that is started later: it ends with this one, however that ends.
-void bindToUs(QProcess &process);
+/// Prepares a process that is started later: it will end with this one, however this one ends.
+void bindToThisProcess(QProcess &process);
 
-/// Starts the process, which must not use pipes, and leaves it to itself. False if it cannot be started.
-bool startOnItsOwn(QProcess &process);
+/// Starts the process, which must not use pipes; it may outlive this one. False if it cannot be started.
+bool startDetached(QProcess &process);
 
 } // namespace zeigewerk

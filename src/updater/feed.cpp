@@ -12,13 +12,13 @@ namespace {
 
 constexpr QStringView kSparkle = u"http://www.andymatuschak.org/xml-namespaces/sparkle";
 constexpr QStringView kThisSystem = u"linux";
-/// Feeds nest five deep; a description may hold some markup.
-constexpr int kDeepest = 64;
-/// In characters. What is longer is no version, or no address that anybody would want to open.
-constexpr qsizetype kLongestVersion = 100;
-constexpr qsizetype kLongestPage = 2000;
+/// Feeds nest five levels deep; a description may contain some markup.
+constexpr int kMaxDepth = 64;
+/// In characters. Nothing longer is a version, or an address that anybody would open.
+constexpr qsizetype kMaxVersionLength = 100;
+constexpr qsizetype kMaxPageLength = 2000;
 
-/// What an item says, in elements or in attributes of its enclosure; the elements count.
+/// The texts of an item, from its elements or from the attributes of its enclosure. Elements take precedence.
 struct RawItem
 {
     QString version;
@@ -27,7 +27,7 @@ struct RawItem
     QString channel;
     QString page;
 
-    /// The text that goes by that name; null for names that are none of ours.
+    /// The text of that name; null for names that we do not use.
     QString *fieldNamed(QStringView name)
     {
         if (name == u"version")
@@ -47,7 +47,7 @@ bool isForUs(const RawItem &item)
     const bool isForThisSystem =
         item.system.isEmpty() || item.system.compare(kThisSystem, Qt::CaseInsensitive) == 0;
     return isForThisSystem && item.channel.isEmpty() && !item.version.isEmpty() &&
-           item.version.size() <= kLongestVersion && item.shortVersion.size() <= kLongestVersion;
+           item.version.size() <= kMaxVersionLength && item.shortVersion.size() <= kMaxVersionLength;
 }
 
 class FeedReader
@@ -68,7 +68,7 @@ public:
             else
                 skipElement();
         }
-        // To the end, since a feed that is cut off is none.
+        // Reads to the end: a feed that is cut off is invalid.
         while (!m_xml.atEnd())
             advance();
         if (m_xml.hasError())
@@ -87,7 +87,7 @@ private:
         return m_xml.tokenType();
     }
 
-    /// To the next element within the present one; false at its end.
+    /// Advances to the next element inside the current one; false at its end.
     bool enterElement()
     {
         for (;;) {
@@ -100,7 +100,7 @@ private:
         }
     }
 
-    /// Qt's own would go as deep as it gets, and keep track of it all.
+    /// QXmlStreamReader::skipCurrentElement would follow any depth, and keep track of it all.
     void skipElement()
     {
         for (int depth = 1; depth > 0;) {
@@ -111,7 +111,7 @@ private:
                 --depth;
             else if (token == QXmlStreamReader::Invalid)
                 return;
-            if (depth > kDeepest)
+            if (depth > kMaxDepth)
                 return m_xml.raiseError();
         }
     }
@@ -172,7 +172,7 @@ private:
         }
         if (!isForUs(item))
             return;
-        if (item.page.size() > kLongestPage)
+        if (item.page.size() > kMaxPageLength)
             item.page.clear();
         m_items.push_back({.version = item.version,
                            .shownVersion = item.shortVersion.isEmpty() ? item.version : item.shortVersion,

@@ -8,27 +8,28 @@
 
 namespace zeigewerk {
 
-/// A version that a feed tells of.
+/// A version that is listed in a feed.
 struct FeedItem
 {
-    /// What is compared.
+    /// The version that is compared.
     QString version;
-    /// What people call it; the same where the feed has no other name.
+    /// The version that people see; the same if the feed has no other.
     QString shownVersion;
-    /// The address of its page, as it stands in the feed: empty, or anything.
+    /// The address of its page as the feed gives it, unchecked; may be empty.
     QString page;
 
     friend bool operator==(const FeedItem &, const FeedItem &) = default;
 };
 
-/// The versions for this system in an update feed, in its order: RSS 2.0 with the Sparkle framework's
-/// elements `version`, `shortVersionString`, `os` and `channel`, each of which may also be an attribute of
-/// the enclosure. Items for other systems do not count, nor do those of a channel, which are for people who
-/// asked for it, nor those without a version. A minimum system version is not looked at: no number says that
-/// for all of Linux. None if that is no such feed; a document type, with which come entities, is in none.
+/// Reads the versions for this system from an update feed, in its order. A feed is RSS 2.0 with the Sparkle
+/// framework's elements `version`, `shortVersionString`, `os` and `channel`, each of which may also be an
+/// attribute of the enclosure. Items are skipped if they are for other systems, have no version, or belong to
+/// a channel, which is for users who asked for it. A minimum system version is ignored: no number describes
+/// all of Linux. Returns nothing if that is not a feed, or if it has a document type, which could define
+/// entities.
 std::optional<std::vector<FeedItem>> parseFeed(const QByteArray &bytes);
 
-/// The newest by its version, wherever it stands; none of none.
+/// The item of the newest version, wherever it stands; nothing if there are no items.
 std::optional<FeedItem> newestItem(const std::vector<FeedItem> &items);
 
 } // namespace zeigewerk

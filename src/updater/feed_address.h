@@ -7,11 +7,11 @@
 
 namespace zeigewerk {
 
-/// The address that the text is, if it may be asked or opened: over HTTPS, and over plain HTTP only on this
-/// machine.
+/// The text as an address, if we may ask or open it: over HTTPS, or over plain HTTP on this machine. Nothing
+/// otherwise.
 std::optional<QUrl> allowedAddress(const QString &text);
 
-/// Whether one address may lead on to another: nobody's server has us ask this machine's own.
+/// Whether one address may redirect to another: no other server may send us to one on this machine.
 bool mayLeadTo(const QUrl &from, const QUrl &to);
 
 /// Whether the host is this machine, by one of its three usual names.

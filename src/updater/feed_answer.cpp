@@ -6,10 +6,10 @@ namespace zeigewerk {
 
 namespace {
 
-/// Away from the codes with which a process ends that could not be started or has gone wrong.
+/// Distinct from the exit codes of processes that could not be started or went wrong.
 constexpr int kFirstFailure = 10;
 constexpr int kLastFailure = kFirstFailure + static_cast<int>(FeedFailure::NoProcess);
-/// A line each; the feed's texts have no line breaks.
+/// One line each; the feed's texts have no line breaks.
 constexpr int kFields = 3;
 
 } // namespace
@@ -36,7 +36,7 @@ FeedAnswer readAnswer(const WrittenAnswer &written)
     if (written.output.isEmpty())
         return std::optional<FeedItem>();
     const QList<QByteArray> lines = written.output.split('\n');
-    // The last line ends too.
+    // The last line ends with a line break, too.
     if (lines.size() != kFields + 1 || !lines.back().isEmpty())
         return FeedFailure::NoProcess;
     return std::optional(FeedItem{.version = QString::fromUtf8(lines[0]),

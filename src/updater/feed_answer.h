@@ -11,23 +11,23 @@ namespace zeigewerk {
 
 /// Why a feed could not be read.
 enum class FeedFailure {
-    BadAddress,   ///< no address, or none that is allowed
-    HostNotFound, ///< nobody knows the server's name, perhaps for want of a network
+    BadAddress,   ///< not an address, or not an allowed one
+    HostNotFound, ///< the server's name is unknown, perhaps because there is no network
     NoConnection, ///< the server does not answer, or hangs up
-    NotSecure,    ///< the server cannot prove who it is
-    BadRedirect,  ///< it sends us to where we do not go, or from one place to the next
-    NotFound,     ///< it has no feed there
-    ServerError,  ///< it answers with some other error
+    NotSecure,    ///< the server cannot prove its identity
+    BadRedirect,  ///< the server redirects to an address that is not allowed, or too often
+    NotFound,     ///< the server has no feed there
+    ServerError,  ///< the server answers with another error
     TooLarge,
     TooSlow,
-    NotReadable, ///< what came is no feed
-    NoProcess,   ///< the process that reads feeds is not there, or did not end as it should
+    NotReadable, ///< the answer is not a feed
+    NoProcess,   ///< the process that reads feeds is missing, or failed
 };
 
-/// The newest version for us, none if the feed has none, or why that is not known.
+/// The newest version for us, nothing if the feed has none, or why it is unknown.
 using FeedAnswer = std::variant<std::optional<FeedItem>, FeedFailure>;
 
-/// How the process that reads the feed tells the program: what it writes, and its exit code.
+/// An answer as the feed process passes it to the program: its output and its exit code.
 struct WrittenAnswer
 {
     QByteArray output;
@@ -35,7 +35,7 @@ struct WrittenAnswer
 };
 
 WrittenAnswer write(const FeedAnswer &answer);
-/// Whatever was not written by `write` counts as no process.
+/// Anything that `write` could not have written counts as `NoProcess`.
 FeedAnswer readAnswer(const WrittenAnswer &written);
 
 } // namespace zeigewerk

@@ -11,7 +11,7 @@ namespace zeigewerk {
 
 namespace {
 
-/// In bytes: no more than that is unpacked before it is counted.
+/// In bytes. At most this much is unpacked before it is counted.
 constexpr qint64 kBuffer = qint64{64} * 1024;
 
 FeedFailure failureOf(const QNetworkReply &reply)
@@ -30,7 +30,7 @@ FeedFailure failureOf(const QNetworkReply &reply)
     }
     if (reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >= kFirstHttpError)
         return FeedFailure::ServerError;
-    // What does not unpack, or to far more than was sent.
+    // The content cannot be unpacked, or unpacks to far more than was sent.
     if (reply.error() == QNetworkReply::UnknownContentError)
         return FeedFailure::NotReadable;
     return FeedFailure::NoConnection;
@@ -51,7 +51,7 @@ void FeedDownload::start(const QString &address)
     const std::optional<QUrl> url = allowedAddress(address);
     if (!url)
         return finish(FeedFailure::BadAddress);
-    // What is asked of this machine does not leave it.
+    // Requests to this machine do not leave it.
     if (isLoopback(*url))
         m_network.setProxy(QNetworkProxy::NoProxy);
     ask(*url);
@@ -61,7 +61,7 @@ void FeedDownload::ask(const QUrl &url)
 {
     m_reply.reset(m_network.get(requestFor(url)));
     m_reply->setReadBufferSize(kBuffer);
-    connect(m_reply.get(), &QIODevice::readyRead, this, &FeedDownload::dataCame);
+    connect(m_reply.get(), &QIODevice::readyRead, this, &FeedDownload::readData);
     connect(m_reply.get(), &QNetworkReply::finished, this, &FeedDownload::replyFinished);
 }
 
@@ -70,30 +70,30 @@ QNetworkRequest FeedDownload::requestFor(const QUrl &url) const
     QNetworkRequest request(url);
     request.setSslConfiguration(m_security);
     request.setHeader(QNetworkRequest::UserAgentHeader, m_userAgent);
-    // Qt would tell the user's.
+    // Qt would send the user's languages.
     request.setRawHeader("Accept-Language", "*");
-    // Where it may go, and how often, is decided here.
+    // `redirect` decides where it may go, and how often.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
-    // One small file gains nothing by it.
+    // HTTP/2 gains nothing for one small file.
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     return request;
 }
 
 void FeedDownload::redirect(const QUrl &url)
 {
-    if (++m_redirects > kMostRedirects || !mayLeadTo(m_reply->url(), url))
+    if (++m_redirects > kMaxRedirects || !mayLeadTo(m_reply->url(), url))
         return finish(FeedFailure::BadRedirect);
     m_bytes.clear();
     dropReply();
     ask(url);
 }
 
-void FeedDownload::dataCame()
+void FeedDownload::readData()
 {
     m_bytes += m_reply->read(kLargestFeed + 1 - m_bytes.size());
     if (m_bytes.size() > kLargestFeed)
@@ -104,9 +104,9 @@ void FeedDownload::replyFinished()
 {
     if (m_reply->error() != QNetworkReply::NoError)
         return finish(failureOf(*m_reply));
-    dataCame();
+    readData();
     if (!m_reply)
-        return; // it was too large
+        return; // the feed was too large
     const QVariant target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute);
     if (target.isValid())
         return redirect(m_reply->url().resolved(target.toUrl()));
@@ -127,7 +127,7 @@ void FeedDownload::dropReply()
 {
     if (!m_reply)
         return;
-    // It may be the one who calls, and hanging up would have it finish once more.
+    // The reply may be the caller, and aborting it would emit `finished` again.
     m_reply->disconnect(this);
     m_reply->abort();
     m_reply.release()->deleteLater();

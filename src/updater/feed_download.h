@@ -10,34 +10,34 @@
 
 namespace zeigewerk {
 
-/// Asks for a feed once, and keeps nothing of it: no cookies, no cache, no passwords. Told of us is the user
-/// agent alone. How long it takes is not bounded here: whoever waits knows how long.
+/// Requests a feed once, and stores nothing: no cookies, no cache, no passwords. The user agent is all that
+/// it tells about us. It has no time limit; the caller sets one.
 class FeedDownload : public QObject
 {
     Q_OBJECT
 
 public:
-    /// In bytes, after unpacking; feeds have some ten thousand.
+    /// In bytes, after unpacking. Feeds have some ten thousand.
     static constexpr qint64 kLargestFeed = qint64{1024} * 1024;
-    static constexpr int kMostRedirects = 5;
+    static constexpr int kMaxRedirects = 5;
 
-    /// `security` says, above all, whose certificates are believed.
+    /// `security` says, above all, which certificates are trusted.
     explicit FeedDownload(const QByteArray &userAgent,
                           const QSslConfiguration &security = QSslConfiguration::defaultConfiguration());
     ~FeedDownload() override;
 
-    /// Begins to ask; to be called once.
+    /// Starts the request. Call it only once.
     void start(const QString &address);
 
 Q_SIGNALS:
-    /// Once, from the event loop or from within `start`.
+    /// Emitted once, from the event loop or from within `start`.
     void finished(const FeedAnswer &answer);
 
 private:
     QNetworkRequest requestFor(const QUrl &url) const;
     void ask(const QUrl &url);
     void redirect(const QUrl &url);
-    void dataCame();
+    void readData();
     void replyFinished();
     void finish(const FeedAnswer &answer);
     void dropReply();

@@ -1,5 +1,5 @@
-// Reads an update feed, and writes which version is the newest. The program runs it as a process of its own,
-// so that nothing that comes from the network can hold the program up or take it along.
+// Reads an update feed and prints the newest version. The program runs it as a separate process, so that
+// nothing from the network can block or crash the program.
 
 #include "updater/feed_download.h"
 
@@ -18,14 +18,14 @@ int main(int argc, char *argv[])
         return 2;
     }
     FeedDownload download(arguments[2].toUtf8());
-    const auto tell = [](const FeedAnswer &answer) {
+    const auto writeAnswer = [](const FeedAnswer &answer) {
         const WrittenAnswer written = write(answer);
         std::fwrite(written.output.constData(), 1, static_cast<std::size_t>(written.output.size()), stdout);
         std::fflush(stdout);
         QCoreApplication::exit(written.exitCode);
     };
-    // Queued, as the event loop must run before it can be left.
-    QObject::connect(&download, &FeedDownload::finished, &app, tell, Qt::QueuedConnection);
+    // Queued: the event loop must run before it can be left.
+    QObject::connect(&download, &FeedDownload::finished, &app, writeAnswer, Qt::QueuedConnection);
     download.start(arguments[1]);
     return QCoreApplication::exec();
 }

@@ -28,7 +28,7 @@ QString feedProgram()
 
 FeedProcess::FeedProcess(const QString &program, const QString &address)
 {
-    bindToUs(m_process);
+    bindToThisProcess(m_process);
     m_process.setProgram(program);
     m_process.setArguments({address, userAgent()});
     m_process.setStandardInputFile(QProcess::nullDevice());

@@ -10,24 +10,24 @@
 
 namespace zeigewerk {
 
-/// Where the program is that reads feeds: beside this one, or where it is installed.
+/// The path of the program that reads feeds: beside this one, or where it is installed.
 QString feedProgram();
 
-/// Has a feed read, once, in a process of its own, which ends with this object at the latest.
+/// Reads a feed once, in a separate process that ends with this object at the latest.
 class FeedProcess : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `program` reads feeds.
+    /// `program` is the path of the program that reads feeds.
     FeedProcess(const QString &program, const QString &address);
     ~FeedProcess() override;
 
-    /// Begins; whatever takes longer than `timeLimit` is ended.
+    /// Starts reading. After `timeLimit` the answer is `TooSlow`.
     void start(std::chrono::milliseconds timeLimit);
 
 Q_SIGNALS:
-    /// Once; possibly from within `start`.
+    /// Emitted once, possibly from within `start`.
     void finished(const FeedAnswer &answer);
 
 private:

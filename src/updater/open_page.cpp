@@ -11,11 +11,11 @@ bool openPage(const QUrl &page, const QString &opener)
     QProcess process;
     process.setProgram(opener);
     process.setArguments({page.toString(QUrl::FullyEncoded)});
-    // What a browser has to say is not for whoever reads what we write.
+    // A browser's messages do not belong among ours.
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
-    return startOnItsOwn(process);
+    return startDetached(process);
 }
 
 } // namespace zeigewerk

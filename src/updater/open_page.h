@@ -5,12 +5,11 @@
 
 namespace zeigewerk {
 
-/// The command that opens addresses as the user has set it.
+/// The command that opens addresses in the user's preferred program.
 inline constexpr char kPageOpener[] = "xdg-open";
 
-/// Has `opener` open that page, on its own from then on; false if it cannot be started. Not by Qt's own way
-/// to do so: a browser started by that would take over the signals that we block and the environment that we
-/// set.
+/// Opens the page with `opener`, which may outlive us; false if it cannot be started. QDesktopServices would
+/// pass on to the browser the signals that we block and the environment that we set.
 bool openPage(const QUrl &page, const QString &opener = QLatin1String(kPageOpener));
 
 } // namespace zeigewerk

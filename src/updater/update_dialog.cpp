@@ -17,7 +17,7 @@ constexpr int kSpacing = 10;
 QLabel *makeLabel(QWidget &parent)
 {
     auto *label = new QLabel(&parent);
-    // What a feed says is text.
+    // A feed must not format our text.
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::NoTextInteraction);
@@ -27,7 +27,7 @@ QLabel *makeLabel(QWidget &parent)
 QPushButton *makeButton(QWidget &parent)
 {
     auto *button = new QPushButton(&parent);
-    // The keyboard stays with whoever has it.
+    // The dialog does not take the keyboard.
     button->setFocusPolicy(Qt::NoFocus);
     return button;
 }
@@ -78,7 +78,7 @@ void UpdateDialog::setNews(const UpdateNews &news)
 
 void UpdateDialog::paintEvent(QPaintEvent *)
 {
-    // The desktop makes windows of ours translucent, so the ground is painted here.
+    // The desktop makes our windows translucent, so the background is painted here.
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Mid));
     painter.fillRect(rect().marginsRemoved({1, 1, 1, 1}), palette().color(QPalette::Window));

@@ -9,8 +9,8 @@ class QPushButton;
 
 namespace zeigewerk {
 
-/// Tells of a search for updates, and asks what to do about it. It has no frame around it but its own, as no
-/// window manager gives it one, and does not close itself.
+/// Shows the news of a search for updates, and what the user can do about it. It paints its own frame,
+/// because no window manager gives it one, and does not close itself.
 class UpdateDialog : public QWidget
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class UpdateDialog : public QWidget
 public:
     UpdateDialog();
 
-    /// Takes the size that the news need.
+    /// Shows the news, in a window as high as they need.
     void setNews(const UpdateNews &news);
     const UpdateNews &news() const { return m_news; }
 

@@ -54,7 +54,7 @@ QString installedVersion(const QString &version)
     return QStringLiteral("Installiert ist Version %1.").arg(version);
 }
 
-/// Without characters that show nothing, or turn the text around.
+/// Removes characters that are invisible or reverse the text.
 QString legible(QString text)
 {
     text.removeIf([](QChar character) { return !character.isPrint(); });

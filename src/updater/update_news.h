@@ -16,7 +16,7 @@ struct Searching
     friend bool operator==(const Searching &, const Searching &) = default;
 };
 
-/// There is nothing newer than what is installed.
+/// There is nothing newer than the installed version.
 struct UpToDate
 {
     QString installed;
@@ -28,13 +28,13 @@ struct NewVersion
 {
     QString version;
     QString installed;
-    /// None where the feed names no page that may be opened.
+    /// None if the feed names no page that may be opened.
     std::optional<QUrl> page;
 
     friend bool operator==(const NewVersion &, const NewVersion &) = default;
 };
 
-/// Nothing opens pages here.
+/// The page could not be opened.
 struct PageNotOpened
 {
     QUrl page;
@@ -42,13 +42,13 @@ struct PageNotOpened
     friend bool operator==(const PageNotOpened &, const PageNotOpened &) = default;
 };
 
-/// What the user is told of a search for updates.
+/// What the user is told about a search for updates.
 using UpdateNews = std::variant<Searching, UpToDate, NewVersion, PageNotOpened, FeedFailure>;
 
-/// What the feed's answer means for whoever has that version installed.
+/// What the feed's answer means if that version is installed.
 UpdateNews newsOf(const FeedAnswer &answer, const QString &installed);
 
-// In German: a sentence, one that says more, or an empty text, and what the button says that ends it.
+// German texts: a sentence, more about it (may be empty), and the label of the button that closes the dialog.
 QString headline(const UpdateNews &news);
 QString detail(const UpdateNews &news);
 QString closingTitle(const UpdateNews &news);

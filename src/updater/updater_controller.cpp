@@ -45,11 +45,11 @@ void UpdaterController::check()
 
 void UpdaterController::answered(const FeedAnswer &answer)
 {
-    // It is the one who calls.
+    // It is the caller, so it cannot be deleted at once.
     if (m_check)
         m_check.release()->deleteLater();
     const UpdateNews news = newsOf(answer, m_setup.installed);
-    // There is a dialog only if somebody asked, or was told and has not closed it yet.
+    // There is a dialog only if the user asked, or has not closed the last news yet.
     if (m_dialog || std::holds_alternative<NewVersion>(news))
         show(news);
     Q_EMIT checked(news);
@@ -68,7 +68,7 @@ void UpdaterController::makeDialog()
 {
     m_dialog = std::make_unique<UpdateDialog>();
     m_window = m_desktop.makeWindow(platform::WidgetRole::Dialog, *m_dialog, {});
-    // Queued, as the button that was clicked goes with its dialog.
+    // Queued: the clicked button is deleted with its dialog.
     connect(m_dialog.get(), &UpdateDialog::openingRequested, this, &UpdaterController::openPageOfNews,
             Qt::QueuedConnection);
     connect(m_dialog.get(), &UpdateDialog::closingRequested, this, &UpdaterController::closeDialog,
@@ -85,9 +85,9 @@ void UpdaterController::placeDialog()
         return mouse && platform::contains(screen.frame, *mouse);
     });
     const platform::Screen &screen = found == screens.end() ? screens.front() : *found;
-    const QPointF middle = m_desktop.visibleFrame(screen).center();
+    const QPointF center = m_desktop.visibleFrame(screen).center();
     const QSizeF size = m_window->frame().size();
-    m_window->setFrameOrigin(middle - QPointF(size.width(), size.height()) / 2);
+    m_window->setFrameOrigin(center - QPointF(size.width(), size.height()) / 2);
 }
 
 void UpdaterController::openPageOfNews()

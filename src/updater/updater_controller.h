@@ -16,9 +16,8 @@ namespace zeigewerk {
 
 class UpdateDialog;
 
-/// Asks the update feed whether there is a newer version: once after the start, which nobody hears of unless
-/// there is one, and whenever the user wants to know. It installs nothing: it tells, and opens the page where
-/// the new version is.
+/// Asks the update feed for a newer version: once after the start, silently unless there is one, and whenever
+/// the user asks. It installs nothing; it shows the news, and opens the page of the new version.
 class UpdaterController : public QObject
 {
     Q_OBJECT
@@ -26,15 +25,15 @@ class UpdaterController : public QObject
 public:
     struct Setup
     {
-        /// As the installation gives it; anything that is no address is told when the user asks.
+        /// The feed's address as the installation gives it. If it is invalid, the user is told when asking.
         QString feedUrl;
         QString installed = appVersion();
         QString feedProgram = zeigewerk::feedProgram();
-        /// For the whole of an answer.
+        /// The limit for a complete answer.
         std::chrono::milliseconds timeLimit = std::chrono::seconds(30);
-        /// What comes with the start of the program, and of the session around it, comes first.
+        /// The start of the program, and of the session around it, comes first.
         std::chrono::milliseconds firstCheckAfter = std::chrono::seconds(3);
-        /// Tells whether it could.
+        /// Opens a page; false if it cannot.
         std::function<bool(const QUrl &)> open = [](const QUrl &page) { return openPage(page); };
     };
 
@@ -42,18 +41,18 @@ public:
     UpdaterController(platform::Desktop &desktop, const Setup &setup);
     ~UpdaterController() override;
 
-    /// The user wants to know: whatever comes of it is shown, at once that it is looked for. A search that is
-    /// under way is that search.
+    /// The user asks for updates: shows at once that the search is on, then its result. If a search is
+    /// already running, shows that one.
     void checkForUpdates();
     bool isChecking() const { return m_check != nullptr; }
 
-    /// Null while there is none on the screen.
+    /// The open dialog; null if there is none.
     UpdateDialog *dialog() const { return m_dialog.get(); }
-    /// What shows the dialog.
+    /// The window that shows the dialog; null if there is none.
     const platform::WidgetWindow *window() const { return m_window.get(); }
 
 Q_SIGNALS:
-    /// A search has ended, whether anybody is told of it or not.
+    /// A search has ended, whether or not the user is told.
     void checked(const UpdateNews &news);
 
 private:
@@ -70,7 +69,7 @@ private:
     Setup m_setup;
     std::unique_ptr<FeedProcess> m_check;
     bool m_hasChecked = false;
-    // The second shows the first.
+    // The window shows the dialog, so it is destroyed first.
     std::unique_ptr<UpdateDialog> m_dialog;
     std::unique_ptr<platform::WidgetWindow> m_window;
 };

@@ -6,7 +6,7 @@ namespace zeigewerk {
 
 namespace {
 
-/// What may stand at a place of a version, the oldest first.
+/// The kinds of parts that a version has, oldest first.
 enum class PartKind { Text, End, Separator, Number };
 
 struct Part
@@ -24,7 +24,7 @@ PartKind kindOf(QChar character)
     return PartKind::Text;
 }
 
-/// Takes the first part off the version. Separators are parts one by one.
+/// Removes the first part from the version, and returns it. Each separator is a part by itself.
 Part takePart(QStringView &version)
 {
     if (version.isEmpty())
@@ -38,7 +38,7 @@ Part takePart(QStringView &version)
     return part;
 }
 
-/// As numbers of any length, so that no digits are too many.
+/// Compares numbers with any number of digits.
 std::weak_ordering compareNumbers(QStringView one, QStringView other)
 {
     const auto significant = [](QStringView digits) {

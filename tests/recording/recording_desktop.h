@@ -35,9 +35,9 @@ public:
     bool ignoresMouseEvents() const { return m_ignoresMouseEvents; }
     SurfaceContent *content() { return m_content; }
 
-    /// Paints what was damaged, as the event loop would do at its next turn. Returns whether anything was.
+    /// Paints the damage, as the event loop would do on its next pass. Returns whether there was any.
     bool display();
-    /// The picture as it stands; null while the surface is ordered out.
+    /// The current picture; null while the surface is ordered out.
     const QImage &image() const { return m_image; }
     /// How many pixels `display` has painted since the surface was made.
     qint64 paintedPixels() const { return m_paintedPixels; }
@@ -59,7 +59,7 @@ private:
     qint64 m_paintedPixels = 0;
 };
 
-/// The window of a widget, which is shown and hidden on Qt's own platform so that a test can click in it.
+/// The window of a widget. It is shown and hidden on Qt's own platform, so that a test can click in it.
 class RecordingWindow : public WidgetWindow
 {
 public:
@@ -91,8 +91,7 @@ private:
     bool m_ignoresMouseEvents = false;
 };
 
-/// A desktop for tests: it has the screens and the pointer that the test says, and notes in order what it is
-/// asked.
+/// A desktop for tests. The test sets its screens and its pointer; it records all requests in order.
 class RecordingDesktop : public Desktop
 {
     Q_OBJECT
@@ -119,7 +118,7 @@ public:
     void activate() override;
     void deactivate() override;
 
-    /// What was asked, in order, such as "overlay 0: order front"; taking it empties it.
+    /// Returns the requests in order, such as "overlay 0: order front", and empties the log.
     QStringList takeLog();
     void setMouseLocation(QPointF location) { m_mouseLocation = location; }
     /// From now on the desktop does not tell where the pointer is.
@@ -129,16 +128,16 @@ public:
     void setLimitation(Feature feature, const QString &reason);
     /// Puts the keyboard focus on the screen with that index.
     void setMainScreen(std::size_t index) { m_mainScreen = index; }
-    /// Takes that much from every screen's visible frame; left and bottom as in y-up coordinates.
+    /// Removes these margins, with y up, from every screen's visible frame.
     void setDocks(const QMarginsF &docks)
     {
         m_docks = {docks.left(), docks.bottom(), docks.right(), docks.top()};
     }
     void setComposited(bool isComposited);
     void setTray(bool exists);
-    /// Changes the screens and tells so.
+    /// Changes the screens and emits `screensChanged`.
     void changeScreens(std::vector<Screen> screens);
-    /// The living surfaces of that role, oldest first.
+    /// The existing surfaces of that role, oldest first.
     std::vector<RecordingSurface *> surfaces(SurfaceRole role) const;
 
     /// Which of our windows has the keyboard, such as "overlay 0"; empty for none.

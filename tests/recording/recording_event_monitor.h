@@ -8,7 +8,7 @@ namespace zeigewerk::platform {
 
 class RecordingDesktop;
 
-/// A monitor that tells of what the test says has happened.
+/// A monitor that reports the events that a test sends.
 class RecordingEventMonitor : public EventMonitor
 {
 public:
@@ -28,11 +28,11 @@ public:
     }
 
     MonitoredEvents listening() const { return m_listening; }
-    /// Somebody presses the left button or turns the wheel; nothing is told of it unless it was asked for, as
-    /// on a real desktop.
+    /// Press the left button or turn the wheel. As on a real desktop, the handler is called only if the
+    /// monitor listens for that.
     void pressLeft() const;
     void scroll(const MonitoredScroll &scroll) const;
-    /// Tells of it although that is no longer wanted: it was under way.
+    /// The same for an event already under way when listening ended: the handler is called anyway.
     void pressLeftLate() const;
     void scrollLate(const MonitoredScroll &scroll) const;
 

@@ -16,7 +16,7 @@ RecordingWindow::RecordingWindow(RecordingDesktop &desktop, QString name, Widget
     , m_ornament(ornament)
 {
     m_widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
-    // Clicks and pictures need no window on any screen.
+    // Clicks and pictures work without a window on a screen.
     m_widget.setAttribute(Qt::WA_DontShowOnScreen);
 }
 
@@ -33,7 +33,8 @@ QRectF RecordingWindow::frame() const
 
 void RecordingWindow::setFrameOrigin(QPointF origin)
 {
-    // A half is rounded down, as Qt's coordinates grow downwards.
+    // Rounded to Qt's whole coordinates, as on a real desktop. They grow downwards, and so a half is rounded
+    // down.
     m_origin = QPointF(std::floor(origin.x() + 0.5), std::ceil(origin.y() - 0.5));
 }
 

@@ -206,14 +206,14 @@ void FeedDownloadTest::redirectsAreFollowedWhereTheyMayLead()
 void FeedDownloadTest::redirectsAreFollowedAFewTimes()
 {
     FeedServer server;
-    for (int left = 1; left <= FeedDownload::kMostRedirects + 1; ++left)
+    for (int left = 1; left <= FeedDownload::kMaxRedirects + 1; ++left)
         server.serveRedirect(QStringLiteral("/%1").arg(left), QStringLiteral("/%1").arg(left - 1));
     server.serve(QStringLiteral("/0"), feedOf(itemOf("1.2")));
     const auto answerAfter = [&server](int redirects) {
         return told(answerAt(server.address(QStringLiteral("/%1").arg(redirects))));
     };
-    QCOMPARE(answerAfter(FeedDownload::kMostRedirects), QStringLiteral("1.2"));
-    QCOMPARE(answerAfter(FeedDownload::kMostRedirects + 1), told(FeedFailure::BadRedirect));
+    QCOMPARE(answerAfter(FeedDownload::kMaxRedirects), QStringLiteral("1.2"));
+    QCOMPARE(answerAfter(FeedDownload::kMaxRedirects + 1), told(FeedFailure::BadRedirect));
 }
 
 void FeedDownloadTest::onlyTheUserAgentIsTold()

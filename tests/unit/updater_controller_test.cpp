@@ -50,7 +50,7 @@ void UpdaterControllerTest::whoAsksIsTold_data()
     row(
         "nothing there", [](FeedServer &) {}, FeedFailure::NotFound);
     row(
-        "too much", [](FeedServer &server) { server.serveMany(kFeed, qint64{100} * 1024 * 1024); },
+        "too much", [](FeedServer &server) { server.serveManyBytes(kFeed, qint64{100} * 1024 * 1024); },
         FeedFailure::TooLarge);
     row(
         "going round", [](FeedServer &server) { server.serveRedirect(kFeed, kFeed); },
@@ -127,7 +127,7 @@ void UpdaterControllerTest::aServerThatTakesTooLongIsTooSlow()
     if (doesAnswer)
         server.serveSlowly(kFeed);
     else
-        server.serveNothing(kFeed);
+        server.serveLater(kFeed);
     Updater updater(server.address(kFeed));
     updater.setup.timeLimit = 500ms;
     updater.controller().checkForUpdates();
@@ -158,7 +158,7 @@ void UpdaterControllerTest::aProgramThatIsMissingOrFailsIsTold()
 void UpdaterControllerTest::askingWhileItSearchesIsTheSameSearch()
 {
     FeedServer server;
-    server.serveNothing(kFeed);
+    server.serveLater(kFeed);
     Updater updater(server.address(kFeed), 0ms);
     updater.controller();
     QTRY_COMPARE(server.requests().size(), 1);
@@ -201,7 +201,7 @@ void UpdaterControllerTest::whenItIsDoneNothingIsLeft()
 void UpdaterControllerTest::endingTheControllerEndsTheSearch()
 {
     FeedServer server;
-    server.serveNothing(kFeed);
+    server.serveLater(kFeed);
     {
         Updater updater(server.address(kFeed));
         updater.controller().checkForUpdates();

@@ -41,7 +41,7 @@ void UpdaterWindowTest::anOpenDialogComesToTheFrontWithWhatIsNew()
 void UpdaterWindowTest::closingTheDialogEndsTheSearch()
 {
     FeedServer server;
-    server.serveNothing(kFeed);
+    server.serveLater(kFeed);
     Updater updater(server.address(kFeed));
     updater.controller().checkForUpdates();
     QTRY_COMPARE(server.openConnections(), 1);

@@ -41,7 +41,7 @@ int run(int argc, char **argv)
     const zeigewerk::test::RegisteredTest k##Test(__FILE__, zeigewerk::test::run<Test, Application>);        \
     }
 
-/// Replaces QTEST_MAIN and its variants. Goes once into each file, into the namespace of its test class.
+/// Replaces QTEST_MAIN and its variants. Use it once in each file, in the namespace of its test class.
 #define REGISTER_TEST(Test) ZEIGEWERK_REGISTER(Test, QApplication)
 #define REGISTER_GUILESS_TEST(Test) ZEIGEWERK_REGISTER(Test, QCoreApplication)
 #define REGISTER_APPLESS_TEST(Test) ZEIGEWERK_REGISTER(Test, zeigewerk::test::NoApplication)

@@ -29,10 +29,14 @@ struct Target
     void (*run)(Bytes input);
 };
 
-// clang-format off: a table, one row a line
+// A table, one row a line.
+// clang-format off
 inline constexpr std::array kTargets = {
-    Target{"settings", settings}, Target{"toolbar_frame", toolbarFrame}, Target{"feed", feed},
-    Target{"screens", screens},   Target{"scrolling", scrolling},
+    Target{"settings", settings},
+    Target{"toolbar_frame", toolbarFrame},
+    Target{"feed", feed},
+    Target{"screens", screens},
+    Target{"scrolling", scrolling},
 };
 // clang-format on
 

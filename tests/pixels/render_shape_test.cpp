@@ -54,7 +54,7 @@ void RenderShapeTest::eachShapeInksItsLinesAndNothingElse_data()
         Points inked;
         Points blank;
     };
-    // All points keep at least the diagonal of a pixel from the edge of the ink.
+    // All points are at least the diagonal of a pixel away from the edge of the ink.
     const Outline outlines[] = {
         {.name = "pen",
          .shape = freehandShape(Tool::pen, {{20, 20}, {100, 20}, {100, 80}}),

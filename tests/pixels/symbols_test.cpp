@@ -43,7 +43,7 @@ constexpr int kPixelsPerPoint = 8;
 /// A pixel with less coverage is the antialiased trace of an edge beside it.
 constexpr int kMinInk = 16;
 
-/// The symbol in black on exactly its grid; null if there is no such symbol.
+/// The symbol painted in black, as large as its grid; null if there is no such symbol.
 QImage symbol(const QString &name, int scale)
 {
     const std::optional<TemplateImage> image = symbolImage(name);

@@ -41,10 +41,16 @@ void EditMenuTest::theMenuHasExactlyTheEditingEntries()
                            ? QStringLiteral("-")
                            : action->text() + u' ' + action->shortcut().toString(QKeySequence::PortableText));
     }
-    // clang-format off: a table, one row a line
+    // A table, one row a line.
+    // clang-format off
     const QStringList expected = {
-        "Widerrufen Ctrl+Z", "Wiederholen Ctrl+Shift+Z", "-", "Ausschneiden Ctrl+X", "Kopieren Ctrl+C",
-        "Einfügen Ctrl+V",   "Alles auswählen Ctrl+A",
+        "Widerrufen Ctrl+Z",
+        "Wiederholen Ctrl+Shift+Z",
+        "-",
+        "Ausschneiden Ctrl+X",
+        "Kopieren Ctrl+C",
+        "Einfügen Ctrl+V",
+        "Alles auswählen Ctrl+A",
     };
     // clang-format on
     QCOMPARE(entries, expected);

@@ -204,7 +204,7 @@ void FeedTest::answersReadBackAsTheyWereWritten()
     QFETCH(FeedAnswer, answer);
     const WrittenAnswer written = write(answer);
     QVERIFY(readAnswer(written) == answer);
-    QVERIFY(written.exitCode >= 0 && written.exitCode < 126); // from 126 on they have a meaning to shells
+    QVERIFY(written.exitCode >= 0 && written.exitCode < 126); // shells use the codes from 126 on
 }
 
 void FeedTest::anyOtherOutputIsAFailure_data()

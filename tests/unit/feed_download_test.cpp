@@ -74,7 +74,7 @@ constexpr char kDeflated[] = "Content-Encoding: deflate\r\n";
 constexpr char kAskPassword[] = "WWW-Authenticate: Basic realm=\"r\"\r\n";
 const QString kPath = QStringLiteral("/feed");
 
-using Prepare = std::function<void(FeedServer &)>;
+using PrepareServer = std::function<void(FeedServer &)>;
 
 } // namespace
 
@@ -99,9 +99,9 @@ private Q_SLOTS:
 
 void FeedDownloadTest::eachAnswerOfTheServerHasItsResult_data()
 {
-    QTest::addColumn<Prepare>("prepare");
+    QTest::addColumn<PrepareServer>("prepare");
     QTest::addColumn<FeedAnswer>("expected");
-    const auto row = [](const char *name, const Prepare &prepare, const FeedAnswer &expected) {
+    const auto row = [](const char *name, const PrepareServer &prepare, const FeedAnswer &expected) {
         QTest::newRow(name) << prepare << expected;
     };
     const auto body = [](const QByteArray &bytes, const QByteArray &header = {}) {
@@ -144,7 +144,7 @@ void FeedDownloadTest::eachAnswerOfTheServerHasItsResult_data()
 
 void FeedDownloadTest::eachAnswerOfTheServerHasItsResult()
 {
-    QFETCH(Prepare, prepare);
+    QFETCH(PrepareServer, prepare);
     QFETCH(FeedAnswer, expected);
     FeedServer server;
     prepare(server);

@@ -9,7 +9,7 @@
 namespace zeigewerk::test {
 
 /// Random numbers for property tests. The seed is printed; the environment variable ZEIGEWERK_TEST_SEED sets
-/// it, so that a failure can be seen again.
+/// it, to reproduce a failure.
 class RandomInput
 {
 public:
@@ -27,11 +27,8 @@ public:
     std::uint64_t seed() const { return m_seed; }
 
     bool chance(double probability) { return real(0.0, 1.0) < probability; }
-    int integer(int low, int high) { return std::uniform_int_distribution<int>(low, high)(m_engine); }
-    double real(double low, double high)
-    {
-        return std::uniform_real_distribution<double>(low, high)(m_engine);
-    }
+    int integer(int min, int max) { return std::uniform_int_distribution<int>(min, max)(m_engine); }
+    double real(double min, double max) { return std::uniform_real_distribution<double>(min, max)(m_engine); }
     template <typename Container>
     void shuffle(Container &values)
     {

@@ -15,7 +15,7 @@ struct Entry
     RegisteredTest::Run run;
 };
 
-/// A function's, as static objects of other files fill it.
+/// A local static, because static objects of other files add to it.
 std::vector<Entry> &entries()
 {
     static std::vector<Entry> entries;
@@ -37,7 +37,7 @@ void print(std::FILE *stream, const char *what, const std::vector<std::string> &
 }
 
 /// Whether exactly the expected tests are registered, each once.
-bool agrees(std::vector<std::string> expected)
+bool isComplete(std::vector<std::string> expected)
 {
     const std::vector<std::string> actual = sortedNames();
     std::ranges::sort(expected);
@@ -54,14 +54,14 @@ int runNamed(int argc, char **argv)
 {
     const std::string_view name = argc > 1 ? argv[1] : "";
     if (name == "--expect")
-        return agrees({argv + 2, argv + argc}) ? 0 : 1;
+        return isComplete({argv + 2, argv + argc}) ? 0 : 1;
     const auto entry = std::ranges::find(entries(), name, &Entry::name);
     if (entry == entries().end()) {
-        std::fprintf(stderr, "usage: %s TEST [ARGUMENT OF QT TEST]...\nwhere TEST is one of\n", argv[0]);
+        std::fprintf(stderr, "usage: %s TEST [QT TEST ARGUMENT]...\nTEST is one of:\n", argv[0]);
         print(stderr, "    ", sortedNames());
         return 2;
     }
-    // The name stands for the program's, by which a test is told from its neighbours.
+    // The test's name takes the place of the program's in argv[0].
     return entry->run(argc - 1, argv + 1);
 }
 

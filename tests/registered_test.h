@@ -1,4 +1,4 @@
-// Many test classes in one executable, whose first argument names the one to run.
+// Many test classes in one executable; its first argument selects the one to run.
 #pragma once
 
 #include <QTest>
@@ -7,7 +7,7 @@
 
 namespace zeigewerk::test {
 
-/// A test class under the name of its file, without folder and suffix. Only as a static object.
+/// Registers a test class under its file's name without folder and suffix. Must be a static object.
 class RegisteredTest
 {
 public:
@@ -16,7 +16,7 @@ public:
     RegisteredTest(std::string_view file, Run run);
 };
 
-/// In place of an application object, for what needs none.
+/// Takes the place of the application object in tests that need none.
 struct NoApplication
 {
     NoApplication(int &, char **) {}
@@ -25,7 +25,7 @@ struct NoApplication
 template <typename Test, typename Application>
 int run(int argc, char **argv)
 {
-    // As Qt Test's own main functions do it, for what is to happen before there is an application.
+    // Like the main functions of Qt Test: for what must happen before the application exists.
     if constexpr (requires { Test::initMain(); })
         Test::initMain();
     [[maybe_unused]] const Application application(argc, argv);
@@ -41,7 +41,7 @@ int run(int argc, char **argv)
     const zeigewerk::test::RegisteredTest k##Test(__FILE__, zeigewerk::test::run<Test, Application>);        \
     }
 
-/// In place of QTEST_MAIN and its like, in the namespace of the one test class of the file.
+/// Replaces QTEST_MAIN and its variants. Use it once in each file, in the namespace of its test class.
 #define REGISTER_TEST(Test) ZEIGEWERK_REGISTER(Test, QApplication)
 #define REGISTER_GUILESS_TEST(Test) ZEIGEWERK_REGISTER(Test, QCoreApplication)
 #define REGISTER_APPLESS_TEST(Test) ZEIGEWERK_REGISTER(Test, zeigewerk::test::NoApplication)

@@ -27,15 +27,15 @@ struct HotKeyRow
 
 inline constexpr platform::Modifiers kCtrlAlt = platform::Modifier::Ctrl | platform::Modifier::Alt;
 
-/// The hot keys of the whole run, in the order of their registration.
-// clang-format off: a table, one row a line
+/// The hot keys of the whole run, in the order of their registration. One row a line:
+// clang-format off
 inline constexpr std::array<HotKeyRow, 6> kHotKeyTable = {{
-    {1, platform::PhysicalKey::D, kCtrlAlt, &AppDelegate::toggleDraw, u"Zeichnen ein/aus"},
-    {2, platform::PhysicalKey::S, kCtrlAlt, &AppDelegate::toggleSpot, u"Spotlight ein/aus"},
-    {3, platform::PhysicalKey::W, kCtrlAlt, &AppDelegate::toggleBoard, u"Whiteboard ein/aus"},
-    {4, platform::PhysicalKey::K, kCtrlAlt, &AppDelegate::toggleClicks, u"Klicks anzeigen ein/aus"},
+    {1, platform::PhysicalKey::D, kCtrlAlt, &AppDelegate::toggleDraw,    u"Zeichnen ein/aus"},
+    {2, platform::PhysicalKey::S, kCtrlAlt, &AppDelegate::toggleSpot,    u"Spotlight ein/aus"},
+    {3, platform::PhysicalKey::W, kCtrlAlt, &AppDelegate::toggleBoard,   u"Whiteboard ein/aus"},
+    {4, platform::PhysicalKey::K, kCtrlAlt, &AppDelegate::toggleClicks,  u"Klicks anzeigen ein/aus"},
     {5, platform::PhysicalKey::T, kCtrlAlt, &AppDelegate::toggleToolbar, u"Werkzeugleiste ein-/ausblenden"},
-    {6, platform::PhysicalKey::P, kCtrlAlt, &AppDelegate::togglePin, u"Zeichnung anpinnen/lösen"},
+    {6, platform::PhysicalKey::P, kCtrlAlt, &AppDelegate::togglePin,     u"Zeichnung anpinnen/lösen"},
 }};
 // clang-format on
 

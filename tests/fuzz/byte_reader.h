@@ -7,7 +7,7 @@
 
 namespace zeigewerk::fuzz {
 
-/// Takes numbers from the front of the input; zeros once it has come to an end.
+/// Reads numbers from the front of the input, and zeros after its end.
 class ByteReader
 {
 public:

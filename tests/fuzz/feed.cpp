@@ -12,15 +12,15 @@ namespace zeigewerk::fuzz {
 
 namespace {
 
-/// Enough for every sequence that could show that they are in no order; each with each other takes its time.
-constexpr std::size_t kVersionsCompared = 12;
+/// Only that many versions are compared, because the check takes cubic time.
+constexpr std::size_t kMaxVersions = 12;
 
-bool isOrder(const std::vector<FeedItem> &items)
+bool isConsistentOrder(const std::vector<FeedItem> &items)
 {
     const auto compare = [&items](std::size_t one, std::size_t other) {
         return compareVersions(items[one].version, items[other].version);
     };
-    const std::size_t count = std::min(items.size(), kVersionsCompared);
+    const std::size_t count = std::min(items.size(), kMaxVersions);
     for (std::size_t i = 0; i < count; ++i) {
         for (std::size_t j = 0; j < count; ++j) {
             if (std::is_lt(compare(i, j)) != std::is_gt(compare(j, i)))
@@ -49,15 +49,16 @@ void feed(Bytes input)
         QByteArray(reinterpret_cast<const char *>(input.data()), static_cast<qsizetype>(input.size())));
     if (!items)
         return;
-    mustHold(isOrder(*items), "versions follow each other in one order");
+    mustHold(isConsistentOrder(*items), "the order of versions is consistent");
     const std::optional<FeedItem> newest = newestItem(*items);
-    mustHold(newest.has_value() == !items->empty(), "some version is the newest");
+    mustHold(newest.has_value() == !items->empty(), "a feed has a newest item unless it is empty");
     if (newest)
         mustHold(isNewest(*newest, *items), "no version is newer than the newest");
     const FeedAnswer answer = newest;
-    mustHold(readAnswer(write(answer)) == answer, "the answer arrives as it was written");
+    mustHold(readAnswer(write(answer)) == answer, "an answer reads back as it was written");
     const UpdateNews news = newsOf(answer, QStringLiteral("1.0"));
-    mustHold(!headline(news).isEmpty() && headline(news).size() < 200, "what is told can be shown");
+    mustHold(!headline(news).isEmpty() && headline(news).size() < 200,
+             "the headline is neither empty nor too long");
 }
 
 } // namespace zeigewerk::fuzz

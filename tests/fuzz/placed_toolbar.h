@@ -13,7 +13,7 @@ inline std::vector<platform::Screen> twoScreens()
             {.name = QStringLiteral("B"), .nativeFrame = {1000, 0, 1600, 1200}, .scale = 2, .frame = {}}};
 }
 
-/// A window of the toolbar's size, placed as the toolbar is.
+/// A window of the toolbar's size, placed the way the toolbar is.
 class PlacedToolbar
 {
 public:
@@ -32,7 +32,7 @@ public:
 private:
     platform::RecordingDesktop m_desktop;
     QWidget m_panel;
-    // It shows the panel, so it goes first.
+    // Shows the panel, so it is destroyed first.
     std::unique_ptr<platform::WidgetWindow> m_window;
 };
 

@@ -11,7 +11,7 @@ using platform::Screen;
 using platform::ScreenLayout;
 using platform::x11::Strut;
 
-/// Monitors as the display server's protocol can tell of them, with the scales that Qt has.
+/// Monitors within the limits of the X11 protocol, with scales that Qt supports.
 std::vector<Screen> takeMonitors(ByteReader &reader)
 {
     std::vector<Screen> monitors(reader.take<std::uint8_t>() % 5);
@@ -44,15 +44,18 @@ void checkScreen(const ScreenLayout &layout, const Screen &screen)
     mustHold(ScreenLayout::nativeRectOn(screen, screen.frame) == screen.nativeFrame,
              "an overlay covers its screen");
     if (!screen.nativeFrame.isEmpty() && std::count_if(screens.begin(), screens.end(), holds) == 1)
-        mustHold(screen.frame.contains(layout.pointOfPixel(pixel)), "a pointer on a screen is in its frame");
+        mustHold(screen.frame.contains(layout.pointOfPixel(pixel)),
+                 "a pointer on a screen lies in its frame");
 }
 
 void checkStruts(const Screen &screen, const QSize &desktop, const std::vector<Strut> &struts)
 {
     const QRect free = withoutStruts(screen.nativeFrame, desktop, struts);
-    mustHold(free.isEmpty() || screen.nativeFrame.contains(free), "docks leave a part of the screen");
+    mustHold(free.isEmpty() || screen.nativeFrame.contains(free),
+             "the area that docks leave lies on the screen");
     const QRectF frame = ScreenLayout::frameOfPart(screen, free);
-    mustHold(frame.isEmpty() == free.isEmpty(), "what is free in pixels is free in points");
+    mustHold(frame.isEmpty() == free.isEmpty(),
+             "an area is empty in points exactly if it is empty in pixels");
 }
 
 } // namespace

@@ -15,8 +15,9 @@ void scrolling(Bytes input)
         const auto scroll = valuator.moveTo(reader.take<double>());
         if (!scroll)
             continue;
-        mustHold(std::isfinite(scroll->distance) && scroll->distance != 0.0, "a step goes somewhere");
-        mustHold(!std::isnan(spotRadiusChange(*scroll)), "a step changes the spotlight by some number");
+        mustHold(std::isfinite(scroll->distance) && scroll->distance != 0.0,
+                 "a scroll has a finite distance other than zero");
+        mustHold(!std::isnan(spotRadiusChange(*scroll)), "a scroll changes the radius by a number");
     }
 }
 

@@ -21,10 +21,10 @@ void write(const QString &name, Bytes input)
     file.write(reinterpret_cast<const char *>(input.data()), static_cast<qint64>(input.size()));
 }
 
-/// Has the spotlight painted with the radius that was read.
+/// Paints the spotlight with the radius from the settings.
 void showSpotlight(AppDelegate &app)
 {
-    mustHold(app.spotRadius() > 0.0, "the spotlight has a radius");
+    mustHold(app.spotRadius() > 0.0, "the spotlight radius is positive");
     app.toggleSpot();
     platform::RecordingDesktop desktop({kSmallScreen});
     Overlay overlay(desktop, kSmallScreen, app);
@@ -45,23 +45,23 @@ Settings settingsOf(const AppDelegate &app)
     return {.autoFadeOn = app.autoFadeOn(), .darkUI = app.darkUI(), .spotRadius = app.spotRadius()};
 }
 
-/// A run of the program, in which everything is changed. Returns how it left the settings.
-Settings useAll(const QString &fileName)
+/// Runs the program once and changes every setting. Returns the settings at the end.
+Settings changeEverySetting(const QString &fileName)
 {
     UserDefaults defaults(fileName);
     platform::RecordingDesktop desktop({kSmallScreen});
     AppDelegate app(desktop, defaults);
     showSpotlight(app);
     const PlacedToolbar toolbar(twoScreens(), defaults);
-    mustHold(isReachable(toolbar.frame(), toolbar.screens()), "the toolbar can be reached");
+    mustHold(isReachable(toolbar.frame(), toolbar.screens()), "the toolbar is within reach");
     app.toggleFade();
     app.toggleDarkUI();
     app.adjustSpotRadius(-1.0);
     return settingsOf(app);
 }
 
-/// What the next start finds. From another file, since Qt knows what it has written to the first.
-Settings stored(const QString &fileName)
+/// The settings that the next start reads, from a copy because Qt caches what it wrote to the file.
+Settings settingsAfterRestart(const QString &fileName)
 {
     const SettingsFile copy;
     mustHold(QFile::copy(fileName, copy.name), "the settings file can be copied");
@@ -76,8 +76,8 @@ void settings(Bytes input)
 {
     const SettingsFile file;
     write(file.name, input);
-    const Settings left = useAll(file.name);
-    mustHold(stored(file.name) == left, "what is changed is kept");
+    const Settings changed = changeEverySetting(file.name);
+    mustHold(settingsAfterRestart(file.name) == changed, "changed settings survive a restart");
 }
 
 } // namespace zeigewerk::fuzz

@@ -7,8 +7,8 @@
 
 namespace zeigewerk::fuzz {
 
-/// The name of a file that is there only while this object is, if anyone makes one. Each has another name,
-/// since Qt remembers what it has read from one.
+/// The name for a settings file; the destructor removes the file. Every name is new because Qt caches what it
+/// has read from a file.
 class SettingsFile
 {
 public:
@@ -26,7 +26,7 @@ private:
     {
         static const QTemporaryDir folder;
         static int number = 0;
-        mustHold(folder.isValid(), "there is a folder for settings files");
+        mustHold(folder.isValid(), "the folder for settings files can be created");
         return folder.filePath(QStringLiteral("%1.ini").arg(number++));
     }
 };

@@ -1,6 +1,5 @@
-// What comes from outside and is read by our own code, each as a function that may be given anything. A
-// fuzzer looks for input that it stumbles over, and a test has what was found, and examples of the rest, go
-// through it again.
+// One function for each kind of external input that our own code reads; each accepts any bytes. The fuzzers
+// search for input that breaks them, and a unit test replays the examples and all that was found.
 #pragma once
 
 #include <array>
@@ -12,27 +11,33 @@ namespace zeigewerk::fuzz {
 
 using Bytes = std::span<const std::uint8_t>;
 
-/// A settings file: what the program takes from it when it starts, and what stands in it after a change.
+/// A settings file: what the program reads at startup, and what it writes after a change.
 void settings(Bytes input);
-/// The place of the toolbar, as it stands in the settings, and where the toolbar goes then.
+/// The position of the toolbar as saved in the settings, and where the toolbar is then placed.
 void toolbarFrame(Bytes input);
-/// An update feed, and what it makes the program tell.
+/// An update feed, and the news that the program makes of it.
 void feed(Bytes input);
-/// What the display server tells of monitors, and other programs of their docks.
+/// Monitors as the display server reports them, and the struts of docks.
 void screens(Bytes input);
-/// What a device tells of a scroll axis.
+/// The values of a scroll axis, as an input device reports them.
 void scrolling(Bytes input);
 
 struct Target
 {
-    /// That of its folder of examples, too.
+    /// Also the name of its folder of examples.
     const char *name;
     void (*run)(Bytes input);
 };
 
+// A table, one row a line.
+// clang-format off
 inline constexpr std::array kTargets = {
-    Target{"settings", settings}, Target{"toolbar_frame", toolbarFrame}, Target{"feed", feed},
-    Target{"screens", screens},   Target{"scrolling", scrolling},
+    Target{"settings", settings},
+    Target{"toolbar_frame", toolbarFrame},
+    Target{"feed", feed},
+    Target{"screens", screens},
+    Target{"scrolling", scrolling},
 };
+// clang-format on
 
 } // namespace zeigewerk::fuzz

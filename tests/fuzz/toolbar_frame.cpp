@@ -11,7 +11,7 @@ namespace zeigewerk::fuzz {
 
 namespace {
 
-/// Written numbers have six digits, which is a hundredth of a point on any real screen.
+/// Numbers are saved with six significant digits: a hundredth of a point on any real screen.
 bool isNear(double a, double b)
 {
     return std::abs(a - b) <= 1e-5 * std::abs(a);
@@ -34,11 +34,11 @@ void toolbarFrame(Bytes input)
     UserDefaults defaults(file.name);
     defaults.setString(kToolbarFrameKey, text);
     const PlacedToolbar toolbar(twoScreens(), defaults);
-    mustHold(isReachable(toolbar.frame(), toolbar.screens()), "the toolbar can be reached");
+    mustHold(isReachable(toolbar.frame(), toolbar.screens()), "the toolbar is within reach");
 
     if (const auto frame = SavedFrame::fromString(text)) {
         const auto again = SavedFrame::fromString(frame->toString());
-        mustHold(again && isSame(*frame, *again), "a saved frame reads as it was written");
+        mustHold(again && isSame(*frame, *again), "a saved frame reads back as it was written");
     }
 }
 

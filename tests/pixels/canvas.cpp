@@ -37,7 +37,7 @@ platform::RecordingSurface &Canvas::surface()
     return *m_desktop.surfaces(platform::SurfaceRole::Overlay).front();
 }
 
-void Canvas::pass(double seconds)
+void Canvas::passTime(double seconds)
 {
     m_now += std::chrono::duration_cast<WallClock::duration>(std::chrono::duration<double>(seconds));
 }
@@ -72,7 +72,7 @@ void Canvas::draw(const Shape &shape)
 bool Canvas::display()
 {
     const qint64 before = surface().paintedPixels();
-    // As a timer's tick does: what only time has changed is reported by nobody else.
+    // As a timer's tick does: nothing else reports changes that only time makes.
     view().modesChanged();
     const bool painted = surface().display();
     m_lastPaintedPixels = surface().paintedPixels() - before;

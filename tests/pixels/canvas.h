@@ -10,14 +10,14 @@ namespace zeigewerk::test {
 
 inline const QColor kBoard(255, 255, 255);
 
-/// What stands in the settings when the program starts.
+/// The settings that the program starts with.
 struct Settings
 {
     bool autoFade = false;
     double spotRadius = kDefaultSpotRadius;
 };
 
-/// The program on a desktop in memory with one screen, and a clock that only the test moves.
+/// The program on an in-memory desktop with one screen, and a clock that only the test advances.
 class Canvas
 {
 public:
@@ -28,22 +28,22 @@ public:
     platform::RecordingDesktop &desktop() { return m_desktop; }
     platform::RecordingSurface &surface();
 
-    void pass(double seconds);
-    /// Moves the pointer as the follow timer sees it.
+    void passTime(double seconds);
+    /// Moves the pointer and runs one tick of the follow timer.
     void movePointer(QPointF position);
-    /// Draws with the mouse: the tool, colour and width of that shape through its points, or from its start
-    /// to its end. The button stays down.
+    /// Drags the mouse with the shape's tool, colour and width, through its points or from its start to its
+    /// end. The button stays down.
     void drag(const Shape &shape);
-    /// The same with the button released at the end.
+    /// Drags, and releases the button at the end.
     void draw(const Shape &shape);
 
-    /// Has the surface ask for what changed and paint it. Returns whether anything was painted.
+    /// Repaints what changed on the surface. Returns whether anything was painted.
     bool display();
-    /// How many pixels that painted.
+    /// The number of pixels that the last display() painted.
     qint64 lastPaintedPixels() const { return m_lastPaintedPixels; }
     const QImage &image() { return surface().image(); }
     QColor at(QPointF viewPoint);
-    /// What painting everything would give.
+    /// What a full repaint would give.
     QImage wholePicture();
 
 private:

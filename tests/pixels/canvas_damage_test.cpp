@@ -1,5 +1,5 @@
-// Whatever happens on a canvas, in whatever order: what stands on its surface is what painting everything
-// would give. Every pixel that changed was therefore reported as damaged.
+// After any sequence of events, the picture on a canvas equals a full repaint. So every pixel that changed
+// was reported as damaged.
 
 #include "pixels/canvas.h"
 #include "pixels/picture.h"
@@ -14,7 +14,7 @@ namespace zeigewerk::test {
 
 namespace {
 
-constexpr int kStepsEach = 60;
+constexpr int kStepsPerCanvas = 60;
 
 QString changeModes(Canvas &canvas, RandomShapes &random)
 {
@@ -37,7 +37,7 @@ QString changeModes(Canvas &canvas, RandomShapes &random)
     }
 }
 
-QString useTheMouse(Canvas &canvas, RandomShapes &random)
+QString useMouse(Canvas &canvas, RandomShapes &random)
 {
     const QSizeF view = canvas.view().bounds().size();
     switch (random.integer(0, 6)) {
@@ -57,7 +57,7 @@ QString useTheMouse(Canvas &canvas, RandomShapes &random)
         return QStringLiteral("dragged");
     case 4:
         canvas.drag(random.shape(view));
-        return QStringLiteral("drag begun");
+        return QStringLiteral("drag started");
     default:
         canvas.draw(random.shape(view));
         return QStringLiteral("drawn");
@@ -74,18 +74,18 @@ QString removeShapes(Canvas &canvas, RandomShapes &random)
     return QStringLiteral("undone");
 }
 
-/// Sometimes with the timer's tick, which removes what has dissolved.
+/// Usually followed by a tick of the fade timer, which removes faded shapes.
 QString passTime(Canvas &canvas, RandomShapes &random)
 {
-    // A moment, backwards, into the middle of dissolving, or past its end.
-    canvas.pass(random.oneOf(std::array{random.real(0.0, 1.5), -2.0, 4.4, 5.0}));
+    // A short while, backwards, into the middle of a fade, or past its end.
+    canvas.passTime(random.oneOf(std::array{random.real(0.0, 1.5), -2.0, 4.4, 5.0}));
     if (random.chance(0.3))
         return QStringLiteral("time passed");
     canvas.app().tickFade();
     return QStringLiteral("fade tick");
 }
 
-/// One thing that a user, a timer or another part of the program does. Returns what it was.
+/// Does one thing that a user, a timer or another part of the program could do. Returns its description.
 QString takeStep(Canvas &canvas, RandomShapes &random)
 {
     switch (random.integer(0, 11)) {
@@ -98,7 +98,7 @@ QString takeStep(Canvas &canvas, RandomShapes &random)
     case 4:
         return passTime(canvas, random);
     default:
-        return useTheMouse(canvas, random);
+        return useMouse(canvas, random);
     }
 }
 
@@ -109,33 +109,33 @@ class CanvasDamageTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void paintingOnlyTheDamageLeavesWhatPaintingEverythingWould_data();
-    void paintingOnlyTheDamageLeavesWhatPaintingEverythingWould();
+    void repaintingTheDamageEqualsAFullRepaint_data();
+    void repaintingTheDamageEqualsAFullRepaint();
 };
 
-void CanvasDamageTest::paintingOnlyTheDamageLeavesWhatPaintingEverythingWould_data()
+void CanvasDamageTest::repaintingTheDamageEqualsAFullRepaint_data()
 {
     QTest::addColumn<double>("scale");
     QTest::addColumn<QSize>("pixels");
-    QTest::addColumn<int>("canvases");
+    QTest::addColumn<int>("canvasCount");
     for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
         QTest::addRow("scale %g", scale) << scale << QSize(240, 180) << 15;
-        // More than is painted at a time.
+        // Larger than the parts that are painted at a time.
         QTest::addRow("scale %g, large", scale) << scale << QSize(700, 600) << 3;
     }
 }
 
-void CanvasDamageTest::paintingOnlyTheDamageLeavesWhatPaintingEverythingWould()
+void CanvasDamageTest::repaintingTheDamageEqualsAFullRepaint()
 {
     QFETCH(const double, scale);
     QFETCH(const QSize, pixels);
-    QFETCH(const int, canvases);
+    QFETCH(const int, canvasCount);
     RandomShapes random;
-    for (int i = 0; i < canvases; ++i) {
+    for (int i = 0; i < canvasCount; ++i) {
         const double radius = random.oneOf(std::array{35.0, 60.5, 90.0, 400.0, 1e9, qInf()});
         Canvas canvas(pixels, scale, {.autoFade = random.chance(0.5), .spotRadius = radius});
         QStringList steps;
-        for (int step = 0; step < kStepsEach; ++step) {
+        for (int step = 0; step < kStepsPerCanvas; ++step) {
             steps.append(takeStep(canvas, random));
             if (!canvas.surface().isVisible() || random.chance(0.3))
                 continue;

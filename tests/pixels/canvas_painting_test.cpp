@@ -13,17 +13,17 @@ class CanvasPaintingTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutItsControllerItPaintsNothing();
-    void theWhiteboardIsWhiteToTheEdges_data();
-    void theWhiteboardIsWhiteToTheEdges();
-    void shapesFadeByTheirAge_data();
-    void shapesFadeByTheirAge();
+    void withoutAControllerACanvasPaintsNothing();
+    void theWhiteboardIsWhiteUpToTheEdges_data();
+    void theWhiteboardIsWhiteUpToTheEdges();
+    void shapesFadeWithTheirAge_data();
+    void shapesFadeWithTheirAge();
     void theWhiteboardSuspendsFading();
     void theShapeInProgressNeverFades();
-    void theShapeInProgressLiesAboveTheOthers();
+    void theShapeInProgressIsAboveTheOthers();
 };
 
-void CanvasPaintingTest::withoutItsControllerItPaintsNothing()
+void CanvasPaintingTest::withoutAControllerACanvasPaintsNothing()
 {
     DrawingView view(QSizeF(160, 120));
     Picture picture(QSize(160, 120), 1.0);
@@ -32,14 +32,14 @@ void CanvasPaintingTest::withoutItsControllerItPaintsNothing()
     QVERIFY(isBlank(picture.image()));
 }
 
-void CanvasPaintingTest::theWhiteboardIsWhiteToTheEdges_data()
+void CanvasPaintingTest::theWhiteboardIsWhiteUpToTheEdges_data()
 {
     QTest::addColumn<double>("scale");
     for (const double scale : {1.0, 1.25, 1.5, 2.0})
         QTest::addRow("scale %g", scale) << scale;
 }
 
-void CanvasPaintingTest::theWhiteboardIsWhiteToTheEdges()
+void CanvasPaintingTest::theWhiteboardIsWhiteUpToTheEdges()
 {
     QFETCH(const double, scale);
     Canvas canvas(QSize(401, 303), scale);
@@ -54,21 +54,21 @@ void CanvasPaintingTest::theWhiteboardIsWhiteToTheEdges()
     QVERIFY(isBlank(canvas.image()));
 }
 
-void CanvasPaintingTest::shapesFadeByTheirAge_data()
+void CanvasPaintingTest::shapesFadeWithTheirAge_data()
 {
     QTest::addColumn<bool>("autoFade");
     QTest::addColumn<double>("age");
     QTest::addColumn<int>("alpha");
     QTest::newRow("fresh") << true << 0.0 << 255;
-    QTest::newRow("just held") << true << 3.999 << 255;
-    QTest::newRow("half gone") << true << 4.4 << 128;
-    QTest::newRow("gone") << true << 4.8 << 0;
-    QTest::newRow("long gone") << true << 100.0 << 0;
+    QTest::newRow("end of the hold") << true << 3.999 << 255;
+    QTest::newRow("half faded") << true << 4.4 << 128;
+    QTest::newRow("faded") << true << 4.8 << 0;
+    QTest::newRow("faded long ago") << true << 100.0 << 0;
     QTest::newRow("without auto-fade") << false << 100.0 << 255;
-    QTest::newRow("from the future") << true << -50.0 << 255;
+    QTest::newRow("clock set back") << true << -50.0 << 255;
 }
 
-void CanvasPaintingTest::shapesFadeByTheirAge()
+void CanvasPaintingTest::shapesFadeWithTheirAge()
 {
     QFETCH(const bool, autoFade);
     QFETCH(const double, age);
@@ -77,7 +77,7 @@ void CanvasPaintingTest::shapesFadeByTheirAge()
     canvas.app().toggleDraw();
     canvas.draw(thickLine({50, 50}, {350, 50}));
     canvas.display();
-    canvas.pass(age);
+    canvas.passTime(age);
     canvas.display();
     QVERIFY(std::abs(canvas.at({200, 50}).alpha() - alpha) <= 1);
 }
@@ -87,17 +87,17 @@ void CanvasPaintingTest::theWhiteboardSuspendsFading()
     Canvas canvas(QSize(400, 300), 1.0, {.autoFade = true});
     canvas.app().toggleDraw();
     canvas.draw(thickLine({50, 50}, {350, 50}));
-    canvas.pass(4.5);
+    canvas.passTime(4.5);
     canvas.display();
     QVERIFY(canvas.at({200, 50}).alpha() < 128);
     canvas.app().toggleBoard();
     canvas.display();
     QCOMPARE(canvas.at({200, 50}), kInk);
     QCOMPARE(canvas.at({200, 100}), kBoard);
-    canvas.pass(10.0);
+    canvas.passTime(10.0);
     canvas.app().toggleBoard();
     canvas.display();
-    QCOMPARE(canvas.at({200, 50}), kNothing);
+    QCOMPARE(canvas.at({200, 50}), kTransparent);
 }
 
 void CanvasPaintingTest::theShapeInProgressNeverFades()
@@ -106,17 +106,17 @@ void CanvasPaintingTest::theShapeInProgressNeverFades()
     canvas.app().toggleDraw();
     canvas.draw(thickLine({50, 50}, {350, 50}));
     canvas.drag(thickLine({50, 200}, {350, 200}));
-    canvas.pass(4.4);
+    canvas.passTime(4.4);
     canvas.display();
     QVERIFY(std::abs(canvas.at({200, 50}).alpha() - 128) <= 1);
     QCOMPARE(canvas.at({200, 200}), kInk);
-    canvas.pass(100.0);
+    canvas.passTime(100.0);
     canvas.display();
-    QCOMPARE(canvas.at({200, 50}), kNothing);
+    QCOMPARE(canvas.at({200, 50}), kTransparent);
     QCOMPARE(canvas.at({200, 200}), kInk);
 }
 
-void CanvasPaintingTest::theShapeInProgressLiesAboveTheOthers()
+void CanvasPaintingTest::theShapeInProgressIsAboveTheOthers()
 {
     Canvas canvas;
     canvas.app().toggleDraw();

@@ -13,15 +13,15 @@ class CanvasRepaintTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void anEmptyCanvasIsNotPaintedAtAll();
-    void aSurfaceShownAgainIsPaintedAgain();
-    void fullRepaintsHaveTheirReasons();
-    void movingTheSpotlightPaintsItsTwoCirclesOnly();
-    void aSampleOfALongStrokePaintsOnlyItsNeighbourhood();
-    void aFadingShapePaintsOnlyItself();
+    void anEmptyCanvasIsNotPainted();
+    void aSurfaceShownAgainIsRepainted();
+    void onlyTheWhiteboardAndTheSpotlightCauseFullRepaints();
+    void movingTheSpotlightRepaintsOnlyItsTwoCircles();
+    void aNewPointOfALongStrokeRepaintsOnlyItsSurroundings();
+    void aFadingShapeRepaintsOnlyItself();
 };
 
-void CanvasRepaintTest::anEmptyCanvasIsNotPaintedAtAll()
+void CanvasRepaintTest::anEmptyCanvasIsNotPainted()
 {
     Canvas canvas;
     canvas.app().toggleDraw();
@@ -29,7 +29,7 @@ void CanvasRepaintTest::anEmptyCanvasIsNotPaintedAtAll()
     QVERIFY(isBlank(canvas.image()));
 }
 
-void CanvasRepaintTest::aSurfaceShownAgainIsPaintedAgain()
+void CanvasRepaintTest::aSurfaceShownAgainIsRepainted()
 {
     Canvas canvas;
     canvas.app().toggleDraw();
@@ -45,7 +45,7 @@ void CanvasRepaintTest::aSurfaceShownAgainIsPaintedAgain()
     QCOMPARE(canvas.image(), before);
 }
 
-void CanvasRepaintTest::fullRepaintsHaveTheirReasons()
+void CanvasRepaintTest::onlyTheWhiteboardAndTheSpotlightCauseFullRepaints()
 {
     Canvas canvas(QSize(400, 300), 1.0, {.autoFade = true});
     const auto counts = [&] {
@@ -55,7 +55,7 @@ void CanvasRepaintTest::fullRepaintsHaveTheirReasons()
     canvas.app().toggleDraw();
     canvas.draw(thickLine({50, 50}, {350, 250}));
     canvas.display();
-    canvas.pass(4.2);
+    canvas.passTime(4.2);
     canvas.display();
     canvas.draw(thickLine({50, 250}, {350, 50}));
     canvas.display();
@@ -80,7 +80,7 @@ void CanvasRepaintTest::fullRepaintsHaveTheirReasons()
     QCOMPARE(counts(), std::pair(2, 2));
 }
 
-void CanvasRepaintTest::movingTheSpotlightPaintsItsTwoCirclesOnly()
+void CanvasRepaintTest::movingTheSpotlightRepaintsOnlyItsTwoCircles()
 {
     Canvas canvas(QSize(1600, 1200), 1.0, {.spotRadius = 50});
     canvas.desktop().setMouseLocation({300, 300});
@@ -88,14 +88,14 @@ void CanvasRepaintTest::movingTheSpotlightPaintsItsTwoCirclesOnly()
     canvas.display();
     canvas.movePointer({1200, 900});
     canvas.display();
-    // Two squares of the circle's diameter, with a few pixels around them.
+    // Two squares as wide as the circle, with a margin of a few pixels.
     constexpr qint64 kSide = 100 + 6;
     QVERIFY(canvas.lastPaintedPixels() <= 2 * kSide * kSide);
     canvas.display();
     QCOMPARE(canvas.lastPaintedPixels(), 0);
 }
 
-void CanvasRepaintTest::aSampleOfALongStrokePaintsOnlyItsNeighbourhood()
+void CanvasRepaintTest::aNewPointOfALongStrokeRepaintsOnlyItsSurroundings()
 {
     Canvas canvas(QSize(1600, 1200));
     canvas.app().toggleDraw();
@@ -110,17 +110,17 @@ void CanvasRepaintTest::aSampleOfALongStrokePaintsOnlyItsNeighbourhood()
     QVERIFY(canvas.lastPaintedPixels() <= 400);
 }
 
-void CanvasRepaintTest::aFadingShapePaintsOnlyItself()
+void CanvasRepaintTest::aFadingShapeRepaintsOnlyItself()
 {
     Canvas canvas(QSize(1600, 1200), 1.0, {.autoFade = true});
     canvas.app().toggleDraw();
     canvas.draw(thickLine({100, 100}, {1500, 1100}));
-    canvas.pass(3.0);
+    canvas.passTime(3.0);
     canvas.draw(thickLine({100, 1100}, {700, 1100}));
     canvas.display();
-    canvas.pass(0.9);
+    canvas.passTime(0.9);
     QVERIFY(!canvas.display());
-    canvas.pass(0.3);
+    canvas.passTime(0.3);
     canvas.display();
     QVERIFY(canvas.lastPaintedPixels() > 0);
     QVERIFY(canvas.lastPaintedPixels() < 1600 * 1200 / 10);

@@ -13,27 +13,27 @@ namespace {
 
 struct Circle
 {
-    QPointF middle;
+    QPointF center;
     double radius = 0.0;
-    /// Half the width of its stroke. Without a stroke it is a hole, outside of which everything is covered.
+    /// Half the width of its stroke; 0 makes it a hole with everything around it covered.
     double halfWidth = 0.0;
 };
 
-/// How far each pixel of the rectangle is covered (0 to 255), row by row.
+/// The coverage of each pixel of the rectangle (0 to 255), row by row.
 std::vector<int> coverageOf(const Circle &circle, const QRect &rect = kWholeSurface)
 {
     const auto paint = [&](platform::PaintTarget &target) {
         if (circle.halfWidth > 0.0)
-            strokeCircle(target, circle.middle, circle.radius, circle.halfWidth, kBlackInk);
+            strokeCircle(target, circle.center, circle.radius, circle.halfWidth, kBlackInk);
         else
-            coverOutside(target, circle.middle, circle.radius, kBlackInk);
+            coverOutside(target, circle.center, circle.radius, kBlackInk);
     };
     return coverageBy(paint, rect);
 }
 
 double expectedAt(const Circle &circle, int x, int y)
 {
-    const double distance = std::hypot(x + 0.5 - circle.middle.x(), y + 0.5 - circle.middle.y());
+    const double distance = std::hypot(x + 0.5 - circle.center.x(), y + 0.5 - circle.center.y());
     const double depth = circle.halfWidth > 0.0 ? circle.halfWidth - std::abs(distance - circle.radius)
                                                 : distance - circle.radius;
     return 255.0 * std::clamp(depth + 0.5, 0.0, 1.0);
@@ -53,13 +53,13 @@ class CirclesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPixelIsCoveredByItsDistance();
-    void anyPartIsThatPartOfTheWhole();
-    void aHoleLargerThanEverythingLeavesItClear();
-    void aHoleElsewhereCoversEverything();
+    void coverageDependsOnTheDistanceFromTheCircle();
+    void aPartIsPaintedLikeThatPartOfTheWhole();
+    void aHoleLargerThanTheSurfaceLeavesItClear();
+    void aHoleOutsideTheSurfaceCoversAllOfIt();
 };
 
-void CirclesTest::aPixelIsCoveredByItsDistance()
+void CirclesTest::coverageDependsOnTheDistanceFromTheCircle()
 {
     RandomInput random;
     for (int i = 0; i < 300; ++i) {
@@ -68,12 +68,12 @@ void CirclesTest::aPixelIsCoveredByItsDistance()
         auto value = values.cbegin();
         for (int y = 0; y < kSurface.height(); ++y) {
             for (int x = 0; x < kSurface.width(); ++x, ++value) {
-                // Circles lie on a grid of 1/64 pixel.
+                // Circles are rounded to a grid of 1/64 pixel.
                 if (std::abs(*value - expectedAt(circle, x, y)) > 1.0 + 255.0 / 64.0)
                     QFAIL(qPrintable(
                         QStringLiteral("circle at %1, %2 of radius %3, width %4: pixel %5, %6 is %7")
-                            .arg(circle.middle.x())
-                            .arg(circle.middle.y())
+                            .arg(circle.center.x())
+                            .arg(circle.center.y())
                             .arg(circle.radius)
                             .arg(2.0 * circle.halfWidth)
                             .arg(x)
@@ -84,13 +84,13 @@ void CirclesTest::aPixelIsCoveredByItsDistance()
     }
 }
 
-void CirclesTest::anyPartIsThatPartOfTheWhole()
+void CirclesTest::aPartIsPaintedLikeThatPartOfTheWhole()
 {
     RandomInput random;
     for (int i = 0; i < 500; ++i) {
         const Circle circle = randomCircle(random);
         const std::vector<int> whole = coverageOf(circle);
-        const QRect rect = anyRect(random);
+        const QRect rect = randomRect(random);
         const std::vector<int> part = coverageOf(circle, rect);
         auto value = part.cbegin();
         for (int y = rect.top(); y <= rect.bottom(); ++y) {
@@ -100,7 +100,7 @@ void CirclesTest::anyPartIsThatPartOfTheWhole()
     }
 }
 
-void CirclesTest::aHoleLargerThanEverythingLeavesItClear()
+void CirclesTest::aHoleLargerThanTheSurfaceLeavesItClear()
 {
     const std::vector<int> clear(static_cast<std::size_t>(kSurface.width() * kSurface.height()), 0);
     for (const double radius :
@@ -108,11 +108,11 @@ void CirclesTest::aHoleLargerThanEverythingLeavesItClear()
         QCOMPARE(coverageOf({{60, 45}, radius}), clear);
 }
 
-void CirclesTest::aHoleElsewhereCoversEverything()
+void CirclesTest::aHoleOutsideTheSurfaceCoversAllOfIt()
 {
     const std::vector<int> covered(static_cast<std::size_t>(kSurface.width() * kSurface.height()), 255);
-    for (const QPointF middle : {QPointF(-100, 45), QPointF(300, 45), QPointF(60, -1e6), QPointF(1e9, 1e9)})
-        QCOMPARE(coverageOf({middle, 50.0}), covered);
+    for (const QPointF center : {QPointF(-100, 45), QPointF(300, 45), QPointF(60, -1e6), QPointF(1e9, 1e9)})
+        QCOMPARE(coverageOf({center, 50.0}), covered);
 }
 
 REGISTER_APPLESS_TEST(CirclesTest)

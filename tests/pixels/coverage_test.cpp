@@ -17,7 +17,7 @@ struct Line
     QPointF to;
 };
 
-/// How far each pixel of the rectangle is covered (0 to 255), row by row.
+/// The coverage of each pixel of the rectangle (0 to 255), row by row.
 std::vector<int> coverageOf(const std::vector<Line> &lines, double halfWidth,
                             const QRect &rect = kWholeSurface)
 {
@@ -38,12 +38,12 @@ int at(const std::vector<int> &values, int x, int y)
 
 double distance(QPointF point, const Line &line)
 {
-    const QPointF way = line.to - line.from;
-    const double square = QPointF::dotProduct(way, way);
+    const QPointF delta = line.to - line.from;
+    const double square = QPointF::dotProduct(delta, delta);
     const double part =
-        square > 0.0 ? std::clamp(QPointF::dotProduct(point - line.from, way) / square, 0.0, 1.0) : 0.0;
-    const QPointF away = point - line.from - part * way;
-    return std::hypot(away.x(), away.y());
+        square > 0.0 ? std::clamp(QPointF::dotProduct(point - line.from, delta) / square, 0.0, 1.0) : 0.0;
+    const QPointF offset = point - line.from - part * delta;
+    return std::hypot(offset.x(), offset.y());
 }
 
 Line randomLine(RandomInput &random)
@@ -77,16 +77,17 @@ class CoverageTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPixelIsCoveredByHowFarItLiesInside();
-    void aPixelIsCoveredByItsDistance();
-    void aHairIsNoThickerThanItIs();
+    void coverageIsThePartOfThePixelThatTheLineCovers();
+    void coverageDependsOnTheDistanceFromTheLine();
+    void aThinLineIsNotThickened();
     void theOrderOfLinesDoesNotMatter();
-    void anyPartIsThatPartOfTheWhole();
+    void aPartIsPaintedLikeThatPartOfTheWhole();
 };
 
-void CoverageTest::aPixelIsCoveredByHowFarItLiesInside()
+void CoverageTest::coverageIsThePartOfThePixelThatTheLineCovers()
 {
-    // From y = 38 to y = 43, so five rows are covered wholly; moved by a quarter, the outer ones in part.
+    // The line spans y = 38 to 43, which are five full rows; moved by a quarter, it covers the outer rows in
+    // part.
     const std::vector<int> exact = coverageOf({{{20, 40.5}, {100, 40.5}}}, 2.5);
     QCOMPARE(at(exact, 60, 37), 0);
     for (int y = 38; y < 43; ++y)
@@ -103,7 +104,7 @@ void CoverageTest::aPixelIsCoveredByHowFarItLiesInside()
     QCOMPARE(at(exact, 17, 38), 0);
 }
 
-void CoverageTest::aPixelIsCoveredByItsDistance()
+void CoverageTest::coverageDependsOnTheDistanceFromTheLine()
 {
     RandomInput random;
     for (int i = 0; i < 300; ++i) {
@@ -114,7 +115,7 @@ void CoverageTest::aPixelIsCoveredByItsDistance()
             for (int x = 0; x < kSurface.width(); ++x) {
                 const double depth = halfWidth + 0.5 - distance({x + 0.5, y + 0.5}, line);
                 const double expected = 255.0 * std::clamp(depth, 0.0, 1.0);
-                // Lines lie on a grid of 1/64 pixel.
+                // Lines are rounded to a grid of 1/64 pixel.
                 if (std::abs(at(values, x, y) - expected) > 1.0 + 255.0 / 64.0)
                     QFAIL(qPrintable(QStringLiteral("line %1: pixel %2, %3 is covered by %4, not %5")
                                          .arg(i)
@@ -127,7 +128,7 @@ void CoverageTest::aPixelIsCoveredByItsDistance()
     }
 }
 
-void CoverageTest::aHairIsNoThickerThanItIs()
+void CoverageTest::aThinLineIsNotThickened()
 {
     const std::vector<int> values = coverageOf({{{20, 40.5}, {100, 40.5}}}, 0.1);
     QCOMPARE(at(values, 60, 40), 51);
@@ -148,13 +149,13 @@ void CoverageTest::theOrderOfLinesDoesNotMatter()
     }
 }
 
-void CoverageTest::anyPartIsThatPartOfTheWhole()
+void CoverageTest::aPartIsPaintedLikeThatPartOfTheWhole()
 {
     RandomInput random;
     for (int i = 0; i < 500; ++i) {
         const std::vector<Line> lines = {randomLine(random), randomLine(random)};
         const std::vector<int> whole = coverageOf(lines, 3.3);
-        const QRect rect = anyRect(random);
+        const QRect rect = randomRect(random);
         const std::vector<int> part = coverageOf(lines, 3.3, rect);
         auto value = part.begin();
         for (int y = rect.top(); y <= rect.bottom(); ++y) {

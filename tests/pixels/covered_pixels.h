@@ -10,12 +10,12 @@
 
 namespace zeigewerk::test {
 
-/// In pixels, of which each is a point.
+/// In pixels, which equal points here.
 inline constexpr QSize kSurface(120, 90);
 inline constexpr QRect kWholeSurface(QPoint(0, 0), kSurface);
 inline constexpr Premultiplied kBlackInk = 0xFF000000U;
 
-/// How far each pixel of the rectangle is covered (0 to 255) by what `paint` does in black, row by row.
+/// The coverage of each pixel of the rectangle (0 to 255) after `paint` has painted in black, row by row.
 template <typename Paint>
 std::vector<int> coverageBy(const Paint &paint, const QRect &rect)
 {
@@ -30,14 +30,14 @@ std::vector<int> coverageBy(const Paint &paint, const QRect &rect)
     return values;
 }
 
-/// A small part of the surface.
-inline QRect anyRect(RandomInput &random)
+/// A small rectangle on the surface.
+inline QRect randomRect(RandomInput &random)
 {
-    constexpr int kLargest = 19;
-    const int width = random.integer(1, kLargest);
-    const int height = random.integer(1, kLargest);
-    return {random.integer(0, kSurface.width() - kLargest - 1),
-            random.integer(0, kSurface.height() - kLargest - 1), width, height};
+    constexpr int kMaxSide = 19;
+    const int width = random.integer(1, kMaxSide);
+    const int height = random.integer(1, kMaxSide);
+    return {random.integer(0, kSurface.width() - kMaxSide - 1),
+            random.integer(0, kSurface.height() - kMaxSide - 1), width, height};
 }
 
 } // namespace zeigewerk::test

@@ -4,19 +4,19 @@
 
 namespace zeigewerk::test {
 
-Shape freehand(Tool tool, const Points &points, double width)
+Shape freehandShape(Tool tool, const Points &points, double width)
 {
     return {
         .tool = tool, .points = points, .start = {}, .end = {}, .color = kOrange, .width = width, .text = {}};
 }
 
-Shape spanning(Tool tool, QPointF start, QPointF end, double width)
+Shape shapeBetween(Tool tool, QPointF start, QPointF end, double width)
 {
     return {
         .tool = tool, .points = {}, .start = start, .end = end, .color = kOrange, .width = width, .text = {}};
 }
 
-Shape writing(const QString &text, QPointF start, double width)
+Shape textShape(const QString &text, QPointF start, double width)
 {
     return {.tool = Tool::text,
             .points = {},
@@ -29,7 +29,7 @@ Shape writing(const QString &text, QPointF start, double width)
 
 Shape thickLine(QPointF from, QPointF to, const Color &color)
 {
-    Shape shape = spanning(Tool::line, from, to, 9.0);
+    Shape shape = shapeBetween(Tool::line, from, to, 9.0);
     shape.color = color;
     return shape;
 }

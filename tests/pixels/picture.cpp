@@ -12,10 +12,10 @@ using platform::Damage;
 
 namespace {
 
-class PaintedByFunction : public platform::SurfaceContent
+class FunctionContent : public platform::SurfaceContent
 {
 public:
-    explicit PaintedByFunction(const Picture::Paint &paint)
+    explicit FunctionContent(const Picture::Paint &paint)
         : m_paint(paint)
     {
     }
@@ -56,7 +56,7 @@ QRegion Picture::damagedPixels(const Damage &damage) const
 
 QRegion Picture::repaint(const Damage &damage, const Paint &paint)
 {
-    PaintedByFunction content(paint);
+    FunctionContent content(paint);
     return platform::paintDamage(m_image, m_geometry.scale(), damage, content);
 }
 

@@ -15,7 +15,7 @@ namespace zeigewerk::test {
 
 inline constexpr std::array kScales = {1.0, 1.25, 1.5, 2.0};
 
-/// An image in memory that is painted as a surface is: in view coordinates (points, y up) at some scale, and
+/// An in-memory image that is painted like a surface: in view coordinates (points, y up) at some scale, and
 /// only where it is damaged.
 class Picture
 {
@@ -39,17 +39,17 @@ private:
     QImage m_image;
 };
 
-/// The colour of a picture's pixel that contains that view point.
+/// The colour of the image's pixel that contains that view point.
 QColor colorAt(const QImage &image, double scale, QPointF viewPoint);
 
-/// Whether no pixel has any colour.
+/// Whether every pixel is transparent.
 bool isBlank(const QImage &image);
 
-/// The first pixel of `region` in which the two images differ, told with both values; empty when none does.
+/// Describes the first pixel of `region` in which the two images differ; empty if there is none.
 QString firstDifference(const QImage &actual, const QImage &expected, const QRegion &region);
 QString firstDifference(const QImage &actual, const QImage &expected);
 
-/// The first pixel outside `region` in which the two images differ; empty when none does.
+/// Describes the first pixel outside `region` in which the two images differ; empty if there is none.
 QString firstDifferenceOutside(const QImage &before, const QImage &after, const QRegion &region);
 
 } // namespace zeigewerk::test

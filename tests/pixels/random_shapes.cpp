@@ -39,20 +39,20 @@ std::vector<QPointF> RandomShapes::stroke(QSizeF view)
 {
     const int count = chance(0.2) ? integer(1, 3) : integer(4, 150);
     const double step = std::exp(real(std::log(0.05), std::log(120.0)));
-    const double turn = oneOf(std::array{0.1, 0.5, std::numbers::pi});
-    const bool whole = chance(0.3);
+    const double maxTurn = oneOf(std::array{0.1, 0.5, std::numbers::pi});
+    const bool isWhole = chance(0.3);
     std::vector<QPointF> points = {point(view)};
     double direction = real(-std::numbers::pi, std::numbers::pi);
     while (static_cast<int>(points.size()) < count) {
-        direction += chance(0.05) ? std::numbers::pi : real(-turn, turn);
+        direction += chance(0.05) ? std::numbers::pi : real(-maxTurn, maxTurn);
         const double length = step * real(0.2, 1.8);
         QPointF next = points.back() + length * QPointF(std::cos(direction), std::sin(direction));
-        // Now and then the pen rests, or comes back to a place where it has been.
+        // Now and then the pen rests, returns to an earlier point, or jumps.
         if (chance(0.05))
             next = chance(0.5) ? points.back() : oneOf(points);
         if (chance(0.03))
             next = point(view);
-        points.push_back(whole ? QPointF(next.toPoint()) : next);
+        points.push_back(isWhole ? QPointF(next.toPoint()) : next);
     }
     if (chance(0.15))
         points.push_back(points.front());

@@ -10,19 +10,20 @@
 
 namespace zeigewerk::test {
 
-/// Random shapes, and what goes with them.
+/// Random shapes, with random points, scales and damage.
 class RandomShapes : public RandomInput
 {
 public:
     using RandomInput::RandomInput;
 
-    /// A point in or a little outside of a view of that size; often with whole coordinates, as devices
-    /// deliver them.
+    /// A point in or a little outside a view of that size; often with whole coordinates, as devices report
+    /// them.
     QPointF point(QSizeF view);
     double scale();
-    /// A shape of any tool, with points dense and far apart, doubled, turning sharply, coming back.
+    /// A shape of any tool. Freehand strokes may have dense, distant and repeated points, sharp turns and
+    /// loops.
     Shape shape(QSizeF view);
-    /// One to three rectangles, mostly small ones.
+    /// One to three small rectangles.
     platform::Damage damage(QSizeF view);
 
 private:

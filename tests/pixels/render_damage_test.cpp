@@ -14,7 +14,7 @@ using platform::Damage;
 constexpr int kCases = 2000;
 constexpr QSize kPixels(200, 150);
 
-/// What a failing case needs to be understood.
+/// Describes a failing case.
 QByteArray report(const RandomShapes &random, int index, const Shape &shape, const QString &difference)
 {
     return QStringLiteral("seed %1, case %2, tool %3 of width %4 with %5 points: %6")
@@ -34,23 +34,23 @@ class RenderDamageTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void leavingOutWhatIsUndamagedChangesNoPixelInside_data();
-    void leavingOutWhatIsUndamagedChangesNoPixelInside();
-    void everyPaintedPixelLiesInThePaintedArea_data();
-    void everyPaintedPixelLiesInThePaintedArea();
-    void appendingAPointChangesOnlyWhatDependsOnIt();
+    void repaintingOnlyTheDamageGivesTheSamePixels_data();
+    void repaintingOnlyTheDamageGivesTheSamePixels();
+    void everyPaintedPixelIsInThePaintedArea_data();
+    void everyPaintedPixelIsInThePaintedArea();
+    void appendingAPointChangesOnlyThePaintedAreaOfItsSegments();
 };
 
-void RenderDamageTest::leavingOutWhatIsUndamagedChangesNoPixelInside_data()
+void RenderDamageTest::repaintingOnlyTheDamageGivesTheSamePixels_data()
 {
     QTest::addColumn<QSize>("pixels");
     QTest::addColumn<int>("cases");
     QTest::newRow("in one part") << kPixels << kCases;
-    // The whole and the damage are cut into parts at different places.
+    // The whole picture and the damage are split into parts at different places.
     QTest::newRow("in many parts") << kPixels * 5 << 150;
 }
 
-void RenderDamageTest::leavingOutWhatIsUndamagedChangesNoPixelInside()
+void RenderDamageTest::repaintingOnlyTheDamageGivesTheSamePixels()
 {
     QFETCH(const QSize, pixels);
     QFETCH(const int, cases);
@@ -72,16 +72,16 @@ void RenderDamageTest::leavingOutWhatIsUndamagedChangesNoPixelInside()
     }
 }
 
-void RenderDamageTest::everyPaintedPixelLiesInThePaintedArea_data()
+void RenderDamageTest::everyPaintedPixelIsInThePaintedArea_data()
 {
     QTest::addColumn<QSize>("pixels");
     QTest::addColumn<int>("cases");
     QTest::newRow("small shapes") << kPixels << kCases;
-    // Here a chord of an ellipse leaves the arc by several pixels, and a stroke has many pieces.
+    // Chords of large ellipses are several pixels off the arc, and strokes have many pieces.
     QTest::newRow("large shapes") << kPixels * 12 << 40;
 }
 
-void RenderDamageTest::everyPaintedPixelLiesInThePaintedArea()
+void RenderDamageTest::everyPaintedPixelIsInThePaintedArea()
 {
     QFETCH(const QSize, pixels);
     QFETCH(const int, cases);
@@ -99,7 +99,7 @@ void RenderDamageTest::everyPaintedPixelLiesInThePaintedArea()
     }
 }
 
-void RenderDamageTest::appendingAPointChangesOnlyWhatDependsOnIt()
+void RenderDamageTest::appendingAPointChangesOnlyThePaintedAreaOfItsSegments()
 {
     RandomShapes random;
     for (int i = 0; i < kCases; ++i) {

@@ -11,7 +11,7 @@ namespace zeigewerk::test {
 
 namespace {
 
-/// The smallest rectangle around everything painted, in view coordinates.
+/// The bounding rectangle of everything painted, in view coordinates.
 QRectF inkBox(const Picture &picture)
 {
     QRegion ink;
@@ -32,48 +32,48 @@ class RenderTextTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void emptyTextDrawsNothing();
-    void textIsOfOneSizeWhateverTheWidth();
-    void textStandsUprightOnItsLineBox_data();
-    void textStandsUprightOnItsLineBox();
+    void emptyTextPaintsNothing();
+    void theTextSizeDoesNotDependOnTheLineWidth();
+    void textIsUprightInItsLineBox_data();
+    void textIsUprightInItsLineBox();
 };
 
-void RenderTextTest::emptyTextDrawsNothing()
+void RenderTextTest::emptyTextPaintsNothing()
 {
-    QVERIFY(isBlank(pictureOf({writing({}, {40, 40})}).image()));
+    QVERIFY(isBlank(pictureOf({textShape({}, {40, 40})}).image()));
 }
 
-void RenderTextTest::textIsOfOneSizeWhateverTheWidth()
+void RenderTextTest::theTextSizeDoesNotDependOnTheLineWidth()
 {
     const QString text = QStringLiteral("Größe");
-    QCOMPARE(pictureOf({writing(text, {20, 40}, 3)}).image(),
-             pictureOf({writing(text, {20, 40}, 9)}).image());
+    QCOMPARE(pictureOf({textShape(text, {20, 40}, 3)}).image(),
+             pictureOf({textShape(text, {20, 40}, 9)}).image());
 }
 
-void RenderTextTest::textStandsUprightOnItsLineBox_data()
+void RenderTextTest::textIsUprightInItsLineBox_data()
 {
     QTest::addColumn<double>("scale");
     for (const double scale : kScales)
         QTest::addRow("scale %g", scale) << scale;
 }
 
-void RenderTextTest::textStandsUprightOnItsLineBox()
+void RenderTextTest::textIsUprightInItsLineBox()
 {
     QFETCH(const double, scale);
     const QFontMetricsF metrics(canvasFont());
     const QPointF start(40, 50);
-    const Picture picture = pictureOf({writing(QStringLiteral("L"), start)}, scale);
+    const Picture picture = pictureOf({textShape(QStringLiteral("L"), start)}, scale);
     const QRectF ink = inkBox(picture);
-    const double baseLine = start.y() + metrics.descent();
-    QVERIFY2(std::abs(ink.top() - baseLine) <= 1.0, QByteArray::number(ink.top()));
-    QVERIFY2(std::abs(ink.bottom() - (baseLine + metrics.capHeight())) <= 1.5,
+    const double baseline = start.y() + metrics.descent();
+    QVERIFY2(std::abs(ink.top() - baseline) <= 1.0, QByteArray::number(ink.top()));
+    QVERIFY2(std::abs(ink.bottom() - (baseline + metrics.capHeight())) <= 1.5,
              QByteArray::number(ink.bottom()));
     QVERIFY(ink.left() >= start.x());
     QVERIFY(ink.right() <= start.x() + metrics.horizontalAdvance(QLatin1Char('L')) + 1.0);
-    // The stem of an L stands at its left, the foot lies at its bottom.
+    // The stem of an L is at its left, the foot at its bottom.
     QCOMPARE(picture.at(QPointF(ink.left() + 2, ink.bottom() - 2)), kInk);
     QCOMPARE(picture.at(QPointF(ink.right() - 2, ink.top() + 1.5)), kInk);
-    QCOMPARE(picture.at(QPointF(ink.right() - 2, ink.bottom() - 2)), kNothing);
+    QCOMPARE(picture.at(QPointF(ink.right() - 2, ink.bottom() - 2)), kTransparent);
 }
 
 REGISTER_TEST(RenderTextTest)

@@ -12,7 +12,7 @@ namespace zeigewerk::test {
 namespace {
 
 const QColor kDim(0, 0, 0, 140);
-/// What is left of white under black of alpha 0.55.
+/// White beneath black with an alpha of 0.55.
 constexpr int kDimmedWhite = 115;
 
 } // namespace
@@ -25,9 +25,9 @@ private Q_SLOTS:
     void theSpotlightLeavesACircleClear_data();
     void theSpotlightLeavesACircleClear();
     void theSpotlightFollowsThePointer();
-    void theSpotlightDarkensTheDrawingsOutsideOnly();
+    void theSpotlightDimsOnlyTheDrawingsOutsideIt();
     void theWhiteboardOutsideTheSpotlightIsGrey();
-    void aPointerOnAnotherScreenLeavesNoHole();
+    void aPointerOnAnotherScreenLeavesEverythingDimmed();
     void aHugeSpotlightLeavesEverythingClear_data();
     void aHugeSpotlightLeavesEverythingClear();
 };
@@ -47,17 +47,17 @@ void SpotlightTest::theSpotlightLeavesACircleClear()
     QFETCH(const double, scale);
     QFETCH(const double, radius);
     Canvas canvas((QSizeF(400, 300) * scale).toSize(), scale, {.spotRadius = radius});
-    const QPointF middle(180, 140);
-    canvas.desktop().setMouseLocation(middle);
+    const QPointF center(180, 140);
+    canvas.desktop().setMouseLocation(center);
     canvas.app().toggleSpot();
     canvas.display();
     for (int degrees = 0; degrees < 360; degrees += 15) {
         const double angle = degrees * M_PI / 180.0;
         const QPointF direction(std::cos(angle), std::sin(angle));
-        QCOMPARE(canvas.at(middle + (radius - 1.5) * direction), kNothing);
-        QCOMPARE(canvas.at(middle + (radius + 1.5) * direction), kDim);
+        QCOMPARE(canvas.at(center + (radius - 1.5) * direction), kTransparent);
+        QCOMPARE(canvas.at(center + (radius + 1.5) * direction), kDim);
     }
-    QCOMPARE(canvas.at(middle), kNothing);
+    QCOMPARE(canvas.at(center), kTransparent);
     QCOMPARE(canvas.at({0.1, 0.1}), kDim);
     QCOMPARE(canvas.at({399.9, 299.9}), kDim);
 }
@@ -71,10 +71,10 @@ void SpotlightTest::theSpotlightFollowsThePointer()
     canvas.movePointer({300, 200});
     canvas.display();
     QCOMPARE(canvas.at({100, 100}), kDim);
-    QCOMPARE(canvas.at({300, 200}), kNothing);
+    QCOMPARE(canvas.at({300, 200}), kTransparent);
 }
 
-void SpotlightTest::theSpotlightDarkensTheDrawingsOutsideOnly()
+void SpotlightTest::theSpotlightDimsOnlyTheDrawingsOutsideIt()
 {
     Canvas canvas(QSize(400, 300), 1.0, {.spotRadius = 35});
     canvas.desktop().setMouseLocation({200, 100});
@@ -100,7 +100,7 @@ void SpotlightTest::theWhiteboardOutsideTheSpotlightIsGrey()
     QCOMPARE(canvas.at({10, 10}).alpha(), 255);
 }
 
-void SpotlightTest::aPointerOnAnotherScreenLeavesNoHole()
+void SpotlightTest::aPointerOnAnotherScreenLeavesEverythingDimmed()
 {
     Canvas canvas;
     canvas.desktop().setMouseLocation({5000, 150});

@@ -38,12 +38,12 @@ const char *const kNames[] = {
 
 /// The grid on which the symbols are drawn, in points.
 constexpr int kGrid = 20;
-/// Pixels to a point where distances are measured.
-constexpr int kFine = 8;
-/// A pixel with less is the trace of an edge that ends beside it.
-constexpr int kInk = 16;
+/// Pixels per point for measuring distances.
+constexpr int kPixelsPerPoint = 8;
+/// A pixel with less coverage is the antialiased trace of an edge beside it.
+constexpr int kMinInk = 16;
 
-/// The symbol in black, the whole grid and nothing more; null when there is none.
+/// The symbol painted in black, as large as its grid; null if there is no such symbol.
 QImage symbol(const QString &name, int scale)
 {
     const std::optional<TemplateImage> image = symbolImage(name);
@@ -62,21 +62,21 @@ int coverage(const QImage &image, int x, int y)
     return qAlpha(image.pixel(x, y));
 }
 
-/// What has ink, in points.
+/// The bounding rectangle of the ink, in points.
 QRectF inkBounds(const QString &name)
 {
-    const QImage image = symbol(name, kFine);
+    const QImage image = symbol(name, kPixelsPerPoint);
     QRect bounds;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (coverage(image, x, y) >= kInk)
+            if (coverage(image, x, y) >= kMinInk)
                 bounds |= QRect(x, y, 1, 1);
         }
     }
-    return {QPointF(bounds.topLeft()) / kFine, QSizeF(bounds.size()) / kFine};
+    return {QPointF(bounds.topLeft()) / kPixelsPerPoint, QSizeF(bounds.size()) / kPixelsPerPoint};
 }
 
-/// The area that is covered in only one of the two, in square points.
+/// The area that only one of the two covers, in square points.
 double difference(const QImage &one, const QImage &other)
 {
     int sum = 0;
@@ -101,25 +101,25 @@ class SymbolsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aSymbolIsTwentyPointsLarge_data() { addNames(); }
-    void aSymbolIsTwentyPointsLarge();
-    void aSymbolFillsItsGridAndStaysOffTheRim_data() { addNames(); }
-    void aSymbolFillsItsGridAndStaysOffTheRim();
-    void aSymbolLiesInTheMiddle_data() { addNames(); }
-    void aSymbolLiesInTheMiddle();
-    void aSymbolIsPaintedInTheTintOnly_data() { addNames(); }
-    void aSymbolIsPaintedInTheTintOnly();
-    void aSymbolBetweenPixelsIsAsSharpAsOnOne_data() { addNames(); }
-    void aSymbolBetweenPixelsIsAsSharpAsOnOne();
+    void aSymbolIsTwentyPointsWideAndHigh_data() { addNames(); }
+    void aSymbolIsTwentyPointsWideAndHigh();
+    void aSymbolFillsItsGridUpToAMargin_data() { addNames(); }
+    void aSymbolFillsItsGridUpToAMargin();
+    void aSymbolIsCentredOnItsGrid_data() { addNames(); }
+    void aSymbolIsCentredOnItsGrid();
+    void aSymbolIsPaintedOnlyInTheTint_data() { addNames(); }
+    void aSymbolIsPaintedOnlyInTheTint();
+    void aSymbolBetweenPixelsIsPaintedOnWholePixels_data() { addNames(); }
+    void aSymbolBetweenPixelsIsPaintedOnWholePixels();
     void noTwoSymbolsLookAlike();
     void theEdgesOfTheRectangleAreSharp_data();
     void theEdgesOfTheRectangleAreSharp();
-    void theEyeIsOpenBesideItsSlash();
-    void whatIsNoSymbolGivesNone_data();
-    void whatIsNoSymbolGivesNone();
+    void theSlashedEyeHasAGapBesideItsSlash();
+    void unknownNamesGiveNoSymbol_data();
+    void unknownNamesGiveNoSymbol();
 };
 
-void SymbolsTest::aSymbolIsTwentyPointsLarge()
+void SymbolsTest::aSymbolIsTwentyPointsWideAndHigh()
 {
     QFETCH(const QString, name);
     const std::optional<TemplateImage> image = symbolImage(name);
@@ -128,7 +128,7 @@ void SymbolsTest::aSymbolIsTwentyPointsLarge()
     QVERIFY(!isBlank(symbol(name, 1)));
 }
 
-void SymbolsTest::aSymbolFillsItsGridAndStaysOffTheRim()
+void SymbolsTest::aSymbolFillsItsGridUpToAMargin()
 {
     QFETCH(const QString, name);
     const QRectF ink = inkBounds(name);
@@ -137,16 +137,16 @@ void SymbolsTest::aSymbolFillsItsGridAndStaysOffTheRim()
     QVERIFY(std::min(ink.width(), ink.height()) >= 12);
 }
 
-void SymbolsTest::aSymbolLiesInTheMiddle()
+void SymbolsTest::aSymbolIsCentredOnItsGrid()
 {
     QFETCH(const QString, name);
-    // Half a point aside where only that puts all straight edges on pixels, as those of the bin.
+    // Some symbols, like the bin, are half a point off so that all their straight edges lie on pixels.
     const QPointF offset = inkBounds(name).center() - QPointF(kGrid, kGrid) / 2;
     QVERIFY(std::abs(offset.x()) <= 0.5);
     QVERIFY(std::abs(offset.y()) <= 0.5);
 }
 
-void SymbolsTest::aSymbolIsPaintedInTheTintOnly()
+void SymbolsTest::aSymbolIsPaintedOnlyInTheTint()
 {
     QFETCH(const QString, name);
     const QColor tint(250, 120, 40);
@@ -170,7 +170,7 @@ void SymbolsTest::aSymbolIsPaintedInTheTintOnly()
     QVERIFY(opaque > 0);
 }
 
-void SymbolsTest::aSymbolBetweenPixelsIsAsSharpAsOnOne()
+void SymbolsTest::aSymbolBetweenPixelsIsPaintedOnWholePixels()
 {
     QFETCH(const QString, name);
     const auto paintedAt = [&name](QPointF topLeft) {
@@ -198,7 +198,7 @@ void SymbolsTest::theEdgesOfTheRectangleAreSharp_data()
 {
     QTest::addColumn<int>("scale");
     QTest::addColumn<QList<int>>("inwards");
-    // The line is one and three quarters wide, with its outer edge on the grid.
+    // The line is 1.75 points wide; its outer edge lies on the grid.
     QTest::newRow("scale 1") << 1 << QList<int>{0, 255, 191, 0};
     QTest::newRow("scale 2") << 2 << QList<int>{0, 255, 255, 255, 128, 0};
 }
@@ -210,7 +210,7 @@ void SymbolsTest::theEdgesOfTheRectangleAreSharp()
     const QImage image = symbol(QStringLiteral("rectangle"), scale);
     const int last = kGrid * scale - 1;
     const auto isNear = [](int actual, int expected) { return std::abs(actual - expected) <= 2; };
-    // Away from the rounded corners.
+    // Between the rounded corners.
     for (int along = 6 * scale; along < 14 * scale; ++along) {
         for (int i = 0; i < inwards.size(); ++i) {
             const int column = 2 * scale - 1 + i;
@@ -223,20 +223,20 @@ void SymbolsTest::theEdgesOfTheRectangleAreSharp()
     }
 }
 
-void SymbolsTest::theEyeIsOpenBesideItsSlash()
+void SymbolsTest::theSlashedEyeHasAGapBesideItsSlash()
 {
-    const QImage image = symbol(QStringLiteral("eye.slash"), kFine);
-    // Along the slash, from the upper left to the lower right, on it and to the upper right of it.
-    for (int i = 4 * kFine; i < 16 * kFine; ++i) {
+    const QImage image = symbol(QStringLiteral("eye.slash"), kPixelsPerPoint);
+    // Follows the slash from the upper left to the lower right, and the gap to its upper right.
+    for (int i = 4 * kPixelsPerPoint; i < 16 * kPixelsPerPoint; ++i) {
         QCOMPARE(coverage(image, i, i), 255);
-        QCOMPARE(coverage(image, i + kFine, i - kFine), 0);
+        QCOMPARE(coverage(image, i + kPixelsPerPoint, i - kPixelsPerPoint), 0);
     }
 }
 
-void SymbolsTest::whatIsNoSymbolGivesNone_data()
+void SymbolsTest::unknownNamesGiveNoSymbol_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("nothing") << QString();
+    QTest::newRow("empty") << QString();
     QTest::newRow("unknown") << QStringLiteral("squiggle");
     QTest::newRow("with the suffix") << QStringLiteral("pencil.svg");
     QTest::newRow("a folder") << QStringLiteral("../symbols");
@@ -244,7 +244,7 @@ void SymbolsTest::whatIsNoSymbolGivesNone_data()
     QTest::newRow("from the root") << QStringLiteral("/pencil");
 }
 
-void SymbolsTest::whatIsNoSymbolGivesNone()
+void SymbolsTest::unknownNamesGiveNoSymbol()
 {
     QFETCH(const QString, name);
     QVERIFY(!symbolImage(name));

@@ -11,7 +11,7 @@ namespace {
 
 const QColor kTint(200, 90, 30);
 
-/// A square whose right half is covered by half.
+/// A square whose right half has half coverage.
 TemplateImage halfCovered()
 {
     return TemplateImage({8, 8}, [](QPainter &painter) {
@@ -20,7 +20,7 @@ TemplateImage halfCovered()
     });
 }
 
-/// A shape that looks different when it is moved by a part of a pixel.
+/// A shape that looks different when it is moved by a fraction of a pixel.
 TemplateImage ring()
 {
     return TemplateImage({20, 20}, [](QPainter &painter) {
@@ -45,7 +45,7 @@ QImage painted(const TemplateImage &image, double scale, QPointF topLeft, const 
     return canvas;
 }
 
-/// Paints a ring at a corner that lies between the pixels.
+/// Paints a ring whose corner lies between pixels.
 class RingWidget : public QWidget
 {
 public:
@@ -72,14 +72,14 @@ private Q_SLOTS:
     void theAlphaOfTheTintScalesTheCoverage();
     void theShapeIsDrawnAtTheScaleOfThePainter_data();
     void theShapeIsDrawnAtTheScaleOfThePainter();
-    void theCornerMovesToTheNearestPixel_data();
-    void theCornerMovesToTheNearestPixel();
-    void aPixelRatioCountsAsAScale_data();
-    void aPixelRatioCountsAsAScale();
-    void aWidgetWithinAWidgetIsPaintedToWholePixels_data();
-    void aWidgetWithinAWidgetIsPaintedToWholePixels();
-    void thePainterIsLeftAsItWas();
-    void whatHasNoSizePaintsNothing();
+    void theCornerSnapsToTheNearestPixel_data();
+    void theCornerSnapsToTheNearestPixel();
+    void theDevicePixelRatioCountsAsAScale_data();
+    void theDevicePixelRatioCountsAsAScale();
+    void aChildWidgetIsPaintedOnWholePixels_data();
+    void aChildWidgetIsPaintedOnWholePixels();
+    void thePaintersStateIsRestored();
+    void anImageWithoutSizePaintsNothing();
 };
 
 void TemplateImageTest::anOpaquePixelHasExactlyTheTint()
@@ -122,27 +122,27 @@ void TemplateImageTest::theShapeIsDrawnAtTheScaleOfThePainter()
     const QImage actual = painted(ring(), scale, {5 / scale, 5 / scale});
     for (int y = 0; y < 64; ++y) {
         for (int x = 0; x < 64; ++x) {
-            // What is partly covered may be rounded otherwise when the shape is tinted afterwards.
+            // Tinting the shape afterwards may round partly covered pixels differently.
             QVERIFY2(qAbs(actual.pixelColor(x, y).alpha() - expected.pixelColor(x, y).alpha()) <= 1,
                      QByteArray::number(x) + ", " + QByteArray::number(y));
         }
     }
 }
 
-void TemplateImageTest::theCornerMovesToTheNearestPixel_data()
+void TemplateImageTest::theCornerSnapsToTheNearestPixel_data()
 {
     QTest::addColumn<double>("scale");
     QTest::addColumn<QPointF>("topLeft");
     QTest::addColumn<QPoint>("pixel");
-    QTest::newRow("between pixels") << 1.0 << QPointF(3.3, 4.7) << QPoint(3, 5);
-    QTest::newRow("on a pixel") << 1.0 << QPointF(3, 5) << QPoint(3, 5);
-    QTest::newRow("a whole point is between pixels") << 1.25 << QPointF(3, 5) << QPoint(4, 6);
-    QTest::newRow("at one and a half") << 1.5 << QPointF(3.3, 4.7) << QPoint(5, 7);
-    QTest::newRow("at two, half a point") << 2.0 << QPointF(3.5, 4.5) << QPoint(7, 9);
-    QTest::newRow("at two, between pixels") << 2.0 << QPointF(3.3, 4.7) << QPoint(7, 9);
+    QTest::newRow("scale 1, between pixels") << 1.0 << QPointF(3.3, 4.7) << QPoint(3, 5);
+    QTest::newRow("scale 1, on a pixel") << 1.0 << QPointF(3, 5) << QPoint(3, 5);
+    QTest::newRow("scale 1.25, whole points") << 1.25 << QPointF(3, 5) << QPoint(4, 6);
+    QTest::newRow("scale 1.5, between pixels") << 1.5 << QPointF(3.3, 4.7) << QPoint(5, 7);
+    QTest::newRow("scale 2, half points") << 2.0 << QPointF(3.5, 4.5) << QPoint(7, 9);
+    QTest::newRow("scale 2, between pixels") << 2.0 << QPointF(3.3, 4.7) << QPoint(7, 9);
 }
 
-void TemplateImageTest::theCornerMovesToTheNearestPixel()
+void TemplateImageTest::theCornerSnapsToTheNearestPixel()
 {
     QFETCH(const double, scale);
     QFETCH(const QPointF, topLeft);
@@ -153,12 +153,12 @@ void TemplateImageTest::theCornerMovesToTheNearestPixel()
     QCOMPARE(firstDifference(painted(ring(), scale, topLeft), expected), QString());
 }
 
-void TemplateImageTest::aPixelRatioCountsAsAScale_data()
+void TemplateImageTest::theDevicePixelRatioCountsAsAScale_data()
 {
     theShapeIsDrawnAtTheScaleOfThePainter_data();
 }
 
-void TemplateImageTest::aPixelRatioCountsAsAScale()
+void TemplateImageTest::theDevicePixelRatioCountsAsAScale()
 {
     QFETCH(const double, scale);
     QImage actual = blankImage({64, 64});
@@ -171,12 +171,12 @@ void TemplateImageTest::aPixelRatioCountsAsAScale()
     QCOMPARE(firstDifference(actual, painted(ring(), scale, {3.3, 4.7})), QString());
 }
 
-void TemplateImageTest::aWidgetWithinAWidgetIsPaintedToWholePixels_data()
+void TemplateImageTest::aChildWidgetIsPaintedOnWholePixels_data()
 {
     theShapeIsDrawnAtTheScaleOfThePainter_data();
 }
 
-void TemplateImageTest::aWidgetWithinAWidgetIsPaintedToWholePixels()
+void TemplateImageTest::aChildWidgetIsPaintedOnWholePixels()
 {
     QFETCH(const double, scale);
     QWidget parent;
@@ -191,7 +191,7 @@ void TemplateImageTest::aWidgetWithinAWidgetIsPaintedToWholePixels()
     QCOMPARE(firstDifference(actual, painted(ring(), scale, topLeft)), QString());
 }
 
-void TemplateImageTest::thePainterIsLeftAsItWas()
+void TemplateImageTest::thePaintersStateIsRestored()
 {
     QImage image = blankImage({64, 64});
     QPainter painter(&image);
@@ -203,10 +203,10 @@ void TemplateImageTest::thePainterIsLeftAsItWas()
     QCOMPARE(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
 }
 
-void TemplateImageTest::whatHasNoSizePaintsNothing()
+void TemplateImageTest::anImageWithoutSizePaintsNothing()
 {
-    const TemplateImage nothing({0, 0}, [](QPainter &painter) { painter.fillRect(0, 0, 9, 9, Qt::black); });
-    QVERIFY(isBlank(painted(nothing, 1, {3, 4})));
+    const TemplateImage empty({0, 0}, [](QPainter &painter) { painter.fillRect(0, 0, 9, 9, Qt::black); });
+    QVERIFY(isBlank(painted(empty, 1, {3, 4})));
 }
 
 REGISTER_TEST(TemplateImageTest)

@@ -1,4 +1,4 @@
-// What was typed must not jump when it becomes a drawing.
+// Typed text must not move when it becomes a drawing.
 
 #include "canvas/text_field.h"
 #include "drawing/blend.h"
@@ -16,12 +16,12 @@ namespace zeigewerk::test {
 
 namespace {
 
-constexpr QSize kSpan(340, 32);
+constexpr QSize kFieldSize(340, 32);
 
-/// The field painted alone, at that scale.
+/// The field without its window, at that scale.
 QImage pictureOf(TextField &field, double scale)
 {
-    QImage image((QSizeF(kSpan) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    QImage image((QSizeF(kFieldSize) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
     image.fill(Qt::transparent);
     field.render(&image, {}, {}, QWidget::DrawChildren);
@@ -29,11 +29,11 @@ QImage pictureOf(TextField &field, double scale)
     return image;
 }
 
-/// The same text as a shape, at the place where it is left, on the ground of the field.
+/// The text drawn as a shape, on the field's background.
 QImage pictureOf(const QString &text, QPointF start, double scale)
 {
-    Picture picture((QSizeF(kSpan) * scale).toSize(), scale);
-    const Shape shape = writing(text, start);
+    Picture picture((QSizeF(kFieldSize) * scale).toSize(), scale);
+    const Shape shape = textShape(text, start);
     picture.repaintAll([&](platform::PaintTarget &target) {
         target.fill(premultiplied(kWhite));
         renderShape(target, shape, 1.0);
@@ -41,7 +41,7 @@ QImage pictureOf(const QString &text, QPointF start, double scale)
     return picture.image();
 }
 
-/// The pixels that are rather ink than ground.
+/// The bounding rectangle of the pixels that are closer to ink than to background.
 QRect inkOf(const QImage &image)
 {
     QRect ink;
@@ -54,16 +54,16 @@ QRect inkOf(const QImage &image)
     return ink;
 }
 
-/// Whether each pixel of ink in one picture has ink of the other beside it, at most a pixel away.
+/// Whether each ink pixel of `image` has an ink pixel of `other` at most one pixel away.
 bool isCoveredBy(const QImage &image, const QImage &other)
 {
-    const auto isInk = [](const QImage &picture, QPoint place) {
-        return picture.rect().contains(place) && QColor(picture.pixel(place)).blue() < 128;
+    const auto isInk = [](const QImage &picture, QPoint pixel) {
+        return picture.rect().contains(pixel) && QColor(picture.pixel(pixel)).blue() < 128;
     };
-    const auto isNearInk = [&](QPoint place) {
+    const auto hasInkNearby = [&](QPoint pixel) {
         for (int dy = -1; dy <= 1; ++dy) {
             for (int dx = -1; dx <= 1; ++dx) {
-                if (isInk(other, place + QPoint(dx, dy)))
+                if (isInk(other, pixel + QPoint(dx, dy)))
                     return true;
             }
         }
@@ -71,7 +71,7 @@ bool isCoveredBy(const QImage &image, const QImage &other)
     };
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (isInk(image, {x, y}) && !isNearInk({x, y}))
+            if (isInk(image, {x, y}) && !hasInkNearby({x, y}))
                 return false;
         }
     }
@@ -95,32 +95,31 @@ class TextFieldPictureTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void typedTextStandsWhereItWillBeDrawn_data();
-    void typedTextStandsWhereItWillBeDrawn();
-    void textThatIsTooLongForTheFieldStaysOnItsLine_data();
-    void textThatIsTooLongForTheFieldStaysOnItsLine();
-    void theFieldIsFilledToItsEdges();
-    void controlCharactersAreDrawnAsBlanks();
-    void anythingPastedCanBeDrawn_data();
-    void anythingPastedCanBeDrawn();
+    void typedTextStaysInPlaceWhenItIsDrawn_data();
+    void typedTextStaysInPlaceWhenItIsDrawn();
+    void overlongTextStaysOnItsBaseline_data();
+    void overlongTextStaysOnItsBaseline();
+    void theBackgroundReachesTheEdges();
+    void controlCharactersAreDrawnAsSpaces();
+    void anyPastedTextCanBeDrawn_data();
+    void anyPastedTextCanBeDrawn();
 };
 
-void TextFieldPictureTest::typedTextStandsWhereItWillBeDrawn_data()
+void TextFieldPictureTest::typedTextStaysInPlaceWhenItIsDrawn_data()
 {
     QTest::addColumn<double>("scale");
     QTest::addColumn<QString>("text");
+    const char *const texts[] = {
+        "Lg",        "Ärger",  "jÅ|", "  x", "שלום", "שלום, abc!", "abc, שלום!", "  שלום abc  ", "12 שלום 34",
+        "مرحبا abc", "東京 x", "ไทย", "😀 x", "a\tb", "\tWelt\t!",  "a\177b",     "a\nb\001c",
+    };
     for (const double scale : kScales) {
-        for (const QString &typed :
-             {QStringLiteral("Lg"), QStringLiteral("Ärger"), QStringLiteral("jÅ|"), QStringLiteral("  x"),
-              QStringLiteral("שלום"), QStringLiteral("שלום, abc!"), QStringLiteral("abc, שלום!"),
-              QStringLiteral("  שלום abc  "), QStringLiteral("12 שלום 34"), QStringLiteral("مرحبا abc"),
-              QStringLiteral("東京 x"), QStringLiteral("ไทย"), QStringLiteral("😀 x"), QStringLiteral("a\tb"),
-              QStringLiteral("\tWelt\t!"), QStringLiteral("a\x7F") + u'b', QStringLiteral("a\nb\x01") + u'c'})
-            QTest::addRow("scale %g, %s", scale, qPrintable(typed)) << scale << typed;
+        for (const char *text : texts)
+            QTest::addRow("scale %g, %s", scale, text) << scale << QString::fromUtf8(text);
     }
 }
 
-void TextFieldPictureTest::typedTextStandsWhereItWillBeDrawn()
+void TextFieldPictureTest::typedTextStaysInPlaceWhenItIsDrawn()
 {
     QFETCH(double, scale);
     QFETCH(QString, text);
@@ -136,25 +135,25 @@ void TextFieldPictureTest::typedTextStandsWhereItWillBeDrawn()
     QVERIFY2(isNear(typed.left(), drawn.left()) && isNear(typed.top(), drawn.top()) &&
                  isNear(typed.right(), drawn.right()) && isNear(typed.bottom(), drawn.bottom()),
              test::text(typed) + ", drawn " + test::text(drawn));
-    // And the same letters, in the same order.
+    // The letters are the same, in the same order.
     QVERIFY(isCoveredBy(typedPicture, drawnPicture));
     QVERIFY(isCoveredBy(drawnPicture, typedPicture));
-    // All of which is repainted when the text is.
+    // A repaint of the text covers all of them.
     const QRectF area = textLineArea(field.lineOrigin(), text);
     QVERIFY(area.left() * scale <= drawn.left() && drawn.right() < area.right() * scale);
 }
 
-void TextFieldPictureTest::textThatIsTooLongForTheFieldStaysOnItsLine_data()
+void TextFieldPictureTest::overlongTextStaysOnItsBaseline_data()
 {
     QTest::addColumn<double>("scale");
     for (const double scale : kScales)
         QTest::addRow("scale %g", scale) << scale;
 }
 
-void TextFieldPictureTest::textThatIsTooLongForTheFieldStaysOnItsLine()
+void TextFieldPictureTest::overlongTextStaysOnItsBaseline()
 {
     QFETCH(double, scale);
-    // Letters without descenders, so that the ink ends on the base line wherever the field has scrolled to.
+    // Letters without descenders, so that the ink ends on the baseline wherever the field has scrolled to.
     const QString text = QString(60, u'H');
     TextField field(kOrange);
     field.setComposited(false);
@@ -165,38 +164,36 @@ void TextFieldPictureTest::textThatIsTooLongForTheFieldStaysOnItsLine()
     QVERIFY(std::abs(typed.top() - drawn.top()) <= 1);
 }
 
-void TextFieldPictureTest::theFieldIsFilledToItsEdges()
+void TextFieldPictureTest::theBackgroundReachesTheEdges()
 {
     TextField field(kOrange);
     field.setPlaceholderText({});
     field.setComposited(true);
     const QImage image = pictureOf(field, 1.0);
-    const QColor ground(255, 255, 255, qRound(0.9 * 255));
+    const QColor background(255, 255, 255, qRound(0.9 * 255));
     for (const QPoint &corner : {QPoint(0, 0), QPoint(339, 0), QPoint(0, 31), QPoint(339, 31)})
-        QCOMPARE(image.pixelColor(corner).alpha(), ground.alpha());
+        QCOMPARE(image.pixelColor(corner).alpha(), background.alpha());
 }
 
-void TextFieldPictureTest::controlCharactersAreDrawnAsBlanks()
+void TextFieldPictureTest::controlCharactersAreDrawnAsSpaces()
 {
     const QPointF start(2, 4);
-    QCOMPARE(pictureOf(QStringLiteral("a\nb\x01"
-                                      "c\u2028d"),
-                       start, 1.0),
-             pictureOf(QStringLiteral("a b c d"), start, 1.0));
+    const QString text = QStringLiteral("a\nb%1c\u2028d").arg(QChar(1));
+    QCOMPARE(pictureOf(text, start, 1.0), pictureOf(QStringLiteral("a b c d"), start, 1.0));
 }
 
-void TextFieldPictureTest::anythingPastedCanBeDrawn_data()
+void TextFieldPictureTest::anyPastedTextCanBeDrawn_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("10,000 characters") << QString(10'000, u'x');
-    QTest::newRow("10,000 characters with blanks") << QStringLiteral("lorem ipsum ").repeated(834);
+    QTest::newRow("10,000 characters with spaces") << QStringLiteral("lorem ipsum ").repeated(834);
     QTest::newRow("emoji") << QStringLiteral("😀🏳️‍🌈").repeated(500);
-    QTest::newRow("lone surrogates") << QStringLiteral("a") + QChar(0xD83D) + QStringLiteral("b") +
-                                            QChar(0xDE00) + QChar(0xD83D);
-    QTest::newRow("from right to left") << QStringLiteral("שלום abc");
+    const QString surrogates = QStringLiteral("a") + QChar(0xD83D) + u'b' + QChar(0xDE00) + QChar(0xD83D);
+    QTest::newRow("lone surrogates") << surrogates;
+    QTest::newRow("right to left") << QStringLiteral("שלום abc");
 }
 
-void TextFieldPictureTest::anythingPastedCanBeDrawn()
+void TextFieldPictureTest::anyPastedTextCanBeDrawn()
 {
     QFETCH(QString, text);
     const QPointF start(2, 4);

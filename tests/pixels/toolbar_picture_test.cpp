@@ -1,5 +1,5 @@
-// The whole toolbar against stored pictures. After a deliberate change they are painted anew with
-// ZEIGEWERK_STORE_PICTURES=1 in the environment; look at them before you commit them.
+// Compares the whole toolbar with stored pictures. After a deliberate change, run this test with
+// ZEIGEWERK_STORE_PICTURES=1 in the environment to store new ones, and look at them before you commit them.
 
 #include "registered_test.h"
 #include "toolbar/pal_button.h"
@@ -14,19 +14,19 @@ using test::Controller;
 
 namespace {
 
-/// What the toolbar is seen against: no grey of its own.
-constexpr QColor kGround(0x4C, 0x86, 0xA8);
-/// Squares of that many pixels are compared by their mean, so that another rounding of an antialiased edge
-/// does not count.
+/// The background behind the toolbar; a colour that cannot be mistaken for its greys.
+constexpr QColor kBackground(0x4C, 0x86, 0xA8);
+/// The side of the squares whose mean colours are compared, in pixels. The means hide differences in the
+/// rounding of antialiased edges.
 constexpr int kSquare = 4;
-/// How far the mean of a square may be off, in 255ths of each of red, green and blue.
+/// How far the mean of a square may be off, in 255ths, in each of red, green and blue.
 constexpr int kTolerance = 12;
 
 QImage pictureOf(Controller &controller, int scale)
 {
     Panel &panel = *controller.app().toolbar()->panel;
     QImage image(panel.size() * scale, QImage::Format_RGB32);
-    image.fill(kGround);
+    image.fill(kBackground);
     QPainter painter(&image);
     painter.scale(scale, scale);
     panel.render(&painter, {}, {}, QWidget::DrawChildren);
@@ -38,7 +38,7 @@ QImage means(const QImage &image)
     return image.scaled(image.size() / kSquare, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-/// The first square that is off, told with both colours; empty when none is.
+/// Describes the first square that is off; empty if there is none.
 QString firstDifference(const QImage &actual, const QImage &expected)
 {
     if (actual.size() != expected.size())
@@ -65,8 +65,8 @@ QString storedPath(const QString &name)
     return QStringLiteral(ZEIGEWERK_PICTURES_DIR "/%1.png").arg(name);
 }
 
-/// A state in which every kind of highlight shows.
-std::unique_ptr<Controller> inUse(bool dark)
+/// A controller in a state that shows every kind of highlight.
+std::unique_ptr<Controller> withHighlights(bool dark)
 {
     auto controller = std::make_unique<Controller>();
     controller->defaults.setBool(kDarkUIKey, dark);
@@ -84,14 +84,14 @@ class ToolbarPictureTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itLooksAsStored_data();
-    void itLooksAsStored();
-    void aWrongColourIsSeen();
-    void aMissingSymbolIsSeen();
-    void aMovedButtonIsSeen();
+    void theToolbarLooksLikeItsStoredPicture_data();
+    void theToolbarLooksLikeItsStoredPicture();
+    void aWrongColourIsDetected();
+    void aMissingSymbolIsDetected();
+    void aMovedButtonIsDetected();
 };
 
-void ToolbarPictureTest::itLooksAsStored_data()
+void ToolbarPictureTest::theToolbarLooksLikeItsStoredPicture_data()
 {
     QTest::addColumn<bool>("dark");
     QTest::addColumn<int>("scale");
@@ -101,12 +101,12 @@ void ToolbarPictureTest::itLooksAsStored_data()
     }
 }
 
-void ToolbarPictureTest::itLooksAsStored()
+void ToolbarPictureTest::theToolbarLooksLikeItsStoredPicture()
 {
     QFETCH(bool, dark);
     QFETCH(int, scale);
     const QString path = storedPath(QString::fromLatin1(QTest::currentDataTag()));
-    const QImage actual = pictureOf(*inUse(dark), scale);
+    const QImage actual = pictureOf(*withHighlights(dark), scale);
     if (qEnvironmentVariableIsSet("ZEIGEWERK_STORE_PICTURES"))
         QVERIFY(actual.save(path));
     const QImage stored(path);
@@ -114,42 +114,42 @@ void ToolbarPictureTest::itLooksAsStored()
     QCOMPARE(firstDifference(actual, stored), QString());
 }
 
-void ToolbarPictureTest::aWrongColourIsSeen()
+void ToolbarPictureTest::aWrongColourIsDetected()
 {
-    const auto controller = inUse(true);
-    const QImage right = pictureOf(*controller, 1);
-    // The neighbouring hue, and the neutral tint at another strength.
+    const auto controller = withHighlights(true);
+    const QImage expected = pictureOf(*controller, 1);
+    // A slightly different hue, and the neutral tint with a different alpha.
     controller->app().toolbar()->btnSpot->setBackground(Color::hex(0xF28000));
-    QVERIFY(!firstDifference(pictureOf(*controller, 1), right).isEmpty());
+    QVERIFY(!firstDifference(pictureOf(*controller, 1), expected).isEmpty());
     controller->app().refreshToolbar();
-    QCOMPARE(firstDifference(pictureOf(*controller, 1), right), QString());
+    QCOMPARE(firstDifference(pictureOf(*controller, 1), expected), QString());
     controller->app().toolbar()->btnPin->setContentTint(kWhite.withAlpha(0.8));
-    QVERIFY(!firstDifference(pictureOf(*controller, 1), right).isEmpty());
+    QVERIFY(!firstDifference(pictureOf(*controller, 1), expected).isEmpty());
 }
 
-void ToolbarPictureTest::aMissingSymbolIsSeen()
+void ToolbarPictureTest::aMissingSymbolIsDetected()
 {
-    const auto controller = inUse(false);
-    const QImage right = pictureOf(*controller, 1);
+    const auto controller = withHighlights(false);
+    const QImage expected = pictureOf(*controller, 1);
     for (PalButton *button : controller->app().toolbar()->allButtons()) {
         if (!button->image())
             continue;
         const TemplateImage image = *button->image();
         button->setImage(TemplateImage(image.size(), [](QPainter &) {}));
-        QVERIFY2(!firstDifference(pictureOf(*controller, 1), right).isEmpty(),
+        QVERIFY2(!firstDifference(pictureOf(*controller, 1), expected).isEmpty(),
                  qPrintable(button->accessibleName()));
         button->setImage(image);
     }
-    QCOMPARE(firstDifference(pictureOf(*controller, 1), right), QString());
+    QCOMPARE(firstDifference(pictureOf(*controller, 1), expected), QString());
 }
 
-void ToolbarPictureTest::aMovedButtonIsSeen()
+void ToolbarPictureTest::aMovedButtonIsDetected()
 {
-    const auto controller = inUse(true);
-    const QImage right = pictureOf(*controller, 1);
+    const auto controller = withHighlights(true);
+    const QImage expected = pictureOf(*controller, 1);
     PalButton *button = controller->app().toolbar()->widthButtons.front();
     button->move(button->pos() + QPoint(2, 0));
-    QVERIFY(!firstDifference(pictureOf(*controller, 1), right).isEmpty());
+    QVERIFY(!firstDifference(pictureOf(*controller, 1), expected).isEmpty());
 }
 
 REGISTER_TEST(ToolbarPictureTest)

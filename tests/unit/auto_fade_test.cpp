@@ -13,25 +13,25 @@ class AutoFadeTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aStrokeHoldsThenDissolvesThenGoes_data();
-    void aStrokeHoldsThenDissolvesThenGoes();
-    void strokesGoOneAfterTheOtherInTheirOrder();
+    void aStrokeHoldsThenFadesThenIsRemoved_data();
+    void aStrokeHoldsThenFadesThenIsRemoved();
+    void strokesFadeInTheOrderTheyWereDrawn();
     void strokesOnEveryScreenFade();
     void theWhiteboardSuspendsFading();
-    void turnedOffFadingStrokesAreOpaqueAgain();
-    void theShapeInProgressNeitherFadesNorCounts();
+    void turningFadingOffMakesStrokesOpaqueAgain();
+    void aShapeAgesOnlyAfterItsRelease();
     void aPinnedDrawingFades();
-    void theSettingIsWritten();
-    void aClockSetBackLeavesStrokesOpaque();
-    void shapesOnHoldAreNotRepainted();
-    void whatWasAlreadyInvisibleIsNotRepainted();
+    void theSettingIsSaved();
+    void settingTheClockBackMakesStrokesOpaque();
+    void shapesThatDoNotFadeYetAreNotRepainted();
+    void removingAnInvisibleShapeRepaintsNothing();
 };
 
 namespace {
 
 int inkAlpha(Controller &controller, std::size_t screen = 0)
 {
-    // In the middle of the stroke that `Controller::draw` makes by itself.
+    // In the middle of the stroke that `Controller::draw` draws by default.
     controller.surface(screen).display();
     const QImage &image = controller.surface(screen).image();
     return qAlpha(image.pixel(150, image.height() - 125));
@@ -39,24 +39,24 @@ int inkAlpha(Controller &controller, std::size_t screen = 0)
 
 } // namespace
 
-void AutoFadeTest::aStrokeHoldsThenDissolvesThenGoes_data()
+void AutoFadeTest::aStrokeHoldsThenFadesThenIsRemoved_data()
 {
     QTest::addColumn<double>("age");
     QTest::addColumn<int>("alpha");
-    QTest::addColumn<bool>("isThere");
+    QTest::addColumn<bool>("isKept");
     QTest::newRow("fresh") << 0.0 << 255 << true;
-    QTest::newRow("held to the end") << 4.0 << 255 << true;
-    QTest::newRow("half gone") << 4.4 << 128 << true;
-    QTest::newRow("almost gone") << 4.79 << 3 << true;
-    QTest::newRow("gone") << 4.8 << 0 << false;
-    QTest::newRow("long gone") << 1000.0 << 0 << false;
+    QTest::newRow("end of the hold") << 4.0 << 255 << true;
+    QTest::newRow("half faded") << 4.4 << 128 << true;
+    QTest::newRow("almost faded") << 4.79 << 3 << true;
+    QTest::newRow("faded") << 4.8 << 0 << false;
+    QTest::newRow("faded long ago") << 1000.0 << 0 << false;
 }
 
-void AutoFadeTest::aStrokeHoldsThenDissolvesThenGoes()
+void AutoFadeTest::aStrokeHoldsThenFadesThenIsRemoved()
 {
     QFETCH(double, age);
     QFETCH(int, alpha);
-    QFETCH(bool, isThere);
+    QFETCH(bool, isKept);
     Controller controller;
     controller.startWithFading();
     controller.draw(controller.view());
@@ -64,11 +64,11 @@ void AutoFadeTest::aStrokeHoldsThenDissolvesThenGoes()
     controller.passTime(age);
     controller.app().tickFade();
     QVERIFY(std::abs(inkAlpha(controller) - alpha) <= 1);
-    QCOMPARE(!controller.view().shapes().empty(), isThere);
-    QCOMPARE(controller.app().isFadeTimerRunning(), isThere);
+    QCOMPARE(!controller.view().shapes().empty(), isKept);
+    QCOMPARE(controller.app().isFadeTimerRunning(), isKept);
 }
 
-void AutoFadeTest::strokesGoOneAfterTheOtherInTheirOrder()
+void AutoFadeTest::strokesFadeInTheOrderTheyWereDrawn()
 {
     Controller controller;
     controller.startWithFading();
@@ -76,7 +76,7 @@ void AutoFadeTest::strokesGoOneAfterTheOtherInTheirOrder()
         controller.draw(controller.view(), {100, y}, {200, y});
         controller.passTime(2.0);
     }
-    // Six seconds, four and two old.
+    // They are six, four and two seconds old.
     controller.app().tickFade();
     QCOMPARE(controller.view().shapes().size(), 2U);
     QCOMPARE(controller.view().shapes().front().start, QPointF(100, 200));
@@ -123,7 +123,7 @@ void AutoFadeTest::theWhiteboardSuspendsFading()
     QCOMPARE(inkAlpha(controller), 0);
 }
 
-void AutoFadeTest::turnedOffFadingStrokesAreOpaqueAgain()
+void AutoFadeTest::turningFadingOffMakesStrokesOpaqueAgain()
 {
     Controller controller;
     controller.startWithFading();
@@ -141,7 +141,7 @@ void AutoFadeTest::turnedOffFadingStrokesAreOpaqueAgain()
     QCOMPARE(inkAlpha(controller), 0);
 }
 
-void AutoFadeTest::theShapeInProgressNeitherFadesNorCounts()
+void AutoFadeTest::aShapeAgesOnlyAfterItsRelease()
 {
     Controller controller;
     controller.startWithFading();
@@ -176,7 +176,7 @@ void AutoFadeTest::aPinnedDrawingFades()
     QVERIFY(controller.app().pinnedOn());
 }
 
-void AutoFadeTest::theSettingIsWritten()
+void AutoFadeTest::theSettingIsSaved()
 {
     Controller controller;
     for (const bool expected : {true, false, true}) {
@@ -184,12 +184,12 @@ void AutoFadeTest::theSettingIsWritten()
         QCOMPARE(controller.app().autoFadeOn(), expected);
         QCOMPARE(controller.defaults.boolForKey(kAutoFadeKey), std::optional(expected));
     }
-    // The next start has it.
+    // The next start reads it.
     const AppDelegate next(controller.desktop, controller.defaults);
     QVERIFY(next.autoFadeOn());
 }
 
-void AutoFadeTest::aClockSetBackLeavesStrokesOpaque()
+void AutoFadeTest::settingTheClockBackMakesStrokesOpaque()
 {
     Controller controller;
     controller.startWithFading();
@@ -207,7 +207,7 @@ void AutoFadeTest::aClockSetBackLeavesStrokesOpaque()
     QVERIFY(!controller.app().isFadeTimerRunning());
 }
 
-void AutoFadeTest::shapesOnHoldAreNotRepainted()
+void AutoFadeTest::shapesThatDoNotFadeYetAreNotRepainted()
 {
     Controller controller;
     controller.startWithFading();
@@ -228,13 +228,13 @@ void AutoFadeTest::shapesOnHoldAreNotRepainted()
     QCOMPARE(controller.view().shapes().size(), 1000U);
 }
 
-void AutoFadeTest::whatWasAlreadyInvisibleIsNotRepainted()
+void AutoFadeTest::removingAnInvisibleShapeRepaintsNothing()
 {
     Controller controller;
     controller.startWithFading();
     controller.draw(controller.view());
     controller.passTime(5.0);
-    // Painted by another cause than a tick, it is invisible before it is removed.
+    // A repaint without a tick makes it invisible before it is removed.
     controller.view().modesChanged();
     QVERIFY(controller.surface().display());
     QCOMPARE(inkAlpha(controller), 0);

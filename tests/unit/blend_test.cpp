@@ -22,15 +22,15 @@ class BlendTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aColourBecomesAPixel();
-    void anOpaqueCoatReplaces();
-    void noCoverageChangesNothing();
-    void blendingIsRoundedToTheNearest();
-    void fourPixelsAreBlendedEachByItself();
-    void aSpanIsBlendedPixelByPixel();
+    void coloursArePremultiplied();
+    void anOpaqueColourReplacesThePixel();
+    void withoutCoverageNothingChanges();
+    void blendingRoundsToTheNearestValue();
+    void fourPixelsBlendLikeSinglePixels();
+    void aSpanBlendsLikeSinglePixels();
 };
 
-void BlendTest::aColourBecomesAPixel()
+void BlendTest::coloursArePremultiplied()
 {
     QCOMPARE(premultiplied(kOrange), 0xFFF29A00U);
     QCOMPARE(premultiplied(kBlack.withAlpha(0.55)), 0x8C000000U);
@@ -41,19 +41,19 @@ void BlendTest::aColourBecomesAPixel()
     QCOMPARE(premultiplied(kWhite.withAlpha(notANumber)), 0U);
 }
 
-void BlendTest::anOpaqueCoatReplaces()
+void BlendTest::anOpaqueColourReplacesThePixel()
 {
     for (const Premultiplied below : {0U, 0xFFFFFFFFU, 0x80402010U})
         QCOMPARE(blended(below, 0xFFF29A00U, 255), 0xFFF29A00U);
 }
 
-void BlendTest::noCoverageChangesNothing()
+void BlendTest::withoutCoverageNothingChanges()
 {
     for (const Premultiplied below : {0U, 0xFFFFFFFFU, 0x80402010U, 0x01010101U})
         QCOMPARE(blended(below, 0xFFF29A00U, 0), below);
 }
 
-void BlendTest::blendingIsRoundedToTheNearest()
+void BlendTest::blendingRoundsToTheNearestValue()
 {
     constexpr Premultiplied kColor = 0x66664020U;
     for (std::uint32_t coverage = 0; coverage <= 255; ++coverage) {
@@ -62,9 +62,10 @@ void BlendTest::blendingIsRoundedToTheNearest()
             const Premultiplied result = blended(pixel, kColor, coverage);
             const double alpha = 0x66 / 255.0 * coverage / 255.0;
             for (const int shift : {0, 8, 16}) {
-                const double coat = component(kColor, shift) * static_cast<double>(coverage) / 255.0;
-                const double exact = coat + component(pixel, shift) * (1.0 - alpha);
-                // Coat and ground are rounded each, and the ground's share follows the coat's rounded alpha.
+                const double source = component(kColor, shift) * static_cast<double>(coverage) / 255.0;
+                const double exact = source + component(pixel, shift) * (1.0 - alpha);
+                // Source and background are rounded separately, the background with the source's rounded
+                // alpha.
                 QVERIFY(std::abs(component(result, shift) - exact) <= 1.5);
             }
             QCOMPARE(component(result, 24), 255);
@@ -72,30 +73,30 @@ void BlendTest::blendingIsRoundedToTheNearest()
     }
 }
 
-void BlendTest::fourPixelsAreBlendedEachByItself()
+void BlendTest::fourPixelsBlendLikeSinglePixels()
 {
-    const Four ground = {0, 0xFF102030, 0x80402010, 0xFFFFFFFF};
+    const Four below = {0, 0xFF102030, 0x80402010, 0xFFFFFFFF};
     const Four colors = {0xFF123456, 0x66660000, 0x66660000, 0};
     const Four coverage = {0, 60, 255, 128};
-    const Four result = blended(ground, colors, coverage);
+    const Four result = blended(below, colors, coverage);
     for (int i = 0; i < kFour; ++i)
-        QCOMPARE(result[i], blended(ground[i], colors[i], coverage[i]));
+        QCOMPARE(result[i], blended(below[i], colors[i], coverage[i]));
 }
 
-void BlendTest::aSpanIsBlendedPixelByPixel()
+void BlendTest::aSpanBlendsLikeSinglePixels()
 {
-    const std::vector<Premultiplied> ground = {0, 0xFF102030, 0x80402010, 0xFFFFFFFF, 1U << 24, 5U << 24, 0};
+    const std::vector<Premultiplied> below = {0, 0xFF102030, 0x80402010, 0xFFFFFFFF, 1U << 24, 5U << 24, 0};
     const std::vector<Premultiplied> above = {0xFFFFFFFF, 0x80402010, 0, 0xFF102030, 7, 0x01010101, 5U << 24};
-    std::vector<Premultiplied> wholly = ground;
-    blendSpan(wholly.data(), 7, 0x66660000U);
-    std::vector<Premultiplied> opaque = ground;
+    std::vector<Premultiplied> covered = below;
+    blendSpan(covered.data(), 7, 0x66660000U);
+    std::vector<Premultiplied> opaque = below;
     blendSpan(opaque.data(), 7, 0xFF123456U);
-    std::vector<Premultiplied> over = ground;
+    std::vector<Premultiplied> over = below;
     blendSpan(over.data(), above.data(), 7);
-    for (std::size_t i = 0; i < ground.size(); ++i) {
-        QCOMPARE(wholly[i], blended(ground[i], 0x66660000U, 255));
+    for (std::size_t i = 0; i < below.size(); ++i) {
+        QCOMPARE(covered[i], blended(below[i], 0x66660000U, 255));
         QCOMPARE(opaque[i], 0xFF123456U);
-        QCOMPARE(over[i], blended(ground[i], above[i], 255));
+        QCOMPARE(over[i], blended(below[i], above[i], 255));
     }
 }
 

@@ -10,25 +10,25 @@ namespace zeigewerk {
 
 namespace {
 
-/// Places that are often on the edge of a cell, and often the same in two cells that share a list.
-double anyPlace(test::RandomInput &random)
+/// Coordinates that often lie on the edge of a cell, or in cells that share a list.
+double randomCoordinate(test::RandomInput &random)
 {
-    const double around = 4096.0 * random.integer(-3, 3);
-    return around + (random.chance(0.3) ? 128.0 * random.integer(0, 3) : random.real(0.0, 400.0));
+    const double origin = 4096.0 * random.integer(-3, 3);
+    return origin + (random.chance(0.3) ? 128.0 * random.integer(0, 3) : random.real(0.0, 400.0));
 }
 
-/// From a point to more than a desktop; sometimes empty.
-Box anyBox(test::RandomInput &random)
+/// A box from the size of a point to larger than a desktop; sometimes empty.
+Box randomBox(test::RandomInput &random)
 {
     if (random.chance(0.02))
         return {};
-    const double left = anyPlace(random);
-    const double bottom = anyPlace(random);
-    const double most = random.oneOf(std::array{0.0, 20.0, 300.0, 2000.0, 10'000.0});
-    return {left, bottom, left + random.real(0.0, most), bottom + random.real(0.0, most)};
+    const double left = randomCoordinate(random);
+    const double bottom = randomCoordinate(random);
+    const double maxSize = random.oneOf(std::array{0.0, 20.0, 300.0, 2000.0, 10'000.0});
+    return {left, bottom, left + random.real(0.0, maxSize), bottom + random.real(0.0, maxSize)};
 }
 
-std::vector<std::uint32_t> touchingOneByOne(const std::vector<Box> &boxes, const Box &area)
+std::vector<std::uint32_t> touchingByLinearSearch(const std::vector<Box> &boxes, const Box &area)
 {
     std::vector<std::uint32_t> found;
     for (std::size_t i = 0; i < boxes.size(); ++i) {
@@ -45,37 +45,37 @@ class BoxIndexTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itFindsWhatLookingAtEachOneFinds();
-    void anEmptyBoxIsCountedAndNeverFound();
-    void nothingLiesInAnEmptyArea();
+    void itFindsWhatALinearSearchFinds();
+    void anEmptyBoxIsCountedButNeverFound();
+    void nothingTouchesAnEmptyArea();
 };
 
-void BoxIndexTest::itFindsWhatLookingAtEachOneFinds()
+void BoxIndexTest::itFindsWhatALinearSearchFinds()
 {
     test::RandomInput random;
     BoxIndex index;
     std::vector<Box> boxes;
     std::size_t found = 0;
     for (int i = 0; i < 5000; ++i) {
-        // In turns it grows more than it shrinks, and the other way round.
+        // The index grows and shrinks in turn.
         const bool shrinks = random.chance(i / 1000 % 2 == 0 ? 0.2 : 0.6);
         if (shrinks && !boxes.empty()) {
             boxes.pop_back();
             index.removeLast();
         } else {
-            boxes.push_back(anyBox(random));
+            boxes.push_back(randomBox(random));
             index.append(boxes.back());
         }
         QCOMPARE(index.size(), boxes.size());
-        const Box area = anyBox(random);
-        const auto expected = touchingOneByOne(boxes, area);
+        const Box area = randomBox(random);
+        const auto expected = touchingByLinearSearch(boxes, area);
         QCOMPARE(index.touching(area), expected);
         found += expected.size();
     }
     QVERIFY(found > 5000);
 }
 
-void BoxIndexTest::anEmptyBoxIsCountedAndNeverFound()
+void BoxIndexTest::anEmptyBoxIsCountedButNeverFound()
 {
     BoxIndex index;
     index.append({});
@@ -89,7 +89,7 @@ void BoxIndexTest::anEmptyBoxIsCountedAndNeverFound()
     QVERIFY(index.touching({-1e6, -1e6, 1e6, 1e6}).empty());
 }
 
-void BoxIndexTest::nothingLiesInAnEmptyArea()
+void BoxIndexTest::nothingTouchesAnEmptyArea()
 {
     BoxIndex index;
     index.append({1.0, 1.0, 2.0, 2.0});

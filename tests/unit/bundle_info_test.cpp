@@ -12,35 +12,38 @@ class BundleInfoTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theFeedIsWhatTheFileSays_data();
-    void theFeedIsWhatTheFileSays();
-    void noFileSaysNothing();
-    void theBuildFolderSaysNothing();
+    void theFeedUrlIsReadFromTheFile_data();
+    void theFeedUrlIsReadFromTheFile();
+    void withoutAFileThereIsNoFeedUrl();
+    void theBuildFolderHasNoFeedUrl();
 };
 
-void BundleInfoTest::theFeedIsWhatTheFileSays_data()
+void BundleInfoTest::theFeedUrlIsReadFromTheFile_data()
 {
     QTest::addColumn<QByteArray>("content");
-    // Null where there is no such key.
+    // Null if there is no feed URL.
     QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const QByteArray &content, const QString &expected) {
+        QTest::newRow(name) << content << expected;
+    };
     const QString url = QStringLiteral("https://zeigewerk.example/appcast.xml?a=1,2;3");
-    QTest::newRow("quoted") << QByteArray("SUFeedURL=\"https://zeigewerk.example/appcast.xml?a=1,2;3\"\n")
-                            << url;
-    QTest::newRow("in its group") << QByteArray("[General]\nSUFeedURL=\"" + url.toUtf8() + "\"\n") << url;
-    QTest::newRow("unquoted, with a comma")
-        << QByteArray("SUFeedURL=https://z.example/1,2\n") << QStringLiteral("https://z.example/1,2");
-    QTest::newRow("no address") << QByteArray("SUFeedURL=nonsense\n") << QStringLiteral("nonsense");
-    QTest::newRow("no value") << QByteArray("SUFeedURL=\n") << QStringLiteral("");
-    QTest::newRow("in another group") << QByteArray("[Other]\nSUFeedURL=https://z.example/\n") << QString();
-    QTest::newRow("another key") << QByteArray("feed=https://z.example/\n") << QString();
-    QTest::newRow("by another case") << QByteArray("sufeedurl=https://z.example/\n") << QString();
-    QTest::newRow("empty") << QByteArray() << QString();
-    QTest::newRow("a name and no value") << QByteArray("SUFeedURL\n") << QString();
-    QTest::newRow("bytes") << QByteArray("\0\xff\x7f=ELF\0[[[", 10) << QString();
-    QTest::newRow("too large") << QByteArray("SUFeedURL=" + QByteArray(100'000, 'x')) << QString();
+    const QByteArray quoted = "SUFeedURL=\"" + url.toUtf8() + "\"\n";
+    row("quoted", quoted, url);
+    row("in its group", "[General]\n" + quoted, url);
+    row("unquoted, with a comma", "SUFeedURL=https://z.example/1,2\n",
+        QStringLiteral("https://z.example/1,2"));
+    row("not a URL", "SUFeedURL=nonsense\n", QStringLiteral("nonsense"));
+    row("empty value", "SUFeedURL=\n", QStringLiteral(""));
+    row("in another group", "[Other]\nSUFeedURL=https://z.example/\n", {});
+    row("another key", "feed=https://z.example/\n", {});
+    row("key in lower case", "sufeedurl=https://z.example/\n", {});
+    row("empty file", {}, {});
+    row("key without a value", "SUFeedURL\n", {});
+    row("binary data", QByteArray("\0\xff\x7f=ELF\0[[[", 10), {});
+    row("file too large", "SUFeedURL=" + QByteArray(100'000, 'x'), {});
 }
 
-void BundleInfoTest::theFeedIsWhatTheFileSays()
+void BundleInfoTest::theFeedUrlIsReadFromTheFile()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, expected);
@@ -54,14 +57,14 @@ void BundleInfoTest::theFeedIsWhatTheFileSays()
     QCOMPARE(info.feedUrl.value_or(QString()), expected);
 }
 
-void BundleInfoTest::noFileSaysNothing()
+void BundleInfoTest::withoutAFileThereIsNoFeedUrl()
 {
     const QTemporaryDir folder;
     QVERIFY(!BundleInfo::read(folder.filePath(QStringLiteral("info.ini"))).feedUrl);
     QVERIFY(!BundleInfo::read(folder.path()).feedUrl);
 }
 
-void BundleInfoTest::theBuildFolderSaysNothing()
+void BundleInfoTest::theBuildFolderHasNoFeedUrl()
 {
     QVERIFY(!BundleInfo::ofThisProgram().feedUrl);
 }

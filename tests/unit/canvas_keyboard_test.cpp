@@ -14,15 +14,15 @@ class CanvasKeyboardTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void escEndsAllModesAndLeavesTheRest();
-    void zWithCtrlOrSuperTakesTheNewestShapeBack_data();
-    void zWithCtrlOrSuperTakesTheNewestShapeBack();
+    void escEndsTheModesButNotClicksAndCursorRing();
+    void zWithCtrlOrSuperUndoesTheNewestShape_data();
+    void zWithCtrlOrSuperUndoesTheNewestShape();
     void otherKeysChangeNothing_data();
     void otherKeysChangeNothing();
     void withoutAControllerKeysDoNothing();
 };
 
-void CanvasKeyboardTest::escEndsAllModesAndLeavesTheRest()
+void CanvasKeyboardTest::escEndsTheModesButNotClicksAndCursorRing()
 {
     Controller controller;
     controller.perform("dwskr");
@@ -35,7 +35,7 @@ void CanvasKeyboardTest::escEndsAllModesAndLeavesTheRest()
     QVERIFY(controller.app().cursorRingOn());
 }
 
-void CanvasKeyboardTest::zWithCtrlOrSuperTakesTheNewestShapeBack_data()
+void CanvasKeyboardTest::zWithCtrlOrSuperUndoesTheNewestShape_data()
 {
     QTest::addColumn<char32_t>("character");
     QTest::addColumn<int>("modifiers");
@@ -50,7 +50,7 @@ void CanvasKeyboardTest::zWithCtrlOrSuperTakesTheNewestShapeBack_data()
     row("Ctrl+Super+Z", U'z', Modifier::Ctrl | Modifier::Super);
 }
 
-void CanvasKeyboardTest::zWithCtrlOrSuperTakesTheNewestShapeBack()
+void CanvasKeyboardTest::zWithCtrlOrSuperUndoesTheNewestShape()
 {
     QFETCH(char32_t, character);
     QFETCH(int, modifiers);
@@ -76,7 +76,7 @@ void CanvasKeyboardTest::otherKeysChangeNothing_data()
     row("Shift+Z", U'Z', Modifier::Shift);
     row("Alt+Z", U'z', Modifier::Alt);
     row("Ctrl+Y", U'y', Modifier::Ctrl);
-    row("Ctrl with a key that writes nothing", U'\0', Modifier::Ctrl);
+    row("Ctrl with a key that types nothing", U'\0', Modifier::Ctrl);
 }
 
 void CanvasKeyboardTest::otherKeysChangeNothing()

@@ -16,35 +16,35 @@ class ClickRingTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itSlowsDownAsEaseOutDoes_data();
-    void itSlowsDownAsEaseOutDoes();
-    void itsSurfaceIsCentredOnThePoint_data();
-    void itsSurfaceIsCentredOnThePoint();
-    void itStandsAboveEverythingOfOurs();
+    void itFollowsTheEaseOutCurve_data();
+    void itFollowsTheEaseOutCurve();
+    void itsSurfaceIsCentredOnTheClick_data();
+    void itsSurfaceIsCentredOnTheClick();
+    void itIsAboveAllOtherWindowsOfTheProgram();
     void itGrowsAndFades_data();
     void itGrowsAndFades();
-    void atItsLargestItIsNotClipped();
-    void itIsEmptyInItsMiddle();
+    void itIsNotClippedAtItsLargest();
+    void itsCentreIsTransparent();
     void aTranslucentColourStaysTranslucent();
-    void aStepPaintsNoMoreThanTheRing();
-    void eachRingGoesAfterItsOwnTime();
-    void theTimerRunsOnlyWhileThereIsARing();
-    void aClockThatIsSetBackEndsIt();
-    void droppingTakesTheRingsOfOneDesktop();
+    void aStepRepaintsOnlyTheRing();
+    void eachRingEndsAfterItsOwnDuration();
+    void theTimerRunsOnlyWhileThereAreRings();
+    void settingTheClockBackEndsTheRing();
+    void droppingRemovesTheRingsOfOneDesktop();
 };
 
 namespace {
 
 using Seconds = std::chrono::duration<double>;
 
-/// A desktop of one screen and a clock that stands still until it is moved.
-struct Stage
+/// A desktop with one screen, and a clock that only the test advances.
+struct RingDesktop
 {
-    explicit Stage(double scale = 1.0)
+    explicit RingDesktop(double scale = 1.0)
         : desktop({{.name = "A", .nativeFrame = {0, 0, 1000, 800}, .scale = scale, .frame = {}}})
     {
     }
-    ~Stage() { ClickRing::dropAll(desktop); }
+    ~RingDesktop() { ClickRing::dropAll(desktop); }
 
     void show(QPointF at = {100, 100}, const Color &color = kOrange)
     {
@@ -67,10 +67,10 @@ struct Stage
     TimePoint now = TimePoint(std::chrono::seconds(1'700'000'000));
 };
 
-/// Fine enough that the thinnest ring has pixels which it covers wholly.
+/// Fine enough for the thinnest ring to cover whole pixels.
 constexpr double kFineScale = 4.0;
 
-/// The alpha, 0 to 255, that many points from the ring's middle in that direction.
+/// The alpha (0 to 255) at that distance from the ring's centre, in points, in that direction.
 int alphaAt(const QImage &picture, double radius, double degrees)
 {
     const double angle = degrees * M_PI / 180.0;
@@ -81,7 +81,7 @@ int alphaAt(const QImage &picture, double radius, double degrees)
 
 } // namespace
 
-void ClickRingTest::itSlowsDownAsEaseOutDoes_data()
+void ClickRingTest::itFollowsTheEaseOutCurve_data()
 {
     QTest::addColumn<double>("progress");
     QTest::addColumn<double>("eased");
@@ -93,12 +93,12 @@ void ClickRingTest::itSlowsDownAsEaseOutDoes_data()
     QTest::newRow("1") << 1.0 << 1.0;
 }
 
-void ClickRingTest::itSlowsDownAsEaseOutDoes()
+void ClickRingTest::itFollowsTheEaseOutCurve()
 {
     QFETCH(double, progress);
     QFETCH(double, eased);
     const RingPhase phase = RingPhase::at(progress);
-    // The toolkit solves the curve approximately; at its largest this moves the ring by 0.03 points.
+    // Qt approximates the curve; the error moves the ring by 0.03 points at most.
     constexpr double kTolerance = 1e-3;
     QVERIFY2(std::abs(phase.scale - (0.35 + 0.8 * eased)) < kTolerance,
              qPrintable(QString::number(phase.scale)));
@@ -106,7 +106,7 @@ void ClickRingTest::itSlowsDownAsEaseOutDoes()
              qPrintable(QString::number(phase.opacity)));
 }
 
-void ClickRingTest::itsSurfaceIsCentredOnThePoint_data()
+void ClickRingTest::itsSurfaceIsCentredOnTheClick_data()
 {
     QTest::addColumn<QPointF>("at");
     QTest::addColumn<QRectF>("frame");
@@ -117,31 +117,31 @@ void ClickRingTest::itsSurfaceIsCentredOnThePoint_data()
     QTest::newRow("at the upper edge") << QPointF(500, 790) << QRectF(464, 754, 72, 72);
 }
 
-void ClickRingTest::itsSurfaceIsCentredOnThePoint()
+void ClickRingTest::itsSurfaceIsCentredOnTheClick()
 {
     QFETCH(QPointF, at);
     QFETCH(QRectF, frame);
-    Stage stage;
-    stage.show(at);
-    QCOMPARE(stage.surfaces().size(), std::size_t(1));
-    QCOMPARE(stage.surfaces().front()->frame(), frame);
-    QCOMPARE(stage.picture().size(), QSize(72, 72));
-    stage.passTime(0.2);
-    QCOMPARE(stage.surfaces().front()->frame(), frame);
+    RingDesktop rings;
+    rings.show(at);
+    QCOMPARE(rings.surfaces().size(), std::size_t(1));
+    QCOMPARE(rings.surfaces().front()->frame(), frame);
+    QCOMPARE(rings.picture().size(), QSize(72, 72));
+    rings.passTime(0.2);
+    QCOMPARE(rings.surfaces().front()->frame(), frame);
 }
 
-void ClickRingTest::itStandsAboveEverythingOfOurs()
+void ClickRingTest::itIsAboveAllOtherWindowsOfTheProgram()
 {
-    Stage stage;
-    stage.show();
-    const RecordingSurface &surface = *stage.surfaces().front();
+    RingDesktop rings;
+    rings.show();
+    const RecordingSurface &surface = *rings.surfaces().front();
     QVERIFY(surface.isVisible());
     QVERIFY(surface.ignoresMouseEvents());
     QCOMPARE(platform::levelOf(SurfaceRole::Effect), 1002);
     QVERIFY(platform::Levels::effects > platform::Levels::toolbar);
     QVERIFY(platform::Levels::effects > platform::Levels::overlay);
-    // The keyboard stays where it is.
-    QVERIFY(stage.desktop.takeLog().filter("make key").isEmpty());
+    // It does not take the keyboard.
+    QVERIFY(rings.desktop.takeLog().filter("make key").isEmpty());
 }
 
 void ClickRingTest::itGrowsAndFades_data()
@@ -154,13 +154,13 @@ void ClickRingTest::itGrowsAndFades_data()
 void ClickRingTest::itGrowsAndFades()
 {
     QFETCH(double, age);
-    Stage stage(kFineScale);
-    stage.show();
-    stage.passTime(age);
-    const QImage picture = stage.picture();
+    RingDesktop rings(kFineScale);
+    rings.show();
+    rings.passTime(age);
+    const QImage picture = rings.picture();
     const RingPhase phase = RingPhase::at(age / 0.45);
     const double radius = 28 * phase.scale;
-    // Half of the line's width, and the pixel in which it ends.
+    // Half the line width, and the pixel in which it ends.
     const double reach = 2 * phase.scale + 1.5 / kFineScale;
     for (int degrees = 0; degrees < 360; degrees += 15) {
         const int onLine = alphaAt(picture, radius, degrees);
@@ -170,12 +170,12 @@ void ClickRingTest::itGrowsAndFades()
     }
 }
 
-void ClickRingTest::atItsLargestItIsNotClipped()
+void ClickRingTest::itIsNotClippedAtItsLargest()
 {
-    Stage stage;
-    stage.show();
-    stage.passTime(0.4499);
-    const QImage picture = stage.picture();
+    RingDesktop rings;
+    rings.show();
+    rings.passTime(0.4499);
+    const QImage picture = rings.picture();
     const QRect inside(1, 1, 70, 70);
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x)
@@ -183,35 +183,35 @@ void ClickRingTest::atItsLargestItIsNotClipped()
     }
 }
 
-void ClickRingTest::itIsEmptyInItsMiddle()
+void ClickRingTest::itsCentreIsTransparent()
 {
-    Stage stage;
-    stage.show();
-    QCOMPARE(stage.picture().pixel(36, 36), qRgba(0, 0, 0, 0));
-    stage.passTime(0.2);
-    QCOMPARE(stage.picture().pixel(36, 36), qRgba(0, 0, 0, 0));
+    RingDesktop rings;
+    rings.show();
+    QCOMPARE(rings.picture().pixel(36, 36), qRgba(0, 0, 0, 0));
+    rings.passTime(0.2);
+    QCOMPARE(rings.picture().pixel(36, 36), qRgba(0, 0, 0, 0));
 }
 
 void ClickRingTest::aTranslucentColourStaysTranslucent()
 {
-    Stage stage(kFineScale);
-    stage.show({50, 50}, kWhite.withAlpha(0.5));
-    const QImage picture = stage.picture();
+    RingDesktop rings(kFineScale);
+    rings.show({50, 50}, kWhite.withAlpha(0.5));
+    const QImage picture = rings.picture();
     const int onLine = alphaAt(picture, 28 * 0.35, 0);
     QVERIFY2(std::abs(onLine - 255 * 0.45) <= 2, qPrintable(QString::number(onLine)));
 }
 
-void ClickRingTest::aStepPaintsNoMoreThanTheRing()
+void ClickRingTest::aStepRepaintsOnlyTheRing()
 {
-    Stage stage;
-    stage.show();
-    RecordingSurface &surface = *stage.surfaces().front();
+    RingDesktop rings;
+    rings.show();
+    RecordingSurface &surface = *rings.surfaces().front();
     surface.display();
     for (int i = 0; i < 5; ++i) {
         const qint64 before = surface.paintedPixels();
-        stage.passTime(0.04);
+        rings.passTime(0.04);
         surface.display();
-        // Its line included, and the pixels at both ends that antialiasing may touch.
+        // The diameter with the line, and the pixels at both ends that antialiasing may touch.
         const double side = 60 * RingPhase::at(0.04 * (i + 1) / 0.45).scale + 4;
         const qint64 painted = surface.paintedPixels() - before;
         QVERIFY(painted > 0);
@@ -219,61 +219,61 @@ void ClickRingTest::aStepPaintsNoMoreThanTheRing()
     }
 }
 
-void ClickRingTest::eachRingGoesAfterItsOwnTime()
+void ClickRingTest::eachRingEndsAfterItsOwnDuration()
 {
-    Stage stage;
-    stage.show({100, 100});
-    stage.passTime(0.1);
-    stage.show({200, 100});
-    stage.show({300, 100});
+    RingDesktop rings;
+    rings.show({100, 100});
+    rings.passTime(0.1);
+    rings.show({200, 100});
+    rings.show({300, 100});
     QCOMPARE(ClickRing::live.rings.size(), std::size_t(3));
-    stage.passTime(0.34);
-    QCOMPARE(stage.surfaces().size(), std::size_t(3));
-    stage.passTime(0.02);
+    rings.passTime(0.34);
+    QCOMPARE(rings.surfaces().size(), std::size_t(3));
+    rings.passTime(0.02);
     // The first is 0.46 s old, the others 0.36 s.
     QCOMPARE(ClickRing::live.rings.size(), std::size_t(2));
-    QCOMPARE(stage.surfaces().size(), std::size_t(2));
-    QCOMPARE(stage.surfaces().at(0)->frame().center(), QPointF(200, 100));
-    QCOMPARE(stage.surfaces().at(1)->frame().center(), QPointF(300, 100));
-    QCOMPARE(stage.desktop.takeLog().filter("order out"), QStringList("effect 0: order out"));
-    stage.passTime(0.1);
+    QCOMPARE(rings.surfaces().size(), std::size_t(2));
+    QCOMPARE(rings.surfaces().at(0)->frame().center(), QPointF(200, 100));
+    QCOMPARE(rings.surfaces().at(1)->frame().center(), QPointF(300, 100));
+    QCOMPARE(rings.desktop.takeLog().filter("order out"), QStringList("effect 0: order out"));
+    rings.passTime(0.1);
     QVERIFY(ClickRing::live.rings.empty());
-    QVERIFY(stage.surfaces().empty());
+    QVERIFY(rings.surfaces().empty());
 }
 
-void ClickRingTest::theTimerRunsOnlyWhileThereIsARing()
+void ClickRingTest::theTimerRunsOnlyWhileThereAreRings()
 {
-    Stage stage;
+    RingDesktop rings;
     QVERIFY(!ClickRing::live.timer);
-    stage.show();
+    rings.show();
     QVERIFY(ClickRing::live.timer);
-    RecordingSurface &surface = *stage.surfaces().front();
+    RecordingSurface &surface = *rings.surfaces().front();
     QVERIFY(surface.display());
     QCOMPARE(surface.paintedPixels(), qint64(72 * 72));
-    // Its steps repaint the ring.
+    // Its ticks repaint the ring.
     const auto isRepainted = [&] {
         surface.display();
         return surface.paintedPixels() > qint64(72 * 72);
     };
     QTRY_VERIFY(isRepainted());
-    stage.now += std::chrono::seconds(1);
+    rings.now += std::chrono::seconds(1);
     QTRY_VERIFY(ClickRing::live.rings.empty());
     QVERIFY(!ClickRing::live.timer);
 }
 
-void ClickRingTest::aClockThatIsSetBackEndsIt()
+void ClickRingTest::settingTheClockBackEndsTheRing()
 {
-    Stage stage;
-    stage.show();
-    stage.passTime(-3600);
+    RingDesktop rings;
+    rings.show();
+    rings.passTime(-3600);
     QVERIFY(ClickRing::live.rings.empty());
     QVERIFY(!ClickRing::live.timer);
 }
 
-void ClickRingTest::droppingTakesTheRingsOfOneDesktop()
+void ClickRingTest::droppingRemovesTheRingsOfOneDesktop()
 {
-    Stage one;
-    Stage other;
+    RingDesktop one;
+    RingDesktop other;
     one.show();
     other.show();
     one.show();

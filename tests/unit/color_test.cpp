@@ -11,16 +11,16 @@ class ColorTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void hexIsRedGreenBlueAndOpaque_data();
-    void hexIsRedGreenBlueAndOpaque();
+    void hexColoursAreRedGreenBlueAndOpaque_data();
+    void hexColoursAreRedGreenBlueAndOpaque();
     void bitsAboveTheLowest24AreIgnored();
-    void thePaletteHasEightColoursInItsOrder();
-    void alphaIsReplacedNotMultiplied();
-    void coloursAreComparedByExactValue();
-    void paintingGetsTheSameBytes();
+    void thePaletteHasItsEightColoursInOrder();
+    void withAlphaReplacesTheAlpha();
+    void coloursCompareByExactValue();
+    void convertingToQColorKeepsTheBytes();
 };
 
-void ColorTest::hexIsRedGreenBlueAndOpaque_data()
+void ColorTest::hexColoursAreRedGreenBlueAndOpaque_data()
 {
     QTest::addColumn<quint32>("rgb");
     QTest::addColumn<double>("red");
@@ -32,7 +32,7 @@ void ColorTest::hexIsRedGreenBlueAndOpaque_data()
     QTest::newRow("navy") << 0x182245U << 0x18 / 255.0 << 0x22 / 255.0 << 0x45 / 255.0;
 }
 
-void ColorTest::hexIsRedGreenBlueAndOpaque()
+void ColorTest::hexColoursAreRedGreenBlueAndOpaque()
 {
     QFETCH(const quint32, rgb);
     QFETCH(const double, red);
@@ -47,7 +47,7 @@ void ColorTest::bitsAboveTheLowest24AreIgnored()
     QVERIFY(Color::hex(0x0112'3456) == Color::hex(0x12'3456));
 }
 
-void ColorTest::thePaletteHasEightColoursInItsOrder()
+void ColorTest::thePaletteHasItsEightColoursInOrder()
 {
     const std::array expected = {0xF29A00U, 0x182245U, 0xFF3B30U, 0x34C759U,
                                  0xFFD60AU, 0x0A84FFU, 0xFFFFFFU, 0x000000U};
@@ -58,7 +58,7 @@ void ColorTest::thePaletteHasEightColoursInItsOrder()
     QVERIFY(zeigewerk::kNavy == zeigewerk::kPalette[1]);
 }
 
-void ColorTest::alphaIsReplacedNotMultiplied()
+void ColorTest::withAlphaReplacesTheAlpha()
 {
     const Color half = Color::hex(0x123456).withAlpha(0.5);
     QCOMPARE(half.alpha, 0.5);
@@ -66,14 +66,14 @@ void ColorTest::alphaIsReplacedNotMultiplied()
     QVERIFY(half.withAlpha(1.0) == Color::hex(0x123456));
 }
 
-void ColorTest::coloursAreComparedByExactValue()
+void ColorTest::coloursCompareByExactValue()
 {
     QVERIFY(zeigewerk::kWhite == Color::hex(0xFFFFFF));
     QVERIFY(zeigewerk::kWhite != Color::hex(0xFFFFFE));
     QVERIFY(zeigewerk::kWhite != zeigewerk::kWhite.withAlpha(0.999));
 }
 
-void ColorTest::paintingGetsTheSameBytes()
+void ColorTest::convertingToQColorKeepsTheBytes()
 {
     for (quint32 rgb = 0; rgb <= 0xFF; ++rgb) {
         const quint32 mixed = rgb << 16 | (0xFF - rgb) << 8 | (rgb * 7 & 0xFF);

@@ -30,22 +30,22 @@ class DamageTest : public QObject
 private Q_SLOTS:
     void nothingIsDamagedAtFirst();
     void everythingTouchesEverything();
-    void keepsTheExactRectangle();
-    void anEmptyRectangleIsStillAPlace();
-    void aRectangleDrawnBackwardsIsTheSameRectangle();
-    void whatIsNotFiniteMeansEverything_data();
-    void whatIsNotFiniteMeansEverything();
-    void everythingSwallowsWhatIsAddedLater();
-    void addsOtherDamage();
-    void addsItselfWithoutEffect();
+    void itKeepsTheExactRectangle();
+    void anEmptyRectangleDamagesItsPoint();
+    void rectanglesAreNormalized();
+    void nonFiniteRectanglesDamageEverything_data();
+    void nonFiniteRectanglesDamageEverything();
+    void addingToEverythingChangesNothing();
+    void damageCanBeAddedToDamage();
+    void addingDamageToItselfChangesNothing();
     void touchesIncludesTheEdges_data();
     void touchesIncludesTheEdges();
     void aStrokeDamagesItsWholeLengthAndWidth_data();
     void aStrokeDamagesItsWholeLengthAndWidth();
     void aLongDiagonalDamagesLittleMoreThanItself();
-    void aStraightLineIsOnePiece();
-    void shortSegmentsOfAStrokeSharePieces();
-    void neverKeepsMoreThanItsMostRectangles();
+    void anAlmostHorizontalLineIsOneRectangle();
+    void shortSegmentsOfAStrokeShareRectangles();
+    void itNeverExceedsItsMaximumOfRectangles();
 };
 
 void DamageTest::nothingIsDamagedAtFirst()
@@ -64,13 +64,13 @@ void DamageTest::everythingTouchesEverything()
     QVERIFY(damage.touches(QRectF(1e6, 1e6, 0, 0)));
 }
 
-void DamageTest::keepsTheExactRectangle()
+void DamageTest::itKeepsTheExactRectangle()
 {
     const QRectF rect(1.25, -2.5, 3.75, 4.0);
     QCOMPARE(Damage::of(rect).rects(), std::vector<QRectF>{rect});
 }
 
-void DamageTest::anEmptyRectangleIsStillAPlace()
+void DamageTest::anEmptyRectangleDamagesItsPoint()
 {
     Damage damage;
     damage.add(QRectF(10, 20, 0, 0));
@@ -79,24 +79,24 @@ void DamageTest::anEmptyRectangleIsStillAPlace()
     QVERIFY(!damage.touches(QRectF(11, 21, 2, 2)));
 }
 
-void DamageTest::aRectangleDrawnBackwardsIsTheSameRectangle()
+void DamageTest::rectanglesAreNormalized()
 {
     QCOMPARE(Damage::of(QRectF(QPointF(5, 7), QPointF(1, 2))).rects(),
              std::vector<QRectF>{QRectF(1, 2, 4, 5)});
 }
 
-void DamageTest::whatIsNotFiniteMeansEverything_data()
+void DamageTest::nonFiniteRectanglesDamageEverything_data()
 {
     QTest::addColumn<QRectF>("rect");
-    QTest::newRow("x is no number") << QRectF(kNotANumber, 0, 1, 1);
-    QTest::newRow("y is no number") << QRectF(0, kNotANumber, 1, 1);
-    QTest::newRow("infinite place") << QRectF(-kInfinity, 0, 1, 1);
+    QTest::newRow("x is not a number") << QRectF(kNotANumber, 0, 1, 1);
+    QTest::newRow("y is not a number") << QRectF(0, kNotANumber, 1, 1);
+    QTest::newRow("infinite x") << QRectF(-kInfinity, 0, 1, 1);
     QTest::newRow("infinite width") << QRectF(0, 0, kInfinity, 1);
-    QTest::newRow("height is no number") << QRectF(0, 0, 1, kNotANumber);
-    QTest::newRow("edge beyond all numbers") << QRectF(1e308, 0, 1e308, 1);
+    QTest::newRow("height is not a number") << QRectF(0, 0, 1, kNotANumber);
+    QTest::newRow("right edge overflows") << QRectF(1e308, 0, 1e308, 1);
 }
 
-void DamageTest::whatIsNotFiniteMeansEverything()
+void DamageTest::nonFiniteRectanglesDamageEverything()
 {
     QFETCH(const QRectF, rect);
     QVERIFY(Damage::of(rect).isEverything());
@@ -105,7 +105,7 @@ void DamageTest::whatIsNotFiniteMeansEverything()
     QVERIFY(stroke.isEverything());
 }
 
-void DamageTest::everythingSwallowsWhatIsAddedLater()
+void DamageTest::addingToEverythingChangesNothing()
 {
     Damage damage = Damage::of(QRectF(0, 0, 1, 1));
     damage.add(Damage::everything());
@@ -115,7 +115,7 @@ void DamageTest::everythingSwallowsWhatIsAddedLater()
     QVERIFY(damage.rects().empty());
 }
 
-void DamageTest::addsOtherDamage()
+void DamageTest::damageCanBeAddedToDamage()
 {
     Damage damage = Damage::of(QRectF(0, 0, 1, 1));
     damage.add(Damage::of(QRectF(50, 50, 1, 1)));
@@ -123,7 +123,7 @@ void DamageTest::addsOtherDamage()
     QCOMPARE(damage.rects(), (std::vector<QRectF>{QRectF(0, 0, 1, 1), QRectF(50, 50, 1, 1)}));
 }
 
-void DamageTest::addsItselfWithoutEffect()
+void DamageTest::addingDamageToItselfChangesNothing()
 {
     Damage damage = Damage::of(QRectF(0, 0, 1, 1));
     damage.add(QRectF(50, 50, 1, 1));
@@ -138,13 +138,13 @@ void DamageTest::touchesIncludesTheEdges_data()
     QTest::addColumn<bool>("touches");
     // The damage is (10, 20) to (30, 60).
     QTest::newRow("inside") << QRectF(15, 25, 1, 1) << true;
-    QTest::newRow("around") << QRectF(0, 0, 100, 100) << true;
+    QTest::newRow("all around") << QRectF(0, 0, 100, 100) << true;
     QTest::newRow("right edge") << QRectF(30, 25, 5, 5) << true;
     QTest::newRow("left edge") << QRectF(5, 25, 5, 5) << true;
     QTest::newRow("lower edge") << QRectF(15, 10, 5, 10) << true;
     QTest::newRow("upper edge") << QRectF(15, 60, 5, 5) << true;
     QTest::newRow("corner point") << QRectF(30, 60, 0, 0) << true;
-    QTest::newRow("backwards") << QRectF(QPointF(16, 26), QPointF(15, 25)) << true;
+    QTest::newRow("not normalized") << QRectF(QPointF(16, 26), QPointF(15, 25)) << true;
     QTest::newRow("right of it") << QRectF(30.01, 25, 5, 5) << false;
     QTest::newRow("left of it") << QRectF(4.98, 25, 5, 5) << false;
     QTest::newRow("below it") << QRectF(15, 9.98, 5, 10) << false;
@@ -166,7 +166,7 @@ void DamageTest::aStrokeDamagesItsWholeLengthAndWidth_data()
     QTest::newRow("short") << QPointF(3, 4) << QPointF(5, 5);
     QTest::newRow("diagonal") << QPointF(0, 0) << QPointF(2000, 1000);
     QTest::newRow("steep, falling") << QPointF(10, 900) << QPointF(-300, -900);
-    QTest::newRow("level") << QPointF(100, 7) << QPointF(-100, 7);
+    QTest::newRow("horizontal") << QPointF(100, 7) << QPointF(-100, 7);
     QTest::newRow("longer than any screen") << QPointF(-1e5, -1e5) << QPointF(1e5, 2e5);
 }
 
@@ -191,19 +191,19 @@ void DamageTest::aLongDiagonalDamagesLittleMoreThanItself()
 {
     Damage damage;
     damage.addStroke({0, 0}, {2000, 1500}, 2.5);
-    // The rectangle that it spans has three million; the stroke itself 12,500.
+    // The area of its bounding rectangle is three million, that of the stroke 12,500.
     QVERIFY(areaOf(damage) < 150'000.0);
     QVERIFY(!damage.touches(QRectF(1500, 500, 100, 100)));
 }
 
-void DamageTest::aStraightLineIsOnePiece()
+void DamageTest::anAlmostHorizontalLineIsOneRectangle()
 {
     Damage damage;
     damage.addStroke({0, 50}, {3000, 55}, 2.5);
     QCOMPARE(damage.rects(), std::vector<QRectF>{QRectF(-2.5, 47.5, 3005, 10)});
 }
 
-void DamageTest::shortSegmentsOfAStrokeSharePieces()
+void DamageTest::shortSegmentsOfAStrokeShareRectangles()
 {
     Damage damage;
     for (int i = 0; i < 1000; ++i)
@@ -212,7 +212,7 @@ void DamageTest::shortSegmentsOfAStrokeSharePieces()
     QVERIFY(areaOf(damage) < 60'000.0);
 }
 
-void DamageTest::neverKeepsMoreThanItsMostRectangles()
+void DamageTest::itNeverExceedsItsMaximumOfRectangles()
 {
     Damage damage;
     std::vector<QRectF> added;

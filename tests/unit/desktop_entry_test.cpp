@@ -1,4 +1,4 @@
-// What the desktop is told of the program, against what the program does.
+// Compares the desktop entry with the program's menu.
 #include "registered_test.h"
 #include "status_menu_fixture.h"
 
@@ -12,12 +12,12 @@ using namespace zeigewerk::test;
 
 namespace {
 
-/// The lines of the entry, by the names of their groups.
+/// The lines of the desktop entry by the names of their groups.
 QMap<QString, QStringList> readGroups()
 {
     QFile file(QStringLiteral(ZEIGEWERK_DESKTOP_ENTRY));
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("there is no desktop entry");
+        qFatal("cannot read the desktop entry");
     QMap<QString, QStringList> groups;
     QString group;
     for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n')) {
@@ -39,11 +39,11 @@ public:
     static void initMain() { qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/dev/null/no-bus"); }
 
 private Q_SLOTS:
-    void itsActionsAreTheMenusInTheirOrder();
-    void eachActionHasACommandThatCallsForIt();
+    void itsActionsAreThoseOfTheMenuInTheSameOrder();
+    void eachActionHasACommandThatActivatesIt();
 };
 
-void DesktopEntryTest::itsActionsAreTheMenusInTheirOrder()
+void DesktopEntryTest::itsActionsAreThoseOfTheMenuInTheSameOrder()
 {
     Controller controller;
     QString names;
@@ -56,7 +56,7 @@ void DesktopEntryTest::itsActionsAreTheMenusInTheirOrder()
              QStringList(QStringLiteral("Actions=") + names));
 }
 
-void DesktopEntryTest::eachActionHasACommandThatCallsForIt()
+void DesktopEntryTest::eachActionHasACommandThatActivatesIt()
 {
     Controller controller;
     QMap<QString, QStringList> groups = readGroups();
@@ -66,12 +66,11 @@ void DesktopEntryTest::eachActionHasACommandThatCallsForIt()
         if (name.isEmpty())
             continue;
         const QStringList lines = groups.take(QStringLiteral("Desktop Action ") + name);
-        QVERIFY2(lines.contains(
-                     QStringLiteral("Exec=gdbus call --session --dest de.zeigewerk.Zeigewerk "
-                                    "--object-path /de/zeigewerk/Zeigewerk "
-                                    "--method org.freedesktop.Application.ActivateAction %1 \"[]\" \"{}\"")
-                         .arg(name)),
-                 qPrintable(name));
+        const QString command =
+            QStringLiteral("Exec=gdbus call --session --dest de.zeigewerk.Zeigewerk "
+                           "--object-path /de/zeigewerk/Zeigewerk "
+                           "--method org.freedesktop.Application.ActivateAction %1 \"[]\" \"{}\"");
+        QVERIFY2(lines.contains(command.arg(name)), qPrintable(name));
         QVERIFY2(!lines.filter(QRegularExpression(QStringLiteral("^Name="))).isEmpty(), qPrintable(name));
     }
     QCOMPARE(groups.keys(), QStringList());

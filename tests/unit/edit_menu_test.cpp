@@ -26,13 +26,13 @@ class EditMenuTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theMenuHasExactlyTheEntriesOfEditing();
-    void entriesThatCannotActAreGrey();
-    void entriesAct();
-    void shiftMakesUndoARedo();
+    void theMenuHasExactlyTheEditingEntries();
+    void entriesThatWouldDoNothingAreDisabled();
+    void entriesPerformTheirCommands();
+    void ctrlShiftZRedoes();
 };
 
-void EditMenuTest::theMenuHasExactlyTheEntriesOfEditing()
+void EditMenuTest::theMenuHasExactlyTheEditingEntries()
 {
     TextField field(kOrange);
     QStringList entries;
@@ -41,15 +41,23 @@ void EditMenuTest::theMenuHasExactlyTheEntriesOfEditing()
                            ? QStringLiteral("-")
                            : action->text() + u' ' + action->shortcut().toString(QKeySequence::PortableText));
     }
-    QCOMPARE(entries,
-             QStringList({QStringLiteral("Widerrufen Ctrl+Z"), QStringLiteral("Wiederholen Ctrl+Shift+Z"),
-                          QStringLiteral("-"), QStringLiteral("Ausschneiden Ctrl+X"),
-                          QStringLiteral("Kopieren Ctrl+C"), QStringLiteral("Einfügen Ctrl+V"),
-                          QStringLiteral("Alles auswählen Ctrl+A")}));
+    // A table, one row a line.
+    // clang-format off
+    const QStringList expected = {
+        "Widerrufen Ctrl+Z",
+        "Wiederholen Ctrl+Shift+Z",
+        "-",
+        "Ausschneiden Ctrl+X",
+        "Kopieren Ctrl+C",
+        "Einfügen Ctrl+V",
+        "Alles auswählen Ctrl+A",
+    };
+    // clang-format on
+    QCOMPARE(entries, expected);
     QCOMPARE(field.menu().title(), QStringLiteral("Bearbeiten"));
 }
 
-void EditMenuTest::entriesThatCannotActAreGrey()
+void EditMenuTest::entriesThatWouldDoNothingAreDisabled()
 {
     QGuiApplication::clipboard()->clear();
     TextField field(kOrange);
@@ -75,7 +83,7 @@ void EditMenuTest::entriesThatCannotActAreGrey()
     QCOMPARE(enabled(), QStringLiteral("Wiederholen Einfügen"));
 }
 
-void EditMenuTest::entriesAct()
+void EditMenuTest::entriesPerformTheirCommands()
 {
     TextField field(kOrange);
     QTest::keyClicks(&field, QStringLiteral("Welt"));
@@ -90,13 +98,13 @@ void EditMenuTest::entriesAct()
     entry(field, QStringLiteral("Einfügen"))->trigger();
     QCOMPARE(field.text(), QStringLiteral("WeltWelt"));
     entry(field, QStringLiteral("Widerrufen"))->trigger();
-    const QString taken = field.text();
-    QVERIFY(taken != QStringLiteral("WeltWelt"));
+    const QString undone = field.text();
+    QVERIFY(undone != QStringLiteral("WeltWelt"));
     entry(field, QStringLiteral("Wiederholen"))->trigger();
     QCOMPARE(field.text(), QStringLiteral("WeltWelt"));
 }
 
-void EditMenuTest::shiftMakesUndoARedo()
+void EditMenuTest::ctrlShiftZRedoes()
 {
     TextField field(kOrange);
     QTest::keyClicks(&field, QStringLiteral("ab"));

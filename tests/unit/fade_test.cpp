@@ -13,8 +13,8 @@ class FadeTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void opacityFollowsTheAge_data();
-    void opacityFollowsTheAge();
+    void opacityDependsOnTheAge_data();
+    void opacityDependsOnTheAge();
     void opacityNeverRises();
 };
 
@@ -26,7 +26,7 @@ TimePoint afterSeconds(double seconds)
            std::chrono::duration_cast<WallClock::duration>(std::chrono::duration<double>(seconds));
 }
 
-Shape madeAtZero()
+Shape createdAtZero()
 {
     Shape shape;
     shape.created = afterSeconds(0.0);
@@ -35,37 +35,37 @@ Shape madeAtZero()
 
 } // namespace
 
-void FadeTest::opacityFollowsTheAge_data()
+void FadeTest::opacityDependsOnTheAge_data()
 {
     QTest::addColumn<bool>("fading");
     QTest::addColumn<double>("age");
     QTest::addColumn<double>("opacity");
     QTest::newRow("fresh") << true << 0.0 << 1.0;
-    QTest::newRow("held") << true << 3.999 << 1.0;
-    QTest::newRow("begins") << true << 4.0 << 1.0;
-    QTest::newRow("a quarter gone") << true << 4.2 << 0.75;
-    QTest::newRow("half gone") << true << 4.4 << 0.5;
-    QTest::newRow("gone") << true << 4.8 << 0.0;
-    QTest::newRow("long gone") << true << 1e6 << 0.0;
+    QTest::newRow("end of the hold") << true << 3.999 << 1.0;
+    QTest::newRow("start of the fade") << true << 4.0 << 1.0;
+    QTest::newRow("a quarter faded") << true << 4.2 << 0.75;
+    QTest::newRow("half faded") << true << 4.4 << 0.5;
+    QTest::newRow("faded") << true << 4.8 << 0.0;
+    QTest::newRow("faded long ago") << true << 1e6 << 0.0;
     QTest::newRow("clock set back") << true << -10.0 << 1.0;
-    QTest::newRow("nothing fades") << false << 1e6 << 1.0;
+    QTest::newRow("fading off") << false << 1e6 << 1.0;
 }
 
-void FadeTest::opacityFollowsTheAge()
+void FadeTest::opacityDependsOnTheAge()
 {
     QFETCH(const bool, fading);
     QFETCH(const double, age);
     QFETCH(const double, opacity);
-    QVERIFY(std::abs(fadeAlpha(madeAtZero(), fading, afterSeconds(age)) - opacity) < 1e-6);
+    QVERIFY(std::abs(fadeAlpha(createdAtZero(), fading, afterSeconds(age)) - opacity) < 1e-6);
 }
 
 void FadeTest::opacityNeverRises()
 {
     double last = 1.0;
     for (int step = 0; step < 200; ++step) {
-        const double opacity = fadeAlpha(madeAtZero(), true, afterSeconds(3.9 + step / 128.0));
+        const double opacity = fadeAlpha(createdAtZero(), true, afterSeconds(3.9 + step / 128.0));
         QVERIFY(opacity <= last && opacity >= 0.0);
-        // Linear: no step is larger than the time that passed.
+        // Linear: no step is larger than the time that passed allows.
         QVERIFY(last - opacity <= 1.0 / 128 / 0.8 + 1e-6);
         last = opacity;
     }

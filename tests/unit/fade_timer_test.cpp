@@ -11,14 +11,14 @@ class FadeTimerTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itRunsExactlyWhileSomethingMayFade_data();
-    void itRunsExactlyWhileSomethingMayFade();
-    void itMakesTheTicks();
-    void itEndsWithTheLastShape();
-    void finishingShapesKeepsItsRhythm();
+    void itRunsExactlyWhileAShapeCanFade_data();
+    void itRunsExactlyWhileAShapeCanFade();
+    void itsTicksFadeTheShapes();
+    void itStopsAfterTheLastShape();
+    void newShapesDoNotDelayItsTicks();
 };
 
-void FadeTimerTest::itRunsExactlyWhileSomethingMayFade_data()
+void FadeTimerTest::itRunsExactlyWhileAShapeCanFade_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
@@ -27,21 +27,21 @@ void FadeTimerTest::itRunsExactlyWhileSomethingMayFade_data()
     const auto row = [](const char *name, const char *before, const char *after, bool runs) {
         QTest::newRow(name) << QString(before) << QString(after) << runs;
     };
-    // A stroke is drawn between the operations.
+    // A stroke is drawn between the operations before and after.
     row("never turned on", "d", "", false);
     row("turned on before", "fd", "", true);
     row("turned on afterwards", "d", "f", true);
     row("turned on and off", "fd", "f", false);
     row("on the whiteboard", "fw", "", false);
-    row("the whiteboard comes", "fd", "w", false);
-    row("the whiteboard comes and goes", "fd", "ww", true);
-    row("pinned", "fd", "p", true);
-    row("drawing ends", "fd", "d", false);
-    row("everything ends", "fds", "e", false);
-    row("with other modes", "fdskr", "", true);
+    row("the whiteboard is turned on afterwards", "fd", "w", false);
+    row("the whiteboard is turned on and off", "fd", "ww", true);
+    row("the drawing is pinned", "fd", "p", true);
+    row("drawing is turned off", "fd", "d", false);
+    row("Esc ends everything", "fds", "e", false);
+    row("with other modes on", "fdskr", "", true);
 }
 
-void FadeTimerTest::itRunsExactlyWhileSomethingMayFade()
+void FadeTimerTest::itRunsExactlyWhileAShapeCanFade()
 {
     QFETCH(QString, before);
     QFETCH(QString, after);
@@ -54,7 +54,7 @@ void FadeTimerTest::itRunsExactlyWhileSomethingMayFade()
     QCOMPARE(controller.app().isFadeTimerRunning(), runs);
 }
 
-void FadeTimerTest::itMakesTheTicks()
+void FadeTimerTest::itsTicksFadeTheShapes()
 {
     Controller controller;
     controller.startWithFading();
@@ -73,7 +73,7 @@ void FadeTimerTest::itMakesTheTicks()
     QVERIFY(controller.view().shapes().empty());
 }
 
-void FadeTimerTest::itEndsWithTheLastShape()
+void FadeTimerTest::itStopsAfterTheLastShape()
 {
     Controller controller(test::twoScreens());
     controller.startWithFading();
@@ -88,26 +88,26 @@ void FadeTimerTest::itEndsWithTheLastShape()
     controller.app().tickFade();
     QVERIFY(controller.view(1).shapes().empty());
     QVERIFY(!controller.app().isFadeTimerRunning());
-    // The next stroke starts over.
+    // The next stroke starts it again.
     controller.draw(controller.view(0));
     QVERIFY(controller.app().isFadeTimerRunning());
 }
 
-void FadeTimerTest::finishingShapesKeepsItsRhythm()
+void FadeTimerTest::newShapesDoNotDelayItsTicks()
 {
     Controller controller;
     controller.startWithFading();
     controller.draw(controller.view(), {50, 50}, {60, 50});
     controller.passTime(5.0);
-    // Finished faster than the timer ticks, shapes would put its tick off for ever if each began it anew.
-    const auto isFirstThere = [&] { return controller.view().shapes().front().start == QPointF(50, 50); };
+    // If each new shape restarted the timer, drawing faster than it ticks would delay its tick forever.
+    const auto isFirstKept = [&] { return controller.view().shapes().front().start == QPointF(50, 50); };
     constexpr int kShorterThanATick = 5;
     const QDeadlineTimer deadline(5000);
-    while (isFirstThere() && !deadline.hasExpired()) {
+    while (isFirstKept() && !deadline.hasExpired()) {
         controller.draw(controller.view());
         QTest::qWait(kShorterThanATick);
     }
-    QVERIFY(!isFirstThere());
+    QVERIFY(!isFirstKept());
     QVERIFY(controller.app().isFadeTimerRunning());
 }
 

@@ -29,12 +29,11 @@ struct ModeRow
     bool (AppDelegate::*isOn)() const;
 };
 
-// clang-format off: a table, one row a line
+// A table, one row a line.
+// clang-format off
 constexpr std::array kModes = {
-    ModeRow{"spotlight", Feature::FollowingPointer, &Toolbar::btnSpot, "spotlight", 2,
-            &AppDelegate::spotlightOn},
-    ModeRow{
-        "ring", Feature::FollowingPointer, &Toolbar::btnRing, "cursor-ring", {}, &AppDelegate::cursorRingOn},
+    ModeRow{"spotlight", Feature::FollowingPointer, &Toolbar::btnSpot, "spotlight", 2, &AppDelegate::spotlightOn},
+    ModeRow{"ring", Feature::FollowingPointer, &Toolbar::btnRing, "cursor-ring", {}, &AppDelegate::cursorRingOn},
     ModeRow{"clicks", Feature::ClicksElsewhere, &Toolbar::btnClicks, "clicks", 4, &AppDelegate::clicksOn},
 };
 // clang-format on

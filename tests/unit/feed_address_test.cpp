@@ -10,13 +10,13 @@ class FeedAddressTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void onlySomeAddressesAreAllowed_data();
-    void onlySomeAddressesAreAllowed();
-    void addressesLeadOnToSome_data();
-    void addressesLeadOnToSome();
+    void onlyHttpsAndLoopbackAddressesAreAllowed_data();
+    void onlyHttpsAndLoopbackAddressesAreAllowed();
+    void onlySafeRedirectsAreAllowed_data();
+    void onlySafeRedirectsAreAllowed();
 };
 
-void FeedAddressTest::onlySomeAddressesAreAllowed_data()
+void FeedAddressTest::onlyHttpsAndLoopbackAddressesAreAllowed_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("isAllowed");
@@ -49,35 +49,35 @@ void FeedAddressTest::onlySomeAddressesAreAllowed_data()
     row("", false);
 }
 
-void FeedAddressTest::onlySomeAddressesAreAllowed()
+void FeedAddressTest::onlyHttpsAndLoopbackAddressesAreAllowed()
 {
     QFETCH(QString, text);
     QTEST(allowedAddress(text).has_value(), "isAllowed");
 }
 
-void FeedAddressTest::addressesLeadOnToSome_data()
+void FeedAddressTest::onlySafeRedirectsAreAllowed_data()
 {
     QTest::addColumn<QUrl>("from");
     QTest::addColumn<QUrl>("to");
-    QTest::addColumn<bool>("may");
-    const auto row = [](const char *name, const char *from, const char *to, bool may) {
-        QTest::newRow(name) << QUrl(QLatin1String(from)) << QUrl(QLatin1String(to)) << may;
+    QTest::addColumn<bool>("isAllowed");
+    const auto row = [](const char *name, const char *from, const char *to, bool isAllowed) {
+        QTest::newRow(name) << QUrl(QLatin1String(from)) << QUrl(QLatin1String(to)) << isAllowed;
     };
     row("to another server", "https://one.example/", "https://other.example/", true);
-    row("to an insecure one", "https://one.example/", "http://one.example/", false);
+    row("to an insecure server", "https://one.example/", "http://one.example/", false);
     row("to this machine", "https://one.example/", "http://127.0.0.1/", false);
     row("to this machine, securely", "https://one.example/", "https://localhost/", false);
     row("within this machine", "http://127.0.0.1/", "http://localhost/", true);
     row("away from this machine", "http://127.0.0.1/", "https://one.example/", true);
-    row("insecurely away from this machine", "http://127.0.0.1/", "http://one.example/", false);
+    row("away from this machine, insecurely", "http://127.0.0.1/", "http://one.example/", false);
     row("to a file", "https://one.example/", "file:///etc/passwd", false);
 }
 
-void FeedAddressTest::addressesLeadOnToSome()
+void FeedAddressTest::onlySafeRedirectsAreAllowed()
 {
     QFETCH(QUrl, from);
     QFETCH(QUrl, to);
-    QTEST(mayLeadTo(from, to), "may");
+    QTEST(mayLeadTo(from, to), "isAllowed");
 }
 
 REGISTER_APPLESS_TEST(FeedAddressTest)

@@ -18,7 +18,7 @@ QByteArray certificateFile(const QString &name)
 {
     QFile file(QStringLiteral(ZEIGEWERK_CERTIFICATES "/") + name);
     if (!file.open(QFile::ReadOnly))
-        qFatal("no certificate %s", qPrintable(file.fileName()));
+        qFatal("cannot read the certificate %s", qPrintable(file.fileName()));
     return file.readAll();
 }
 
@@ -55,7 +55,7 @@ FeedServer::FeedServer(Identity identity)
 {
     connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, this, &FeedServer::accept);
     if (!m_server->listen(QHostAddress::LocalHost))
-        qFatal("no server: %s", qPrintable(m_server->errorString()));
+        qFatal("cannot start the server: %s", qPrintable(m_server->errorString()));
 }
 
 FeedServer::~FeedServer()
@@ -87,21 +87,21 @@ void FeedServer::serveRedirect(const QString &path, const QString &to)
     serveStatus(path, "302 Found", "Set-Cookie: seen=1\r\nLocation: " + to.toUtf8() + "\r\n");
 }
 
-void FeedServer::serveMany(const QString &path, qint64 bytes)
+void FeedServer::serveManyBytes(const QString &path, qint64 bytes)
 {
     m_answers[path] = [this, bytes](QTcpSocket &socket) {
         socket.write(headOf("200 OK", bytes, {}));
         connect(&socket, &QTcpSocket::bytesWritten, this,
-                [this, &socket, bytes] { sendMany(socket, bytes); });
+                [this, &socket, bytes] { sendManyBytes(socket, bytes); });
     };
 }
 
-void FeedServer::sendMany(QTcpSocket &socket, qint64 bytes)
+void FeedServer::sendManyBytes(QTcpSocket &socket, qint64 bytes)
 {
-    constexpr qint64 kAtATime = qint64{64} * 1024;
+    constexpr qint64 kChunk = qint64{64} * 1024;
     if (socket.bytesToWrite() > 0 || m_bytesSent >= bytes)
         return;
-    const qint64 size = qMin(kAtATime, bytes - m_bytesSent);
+    const qint64 size = qMin(kChunk, bytes - m_bytesSent);
     m_bytesSent += size;
     socket.write(QByteArray(size, ' '));
 }
@@ -116,7 +116,7 @@ void FeedServer::serveSlowly(const QString &path)
     };
 }
 
-void FeedServer::serveHangingUp(const QString &path, const QByteArray &begin)
+void FeedServer::serveDisconnect(const QString &path, const QByteArray &begin)
 {
     m_answers[path] = [begin](QTcpSocket &socket) {
         socket.write(headOf("200 OK", begin.size() + 1, {}) + begin);
@@ -124,7 +124,7 @@ void FeedServer::serveHangingUp(const QString &path, const QByteArray &begin)
     };
 }
 
-void FeedServer::serveNothing(const QString &path)
+void FeedServer::serveLater(const QString &path)
 {
     m_answers[path] = [](QTcpSocket &) {};
 }

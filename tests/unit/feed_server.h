@@ -1,4 +1,4 @@
-// A web server on this machine for one test.
+// A local web server for one test.
 #pragma once
 
 #include "feed_text.h"
@@ -12,14 +12,14 @@
 
 namespace zeigewerk::test {
 
-/// Whom a server says it is; the certificates are those of `certificates/`.
+/// The server that the certificate names; the certificates are in `certificates/`.
 enum class Identity {
-    None,      ///< plain HTTP
-    Loopback,  ///< the one that it is
-    Elsewhere, ///< another one
+    None,      ///< no certificate: plain HTTP
+    Loopback,  ///< this server
+    Elsewhere, ///< another server
 };
 
-/// The certificate of the authority that has signed for all of them.
+/// The certificate of the authority that signed the others.
 QSslCertificate testAuthority();
 
 class FeedServer : public QObject
@@ -30,29 +30,29 @@ public:
     explicit FeedServer(Identity identity = Identity::None);
     ~FeedServer() override;
 
-    /// The address of that path: "/feed".
+    /// The URL of a path such as "/feed".
     QString address(const QString &path) const;
 
-    // What there is at a path; everywhere else there is nothing (404).
+    // What the server answers at a path; it answers 404 at all others.
 
     void serve(const QString &path, const QByteArray &body, const QByteArray &header = {});
-    /// An answer with that status, as "503 Busy".
+    /// An empty answer with that status, such as "503 Busy".
     void serveStatus(const QString &path, const QByteArray &status, const QByteArray &header = {});
     void serveRedirect(const QString &path, const QString &to);
-    /// As much of that as the client takes.
-    void serveMany(const QString &path, qint64 bytes);
-    /// A byte now and then, for as long as the client waits.
+    /// That many bytes, as far as the client reads them.
+    void serveManyBytes(const QString &path, qint64 bytes);
+    /// One byte at a time, for as long as the client waits.
     void serveSlowly(const QString &path);
-    /// Hangs up, after that much of an answer that promised more.
-    void serveHangingUp(const QString &path, const QByteArray &begin);
-    /// Takes the request, and answers it when it is told to.
-    void serveNothing(const QString &path);
-    /// Answers whoever waits.
+    /// The beginning of an answer that is one byte longer; then the server disconnects.
+    void serveDisconnect(const QString &path, const QByteArray &begin);
+    /// Accepts the request without an answer until answerWaiting().
+    void serveLater(const QString &path);
+    /// Answers all waiting requests.
     void answerWaiting(const QByteArray &body);
 
-    /// What clients asked for, header and all, in the order in which they came.
+    /// The requests with their headers, oldest first.
     const QList<QByteArray> &requests() const { return m_requests; }
-    /// The body bytes that were handed over to the system for `serveMany`.
+    /// The number of body bytes that serveManyBytes() has handed to the system.
     qint64 bytesSent() const { return m_bytesSent; }
     int openConnections() const { return static_cast<int>(m_connections.size()); }
 
@@ -61,7 +61,7 @@ private:
 
     void accept();
     void read(QTcpSocket &socket);
-    void sendMany(QTcpSocket &socket, qint64 bytes);
+    void sendManyBytes(QTcpSocket &socket, qint64 bytes);
 
     std::unique_ptr<QTcpServer> m_server;
     bool m_isSecure;

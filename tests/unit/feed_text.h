@@ -1,11 +1,11 @@
-// Update feeds as text.
+// The text of update feeds.
 #pragma once
 
 #include <QByteArray>
 
 namespace zeigewerk::test {
 
-/// `documentType` comes before everything but the first line.
+/// `documentType` goes between the XML declaration and the root element.
 inline QByteArray feedOf(const QByteArray &items, const QByteArray &documentType = {})
 {
     return "<?xml version='1.0'?>\n" + documentType +

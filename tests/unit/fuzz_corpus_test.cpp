@@ -1,5 +1,4 @@
-// Everything that fuzzing has found, and the examples that it starts from, go through the same functions
-// again.
+// Runs the fuzz targets on their examples, and on every input that fuzzing has found.
 
 #include "fuzz/targets.h"
 #include "registered_test.h"
@@ -21,8 +20,8 @@ class FuzzCorpusTest : public QObject
 
 private Q_SLOTS:
     void everyTargetHasExamplesAndEveryExampleATarget();
-    void examplesDoNoHarm_data();
-    void examplesDoNoHarm();
+    void noExampleBreaksItsTarget_data();
+    void noExampleBreaksItsTarget();
 };
 
 void FuzzCorpusTest::everyTargetHasExamplesAndEveryExampleATarget()
@@ -36,7 +35,7 @@ void FuzzCorpusTest::everyTargetHasExamplesAndEveryExampleATarget()
     QCOMPARE(kCorpus.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name), names);
 }
 
-void FuzzCorpusTest::examplesDoNoHarm_data()
+void FuzzCorpusTest::noExampleBreaksItsTarget_data()
 {
     QTest::addColumn<const fuzz::Target *>("target");
     QTest::addColumn<QString>("path");
@@ -47,14 +46,14 @@ void FuzzCorpusTest::examplesDoNoHarm_data()
     }
 }
 
-void FuzzCorpusTest::examplesDoNoHarm()
+void FuzzCorpusTest::noExampleBreaksItsTarget()
 {
     QFETCH(const fuzz::Target *, target);
     QFETCH(QString, path);
     QFile file(path);
     QVERIFY(file.open(QFile::ReadOnly));
     const QByteArray input = file.readAll();
-    // It ends the process where the program, or what is demanded of it, fails.
+    // A crash or a failed check ends the process.
     target->run(
         {reinterpret_cast<const std::uint8_t *>(input.constData()), static_cast<std::size_t>(input.size())});
 }

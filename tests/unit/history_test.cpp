@@ -11,17 +11,17 @@ class HistoryTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void shapesAreTakenBackAcrossScreensNewestFirst();
-    void withNothingDrawnUndoChangesNothing();
-    void aTakenBackShapeIsRepaintedAndNothingElse();
-    void shapesThatFadedAwayAreNotCounted();
+    void undoRemovesTheNewestShapeOfAllScreens();
+    void undoWithNothingDrawnChangesNothing();
+    void undoRepaintsOnlyTheRemovedShape();
+    void undoIgnoresShapesThatFadedAway();
     void undoSkipsViewsWhoseShapesFadedAway();
-    void undoLeavesTheShapeInProgress();
-    void undoLeavesTheFadeTimer();
-    void clearWipesEveryScreen();
-    void clearDropsTheDragInProgress();
-    void clearLeavesTheFadeTimerToItsNextTick();
-    void changedScreensForgetTheUndoOrder();
+    void undoKeepsTheShapeInProgress();
+    void undoKeepsTheFadeTimerRunning();
+    void clearEmptiesEveryScreen();
+    void clearCancelsTheDragInProgress();
+    void clearKeepsTheFadeTimerUntilItsNextTick();
+    void changingTheScreensForgetsTheUndoOrder();
 };
 
 namespace {
@@ -35,7 +35,7 @@ using Counts = std::vector<std::size_t>;
 
 } // namespace
 
-void HistoryTest::shapesAreTakenBackAcrossScreensNewestFirst()
+void HistoryTest::undoRemovesTheNewestShapeOfAllScreens()
 {
     Controller controller(test::twoScreens());
     controller.app().toggleDraw();
@@ -54,7 +54,7 @@ void HistoryTest::shapesAreTakenBackAcrossScreensNewestFirst()
     QVERIFY(controller.app().shapeOrder().empty());
 }
 
-void HistoryTest::withNothingDrawnUndoChangesNothing()
+void HistoryTest::undoWithNothingDrawnChangesNothing()
 {
     Controller controller;
     controller.app().toggleDraw();
@@ -66,7 +66,7 @@ void HistoryTest::withNothingDrawnUndoChangesNothing()
     QVERIFY(!controller.surface().display());
 }
 
-void HistoryTest::aTakenBackShapeIsRepaintedAndNothingElse()
+void HistoryTest::undoRepaintsOnlyTheRemovedShape()
 {
     Controller controller;
     controller.app().toggleDraw();
@@ -84,7 +84,7 @@ void HistoryTest::aTakenBackShapeIsRepaintedAndNothingElse()
     QVERIFY(controller.surface().paintedPixels() - painted <= qint64{210} * 10);
 }
 
-void HistoryTest::shapesThatFadedAwayAreNotCounted()
+void HistoryTest::undoIgnoresShapesThatFadedAway()
 {
     Controller controller(test::twoScreens());
     controller.defaults.setBool(kAutoFadeKey, true);
@@ -96,7 +96,7 @@ void HistoryTest::shapesThatFadedAwayAreNotCounted()
     controller.passTime(1.8);
     controller.app().tickFade();
     QCOMPARE(shapesPerScreen(controller), Counts({1, 1}));
-    // The place of the first in the order is kept; nothing tells that it is stale but the empty canvas.
+    // The first shape stays in the order; only the empty canvas shows that its entry is stale.
     QCOMPARE(controller.app().shapeOrder().size(), 3U);
 
     controller.app().undoShape();
@@ -114,7 +114,7 @@ void HistoryTest::undoSkipsViewsWhoseShapesFadedAway()
     controller.defaults.setBool(kAutoFadeKey, true);
     controller.app().toggleDraw();
     controller.draw(controller.view(0));
-    // Only a clock that was set back has a younger shape fade before an older one.
+    // A newer shape fades before an older one only if the clock was set back.
     controller.passTime(-3600.0);
     controller.draw(controller.view(1));
     controller.draw(controller.view(1));
@@ -127,7 +127,7 @@ void HistoryTest::undoSkipsViewsWhoseShapesFadedAway()
     QVERIFY(controller.app().shapeOrder().empty());
 }
 
-void HistoryTest::undoLeavesTheShapeInProgress()
+void HistoryTest::undoKeepsTheShapeInProgress()
 {
     Controller controller;
     controller.app().toggleDraw();
@@ -144,7 +144,7 @@ void HistoryTest::undoLeavesTheShapeInProgress()
     QCOMPARE(controller.app().shapeOrder().size(), 1U);
 }
 
-void HistoryTest::undoLeavesTheFadeTimer()
+void HistoryTest::undoKeepsTheFadeTimerRunning()
 {
     Controller controller;
     controller.defaults.setBool(kAutoFadeKey, true);
@@ -157,7 +157,7 @@ void HistoryTest::undoLeavesTheFadeTimer()
     QVERIFY(!controller.app().isFadeTimerRunning());
 }
 
-void HistoryTest::clearWipesEveryScreen()
+void HistoryTest::clearEmptiesEveryScreen()
 {
     Controller controller(test::twoScreens());
     controller.app().toggleDraw();
@@ -180,7 +180,7 @@ void HistoryTest::clearWipesEveryScreen()
     QCOMPARE(shapesPerScreen(controller), Counts({0, 0}));
 }
 
-void HistoryTest::clearDropsTheDragInProgress()
+void HistoryTest::clearCancelsTheDragInProgress()
 {
     Controller controller;
     controller.app().toggleDraw();
@@ -195,7 +195,7 @@ void HistoryTest::clearDropsTheDragInProgress()
     QVERIFY(controller.app().shapeOrder().empty());
 }
 
-void HistoryTest::clearLeavesTheFadeTimerToItsNextTick()
+void HistoryTest::clearKeepsTheFadeTimerUntilItsNextTick()
 {
     Controller controller;
     controller.defaults.setBool(kAutoFadeKey, true);
@@ -207,7 +207,7 @@ void HistoryTest::clearLeavesTheFadeTimerToItsNextTick()
     QVERIFY(!controller.app().isFadeTimerRunning());
 }
 
-void HistoryTest::changedScreensForgetTheUndoOrder()
+void HistoryTest::changingTheScreensForgetsTheUndoOrder()
 {
     Controller controller(test::twoScreens());
     controller.app().toggleDraw();

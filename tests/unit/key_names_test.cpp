@@ -11,7 +11,7 @@ using namespace zeigewerk::test;
 
 namespace {
 
-/// The key that stands behind an entry, as the user reads it.
+/// The shortcut of a menu entry, as the user reads it.
 QString keyOf(const QAction &action)
 {
     return action.shortcut().toString(QKeySequence::NativeText);
@@ -29,42 +29,41 @@ public:
 private Q_SLOTS:
     void initTestCase() { QVERIFY(QCoreApplication::installTranslator(&m_names)); }
 
-    void keysReadAsOnAGermanKeyboard_data();
-    void keysReadAsOnAGermanKeyboard();
-    void theMenuOfEditingNamesItsKeys();
-    void theStatusMenuNamesItsKey();
-    void otherTextsStayAsTheyAre();
+    void keysHaveTheNamesOnAGermanKeyboard_data();
+    void keysHaveTheNamesOnAGermanKeyboard();
+    void theEditMenuShowsGermanKeyNames();
+    void theStatusMenuShowsGermanKeyNames();
+    void otherTextsAreNotTranslated();
 
 private:
     KeyNames m_names;
 };
 
-void KeyNamesTest::keysReadAsOnAGermanKeyboard_data()
+void KeyNamesTest::keysHaveTheNamesOnAGermanKeyboard_data()
 {
     QTest::addColumn<QKeySequence>("key");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("forPrograms");
-    QTest::newRow("Ctrl") << QKeySequence(Qt::CTRL | Qt::Key_Q) << "Strg+Q"
-                          << "Ctrl+Q";
-    QTest::newRow("Ctrl and Shift") << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z) << "Strg+Umschalt+Z"
-                                    << "Ctrl+Shift+Z";
-    QTest::newRow("Del") << QKeySequence(Qt::Key_Delete) << "Entf"
-                         << "Del";
-    QTest::newRow("the same in both") << QKeySequence(Qt::ALT | Qt::Key_Escape) << "Alt+Esc"
-                                      << "Alt+Esc";
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("portable");
+    const auto row = [](const char *name, const QKeySequence &key, const char *shown, const char *portable) {
+        QTest::newRow(name) << key << QString(shown) << QString(portable);
+    };
+    row("Ctrl", Qt::CTRL | Qt::Key_Q, "Strg+Q", "Ctrl+Q");
+    row("Ctrl and Shift", Qt::CTRL | Qt::SHIFT | Qt::Key_Z, "Strg+Umschalt+Z", "Ctrl+Shift+Z");
+    row("Del", Qt::Key_Delete, "Entf", "Del");
+    row("the same in both", Qt::ALT | Qt::Key_Escape, "Alt+Esc", "Alt+Esc");
 }
 
-void KeyNamesTest::keysReadAsOnAGermanKeyboard()
+void KeyNamesTest::keysHaveTheNamesOnAGermanKeyboard()
 {
     QFETCH(QKeySequence, key);
-    QFETCH(QString, text);
-    QFETCH(QString, forPrograms);
-    QCOMPARE(key.toString(QKeySequence::NativeText), text);
-    QCOMPARE(key.toString(QKeySequence::PortableText), forPrograms);
-    QCOMPARE(QKeySequence::fromString(text, QKeySequence::NativeText), key);
+    QFETCH(QString, shown);
+    QFETCH(QString, portable);
+    QCOMPARE(key.toString(QKeySequence::NativeText), shown);
+    QCOMPARE(key.toString(QKeySequence::PortableText), portable);
+    QCOMPARE(QKeySequence::fromString(shown, QKeySequence::NativeText), key);
 }
 
-void KeyNamesTest::theMenuOfEditingNamesItsKeys()
+void KeyNamesTest::theEditMenuShowsGermanKeyNames()
 {
     TextField field(kOrange);
     QStringList keys;
@@ -75,13 +74,13 @@ void KeyNamesTest::theMenuOfEditingNamesItsKeys()
     QCOMPARE(keys, QStringList({"Strg+Z", "Strg+Umschalt+Z", "Strg+X", "Strg+C", "Strg+V", "Strg+A"}));
 }
 
-void KeyNamesTest::theStatusMenuNamesItsKey()
+void KeyNamesTest::theStatusMenuShowsGermanKeyNames()
 {
     Controller controller;
     QCOMPARE(keyOf(item(controller, kQuit)), QStringLiteral("Strg+Q"));
 }
 
-void KeyNamesTest::otherTextsStayAsTheyAre()
+void KeyNamesTest::otherTextsAreNotTranslated()
 {
     QCOMPARE(QCoreApplication::translate("QLineEdit", "Ctrl"), QStringLiteral("Ctrl"));
     QCOMPARE(QCoreApplication::translate("QShortcut", "Ctrl+Alt"), QStringLiteral("Ctrl+Alt"));

@@ -8,33 +8,34 @@ namespace zeigewerk::test {
 namespace {
 
 constexpr int kTextTool = 6;
-constexpr qint64 kDissolved = 4800;
-/// How far right of the press a text begins.
-constexpr double kTextFromPress = 2.0;
+/// How long a mark lasts until it has faded, in milliseconds.
+constexpr qint64 kMarkLifetime = 4800;
+/// How far to the right of the press a text begins.
+constexpr double kTextOffset = 2.0;
 
 } // namespace
 
-Seen ModesModel::seen() const
+ModesState ModesModel::state() const
 {
-    Seen seen;
-    seen.flags = seen.menu = seen.buttons = lettersOf({draw, board, spot, clicks, pin, ring, fade});
-    seen.dark = seen.darkInMenu = dark;
-    seen.toolbar = seen.toolbarInMenu = seen.isToolbarShown = toolbar;
-    seen.choices = seen.shownChoices = {tool, colour, width};
-    seen.screens = screens;
-    if (m_key)
-        seen.screens.at(*m_key).hasKeyboard = true;
-    seen.order = m_order;
-    seen.isFollowing = spot || ring;
-    seen.isFadeTimerRunning = fadeTimer;
-    seen.timesEscIsTaken = escTaken ? 1 : 0;
+    ModesState state;
+    state.flags = state.menu = state.buttons = lettersOf({draw, board, spot, clicks, pin, ring, fade});
+    state.dark = state.darkInMenu = dark;
+    state.toolbar = state.toolbarInMenu = state.isToolbarShown = toolbar;
+    state.choices = state.shownChoices = {tool, colour, width};
+    state.screens = screens;
+    if (m_keyScreen)
+        state.screens.at(*m_keyScreen).hasKeyboard = true;
+    state.order = m_order;
+    state.isFollowing = spot || ring;
+    state.isFadeTimerRunning = fadeTimer;
+    state.escRegistrations = isEscRegistered ? 1 : 0;
     if (ring)
-        seen.ring = m_ring;
-    seen.hearsClicks = clicks;
-    seen.hearsWheel = spot;
-    seen.storedFade = m_storedFade;
-    seen.storedDark = m_storedDark;
-    return seen;
+        state.ring = m_ring;
+    state.monitorsClicks = clicks;
+    state.monitorsWheel = spot;
+    state.storedFade = m_storedFade;
+    state.storedDark = m_storedDark;
+    return state;
 }
 
 void ModesModel::toggleDraw()
@@ -92,7 +93,7 @@ void ModesModel::pickTool(int picked)
 void ModesModel::undo()
 {
     while (!m_order.empty()) {
-        std::vector<Seen::Mark> &marks = screens.at(m_order.back()).marks;
+        std::vector<ModesState::Mark> &marks = screens.at(m_order.back()).marks;
         m_order.pop_back();
         if (!marks.empty())
             return marks.pop_back();
@@ -103,7 +104,7 @@ void ModesModel::press(std::size_t screen, double x)
 {
     if (!interactive())
         return;
-    m_key = screen;
+    m_keyScreen = screen;
     commitText(screen);
     if (tool != kTextTool) {
         screens.at(screen).stroke = x;
@@ -129,7 +130,7 @@ void ModesModel::pressEsc(std::size_t screen)
 
 void ModesModel::pressUndo(std::size_t screen)
 {
-    // In a field it takes back what was typed there.
+    // In a text field it undoes the typing.
     if (screens.at(screen).text)
         screens.at(screen).text = QString();
     else
@@ -153,9 +154,9 @@ void ModesModel::changeScreens(std::size_t count)
 void ModesModel::tickFade()
 {
     bool isAnyLeft = false;
-    for (Seen::Screen &screen : screens) {
+    for (ModesState::Screen &screen : screens) {
         std::erase_if(screen.marks,
-                      [&](const Seen::Mark &mark) { return now - mark.finished >= kDissolved; });
+                      [&](const ModesState::Mark &mark) { return now - mark.finished >= kMarkLifetime; });
         isAnyLeft = isAnyLeft || !screen.marks.empty();
     }
     if (!isAnyLeft)
@@ -183,14 +184,14 @@ void ModesModel::refresh()
 {
     if (!interactive() && !pin)
         discard();
-    for (Seen::Screen &screen : screens) {
+    for (ModesState::Screen &screen : screens) {
         screen.takesMouse = interactive();
         screen.isShown = interactive() || spot || pin;
     }
-    m_key = interactive() ? screenUnderMouse() : std::nullopt;
+    m_keyScreen = interactive() ? screenUnderMouse() : std::nullopt;
     follow();
     updateFadeTimer();
-    escTaken = spot && (escTaken || !escRefused);
+    isEscRegistered = spot && (isEscRegistered || !isEscRefused);
 }
 
 void ModesModel::discard()
@@ -214,7 +215,7 @@ void ModesModel::commitText(std::size_t screen)
 {
     const std::optional<QString> text = std::exchange(screens.at(screen).text, std::nullopt);
     if (text && !text->isEmpty())
-        add(screen, m_fieldX.at(screen) + kTextFromPress);
+        add(screen, m_fieldX.at(screen) + kTextOffset);
 }
 
 void ModesModel::add(std::size_t screen, double x)

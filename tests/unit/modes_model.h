@@ -1,17 +1,18 @@
-// What the modes are to do, told a second time: with flags and lists, without windows, timers or pictures.
+// A second implementation of the rules of the modes, as a model: with flags and lists, without windows,
+// timers or pictures.
 #pragma once
 
-#include "modes_seen.h"
+#include "modes_state.h"
 
 namespace zeigewerk::test {
 
-/// The rules. Time is in milliseconds; places are x coordinates, by which marks are told apart.
+/// Times are in milliseconds. A mark is identified by its x coordinate.
 class ModesModel
 {
 public:
     explicit ModesModel(std::size_t screenCount) { changeScreens(screenCount); }
 
-    Seen seen() const;
+    ModesState state() const;
 
     void toggleDraw();
     void toggleBoard() { invert(board); }
@@ -53,10 +54,10 @@ public:
     QPointF mouse;
     qint64 now = 0;
     bool fadeTimer = false;
-    bool escTaken = false;
-    /// Another program has Esc.
-    bool escRefused = false;
-    std::vector<Seen::Screen> screens;
+    bool isEscRegistered = false;
+    /// Whether another program has grabbed Esc.
+    bool isEscRefused = false;
+    std::vector<ModesState::Screen> screens;
 
 private:
     bool interactive() const { return draw || board; }
@@ -69,7 +70,7 @@ private:
     void add(std::size_t screen, double x);
 
     std::vector<std::size_t> m_order;
-    std::optional<std::size_t> m_key;
+    std::optional<std::size_t> m_keyScreen;
     QPointF m_ring;
     std::optional<bool> m_storedFade;
     std::optional<bool> m_storedDark;

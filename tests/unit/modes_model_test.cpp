@@ -1,4 +1,4 @@
-// Random sequences of what the user can do, done to the program and told to a model of its modes.
+// Performs random sequences of user actions on the program and on a model of its modes, and compares them.
 
 #include "commands/hot_key_table.h"
 #include "modes_operations.h"
@@ -19,10 +19,10 @@ namespace {
 using platform::KeyEvent;
 using platform::Modifier;
 
-constexpr std::size_t kScreensAtFirst = 2;
-constexpr double kPressedY = 40.0;
+constexpr std::size_t kInitialScreens = 2;
+constexpr double kPressY = 40.0;
 
-/// The program and the model side by side. What happens to both is written down.
+/// Performs random actions on the program and the model, and records them.
 class Walk
 {
 public:
@@ -33,28 +33,28 @@ public:
 
     void step();
     QString steps() const { return m_steps.join(QStringLiteral(", ")); }
-    /// What the two disagree on; empty if they agree.
-    QString disagreement() { return difference(m_program.seen(), m_model.seen()); }
+    /// Describes how the program and the model differ; empty if they agree.
+    QString disagreement() { return difference(m_program.state(), m_model.state()); }
 
 private:
     void note(const char *what, int number = 0)
     {
         m_steps += QStringLiteral("%1 %2").arg(QLatin1String(what)).arg(number);
     }
-    std::size_t anyScreen();
+    std::size_t randomScreen();
     void operateModes();
     void pickOnToolbar();
-    void useThePointer();
+    void usePointer();
     void press(std::size_t screen);
     void release(std::size_t screen);
-    void useTheKeyboard();
+    void useKeyboard();
     void passTime();
-    void changeTheDesktop();
+    void changeDesktop();
     void pressEscHotKey();
 
     RandomInput &m_random;
-    ModesProgram m_program{kScreensAtFirst};
-    ModesModel m_model{kScreensAtFirst};
+    ModesProgram m_program{kInitialScreens};
+    ModesModel m_model{kInitialScreens};
     QStringList m_steps;
     int m_presses = 0;
 };
@@ -64,15 +64,15 @@ void Walk::step()
     const int kind = m_random.integer(0, 99);
     const bool hasScreens = !m_model.screens.empty();
     if (kind < 20 && hasScreens)
-        useThePointer();
+        usePointer();
     else if (kind < 32 && hasScreens)
-        useTheKeyboard();
+        useKeyboard();
     else if (kind < 44)
         passTime();
     else if (kind < 52)
         pickOnToolbar();
     else if (kind < 58)
-        changeTheDesktop();
+        changeDesktop();
     else
         operateModes();
     m_program.desktop.takeLog();
@@ -81,11 +81,11 @@ void Walk::step()
 void Walk::operateModes()
 {
     const ModeOperation operation = m_random.oneOf(modeOperations());
-    const int way = m_random.integer(0, 2);
-    if (way == 0 && operation.hotKey > 0) {
+    const int control = m_random.integer(0, 2);
+    if (control == 0 && operation.hotKey > 0) {
         note("hot key", static_cast<int>(operation.hotKey));
         m_program.desktop.hotKeys().press({kHotKeySignature, operation.hotKey});
-    } else if (way == 1 && !operation.titles.isEmpty()) {
+    } else if (control == 1 && !operation.titles.isEmpty()) {
         const QString title = operation.titles.at(m_model.toolbar ? 0 : operation.titles.size() - 1);
         m_steps += QStringLiteral("menu \"%1\"").arg(title);
         item(m_program, title).trigger();
@@ -120,15 +120,15 @@ void Walk::pickOnToolbar()
     }
 }
 
-std::size_t Walk::anyScreen()
+std::size_t Walk::randomScreen()
 {
     return static_cast<std::size_t>(m_random.integer(0, static_cast<int>(m_model.screens.size()) - 1));
 }
 
-void Walk::useThePointer()
+void Walk::usePointer()
 {
-    const std::size_t screen = anyScreen();
-    // Most strokes are finished at once; what is left has the modes change meanwhile.
+    const std::size_t screen = randomScreen();
+    // Most strokes are finished at once; during the others, modes change.
     if (!m_model.screens.at(screen).stroke || m_random.chance(0.2))
         press(screen);
     if (m_random.chance(0.7))
@@ -139,7 +139,7 @@ void Walk::press(std::size_t screen)
 {
     note("press on", static_cast<int>(screen));
     const double x = 10.0 * ++m_presses;
-    m_program.view(screen).mouseDown({{x, kPressedY}, {}});
+    m_program.view(screen).mouseDown({{x, kPressY}, {}});
     m_model.press(screen, x);
 }
 
@@ -151,9 +151,9 @@ void Walk::release(std::size_t screen)
     m_model.release(screen);
 }
 
-void Walk::useTheKeyboard()
+void Walk::useKeyboard()
 {
-    const std::size_t screen = anyScreen();
+    const std::size_t screen = randomScreen();
     const auto press = [&](const char *name, const KeyEvent &key) {
         note(name, static_cast<int>(screen));
         m_program.view(screen).keyDown(key);
@@ -182,14 +182,14 @@ void Walk::useTheKeyboard()
 
 void Walk::pressEscHotKey()
 {
-    // One that is no longer registered may still have been under way.
+    // An event may arrive after the hot key was unregistered.
     const bool isLate = m_random.chance(0.2);
     note("Esc hot key, late", isLate ? 1 : 0);
     if (isLate)
         m_program.desktop.hotKeys().deliver(kEscHotKey.id());
     else
         m_program.desktop.hotKeys().press(kEscHotKey.id());
-    if (isLate || m_model.escTaken)
+    if (isLate || m_model.isEscRegistered)
         m_model.endModes();
 }
 
@@ -206,10 +206,10 @@ void Walk::passTime()
     }
 }
 
-void Walk::changeTheDesktop()
+void Walk::changeDesktop()
 {
     if (m_random.chance(0.6)) {
-        // On each of the screens, and on none of them.
+        // One point on each screen, and one outside all of them.
         m_model.mouse =
             m_random.oneOf(std::array{QPointF(50, 40), QPointF(120, 70), QPointF(200, 50), QPointF(140, 5)});
         note("pointer to", static_cast<int>(m_model.mouse.x()));
@@ -225,9 +225,9 @@ void Walk::changeTheDesktop()
         m_program.changeScreens(static_cast<std::size_t>(count));
         m_model.changeScreens(static_cast<std::size_t>(count));
     } else {
-        m_model.escRefused = !m_model.escRefused;
-        note("Esc refused", m_model.escRefused ? 1 : 0);
-        if (m_model.escRefused)
+        m_model.isEscRefused = !m_model.isEscRefused;
+        note("Esc refused", m_model.isEscRefused ? 1 : 0);
+        if (m_model.isEscRefused)
             m_program.desktop.hotKeys().refuse(kEscHotKey.id());
         else
             m_program.desktop.hotKeys().refuseNone();
@@ -242,23 +242,23 @@ class ModesModelTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void programAndModelAgreeAfterEachStep();
+    void theProgramAndTheModelAgreeAfterEveryStep();
 };
 
 void ModesModelTest::initTestCase()
 {
-    // Without a display Qt says of every window that is shown that it cannot be raised.
+    // The offscreen platform warns about every window that it cannot raise.
     QLoggingCategory::defaultCategory()->setEnabled(QtWarningMsg, false);
 }
 
-void ModesModelTest::programAndModelAgreeAfterEachStep()
+void ModesModelTest::theProgramAndTheModelAgreeAfterEveryStep()
 {
     constexpr int kWalks = 2000;
-    constexpr int kStepsEach = 30;
+    constexpr int kStepsPerWalk = 30;
     RandomInput random;
     for (int i = 0; i < kWalks; ++i) {
         Walk walk(random);
-        for (int step = 0; step < kStepsEach; ++step) {
+        for (int step = 0; step < kStepsPerWalk; ++step) {
             walk.step();
             const QString disagreement = walk.disagreement();
             QVERIFY2(disagreement.isEmpty(), qPrintable(QStringLiteral("seed %1, walk %2, after %3: %4")

@@ -1,4 +1,4 @@
-// The ways to the operations of the modes.
+// The operations of the modes, and the controls that trigger them.
 #pragma once
 
 #include "modes_model.h"
@@ -16,7 +16,7 @@ PalButton *buttonOf(const Toolbar &bar)
     return std::invoke(button, bar);
 }
 
-/// An operation of the modes, and the ways to it: 0 or none where there is no such way.
+/// An operation with its hot key, button and menu items; 0 or empty if it has none.
 struct ModeOperation
 {
     void (ModesModel::*rule)();

@@ -29,19 +29,19 @@ std::vector<platform::Screen> firstScreens(std::size_t count)
     return screens;
 }
 
-/// The place of the one button that shows that it is chosen; below 0 when it is none, or several.
-int placeOfChosen(const std::vector<PalButton *> &buttons)
+/// The index of the button that is shown as chosen; negative if there is not exactly one.
+int indexOfChosen(const std::vector<PalButton *> &buttons)
 {
-    int place = -1;
+    int index = -1;
     for (std::size_t i = 0; i < buttons.size(); ++i) {
         if (buttons[i]->isShownOn())
-            place = place == -1 ? static_cast<int>(i) : -2;
+            index = index == -1 ? static_cast<int>(i) : -2;
     }
-    return place;
+    return index;
 }
 
 template <typename Values, typename Value>
-int placeOf(const Values &values, const Value &value)
+int indexOf(const Values &values, const Value &value)
 {
     return static_cast<int>(std::find(values.begin(), values.end(), value) - values.begin());
 }
@@ -52,7 +52,7 @@ ModesProgram::ModesProgram(std::size_t screens)
     : Controller(firstScreens(screens))
     , m_overlaysMade(screens)
 {
-    // A folder in place of the settings' file: they hold for this run, and the disk need not follow.
+    // A folder in place of the settings file: the settings then stay in memory.
     if (!QDir(home.path()).mkdir(QStringLiteral("settings.ini")))
         qFatal("cannot keep the settings from being written");
     app();
@@ -64,95 +64,95 @@ void ModesProgram::changeScreens(std::size_t count)
     desktop.changeScreens(firstScreens(count));
 }
 
-Seen ModesProgram::seen()
+ModesState ModesProgram::state()
 {
     const AppDelegate &app = this->app();
-    Seen seen;
-    seen.flags = lettersOf({app.drawOn(), app.whiteboardOn(), app.spotlightOn(), app.clicksOn(),
-                            app.pinnedOn(), app.cursorRingOn(), app.autoFadeOn()});
-    seen.dark = app.darkUI();
-    seen.toolbar = app.toolbarVisible();
-    lookAtMenu(seen);
-    lookAtToolbar(seen);
+    ModesState state;
+    state.flags = lettersOf({app.drawOn(), app.whiteboardOn(), app.spotlightOn(), app.clicksOn(),
+                             app.pinnedOn(), app.cursorRingOn(), app.autoFadeOn()});
+    state.dark = app.darkUI();
+    state.toolbar = app.toolbarVisible();
+    readMenu(state);
+    readToolbar(state);
     for (std::size_t i = 0; i < app.overlays().size(); ++i)
-        seen.screens.push_back(seenScreen(i));
+        state.screens.push_back(stateOfScreen(i));
     for (const DrawingView *view : app.shapeOrder()) {
-        const auto isItsOwn = [view](const auto &overlay) { return &overlay->view() == view; };
-        seen.order.push_back(static_cast<std::size_t>(std::ranges::find_if(app.overlays(), isItsOwn) -
-                                                      app.overlays().begin()));
+        const auto hasThisView = [view](const auto &overlay) { return &overlay->view() == view; };
+        state.order.push_back(static_cast<std::size_t>(std::ranges::find_if(app.overlays(), hasThisView) -
+                                                       app.overlays().begin()));
     }
-    seen.isFollowing = app.isFollowing();
-    seen.isFadeTimerRunning = app.isFadeTimerRunning();
-    seen.timesEscIsTaken = desktop.hotKeys().timesRegistered(kEscHotKey.id());
+    state.isFollowing = app.isFollowing();
+    state.isFadeTimerRunning = app.isFadeTimerRunning();
+    state.escRegistrations = desktop.hotKeys().timesRegistered(kEscHotKey.id());
     for (const platform::RecordingSurface *effect : desktop.surfaces(platform::SurfaceRole::Effect)) {
         if (effect->isVisible())
-            seen.ring = effect->frame().center();
+            state.ring = effect->frame().center();
     }
-    seen.hearsClicks = desktop.eventMonitor().listening().testFlag(platform::Monitored::LeftPresses);
-    seen.hearsWheel = desktop.eventMonitor().listening().testFlag(platform::Monitored::WheelWithAlt);
-    seen.storedFade = defaults.boolForKey(kAutoFadeKey);
-    seen.storedDark = defaults.boolForKey(kDarkUIKey);
-    return seen;
+    state.monitorsClicks = desktop.eventMonitor().listening().testFlag(platform::Monitored::LeftPresses);
+    state.monitorsWheel = desktop.eventMonitor().listening().testFlag(platform::Monitored::WheelWithAlt);
+    state.storedFade = defaults.boolForKey(kAutoFadeKey);
+    state.storedDark = defaults.boolForKey(kDarkUIKey);
+    return state;
 }
 
-Seen::Screen ModesProgram::seenScreen(std::size_t index)
+ModesState::Screen ModesProgram::stateOfScreen(std::size_t index)
 {
     const DrawingView &canvas = view(index);
     const platform::RecordingSurface &overlay = surface(index);
-    Seen::Screen seen;
-    seen.isShown = overlay.isVisible();
-    seen.takesMouse = !overlay.ignoresMouseEvents();
-    seen.spotlight = canvas.cursorPoint();
+    ModesState::Screen state;
+    state.isShown = overlay.isVisible();
+    state.takesMouse = !overlay.ignoresMouseEvents();
+    state.spotlight = canvas.cursorPoint();
     for (const Shape &shape : canvas.shapes()) {
         const auto finished = std::chrono::floor<std::chrono::milliseconds>(shape.created - m_start);
-        seen.marks.push_back({shape.start.x(), finished.count()});
+        state.marks.push_back({shape.start.x(), finished.count()});
     }
     if (canvas.current())
-        seen.stroke = canvas.current()->start.x();
+        state.stroke = canvas.current()->start.x();
     const std::size_t number = m_overlaysMade - app().overlays().size() + index;
-    seen.hasKeyboard = desktop.keyWindow() == QStringLiteral("overlay %1").arg(number);
+    state.hasKeyboard = desktop.keyWindow() == QStringLiteral("overlay %1").arg(number);
     if (const auto *window = dynamic_cast<platform::RecordingWindow *>(canvas.textWindow())) {
-        seen.text = canvas.textField()->text();
-        // The keys go to the field, so its overlay must not have them.
-        seen.isFieldInStep = !seen.hasKeyboard && window->isVisible() == overlay.isVisible() &&
-                             window->ignoresMouseEvents() == overlay.ignoresMouseEvents();
-        seen.hasKeyboard = window->isKey();
+        state.text = canvas.textField()->text();
+        // The field has the keyboard, so its overlay must not have it.
+        state.isFieldInSync = !state.hasKeyboard && window->isVisible() == overlay.isVisible() &&
+                              window->ignoresMouseEvents() == overlay.ignoresMouseEvents();
+        state.hasKeyboard = window->isKey();
     }
-    return seen;
+    return state;
 }
 
-void ModesProgram::lookAtMenu(Seen &seen)
+void ModesProgram::readMenu(ModesState &state)
 {
     const QStringList titles = {kDraw, kBoard, kSpot, kClicks, kPin, kRing, kFade};
     std::array<bool, 7> isChecked{};
-    seen.toolbarInMenu = false;
+    state.toolbarInMenu = false;
     for (const QAction *action : menuOf(*this).trayMenu().actions()) {
-        if (const qsizetype place = titles.indexOf(action->text()); place >= 0)
-            isChecked.at(static_cast<std::size_t>(place)) = action->isChecked();
+        if (const qsizetype index = titles.indexOf(action->text()); index >= 0)
+            isChecked.at(static_cast<std::size_t>(index)) = action->isChecked();
         if (action->text() == kDark)
-            seen.darkInMenu = action->isChecked();
+            state.darkInMenu = action->isChecked();
         if (action->text() == kHide)
-            seen.toolbarInMenu = true;
+            state.toolbarInMenu = true;
     }
-    seen.menu = lettersOf(isChecked);
+    state.menu = lettersOf(isChecked);
 }
 
-void ModesProgram::lookAtToolbar(Seen &seen)
+void ModesProgram::readToolbar(ModesState &state)
 {
     const Toolbar &bar = *app().toolbar();
     const auto isOn = [](const PalButton *button) {
         return button->isShownOn() && button->layer().background == kOrange;
     };
-    seen.buttons = lettersOf({isOn(bar.btnDraw), isOn(bar.btnBoard), isOn(bar.btnSpot), isOn(bar.btnClicks),
-                              isOn(bar.btnPin), isOn(bar.btnRing), isOn(bar.btnFade)});
-    seen.isToolbarShown = bar.window->isVisible();
-    seen.choices = {app().tool().rawValue(), placeOf(kPalette, app().color()),
-                    placeOf(AppDelegate::widths, app().lineWidth())};
+    state.buttons = lettersOf({isOn(bar.btnDraw), isOn(bar.btnBoard), isOn(bar.btnSpot), isOn(bar.btnClicks),
+                               isOn(bar.btnPin), isOn(bar.btnRing), isOn(bar.btnFade)});
+    state.isToolbarShown = bar.window->isVisible();
+    state.choices = {app().tool().rawValue(), indexOf(kPalette, app().color()),
+                     indexOf(AppDelegate::widths, app().lineWidth())};
     std::vector<PalButton *> tools;
     std::ranges::transform(Tool::allCases, std::back_inserter(tools),
                            [&](Tool tool) { return bar.toolButtons.at(tool); });
-    seen.shownChoices = {placeOfChosen(tools), placeOfChosen(bar.colorButtons),
-                         placeOfChosen(bar.widthButtons)};
+    state.shownChoices = {indexOfChosen(tools), indexOfChosen(bar.colorButtons),
+                          indexOfChosen(bar.widthButtons)};
 }
 
 } // namespace zeigewerk::test

@@ -1,4 +1,4 @@
-// The program as a model of its modes sees it.
+// The program as it is compared with the model of its modes.
 #pragma once
 
 #include "controller_fixture.h"
@@ -11,13 +11,13 @@ class ModesProgram : public Controller
 public:
     explicit ModesProgram(std::size_t screens);
 
-    Seen seen();
+    ModesState state();
     void changeScreens(std::size_t count);
 
 private:
-    Seen::Screen seenScreen(std::size_t index);
-    void lookAtMenu(Seen &seen);
-    void lookAtToolbar(Seen &seen);
+    ModesState::Screen stateOfScreen(std::size_t index);
+    void readMenu(ModesState &state);
+    void readToolbar(ModesState &state);
 
     const TimePoint m_start = now;
     std::size_t m_overlaysMade;

@@ -8,8 +8,8 @@ using test::Controller;
 
 namespace {
 
-/// The flags that the modes are made of, as a word: one letter for each that is on.
-QString flags(const AppDelegate &app)
+/// The modes that are on, one letter each.
+QString modesOn(const AppDelegate &app)
 {
     QString word;
     for (const auto &[isOn, letter] : {std::pair{app.drawOn(), u'd'},
@@ -31,70 +31,57 @@ class ModesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void operationsChangeTheFlags_data();
-    void operationsChangeTheFlags();
-    void allModesStartOff();
+    void operationsSwitchTheModes_data();
+    void operationsSwitchTheModes();
+    void allModesAreOffAtStartup();
     void drawingsAreDiscardedWhenInteractionEndsWithoutAPin();
     void pinnedDrawingsStayAndCanBeDrawnOnAgain();
-    void pinningOnTheWhiteboardEndsBothAndKeepsTheShapes();
-    void drawingsStayWhileEitherDrawingOrWhiteboardIsOn();
-    void pinningNothingStillRefreshes();
-    void theFirstPenIsOrangeAndFiveWide();
+    void pinningEndsDrawingAndWhiteboardAndKeepsTheShapes();
+    void drawingsStayWhileDrawingOrWhiteboardIsOn();
+    void aRefusedPinStillRefreshes();
+    void theDefaultPenIsOrangeAndFivePointsWide();
 };
 
-void ModesTest::operationsChangeTheFlags_data()
+void ModesTest::operationsSwitchTheModes_data()
 {
     QTest::addColumn<QString>("operations");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("drawing on") << "d"
-                                << "d";
-    QTest::newRow("drawing on and off") << "dd"
-                                        << "";
-    QTest::newRow("whiteboard alone") << "w"
-                                      << "w";
-    QTest::newRow("whiteboard and drawing are independent") << "dwd"
-                                                            << "w";
-    QTest::newRow("spotlight combines with drawing") << "ds"
-                                                     << "ds";
-    QTest::newRow("clicks and ring are orthogonal") << "krd"
-                                                    << "dkr";
-    QTest::newRow("pinning with nothing interactive is refused") << "p"
-                                                                 << "";
-    QTest::newRow("pinning with the spotlight alone is refused") << "sp"
-                                                                 << "s";
-    QTest::newRow("pinning ends drawing") << "dp"
-                                          << "p";
-    QTest::newRow("pinning ends drawing and whiteboard") << "dwp"
-                                                         << "p";
-    QTest::newRow("unpinning resumes drawing, not the whiteboard") << "wpp"
-                                                                   << "d";
-    QTest::newRow("drawing while pinned ends the pin") << "dpd"
-                                                       << "d";
-    QTest::newRow("the whiteboard may come on over a pin") << "dpw"
-                                                           << "wp";
-    QTest::newRow("Esc ends the four modes and no others") << "dwskre"
-                                                           << "kr";
-    QTest::newRow("Esc ends a pin") << "dpse"
-                                    << "";
-    QTest::newRow("Esc with nothing on") << "e"
-                                         << "";
+    const auto row = [](const char *name, const char *operations, const char *expected) {
+        QTest::newRow(name) << QString(operations) << QString(expected);
+    };
+    row("drawing on", "d", "d");
+    row("drawing on and off", "dd", "");
+    row("whiteboard alone", "w", "w");
+    row("whiteboard and drawing are independent", "dwd", "w");
+    row("the spotlight combines with drawing", "ds", "ds");
+    row("clicks and ring are independent of drawing", "krd", "dkr");
+    row("a pin without drawing or whiteboard is refused", "p", "");
+    row("a pin with the spotlight alone is refused", "sp", "s");
+    row("a pin ends drawing", "dp", "p");
+    row("a pin ends drawing and whiteboard", "dwp", "p");
+    row("unpinning resumes drawing, not the whiteboard", "wpp", "d");
+    row("drawing while pinned ends the pin", "dpd", "d");
+    row("the whiteboard can be turned on over a pin", "dpw", "wp");
+    row("Esc ends four modes and no others", "dwskre", "kr");
+    row("Esc ends a pin", "dpse", "");
+    row("Esc with nothing on", "e", "");
 }
 
-void ModesTest::operationsChangeTheFlags()
+void ModesTest::operationsSwitchTheModes()
 {
     QFETCH(QString, operations);
     QFETCH(QString, expected);
     Controller controller;
     controller.perform(operations);
-    QCOMPARE(flags(controller.app()), expected);
+    QCOMPARE(modesOn(controller.app()), expected);
     QCOMPARE(controller.app().interactionOn(), expected.contains(u'd') || expected.contains(u'w'));
 }
 
-void ModesTest::allModesStartOff()
+void ModesTest::allModesAreOffAtStartup()
 {
     Controller controller;
-    QCOMPARE(flags(controller.app()), QString());
+    QCOMPARE(modesOn(controller.app()), QString());
     QVERIFY(controller.app().toolbarVisible());
     QVERIFY(!controller.surface().isVisible());
     QVERIFY(controller.surface().ignoresMouseEvents());
@@ -130,10 +117,10 @@ void ModesTest::pinnedDrawingsStayAndCanBeDrawnOnAgain()
     QCOMPARE(controller.view().shapes().size(), 1U);
     QCOMPARE(controller.app().shapeOrder().size(), 1U);
     QVERIFY(!controller.surface().ignoresMouseEvents());
-    QCOMPARE(flags(controller.app()), QStringLiteral("d"));
+    QCOMPARE(modesOn(controller.app()), QStringLiteral("d"));
 }
 
-void ModesTest::pinningOnTheWhiteboardEndsBothAndKeepsTheShapes()
+void ModesTest::pinningEndsDrawingAndWhiteboardAndKeepsTheShapes()
 {
     Controller controller;
     controller.perform(QStringLiteral("dw"));
@@ -148,7 +135,7 @@ void ModesTest::pinningOnTheWhiteboardEndsBothAndKeepsTheShapes()
     QVERIFY(controller.surface().image().pixelColor(150, 800 - 125).alpha() > 0);
 }
 
-void ModesTest::drawingsStayWhileEitherDrawingOrWhiteboardIsOn()
+void ModesTest::drawingsStayWhileDrawingOrWhiteboardIsOn()
 {
     Controller controller;
     controller.perform(QStringLiteral("dw"));
@@ -159,17 +146,17 @@ void ModesTest::drawingsStayWhileEitherDrawingOrWhiteboardIsOn()
     QVERIFY(controller.view().shapes().empty());
 }
 
-void ModesTest::pinningNothingStillRefreshes()
+void ModesTest::aRefusedPinStillRefreshes()
 {
     Controller controller;
     controller.app();
     controller.desktop.takeLog();
     controller.app().togglePin();
     QVERIFY(!controller.desktop.takeLog().isEmpty());
-    QCOMPARE(flags(controller.app()), QString());
+    QCOMPARE(modesOn(controller.app()), QString());
 }
 
-void ModesTest::theFirstPenIsOrangeAndFiveWide()
+void ModesTest::theDefaultPenIsOrangeAndFivePointsWide()
 {
     Controller controller;
     QCOMPARE(controller.app().tool(), Tool(Tool::pen));

@@ -17,9 +17,10 @@ using namespace zeigewerk;
 
 namespace {
 
+const QString kHost = QStringLiteral("https://zeigewerk.example");
 constexpr char kSetLater[] = "ZEIGEWERK_TEST_SET_LATER";
 
-/// Opens nothing, but writes down what it was called with and how it found itself.
+/// A script that opens nothing, but writes a report of its arguments and the state of its process.
 class Opener
 {
 public:
@@ -27,8 +28,8 @@ public:
     {
         QFile script(path());
         if (!script.open(QFile::WriteOnly))
-            qFatal("no opener");
-        // Not any shell: some let all signals in when they start.
+            qFatal("cannot write the opener");
+        // Not just any shell: some unblock all signals when they start.
         script.write(R"(#!/usr/bin/env bash
 {
     printf '%s\n' "$#" "$1"
@@ -36,7 +37,7 @@ public:
     grep PPid /proc/$$/status
     env
 } >"$0.part"
-mv "$0.part" "$0.told"
+mv "$0.part" "$0.report"
 )");
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
@@ -44,7 +45,7 @@ mv "$0.part" "$0.told"
     QString path() const { return m_folder.filePath(QStringLiteral("open")); }
     QStringList waitForReport() const
     {
-        QFile report(path() + QStringLiteral(".told"));
+        QFile report(path() + QStringLiteral(".report"));
         if (!QTest::qWaitFor([&] { return report.exists(); }, 30'000) || !report.open(QFile::ReadOnly))
             return {};
         return QString::fromUtf8(report.readAll()).split(u'\n');
@@ -54,14 +55,14 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// The signals that the kernel shows on that line for whoever reports it, a bit each.
+/// The signals on that line of the process status, one bit each.
 quint64 signalsOf(const QString &name, const QStringList &report)
 {
     for (const QString &line : report) {
         if (line.startsWith(name))
             return line.sliced(name.size()).trimmed().toULongLong(nullptr, 16);
     }
-    qFatal("no signals reported");
+    qFatal("no signals in the report");
 }
 
 quint64 blockedSignals(const QStringList &report)
@@ -84,26 +85,26 @@ public:
     static void initMain() { TerminationSignals::hold(); }
 
 private Q_SLOTS:
-    void thePageIsHandedOver_data();
-    void thePageIsHandedOver();
-    void whatOpensItHasNothingOfOurs();
-    void whatOpensItIsOnItsOwn();
-    void nothingToOpenItWithIsTold();
+    void thePageIsPassedToTheOpener_data();
+    void thePageIsPassedToTheOpener();
+    void theOpenerStartsWithTheOriginalEnvironmentAndSignals();
+    void theOpenerIsDetached();
+    void aMissingOpenerIsReported();
 };
 
-void OpenPageTest::thePageIsHandedOver_data()
+void OpenPageTest::thePageIsPassedToTheOpener_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<QString>("argument");
-    QTest::newRow("plain") << "https://zeigewerk.example/get"
-                           << "https://zeigewerk.example/get";
-    QTest::newRow("blanks and quotes") << "https://zeigewerk.example/a b'\";$(x)"
-                                       << "https://zeigewerk.example/a%20b'%22;$(x)";
-    QTest::newRow("umlauts") << "https://zeigewerk.example/größe"
-                             << "https://zeigewerk.example/gr%C3%B6%C3%9Fe";
+    const auto row = [](const char *name, const char *page, const char *argument) {
+        QTest::newRow(name) << kHost + QString(page) << kHost + QString(argument);
+    };
+    row("plain", "/get", "/get");
+    row("spaces and quotes", "/a b'\";$(x)", "/a%20b'%22;$(x)");
+    row("umlauts", "/größe", "/gr%C3%B6%C3%9Fe");
 }
 
-void OpenPageTest::thePageIsHandedOver()
+void OpenPageTest::thePageIsPassedToTheOpener()
 {
     QFETCH(QString, page);
     const Opener opener;
@@ -113,9 +114,9 @@ void OpenPageTest::thePageIsHandedOver()
     QTEST(report.value(1), "argument");
 }
 
-void OpenPageTest::whatOpensItHasNothingOfOurs()
+void OpenPageTest::theOpenerStartsWithTheOriginalEnvironmentAndSignals()
 {
-    // The test has them held itself, once more as QtTest handles some by now, and set something after its
+    // Holds the signals again, because Qt Test handles some by now, and changes the environment after the
     // start.
     TerminationSignals::hold();
     QFile status(QStringLiteral("/proc/self/status"));
@@ -136,19 +137,19 @@ void OpenPageTest::whatOpensItHasNothingOfOurs()
     qunsetenv("XCOMPOSEFILE");
 }
 
-void OpenPageTest::whatOpensItIsOnItsOwn()
+void OpenPageTest::theOpenerIsDetached()
 {
     const Opener opener;
     QVERIFY(openPage(QUrl(QStringLiteral("https://zeigewerk.example/")), opener.path()));
     const QStringList parent = opener.waitForReport().filter(QStringLiteral("PPid:"));
     QCOMPARE(parent.size(), 1);
     QVERIFY(parent.front().section(u'\t', 1).toLongLong() != QCoreApplication::applicationPid());
-    // And leaves no dead process for us to bury.
+    // It leaves no zombie process behind.
     QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);
     QCOMPARE(errno, ECHILD);
 }
 
-void OpenPageTest::nothingToOpenItWithIsTold()
+void OpenPageTest::aMissingOpenerIsReported()
 {
     QVERIFY(!openPage(QUrl(QStringLiteral("https://zeigewerk.example/")), QStringLiteral("/nowhere/opener")));
 }

@@ -14,12 +14,12 @@ private Q_SLOTS:
     void eachScreenHasAnOverlayThatCoversIt();
     void mirroredScreensShareAnOverlay();
     void aScreenChangeDiscardsEveryDrawingAndKeepsTheModes();
-    void overlaysOfGoneScreensGo();
-    void withTheSpotlightOnANewOverlayKnowsThePointerAtOnce();
-    void anOverlayThatIsHiddenKeepsNoPicture();
+    void overlaysOfRemovedScreensAreRemoved();
+    void aNewOverlayKnowsThePointerAtOnceIfTheSpotlightIsOn();
+    void aHiddenOverlayKeepsNoPicture();
     void showingAnEmptyCanvasPaintsNothing();
-    void aPenSamplePaintsItsSurroundingsOnly();
-    void aSpotlightStepPaintsItsCirclesOnly();
+    void aNewPointOfAStrokeRepaintsOnlyItsSurroundings();
+    void movingTheSpotlightRepaintsOnlyItsCircles();
 };
 
 void OverlaysTest::eachScreenHasAnOverlayThatCoversIt()
@@ -61,7 +61,7 @@ void OverlaysTest::aScreenChangeDiscardsEveryDrawingAndKeepsTheModes()
     QCOMPARE(controller.view().shapes().size(), 1U);
 }
 
-void OverlaysTest::overlaysOfGoneScreensGo()
+void OverlaysTest::overlaysOfRemovedScreensAreRemoved()
 {
     Controller controller(test::twoScreens());
     controller.app().toggleDraw();
@@ -73,7 +73,7 @@ void OverlaysTest::overlaysOfGoneScreensGo()
     QVERIFY(controller.surface(1).isVisible());
 }
 
-void OverlaysTest::withTheSpotlightOnANewOverlayKnowsThePointerAtOnce()
+void OverlaysTest::aNewOverlayKnowsThePointerAtOnceIfTheSpotlightIsOn()
 {
     Controller controller;
     controller.desktop.setMouseLocation({300, 300});
@@ -82,7 +82,7 @@ void OverlaysTest::withTheSpotlightOnANewOverlayKnowsThePointerAtOnce()
     QCOMPARE(controller.view().cursorPoint(), QPointF(300, 300));
 }
 
-void OverlaysTest::anOverlayThatIsHiddenKeepsNoPicture()
+void OverlaysTest::aHiddenOverlayKeepsNoPicture()
 {
     Controller controller;
     controller.app().toggleDraw();
@@ -101,7 +101,7 @@ void OverlaysTest::showingAnEmptyCanvasPaintsNothing()
     QCOMPARE(controller.surface().paintedPixels(), 0);
 }
 
-void OverlaysTest::aPenSamplePaintsItsSurroundingsOnly()
+void OverlaysTest::aNewPointOfAStrokeRepaintsOnlyItsSurroundings()
 {
     Controller controller({{.name = {}, .nativeFrame = {0, 0, 3840, 2160}, .scale = 1, .frame = {}}});
     controller.app().toggleDraw();
@@ -113,13 +113,13 @@ void OverlaysTest::aPenSamplePaintsItsSurroundingsOnly()
 
     controller.view().mouseDragged({{3010, 1000}, {}});
     QVERIFY(controller.surface().display());
-    // Ten points of way and a stroke five wide, with the pixel that antialiasing may touch on either side.
+    // The last segment and the width of the stroke, with the pixel that antialiasing may touch on each side.
     QVERIFY(controller.surface().paintedPixels() - before <= qint64{21} * 11);
     QCOMPARE(controller.view().fullRepaints(FullRepaint::Spotlight), 0);
     QCOMPARE(controller.view().fullRepaints(FullRepaint::Whiteboard), 0);
 }
 
-void OverlaysTest::aSpotlightStepPaintsItsCirclesOnly()
+void OverlaysTest::movingTheSpotlightRepaintsOnlyItsCircles()
 {
     Controller controller({{.name = {}, .nativeFrame = {0, 0, 3840, 2160}, .scale = 1, .frame = {}}});
     controller.desktop.setMouseLocation({1000, 1000});
@@ -134,10 +134,10 @@ void OverlaysTest::aSpotlightStepPaintsItsCirclesOnly()
     QCOMPARE(controller.view().fullRepaints(FullRepaint::Spotlight), 1);
     QVERIFY(controller.surface().paintedPixels() - before <= qint64{194} * 184);
 
-    const qint64 afterStep = controller.surface().paintedPixels();
+    const qint64 afterwards = controller.surface().paintedPixels();
     controller.app().followPointer();
     QVERIFY(!controller.surface().display());
-    QCOMPARE(controller.surface().paintedPixels(), afterStep);
+    QCOMPARE(controller.surface().paintedPixels(), afterwards);
 }
 
 REGISTER_TEST(OverlaysTest)

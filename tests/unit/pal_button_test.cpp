@@ -19,10 +19,10 @@ QAccessibleInterface *accessible(QWidget *widget)
 }
 
 /// Counts how often a widget is painted.
-class Repaints : public QObject
+class RepaintCounter : public QObject
 {
 public:
-    explicit Repaints(QWidget &widget) { widget.installEventFilter(this); }
+    explicit RepaintCounter(QWidget &widget) { widget.installEventFilter(this); }
     bool eventFilter(QObject *, QEvent *event) override
     {
         count += event->type() == QEvent::Paint;
@@ -32,7 +32,7 @@ public:
     int count = 0;
 };
 
-QColor middleOf(PalButton &button)
+QColor backgroundOf(PalButton &button)
 {
     return button.grab().toImage().pixelColor(button.width() / 2, 4);
 }
@@ -44,23 +44,23 @@ class PalButtonTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aButtonWithoutASymbolIsMarkedAndUsable();
-    void hoverAndPressShowAndPass();
-    void aScreenReaderIsToldNameRoleAndState();
-    void pressingThroughTheAccessibleInterfaceClicks();
-    void buttonsAreReadFromTopToBottom();
+    void aButtonWithoutASymbolShowsItsTextAndWorks();
+    void hoverAndPressAreShownWhileTheyLast();
+    void screenReadersGetNameRoleAndState();
+    void pressingThroughTheAccessibilityInterfaceClicks();
+    void screenReadersReadTheButtonsFromTopToBottom();
 };
 
-void PalButtonTest::aButtonWithoutASymbolIsMarkedAndUsable()
+void PalButtonTest::aButtonWithoutASymbolShowsItsTextAndWorks()
 {
     PalButton button(nullptr, {40, 32}, QStringLiteral("Tipp"));
     button.setText(QStringLiteral("?"));
     QVERIFY(!button.image());
     QCOMPARE(button.size(), QSize(40, 32));
     QCOMPARE(button.toolTip(), QStringLiteral("Tipp"));
-    const QImage marked = button.grab().toImage();
+    const QImage withText = button.grab().toImage();
     button.setText(QString());
-    QVERIFY(marked != button.grab().toImage());
+    QVERIFY(withText != button.grab().toImage());
 
     int clicks = 0;
     connect(&button, &PalButton::clicked, &button, [&clicks] { ++clicks; });
@@ -68,30 +68,30 @@ void PalButtonTest::aButtonWithoutASymbolIsMarkedAndUsable()
     QCOMPARE(clicks, 1);
 }
 
-void PalButtonTest::hoverAndPressShowAndPass()
+void PalButtonTest::hoverAndPressAreShownWhileTheyLast()
 {
     PalButton button(nullptr, {40, 32}, QString());
     button.setBackground(kOrange);
     button.setFeedback(kWhite.withAlpha(0.5), kBlack.withAlpha(0.5));
     button.show();
-    const QColor plain = middleOf(button);
+    const QColor plain = backgroundOf(button);
     QTest::mousePress(&button, Qt::LeftButton, {}, {20, 16});
-    QVERIFY(middleOf(button).lightness() < plain.lightness());
+    QVERIFY(backgroundOf(button).lightness() < plain.lightness());
     QTest::mouseRelease(&button, Qt::LeftButton, {}, {20, 16});
-    QCOMPARE(middleOf(button), plain);
+    QCOMPARE(backgroundOf(button), plain);
 
     QVERIFY(QTest::qWaitForWindowExposed(&button));
-    Repaints repaints(button);
+    RepaintCounter repaints(button);
     QTest::mouseMove(&button, {20, 16});
     QTRY_VERIFY(repaints.count > 0);
-    QVERIFY(middleOf(button).lightness() > plain.lightness());
+    QVERIFY(backgroundOf(button).lightness() > plain.lightness());
     repaints.count = 0;
     QTest::mouseMove(&button, {200, 200});
     QTRY_VERIFY(repaints.count > 0);
-    QCOMPARE(middleOf(button), plain);
+    QCOMPARE(backgroundOf(button), plain);
 }
 
-void PalButtonTest::aScreenReaderIsToldNameRoleAndState()
+void PalButtonTest::screenReadersGetNameRoleAndState()
 {
     Controller controller;
     const Toolbar &bar = *controller.app().toolbar();
@@ -115,7 +115,7 @@ void PalButtonTest::aScreenReaderIsToldNameRoleAndState()
     QCOMPARE(accessible(bar.btnDark)->text(QAccessible::Name), QStringLiteral("Werkzeugleiste hell/dunkel"));
 }
 
-void PalButtonTest::pressingThroughTheAccessibleInterfaceClicks()
+void PalButtonTest::pressingThroughTheAccessibilityInterfaceClicks()
 {
     Controller controller;
     QAccessibleInterface *ring = accessible(controller.app().toolbar()->btnRing);
@@ -131,7 +131,7 @@ void PalButtonTest::pressingThroughTheAccessibleInterfaceClicks()
              QStringList{QAccessibleActionInterface::pressAction()});
 }
 
-void PalButtonTest::buttonsAreReadFromTopToBottom()
+void PalButtonTest::screenReadersReadTheButtonsFromTopToBottom()
 {
     Controller controller;
     const QAccessibleInterface *panel = accessible(controller.app().toolbar()->panel.get());

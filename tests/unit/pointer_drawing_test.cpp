@@ -25,7 +25,7 @@ PointerEvent withShift(double x, double y)
     return {{x, y}, Modifier::Shift};
 }
 
-/// Whether two points are the same but for the rounding of sines and cosines.
+/// Whether two points are equal except for the rounding of sines and cosines.
 bool isNear(QPointF a, QPointF b)
 {
     return std::hypot(a.x() - b.x(), a.y() - b.y()) < 1e-9;
@@ -47,9 +47,9 @@ private Q_SLOTS:
     void everyDragBecomesAPoint();
     void shiftMakesAFreehandStrokeStraight();
     void releasingShiftContinuesFreehandFromTheStraightLine();
-    void shiftOnABoxToolKeepsThePoints();
-    void theShapeIsAsOldAsItsRelease();
-    void colourAndWidthAreThoseOfThePress();
+    void shiftWithABoxToolKeepsThePoints();
+    void theAgeOfAShapeCountsFromItsRelease();
+    void toolColourAndWidthAreThoseOfThePress();
     void aDragWithoutAPressDoesNothing();
     void aReleaseWithoutAPressDoesNothing();
     void theTextToolBeginsNoShape();
@@ -58,40 +58,34 @@ private Q_SLOTS:
 
 void PointerDrawingTest::shiftConstrainsTheDrag_data()
 {
-    QTest::addColumn<int>("tool");
+    QTest::addColumn<Tool>("tool");
     QTest::addColumn<QPointF>("start");
     QTest::addColumn<QPointF>("point");
     QTest::addColumn<QPointF>("expected");
 
+    const auto row = [](const char *name, Tool tool, QPointF start, QPointF point, QPointF expected) {
+        QTest::newRow(name) << tool << start << point << expected;
+    };
     const double diagonal = std::hypot(10, 9) / std::numbers::sqrt2;
-    QTest::newRow("pen, a little below the diagonal")
-        << int(Tool::pen) << QPointF(50, 60) << QPointF(60, 69) << QPointF(50 + diagonal, 60 + diagonal);
-    QTest::newRow("highlighter snaps like the pen")
-        << int(Tool::highlighter) << QPointF(0, 0) << QPointF(10, 9) << QPointF(diagonal, diagonal);
-    QTest::newRow("line, nearly level")
-        << int(Tool::line) << QPointF(0, 0) << QPointF(100, 3) << QPointF(std::hypot(100, 3), 0);
-    QTest::newRow("line, upwards") << int(Tool::line) << QPointF(5, 5) << QPointF(5, 45) << QPointF(5, 45);
-    QTest::newRow("arrow to the left")
-        << int(Tool::arrow) << QPointF(40, 30) << QPointF(30, 30) << QPointF(30, 30);
-    QTest::newRow("line without length")
-        << int(Tool::line) << QPointF(7, 8) << QPointF(7, 8) << QPointF(7, 8);
-    QTest::newRow("rectangle down to the right")
-        << int(Tool::rect) << QPointF(100, 100) << QPointF(130, 80) << QPointF(130, 70);
-    QTest::newRow("ellipse up to the left")
-        << int(Tool::ellipse) << QPointF(0, 0) << QPointF(-5, 12) << QPointF(-12, 12);
-    QTest::newRow("no width counts as to the right")
-        << int(Tool::rect) << QPointF(0, 0) << QPointF(0, -20) << QPointF(20, -20);
-    QTest::newRow("no height counts as upwards")
-        << int(Tool::rect) << QPointF(0, 0) << QPointF(-20, 0) << QPointF(-20, 20);
+    row("pen, below the diagonal", Tool::pen, {50, 60}, {60, 69}, {50 + diagonal, 60 + diagonal});
+    row("highlighter snaps like the pen", Tool::highlighter, {0, 0}, {10, 9}, {diagonal, diagonal});
+    row("line, nearly horizontal", Tool::line, {0, 0}, {100, 3}, {std::hypot(100, 3), 0});
+    row("line, upwards", Tool::line, {5, 5}, {5, 45}, {5, 45});
+    row("arrow to the left", Tool::arrow, {40, 30}, {30, 30}, {30, 30});
+    row("line without length", Tool::line, {7, 8}, {7, 8}, {7, 8});
+    row("rectangle down to the right", Tool::rect, {100, 100}, {130, 80}, {130, 70});
+    row("ellipse up to the left", Tool::ellipse, {0, 0}, {-5, 12}, {-12, 12});
+    row("no width counts as to the right", Tool::rect, {0, 0}, {0, -20}, {20, -20});
+    row("no height counts as upwards", Tool::rect, {0, 0}, {-20, 0}, {-20, 20});
 }
 
 void PointerDrawingTest::shiftConstrainsTheDrag()
 {
-    QFETCH(int, tool);
+    QFETCH(Tool, tool);
     QFETCH(QPointF, start);
     QFETCH(QPointF, point);
     QFETCH(QPointF, expected);
-    QVERIFY(isNear(constrained(*Tool::fromRawValue(tool), start, point), expected));
+    QVERIFY(isNear(constrained(tool, start, point), expected));
 }
 
 void PointerDrawingTest::aPressWithoutInteractionDoesNothing()
@@ -185,7 +179,7 @@ void PointerDrawingTest::releasingShiftContinuesFreehandFromTheStraightLine()
     QCOMPARE(controller.view().current()->points, std::vector<QPointF>({{0, 0}, {50, 0}, {60, 5}}));
 }
 
-void PointerDrawingTest::shiftOnABoxToolKeepsThePoints()
+void PointerDrawingTest::shiftWithABoxToolKeepsThePoints()
 {
     Controller controller;
     controller.app().setTool(Tool::arrow);
@@ -196,7 +190,7 @@ void PointerDrawingTest::shiftOnABoxToolKeepsThePoints()
     QVERIFY(isNear(controller.view().current()->end, {30, 30}));
 }
 
-void PointerDrawingTest::theShapeIsAsOldAsItsRelease()
+void PointerDrawingTest::theAgeOfAShapeCountsFromItsRelease()
 {
     Controller controller;
     controller.app().toggleDraw();
@@ -206,7 +200,7 @@ void PointerDrawingTest::theShapeIsAsOldAsItsRelease()
     QVERIFY(controller.view().shapes().front().created == controller.now);
 }
 
-void PointerDrawingTest::colourAndWidthAreThoseOfThePress()
+void PointerDrawingTest::toolColourAndWidthAreThoseOfThePress()
 {
     Controller controller;
     controller.app().setColor(kPalette[2]);

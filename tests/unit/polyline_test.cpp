@@ -13,8 +13,8 @@ using Lines = std::vector<std::pair<QPointF, QPointF>>;
 namespace {
 
 constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-/// Of many runs, with an uneven end.
-constexpr int kMany = 1003;
+/// Enough points for many runs, of which the last is not full.
+constexpr int kPointCount = 1003;
 
 Lines linesNear(const Polyline &line, const Box &area)
 {
@@ -23,15 +23,15 @@ Lines linesNear(const Polyline &line, const Box &area)
     return lines;
 }
 
-/// Wanders in steps of up to ten points, now and then out of everything.
-Polyline wandering(test::RandomInput &random)
+/// A random walk in steps of up to ten points, now and then to an undrawable point.
+Polyline randomWalk(test::RandomInput &random)
 {
     const auto step = [&random] { return random.real(-10.0, 10.0); };
     Polyline line;
-    QPointF place(0, 0);
-    for (int i = 0; i < kMany; ++i) {
-        place += QPointF(step(), step());
-        line.push_back(random.chance(0.05) ? QPointF(kNotANumber, place.y()) : place);
+    QPointF position(0, 0);
+    for (int i = 0; i < kPointCount; ++i) {
+        position += QPointF(step(), step());
+        line.push_back(random.chance(0.05) ? QPointF(kNotANumber, position.y()) : position);
     }
     return line;
 }
@@ -43,15 +43,15 @@ class PolylineTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itIsThePointsThatItWasGiven();
-    void itsBoundsHoldEveryPointThatCanBeDrawn();
+    void itKeepsThePointsItWasGiven();
+    void itsBoundsContainEveryDrawablePoint();
     void everyLineThatTouchesTheAreaIsVisitedInOrder();
-    void linesFarAwayAreNotVisited();
+    void distantLinesAreNotVisited();
     void theLineBetweenTwoRunsIsVisited();
     void undrawablePointsAreSkipped();
 };
 
-void PolylineTest::itIsThePointsThatItWasGiven()
+void PolylineTest::itKeepsThePointsItWasGiven()
 {
     Polyline line{{1, 2}, {3, 4}};
     line.push_back({5, 6});
@@ -63,7 +63,7 @@ void PolylineTest::itIsThePointsThatItWasGiven()
     QVERIFY(Polyline().empty());
 }
 
-void PolylineTest::itsBoundsHoldEveryPointThatCanBeDrawn()
+void PolylineTest::itsBoundsContainEveryDrawablePoint()
 {
     const Polyline line{{10, 5}, {kNotANumber, 1}, {-3, 8}, {1e9, 0}};
     QCOMPARE(line.bounds().left, -3.0);
@@ -78,11 +78,11 @@ void PolylineTest::itsBoundsHoldEveryPointThatCanBeDrawn()
 void PolylineTest::everyLineThatTouchesTheAreaIsVisitedInOrder()
 {
     test::RandomInput random;
-    const auto place = [&random] { return random.real(-300.0, 300.0); };
+    const auto coordinate = [&random] { return random.real(-300.0, 300.0); };
     for (int i = 0; i < 50; ++i) {
-        const Polyline line = wandering(random);
+        const Polyline line = randomWalk(random);
         const Lines all = linesNear(line, line.bounds());
-        const QPointF corner(place(), place());
+        const QPointF corner(coordinate(), coordinate());
         const Box area{corner.x(), corner.y(), corner.x() + 40.0, corner.y() + 40.0};
         const Lines visited = linesNear(line, area);
         auto next = visited.begin();
@@ -97,12 +97,12 @@ void PolylineTest::everyLineThatTouchesTheAreaIsVisitedInOrder()
     }
 }
 
-void PolylineTest::linesFarAwayAreNotVisited()
+void PolylineTest::distantLinesAreNotVisited()
 {
     Polyline line;
-    for (int i = 0; i < kMany; ++i)
+    for (int i = 0; i < kPointCount; ++i)
         line.push_back(QPointF(10.0 * i, 0.0));
-    QCOMPARE(linesNear(line, {0, 0, 10.0 * kMany, 0}).size(), std::size_t{kMany - 1});
+    QCOMPARE(linesNear(line, {0, 0, 10.0 * kPointCount, 0}).size(), std::size_t{kPointCount - 1});
     const std::size_t some = linesNear(line, {5000, -1, 5010, 1}).size();
     QVERIFY(some > 0);
     QVERIFY(some < 100);
@@ -111,8 +111,7 @@ void PolylineTest::linesFarAwayAreNotVisited()
 
 void PolylineTest::theLineBetweenTwoRunsIsVisited()
 {
-    // The line from the end of one run to the beginning of the next crosses the area, both runs are
-    // elsewhere.
+    // The line from the end of one run to the start of the next crosses the area; both runs are elsewhere.
     for (int before = 1; before < 70; ++before) {
         Polyline line;
         for (int i = 0; i < before; ++i)

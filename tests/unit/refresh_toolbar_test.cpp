@@ -1,4 +1,4 @@
-// How the program's state shows on the toolbar.
+// How the toolbar shows the program's state.
 
 #include "registered_test.h"
 #include "toolbar/bar.h"
@@ -26,7 +26,7 @@ bool isClear(const Color &color)
     return color.alpha == 0.0;
 }
 
-/// A controller in the look that the current row of a test names.
+/// A controller with the dark or the light toolbar.
 std::unique_ptr<Controller> withLook(bool dark)
 {
     auto controller = std::make_unique<Controller>();
@@ -41,21 +41,21 @@ class RefreshToolbarTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void modeButtonsShowTheirFlags_data();
-    void modeButtonsShowTheirFlags();
+    void modeButtonsShowWhetherTheirModeIsOn_data();
+    void modeButtonsShowWhetherTheirModeIsOn();
     void theChosenToolIsHighlighted_data() { addLooks(); }
     void theChosenToolIsHighlighted();
     void theChosenSwatchHasAnOrangeBorder_data() { addLooks(); }
     void theChosenSwatchHasAnOrangeBorder();
     void theChosenWidthIsHighlighted_data() { addLooks(); }
     void theChosenWidthIsHighlighted();
-    void everythingElseIsNeutral_data() { addLooks(); }
-    void everythingElseIsNeutral();
-    void theAppearanceButtonShowsWhereItLeads_data() { addLooks(); }
-    void theAppearanceButtonShowsWhereItLeads();
+    void allOtherControlsAreNeutral_data() { addLooks(); }
+    void allOtherControlsAreNeutral();
+    void theAppearanceButtonShowsTheOtherAppearance_data() { addLooks(); }
+    void theAppearanceButtonShowsTheOtherAppearance();
     void switchingTheAppearanceTwiceRestoresEverything();
     void refreshingAgainChangesNothing();
-    void aWidthOrColourThatIsNotOfferedHighlightsNone();
+    void aWidthOrColourWithoutAButtonHighlightsNone();
 
 private:
     static void addLooks()
@@ -66,11 +66,11 @@ private:
     }
 };
 
-void RefreshToolbarTest::modeButtonsShowTheirFlags_data()
+void RefreshToolbarTest::modeButtonsShowWhetherTheirModeIsOn_data()
 {
     QTest::addColumn<bool>("dark");
     QTest::addColumn<QString>("operations");
-    // One letter a button, in the order draw, board, spot, clicks, pin, ring, fade.
+    // One letter for each button: draw, board, spot, clicks, pin, ring, fade.
     QTest::addColumn<QString>("on");
     for (const bool dark : {true, false}) {
         const auto row = [dark](const char *operations, const char *on) {
@@ -90,7 +90,7 @@ void RefreshToolbarTest::modeButtonsShowTheirFlags_data()
     }
 }
 
-void RefreshToolbarTest::modeButtonsShowTheirFlags()
+void RefreshToolbarTest::modeButtonsShowWhetherTheirModeIsOn()
 {
     QFETCH(bool, dark);
     QFETCH(QString, operations);
@@ -162,7 +162,7 @@ void RefreshToolbarTest::theChosenWidthIsHighlighted()
     }
 }
 
-void RefreshToolbarTest::everythingElseIsNeutral()
+void RefreshToolbarTest::allOtherControlsAreNeutral()
 {
     QFETCH(bool, dark);
     const auto controller = withLook(dark);
@@ -175,7 +175,7 @@ void RefreshToolbarTest::everythingElseIsNeutral()
     QVERIFY(bar.gripView->color() == (dark ? kWhite.withAlpha(0.35) : kBlack.withAlpha(0.3)));
 }
 
-void RefreshToolbarTest::theAppearanceButtonShowsWhereItLeads()
+void RefreshToolbarTest::theAppearanceButtonShowsTheOtherAppearance()
 {
     QFETCH(bool, dark);
     const auto controller = withLook(dark);
@@ -211,7 +211,7 @@ void RefreshToolbarTest::refreshingAgainChangesNothing()
     QCOMPARE(appearance(controller.app()), before);
 }
 
-void RefreshToolbarTest::aWidthOrColourThatIsNotOfferedHighlightsNone()
+void RefreshToolbarTest::aWidthOrColourWithoutAButtonHighlightsNone()
 {
     Controller controller;
     controller.app().setLineWidth(4.0);

@@ -15,8 +15,8 @@ class RepeatingTimerTest : public QObject
 private Q_SLOTS:
     void deadlinesAreAbsoluteAndMissedOnesAreSkipped_data();
     void deadlinesAreAbsoluteAndMissedOnesAreSkipped();
-    void itTicksAgainAndAgain();
-    void aTickMayEndTheTimer();
+    void itTicksRepeatedly();
+    void aTickMayDestroyTheTimer();
 };
 
 void RepeatingTimerTest::deadlinesAreAbsoluteAndMissedOnesAreSkipped_data()
@@ -43,14 +43,14 @@ void RepeatingTimerTest::deadlinesAreAbsoluteAndMissedOnesAreSkipped()
              expected);
 }
 
-void RepeatingTimerTest::itTicksAgainAndAgain()
+void RepeatingTimerTest::itTicksRepeatedly()
 {
     int ticks = 0;
     const RepeatingTimer timer(1ms, [&] { ++ticks; });
     QTRY_VERIFY(ticks >= 3);
 }
 
-void RepeatingTimerTest::aTickMayEndTheTimer()
+void RepeatingTimerTest::aTickMayDestroyTheTimer()
 {
     int ticks = 0;
     std::unique_ptr<RepeatingTimer> timer;

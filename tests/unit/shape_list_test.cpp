@@ -27,7 +27,7 @@ QStringList namesNear(const ShapeList &list, const Box &area)
     return names;
 }
 
-/// Asked of every shape.
+/// The same by a linear search.
 QStringList expectedNear(const ShapeList &list, const Box &area)
 {
     QStringList names;
@@ -38,17 +38,17 @@ QStringList expectedNear(const ShapeList &list, const Box &area)
     return names;
 }
 
-/// Removes or adds some, anywhere in the list.
+/// Removes some shapes anywhere, removes the last one, or appends one.
 void change(ShapeList &list, test::RandomInput &random, int name)
 {
-    const auto place = [&random] { return random.real(0.0, 1000.0); };
+    const auto coordinate = [&random] { return random.real(0.0, 1000.0); };
     const int chosen = random.integer(0, 30);
     if (chosen == 0)
         list.removeIf([&](const Shape &) { return random.chance(0.2); });
     else if (chosen <= 5 && !list.isEmpty())
         list.removeLast();
     else
-        list.append(lineAt({place(), place()}, name));
+        list.append(lineAt({coordinate(), coordinate()}, name));
 }
 
 } // namespace
@@ -58,12 +58,12 @@ class ShapeListTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itKeepsTheirOrder();
-    void whateverHappensItFindsWhatLiesThere();
-    void anEmptyListFindsNothing();
+    void itKeepsTheOrderOfItsShapes();
+    void afterAnyChangeItFindsWhatALinearSearchFinds();
+    void invisibleShapesAreKeptButNeverFound();
 };
 
-void ShapeListTest::itKeepsTheirOrder()
+void ShapeListTest::itKeepsTheOrderOfItsShapes()
 {
     ShapeList list;
     for (int i = 0; i < 100; ++i)
@@ -77,14 +77,14 @@ void ShapeListTest::itKeepsTheirOrder()
     QCOMPARE(namesNear(list, {0, 0, 10, 10}), names);
 }
 
-void ShapeListTest::whateverHappensItFindsWhatLiesThere()
+void ShapeListTest::afterAnyChangeItFindsWhatALinearSearchFinds()
 {
     test::RandomInput random;
-    const auto place = [&random] { return random.real(-50.0, 1050.0); };
+    const auto coordinate = [&random] { return random.real(-50.0, 1050.0); };
     ShapeList list;
     for (int i = 0; i < 3000; ++i) {
         change(list, random, i);
-        const QPointF corner(place(), place());
+        const QPointF corner(coordinate(), coordinate());
         const Box area{corner.x(), corner.y(), corner.x() + 60.0, corner.y() + 60.0};
         QCOMPARE(namesNear(list, area), expectedNear(list, area));
     }
@@ -93,14 +93,14 @@ void ShapeListTest::whateverHappensItFindsWhatLiesThere()
     QVERIFY(namesNear(list, {-1e9, -1e9, 1e9, 1e9}).isEmpty());
 }
 
-void ShapeListTest::anEmptyListFindsNothing()
+void ShapeListTest::invisibleShapesAreKeptButNeverFound()
 {
     ShapeList list;
     QVERIFY(list.isEmpty());
-    // A shape that shows nothing lies nowhere.
-    Shape nothing = lineAt({0, 0}, 1);
-    nothing.width = 0.0;
-    list.append(nothing);
+    // An invisible shape is nowhere.
+    Shape invisible = lineAt({0, 0}, 1);
+    invisible.width = 0.0;
+    list.append(invisible);
     QVERIFY(namesNear(list, {-1e9, -1e9, 1e9, 1e9}).isEmpty());
     QCOMPARE(list.shapes().size(), std::size_t{1});
 }

@@ -12,27 +12,27 @@ class ShapeTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutATimeItIsMadeNow();
-    void laterShapesAreNotMadeEarlier();
-    void aGivenTimeIsKept();
-    void aCopyIsItsOwnShape();
+    void aNewShapeIsCreatedNow();
+    void laterShapesAreNotCreatedEarlier();
+    void aGivenCreationTimeIsKept();
+    void aCopyIsIndependent();
 };
 
-void ShapeTest::withoutATimeItIsMadeNow()
+void ShapeTest::aNewShapeIsCreatedNow()
 {
     const auto before = WallClock::now();
     const Shape shape;
     QVERIFY(before <= shape.created && shape.created <= WallClock::now());
 }
 
-void ShapeTest::laterShapesAreNotMadeEarlier()
+void ShapeTest::laterShapesAreNotCreatedEarlier()
 {
     const Shape first;
     const Shape second;
     QVERIFY(first.created <= second.created);
 }
 
-void ShapeTest::aGivenTimeIsKept()
+void ShapeTest::aGivenCreationTimeIsKept()
 {
     const zeigewerk::TimePoint then{std::chrono::milliseconds(1'234'567)};
     const Shape shape{Tool::text, {}, {1, 2}, {3, 4}, zeigewerk::kNavy, 9.0, QStringLiteral("x"), then};
@@ -45,7 +45,7 @@ void ShapeTest::aGivenTimeIsKept()
     QCOMPARE(shape.text, QStringLiteral("x"));
 }
 
-void ShapeTest::aCopyIsItsOwnShape()
+void ShapeTest::aCopyIsIndependent()
 {
     const Shape original{
         .tool = Tool::pen, .points = {{1, 1}}, .start = {}, .end = {}, .color = {}, .text = {}};

@@ -17,7 +17,7 @@ using test::Controller;
 
 namespace {
 
-/// Has that folder of themes give an icon of that name.
+/// Adds an icon of that name to a theme in that folder.
 bool addBlackIcon(const QDir &themes, const QString &name)
 {
     QFile index(themes.filePath(QStringLiteral("hicolor/index.theme")));
@@ -28,7 +28,7 @@ bool addBlackIcon(const QDir &themes, const QString &name)
            black.save(themes.filePath(QStringLiteral("hicolor/16/%1.png").arg(name)));
 }
 
-/// As trays have it that are given no name.
+/// The icon as it is painted by a tray that does not use its name.
 QImage paintedInto(const QIcon &icon, QSize size)
 {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
@@ -49,13 +49,13 @@ public:
 
 private Q_SLOTS:
     void withoutAnyTrayThereIsNoIcon();
-    void theIconIsShownInATrayThatIsThere();
-    void theIconIsShownInATrayThatComesLater();
+    void theIconIsShownInAnExistingTray();
+    void theIconIsShownInATrayThatAppearsLater();
     void thePaintedIconHasTheUsualSizes();
     void thePaintedIconIsWhiteWithADarkContour();
-    void thePaintedIconIsTransparentBesideTheShape();
-    void withoutAnIconInTheThemeItHasNoName();
-    void anIconInTheThemeGivesItsNameAndNotItsLook();
+    void thePaintedIconIsTransparentAroundTheShape();
+    void withoutAnIconInTheThemeTheIconHasNoName();
+    void anIconInTheThemeGivesItsNameButNotItsLook();
 };
 
 void StatusItemTest::withoutAnyTrayThereIsNoIcon()
@@ -64,20 +64,20 @@ void StatusItemTest::withoutAnyTrayThereIsNoIcon()
     QVERIFY(!controller.app().statusItem()->hasIcon());
 }
 
-void StatusItemTest::theIconIsShownInATrayThatIsThere()
+void StatusItemTest::theIconIsShownInAnExistingTray()
 {
     Controller controller;
     controller.desktop.setTray(true);
     QVERIFY(controller.app().statusItem()->hasIcon());
 }
 
-void StatusItemTest::theIconIsShownInATrayThatComesLater()
+void StatusItemTest::theIconIsShownInATrayThatAppearsLater()
 {
     Controller controller;
     controller.app();
     controller.desktop.setTray(true);
     QVERIFY(controller.app().statusItem()->hasIcon());
-    // Qt keeps the place for the next tray.
+    // Qt keeps the icon for the next tray.
     controller.desktop.setTray(false);
     controller.desktop.setTray(true);
     QVERIFY(controller.app().statusItem()->hasIcon());
@@ -106,7 +106,7 @@ void StatusItemTest::thePaintedIconIsWhiteWithADarkContour()
     }
 }
 
-void StatusItemTest::thePaintedIconIsTransparentBesideTheShape()
+void StatusItemTest::thePaintedIconIsTransparentAroundTheShape()
 {
     const TemplateImage bar({20, 10}, [](QPainter &painter) { painter.fillRect(0, 0, 20, 10, Qt::black); });
     const QIcon icon = contouredIcon(bar);
@@ -119,16 +119,16 @@ void StatusItemTest::thePaintedIconIsTransparentBesideTheShape()
     }
 }
 
-void StatusItemTest::withoutAnIconInTheThemeItHasNoName()
+void StatusItemTest::withoutAnIconInTheThemeTheIconHasNoName()
 {
-    // The machine's own may have one.
+    // The themes of this machine may have one.
     const QTemporaryDir themes;
     QIcon::setThemeSearchPaths({themes.path()});
     QVERIFY(statusIcon().name().isEmpty());
     QVERIFY(!statusIcon().availableSizes().isEmpty());
 }
 
-void StatusItemTest::anIconInTheThemeGivesItsNameAndNotItsLook()
+void StatusItemTest::anIconInTheThemeGivesItsNameButNotItsLook()
 {
     const QTemporaryDir themes;
     QIcon::setThemeSearchPaths({themes.path()});

@@ -14,7 +14,7 @@ using namespace zeigewerk::test;
 
 namespace {
 
-/// Notes that the application is asked to quit, and has it go on.
+/// Counts the requests to quit the application, and blocks them.
 class QuitRequests : public QObject
 {
 public:
@@ -30,7 +30,7 @@ public:
     int count = 0;
 };
 
-/// Whether the application is asked to quit when that is done while it runs.
+/// Whether `act`, called in the event loop, asks the application to quit.
 bool quitsAfter(const std::function<void()> &act)
 {
     QuitRequests requests;
@@ -49,18 +49,18 @@ class StatusMenuClicksTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itemsDoWhatTheirOperationsDo_data();
-    void itemsDoWhatTheirOperationsDo();
-    void clearingWipesTheCanvas();
-    void aRefusedPinLeavesNoCheckMark();
-    void clickingTellsTheTrayUntilTheCheckMarkIsRight();
-    void lookingForUpdatesTellsWhatComesOfIt();
-    void quittingQuits();
+    void eachItemPerformsItsOperation_data();
+    void eachItemPerformsItsOperation();
+    void clearingEmptiesTheCanvas();
+    void aRefusedPinIsNotChecked();
+    void theTrayIsNotifiedThatARefusedPinIsNotChecked();
+    void checkingForUpdatesOpensTheDialog();
+    void theQuitItemQuits();
     void ctrlQQuitsOnlyWhileTheMenuIsOpen();
     void theMenuOpensAtThePointer();
 };
 
-void StatusMenuClicksTest::itemsDoWhatTheirOperationsDo_data()
+void StatusMenuClicksTest::eachItemPerformsItsOperation_data()
 {
     using Operation = void (AppDelegate::*)();
     QTest::addColumn<QString>("title");
@@ -85,7 +85,7 @@ void StatusMenuClicksTest::itemsDoWhatTheirOperationsDo_data()
     }
 }
 
-void StatusMenuClicksTest::itemsDoWhatTheirOperationsDo()
+void StatusMenuClicksTest::eachItemPerformsItsOperation()
 {
     QFETCH(QString, title);
     QFETCH(QString, before);
@@ -103,11 +103,11 @@ void StatusMenuClicksTest::itemsDoWhatTheirOperationsDo()
     QCOMPARE(clicked.app().toolbarVisible(), expected.app().toolbarVisible());
     QCOMPARE(clicked.desktop.takeLog(), expected.desktop.takeLog());
     QCOMPARE(checkedTitles(menuOf(clicked).trayMenu()), flagsOn(clicked.app()));
-    // The menu follows, whichever way the operation was called.
+    // The menu follows, however the operation was started.
     QCOMPARE(checkedTitles(menuOf(expected).trayMenu()), flagsOn(expected.app()));
 }
 
-void StatusMenuClicksTest::clearingWipesTheCanvas()
+void StatusMenuClicksTest::clearingEmptiesTheCanvas()
 {
     Controller controller;
     controller.app().toggleDraw();
@@ -118,7 +118,7 @@ void StatusMenuClicksTest::clearingWipesTheCanvas()
     QVERIFY(controller.app().drawOn());
 }
 
-void StatusMenuClicksTest::aRefusedPinLeavesNoCheckMark()
+void StatusMenuClicksTest::aRefusedPinIsNotChecked()
 {
     Controller controller;
     item(controller, kPin).trigger();
@@ -126,18 +126,19 @@ void StatusMenuClicksTest::aRefusedPinLeavesNoCheckMark()
     QVERIFY(!item(controller, kPin).isChecked());
 }
 
-void StatusMenuClicksTest::clickingTellsTheTrayUntilTheCheckMarkIsRight()
+void StatusMenuClicksTest::theTrayIsNotifiedThatARefusedPinIsNotChecked()
 {
-    // Qt tells the tray of each change of an action, and a tray may have set the mark itself at the click.
+    // Qt notifies the tray of each change of an action; a tray may have set the check mark itself on the
+    // click.
     Controller controller;
     QAction &pin = item(controller, kPin);
-    QList<bool> told;
-    connect(&pin, &QAction::changed, this, [&] { told.append(pin.isChecked()); });
+    QList<bool> notified;
+    connect(&pin, &QAction::changed, this, [&] { notified.append(pin.isChecked()); });
     pin.trigger();
-    QCOMPARE(told, QList<bool>({true, false}));
+    QCOMPARE(notified, QList<bool>({true, false}));
 }
 
-void StatusMenuClicksTest::lookingForUpdatesTellsWhatComesOfIt()
+void StatusMenuClicksTest::checkingForUpdatesOpensTheDialog()
 {
     Controller controller;
     controller.info.feedUrl = QStringLiteral("nonsense");
@@ -146,7 +147,7 @@ void StatusMenuClicksTest::lookingForUpdatesTellsWhatComesOfIt()
     item(controller, kUpdates).trigger();
     QVERIFY(controller.desktop.takeLog().contains(QStringLiteral("dialog 0: order front")));
 
-    // Where there is no feed, nothing is there to be asked.
+    // Without a feed, there is nothing to check.
     Controller without;
     without.app();
     without.desktop.takeLog();
@@ -154,7 +155,7 @@ void StatusMenuClicksTest::lookingForUpdatesTellsWhatComesOfIt()
     QCOMPARE(without.desktop.takeLog(), QStringList());
 }
 
-void StatusMenuClicksTest::quittingQuits()
+void StatusMenuClicksTest::theQuitItemQuits()
 {
     Controller controller;
     QCOMPARE(item(controller, kQuit).shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));

@@ -29,7 +29,7 @@ inline StatusMenu &menuOf(Controller &controller)
     return controller.app().statusItem()->menu();
 }
 
-/// The item with that title; the test ends when there is none.
+/// The item with that title; aborts the test if there is none.
 inline QAction &item(Controller &controller, const QString &title)
 {
     for (QAction *action : menuOf(controller).trayMenu().actions()) {
@@ -49,7 +49,7 @@ inline QStringList checkedTitles(const QMenu &menu)
     return list;
 }
 
-/// The titles of the flags that are on: what must have a check mark.
+/// The titles of the modes and settings that are on, which must have check marks.
 inline QStringList flagsOn(const AppDelegate &app)
 {
     QStringList list;

@@ -10,7 +10,7 @@ using Values = std::vector<std::uint32_t>;
 
 namespace {
 
-// Two screens side by side, the second one lower, in a desktop of 2880 x 1024.
+// Two screens side by side on a desktop of 2880 x 1024; the right one is shorter.
 const QRect kLeft(0, 0, 1280, 1024);
 const QRect kRight(1280, 0, 1600, 900);
 const QSize kDesktop(2880, 1024);
@@ -22,55 +22,50 @@ class StrutsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void propertiesAreRead_data();
-    void propertiesAreRead();
-    void anEmptyDesktopHasNone_data();
-    void anEmptyDesktopHasNone();
-    void eachScreenLosesWhatItsDocksTake_data();
-    void eachScreenLosesWhatItsDocksTake();
-    void ofSeveralOnOneEdgeTheDeepestCounts();
-    void onDifferentEdgesAllCount();
-    void nothingIsLeftBetweenDocksThatMeet();
+    void strutsAreReadFromTheProperty_data();
+    void strutsAreReadFromTheProperty();
+    void anEmptyDesktopHasNoStruts_data();
+    void anEmptyDesktopHasNoStruts();
+    void eachScreenLosesOnlyWhatItsDocksTake_data();
+    void eachScreenLosesOnlyWhatItsDocksTake();
+    void theDeepestStrutOfAnEdgeCounts();
+    void strutsOfDifferentEdgesAllCount();
+    void docksThatMeetLeaveNothing();
 };
 
-void StrutsTest::propertiesAreRead_data()
+void StrutsTest::strutsAreReadFromTheProperty_data()
 {
     QTest::addColumn<Values>("values");
     QTest::addColumn<std::vector<Strut>>("struts");
 
-    QTest::newRow("top, part of the edge")
-        << Values{0, 0, 30, 0, 0, 0, 0, 0, 1280, 2879, 0, 0}
-        << std::vector<Strut>{{.edge = Edge::Top, .depth = 30, .start = 1280, .end = 2879}};
-    QTest::newRow("all four") << Values{1, 2, 3, 4, 10, 19, 20, 29, 30, 39, 40, 49}
-                              << std::vector<Strut>{
-                                     {.edge = Edge::Left, .depth = 1, .start = 10, .end = 19},
-                                     {.edge = Edge::Right, .depth = 2, .start = 20, .end = 29},
-                                     {.edge = Edge::Top, .depth = 3, .start = 30, .end = 39},
-                                     {.edge = Edge::Bottom, .depth = 4, .start = 40, .end = 49}};
-    QTest::newRow("without ranges") << Values{50, 0, 0, 40}
-                                    << std::vector<Strut>{
-                                           {.edge = Edge::Left, .depth = 50, .start = 0, .end = 1023},
-                                           {.edge = Edge::Bottom, .depth = 40, .start = 0, .end = 2879}};
-    QTest::newRow("nothing taken") << Values{0, 0, 0, 0} << std::vector<Strut>{};
-    QTest::newRow("the wrong number of values") << Values{50, 0, 0} << std::vector<Strut>{};
-    QTest::newRow("none") << Values{} << std::vector<Strut>{};
-    QTest::newRow("turned round range")
-        << Values{0, 0, 30, 0, 0, 0, 0, 0, 500, 400, 0, 0} << std::vector<Strut>{};
-    QTest::newRow("a range beside the desktop")
-        << Values{0, 0, 30, 0, 0, 0, 0, 0, 5000, 6000, 0, 0} << std::vector<Strut>{};
-    QTest::newRow("numbers beyond everything")
-        << Values{0, 0, 0xFFFFFFFF, 0, 0, 0, 0, 0, 0, 0xFFFFFFFF, 0, 0}
-        << std::vector<Strut>{{.edge = Edge::Top, .depth = 1024, .start = 0, .end = 2879}};
+    const auto row = [](const char *name, const Values &values, const std::vector<Strut> &struts) {
+        QTest::newRow(name) << values << struts;
+    };
+    constexpr std::uint32_t kMax = 0xFFFFFFFF;
+    // A strut is given by its edge, depth, start and end.
+    row("top, part of the edge", {0, 0, 30, 0, 0, 0, 0, 0, 1280, 2879, 0, 0}, {{Edge::Top, 30, 1280, 2879}});
+    row("all four", {1, 2, 3, 4, 10, 19, 20, 29, 30, 39, 40, 49},
+        {{Edge::Left, 1, 10, 19},
+         {Edge::Right, 2, 20, 29},
+         {Edge::Top, 3, 30, 39},
+         {Edge::Bottom, 4, 40, 49}});
+    row("without ranges", {50, 0, 0, 40}, {{Edge::Left, 50, 0, 1023}, {Edge::Bottom, 40, 0, 2879}});
+    row("nothing taken", {0, 0, 0, 0}, {});
+    row("wrong number of values", {50, 0, 0}, {});
+    row("no values", {}, {});
+    row("start after the end", {0, 0, 30, 0, 0, 0, 0, 0, 500, 400, 0, 0}, {});
+    row("range outside the desktop", {0, 0, 30, 0, 0, 0, 0, 0, 5000, 6000, 0, 0}, {});
+    row("huge values", {0, 0, kMax, 0, 0, 0, 0, 0, 0, kMax, 0, 0}, {{Edge::Top, 1024, 0, 2879}});
 }
 
-void StrutsTest::propertiesAreRead()
+void StrutsTest::strutsAreReadFromTheProperty()
 {
     QFETCH(Values, values);
     QFETCH(std::vector<Strut>, struts);
     QVERIFY(strutsOf(values, kDesktop) == struts);
 }
 
-void StrutsTest::anEmptyDesktopHasNone_data()
+void StrutsTest::anEmptyDesktopHasNoStruts_data()
 {
     QTest::addColumn<QSize>("desktop");
     QTest::newRow("unknown") << QSize();
@@ -78,54 +73,41 @@ void StrutsTest::anEmptyDesktopHasNone_data()
     QTest::newRow("no height") << QSize(2880, 0);
 }
 
-void StrutsTest::anEmptyDesktopHasNone()
+void StrutsTest::anEmptyDesktopHasNoStruts()
 {
     QFETCH(QSize, desktop);
-    QVERIFY(strutsOf(Values{1, 2, 3, 4, 0, 0x7FFFFFFF, 0, 0x7FFFFFFF, 0, 0x7FFFFFFF, 0, 0x7FFFFFFF}, desktop)
-                .empty());
+    constexpr std::uint32_t kEnd = 0x7FFFFFFF;
+    QVERIFY(strutsOf(Values{1, 2, 3, 4, 0, kEnd, 0, kEnd, 0, kEnd, 0, kEnd}, desktop).empty());
     QVERIFY(strutsOf(Values{1, 2, 3, 4}, desktop).empty());
 }
 
-void StrutsTest::eachScreenLosesWhatItsDocksTake_data()
+void StrutsTest::eachScreenLosesOnlyWhatItsDocksTake_data()
 {
     QTest::addColumn<Strut>("strut");
     QTest::addColumn<QRect>("left");
     QTest::addColumn<QRect>("right");
 
-    QTest::newRow("top of the left screen") << Strut{.edge = Edge::Top, .depth = 30, .start = 0, .end = 1279}
-                                            << kLeft.adjusted(0, 30, 0, 0) << kRight;
-    QTest::newRow("top of the right screen")
-        << Strut{.edge = Edge::Top, .depth = 30, .start = 1280, .end = 2879} << kLeft
-        << kRight.adjusted(0, 30, 0, 0);
-    QTest::newRow("a short dock in the middle of the top")
-        << Strut{.edge = Edge::Top, .depth = 30, .start = 600, .end = 700} << kLeft.adjusted(0, 30, 0, 0)
-        << kRight;
-    QTest::newRow("along the top of both") << Strut{.edge = Edge::Top, .depth = 30, .start = 0, .end = 2879}
-                                           << kLeft.adjusted(0, 30, 0, 0) << kRight.adjusted(0, 30, 0, 0);
-    QTest::newRow("bottom of the left screen")
-        << Strut{.edge = Edge::Bottom, .depth = 40, .start = 0, .end = 1279} << kLeft.adjusted(0, 0, 0, -40)
-        << kRight;
-    // Counted from the desktop's lower edge, 124 pixels below that screen.
-    QTest::newRow("bottom of the right screen, which is lower")
-        << Strut{.edge = Edge::Bottom, .depth = 124 + 40, .start = 1280, .end = 2879} << kLeft
-        << kRight.adjusted(0, 0, 0, -40);
-    QTest::newRow("ends below the right screen")
-        << Strut{.edge = Edge::Bottom, .depth = 124, .start = 1280, .end = 2879} << kLeft << kRight;
-    QTest::newRow("outer left edge") << Strut{.edge = Edge::Left, .depth = 50, .start = 0, .end = 1023}
-                                     << kLeft.adjusted(50, 0, 0, 0) << kRight;
-    QTest::newRow("outer right edge") << Strut{.edge = Edge::Right, .depth = 50, .start = 0, .end = 899}
-                                      << kLeft << kRight.adjusted(0, 0, -50, 0);
-    QTest::newRow("left edge of the right screen, across the left one")
-        << Strut{.edge = Edge::Left, .depth = 1280 + 50, .start = 0, .end = 899} << kLeft
-        << kRight.adjusted(50, 0, 0, 0);
-    QTest::newRow("right edge of the left screen, across the right one")
-        << Strut{.edge = Edge::Right, .depth = 1600 + 50, .start = 0, .end = 1023}
-        << kLeft.adjusted(0, 0, -50, 0) << kRight;
-    QTest::newRow("as wide as the left screen")
-        << Strut{.edge = Edge::Left, .depth = 1280, .start = 0, .end = 1023} << kLeft << kRight;
+    const auto row = [](const char *name, const Strut &strut, QMargins takenLeft, QMargins takenRight) {
+        QTest::newRow(name) << strut << kLeft - takenLeft << kRight - takenRight;
+    };
+    // The strut by its edge, depth, start and end; the margins that it takes from the left and the right
+    // screen.
+    row("top of the left screen", {Edge::Top, 30, 0, 1279}, {0, 30, 0, 0}, {});
+    row("top of the right screen", {Edge::Top, 30, 1280, 2879}, {}, {0, 30, 0, 0});
+    row("a short dock in the middle of the top", {Edge::Top, 30, 600, 700}, {0, 30, 0, 0}, {});
+    row("along the top of both", {Edge::Top, 30, 0, 2879}, {0, 30, 0, 0}, {0, 30, 0, 0});
+    row("bottom of the left screen", {Edge::Bottom, 40, 0, 1279}, {0, 0, 0, 40}, {});
+    // Counted from the desktop's lower edge, 124 pixels below the right screen.
+    row("bottom of the right screen", {Edge::Bottom, 124 + 40, 1280, 2879}, {}, {0, 0, 0, 40});
+    row("ends below the right screen", {Edge::Bottom, 124, 1280, 2879}, {}, {});
+    row("outer left edge", {Edge::Left, 50, 0, 1023}, {50, 0, 0, 0}, {});
+    row("outer right edge", {Edge::Right, 50, 0, 899}, {}, {0, 0, 50, 0});
+    row("left edge of the right screen", {Edge::Left, 1280 + 50, 0, 899}, {}, {50, 0, 0, 0});
+    row("right edge of the left screen", {Edge::Right, 1600 + 50, 0, 1023}, {0, 0, 50, 0}, {});
+    row("as wide as the left screen", {Edge::Left, 1280, 0, 1023}, {}, {});
 }
 
-void StrutsTest::eachScreenLosesWhatItsDocksTake()
+void StrutsTest::eachScreenLosesOnlyWhatItsDocksTake()
 {
     QFETCH(Strut, strut);
     QFETCH(QRect, left);
@@ -134,7 +116,7 @@ void StrutsTest::eachScreenLosesWhatItsDocksTake()
     QCOMPARE(withoutStruts(kRight, kDesktop, {&strut, 1}), right);
 }
 
-void StrutsTest::ofSeveralOnOneEdgeTheDeepestCounts()
+void StrutsTest::theDeepestStrutOfAnEdgeCounts()
 {
     const std::vector<Strut> struts = {{.edge = Edge::Top, .depth = 20, .start = 0, .end = 600},
                                        {.edge = Edge::Top, .depth = 35, .start = 0, .end = 1279},
@@ -142,7 +124,7 @@ void StrutsTest::ofSeveralOnOneEdgeTheDeepestCounts()
     QCOMPARE(withoutStruts(kLeft, kDesktop, struts), kLeft.adjusted(0, 35, 0, 0));
 }
 
-void StrutsTest::onDifferentEdgesAllCount()
+void StrutsTest::strutsOfDifferentEdgesAllCount()
 {
     const std::vector<Strut> struts = {{.edge = Edge::Top, .depth = 20, .start = 0, .end = 1279},
                                        {.edge = Edge::Bottom, .depth = 30, .start = 0, .end = 1279},
@@ -151,7 +133,7 @@ void StrutsTest::onDifferentEdgesAllCount()
     QCOMPARE(withoutStruts(kRight, kDesktop, {}), kRight);
 }
 
-void StrutsTest::nothingIsLeftBetweenDocksThatMeet()
+void StrutsTest::docksThatMeetLeaveNothing()
 {
     const std::vector<Strut> struts = {{.edge = Edge::Top, .depth = 600, .start = 0, .end = 1279},
                                        {.edge = Edge::Bottom, .depth = 600, .start = 0, .end = 1279}};

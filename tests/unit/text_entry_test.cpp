@@ -1,48 +1,30 @@
 #include "registered_test.h"
 #include "writing_fixture.h"
 
-#include <QInputMethodEvent>
-
 using namespace zeigewerk;
 using test::Writing;
-
-namespace {
-
-/// What an input method does: it shows what it is composing, and hands over what is done.
-void compose(TextField &field, const QString &shown, const QString &done = {})
-{
-    QInputMethodEvent event(shown, {});
-    event.setCommitString(done);
-    QCoreApplication::sendEvent(&field, &event);
-}
-
-} // namespace
 
 class TextEntryTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPressOpensAFieldThatHasTheKeyboard();
-    void returnMakesTheTextAShape();
-    void theShapeHasColourAndWidthOfThatMoment();
-    void whiteIsBlackInTheFieldOnly();
-    void anEmptyFieldLeavesNothing();
-    void blanksAreText();
-    void escDiscardsTheTextAndLeavesTheModes();
-    void aPressCommitsAndOpensTheNext();
-    void aPressWithAnotherToolCommitsAndDraws();
-    void aPressTakesOverWhatIsBeingComposed();
-    void whatIsComposedIsCommittedOnce();
-    void returnTakesOverWhatIsBeingComposed();
-    void escDiscardsWhatIsBeingComposed();
-    void undoTakesTextsInTheirOrder();
+    void aPressOpensAFieldAndGivesItTheKeyboard();
+    void returnTurnsTheTextIntoAShape();
+    void theShapeHasTheColourAndWidthAtTheCommit();
+    void whiteTextIsBlackOnlyInTheField();
+    void anEmptyFieldLeavesNoShape();
+    void spacesAreText();
+    void escDiscardsTheTextAndKeepsTheModes();
+    void aPressCommitsTheTextAndOpensTheNextField();
+    void aPressWithAnotherToolCommitsTheTextAndDraws();
+    void undoRemovesTextsInOrderWithOtherShapes();
     void undoOnTheCanvasLeavesTheFieldAlone();
-    void aCommittedTextStartsTheFading();
-    void withoutAControllerTheTextIsDropped();
+    void aTextFadesFromItsCommit();
+    void withoutAControllerTheTextIsDiscarded();
 };
 
-void TextEntryTest::aPressOpensAFieldThatHasTheKeyboard()
+void TextEntryTest::aPressOpensAFieldAndGivesItTheKeyboard()
 {
     Writing on(test::twoScreens());
     on.open({200, 300}, 1);
@@ -52,7 +34,7 @@ void TextEntryTest::aPressOpensAFieldThatHasTheKeyboard()
     const QRectF frame = on.view(1).textWindow()->frame();
     QCOMPARE(frame.size(), QSizeF(340, 32));
     QCOMPARE(frame.left(), 1200.0);
-    // Its text's baseline decides to the pixel.
+    // The text's baseline determines the exact pixel.
     QVERIFY(std::abs(frame.top() - (200 + 272)) <= 0.5);
     QVERIFY(!on.view(1).current());
     QVERIFY(on.view(1).shapes().empty());
@@ -61,7 +43,7 @@ void TextEntryTest::aPressOpensAFieldThatHasTheKeyboard()
     QVERIFY(on.view(1).textField() != nullptr);
 }
 
-void TextEntryTest::returnMakesTheTextAShape()
+void TextEntryTest::returnTurnsTheTextIntoAShape()
 {
     Writing on;
     on.open({200, 300});
@@ -81,13 +63,13 @@ void TextEntryTest::returnMakesTheTextAShape()
                          .created = on.now};
     QVERIFY(on.view().shapes().front() == expected);
     QCOMPARE(on.app().shapeOrder(), std::vector<DrawingView *>{&on.view()});
-    // The canvas has the keyboard before the field goes.
+    // The canvas gets the keyboard before the field closes.
     QCOMPARE(on.desktop.takeLog(), QStringList({"overlay 0: make key"}));
     QCOMPARE(on.desktop.keyWindow(), QStringLiteral("overlay 0"));
     QVERIFY(on.surface().display());
 }
 
-void TextEntryTest::theShapeHasColourAndWidthOfThatMoment()
+void TextEntryTest::theShapeHasTheColourAndWidthAtTheCommit()
 {
     Writing on;
     on.open({10.5, 40.25});
@@ -101,7 +83,7 @@ void TextEntryTest::theShapeHasColourAndWidthOfThatMoment()
     QCOMPARE(on.view().shapes().front().start, QPointF(12.5, 16.25));
 }
 
-void TextEntryTest::whiteIsBlackInTheFieldOnly()
+void TextEntryTest::whiteTextIsBlackOnlyInTheField()
 {
     Writing on;
     on.app().setColor(kWhite);
@@ -115,7 +97,7 @@ void TextEntryTest::whiteIsBlackInTheFieldOnly()
     QVERIFY(on.open().palette().color(QPalette::Text) != QColor(Qt::black));
 }
 
-void TextEntryTest::anEmptyFieldLeavesNothing()
+void TextEntryTest::anEmptyFieldLeavesNoShape()
 {
     Writing on;
     on.open();
@@ -124,13 +106,13 @@ void TextEntryTest::anEmptyFieldLeavesNothing()
     QVERIFY(on.view().shapes().empty());
     QVERIFY(on.app().shapeOrder().empty());
     QCOMPARE(on.desktop.keyWindow(), QStringLiteral("overlay 0"));
-    // Committing nothing is nothing.
+    // Without a field, a commit does nothing.
     on.desktop.takeLog();
     on.view().commitTextField();
     QCOMPARE(on.desktop.takeLog(), QStringList());
 }
 
-void TextEntryTest::blanksAreText()
+void TextEntryTest::spacesAreText()
 {
     Writing on;
     on.open();
@@ -143,7 +125,7 @@ void TextEntryTest::blanksAreText()
     QCOMPARE(on.texts(), QStringList({"  ", " a "}));
 }
 
-void TextEntryTest::escDiscardsTheTextAndLeavesTheModes()
+void TextEntryTest::escDiscardsTheTextAndKeepsTheModes()
 {
     Writing on;
     on.app().toggleBoard();
@@ -155,12 +137,12 @@ void TextEntryTest::escDiscardsTheTextAndLeavesTheModes()
     QVERIFY(on.app().drawOn());
     QVERIFY(on.app().whiteboardOn());
     QCOMPARE(on.desktop.keyWindow(), QStringLiteral("overlay 0"));
-    // The next one is the canvas's.
+    // The next Esc goes to the canvas.
     on.view().keyDown({.isEscape = true, .character = 0x1B, .modifiers = {}});
     QVERIFY(!on.app().interactionOn());
 }
 
-void TextEntryTest::aPressCommitsAndOpensTheNext()
+void TextEntryTest::aPressCommitsTheTextAndOpensTheNextField()
 {
     Writing on;
     on.open({100, 100});
@@ -173,7 +155,7 @@ void TextEntryTest::aPressCommitsAndOpensTheNext()
     QCOMPARE(on.texts(), QStringList{"eins"});
 }
 
-void TextEntryTest::aPressWithAnotherToolCommitsAndDraws()
+void TextEntryTest::aPressWithAnotherToolCommitsTheTextAndDraws()
 {
     Writing on;
     on.open({100, 100});
@@ -186,56 +168,7 @@ void TextEntryTest::aPressWithAnotherToolCommitsAndDraws()
     QCOMPARE(on.desktop.keyWindow(), QStringLiteral("overlay 0"));
 }
 
-void TextEntryTest::aPressTakesOverWhatIsBeingComposed()
-{
-    Writing on;
-    TextField &field = on.open();
-    on.type(QStringLiteral("a"));
-    compose(field, QStringLiteral("にほん"));
-    on.open({400, 400});
-    QCOMPARE(on.texts(), QStringList{"aにほん"});
-}
-
-void TextEntryTest::whatIsComposedIsCommittedOnce()
-{
-    Writing on;
-    TextField &field = on.open();
-    on.type(QStringLiteral("a"));
-    for (const QString &shown : {QStringLiteral("n"), QStringLiteral("に")})
-        compose(field, shown);
-    QCOMPARE(field.text(), QStringLiteral("a"));
-    compose(field, {}, QStringLiteral("日"));
-    QCOMPARE(field.text(), QStringLiteral("a日"));
-    on.type(QStringLiteral("b"));
-    on.press(Qt::Key_Return);
-    QCOMPARE(on.texts(), QStringList{"a日b"});
-}
-
-void TextEntryTest::returnTakesOverWhatIsBeingComposed()
-{
-    // An input method that does not want the key for itself.
-    Writing on;
-    compose(on.open(), QStringLiteral("にほん"));
-    on.press(Qt::Key_Return);
-    QVERIFY(on.view().textField() == nullptr);
-    QCOMPARE(on.texts(), QStringList{"にほん"});
-}
-
-void TextEntryTest::escDiscardsWhatIsBeingComposed()
-{
-    Writing on;
-    compose(on.open(), QStringLiteral("にほん"));
-    on.press(Qt::Key_Escape);
-    QVERIFY(on.view().textField() == nullptr);
-    QCOMPARE(on.texts(), QStringList());
-    QVERIFY(on.app().drawOn());
-    // Nor is any of it in the next field.
-    on.open();
-    on.press(Qt::Key_Return);
-    QCOMPARE(on.texts(), QStringList());
-}
-
-void TextEntryTest::undoTakesTextsInTheirOrder()
+void TextEntryTest::undoRemovesTextsInOrderWithOtherShapes()
 {
     Writing on;
     for (const QString &text : {QStringLiteral("eins"), QStringLiteral("zwei")}) {
@@ -264,7 +197,7 @@ void TextEntryTest::undoOnTheCanvasLeavesTheFieldAlone()
     QCOMPARE(on.field().text(), QStringLiteral("zwei"));
 }
 
-void TextEntryTest::aCommittedTextStartsTheFading()
+void TextEntryTest::aTextFadesFromItsCommit()
 {
     Writing on;
     on.app().toggleFade();
@@ -282,7 +215,7 @@ void TextEntryTest::aCommittedTextStartsTheFading()
     QCOMPARE(on.texts(), QStringList());
 }
 
-void TextEntryTest::withoutAControllerTheTextIsDropped()
+void TextEntryTest::withoutAControllerTheTextIsDiscarded()
 {
     Writing on;
     on.open();

@@ -13,16 +13,16 @@ class ToolTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void sevenToolsFromPenToText();
+    void thereAreSevenToolsFromPenToText();
     void eachToolHasItsNumberSymbolAndTip_data();
     void eachToolHasItsNumberSymbolAndTip();
-    void otherNumbersYieldNoTool_data();
-    void otherNumbersYieldNoTool();
+    void otherNumbersAreNoTools_data();
+    void otherNumbersAreNoTools();
     void onlyPenAndHighlighterAreFreehand();
-    void aToolIsAKey();
+    void toolsCanBeKeysOfAMap();
 };
 
-void ToolTest::sevenToolsFromPenToText()
+void ToolTest::thereAreSevenToolsFromPenToText()
 {
     QCOMPARE(Tool::allCases.size(), std::size_t{7});
     QCOMPARE(Tool::allCases.front(), Tool(Tool::pen));
@@ -59,7 +59,7 @@ void ToolTest::eachToolHasItsNumberSymbolAndTip()
     QTEST(tool.tip(), "tip");
 }
 
-void ToolTest::otherNumbersYieldNoTool_data()
+void ToolTest::otherNumbersAreNoTools_data()
 {
     QTest::addColumn<int>("rawValue");
     for (const int rawValue :
@@ -67,7 +67,7 @@ void ToolTest::otherNumbersYieldNoTool_data()
         QTest::addRow("%d", rawValue) << rawValue;
 }
 
-void ToolTest::otherNumbersYieldNoTool()
+void ToolTest::otherNumbersAreNoTools()
 {
     QFETCH(const int, rawValue);
     QVERIFY(!Tool::fromRawValue(rawValue).has_value());
@@ -79,7 +79,7 @@ void ToolTest::onlyPenAndHighlighterAreFreehand()
         QCOMPARE(tool.isFreehand(), tool == Tool::pen || tool == Tool::highlighter);
 }
 
-void ToolTest::aToolIsAKey()
+void ToolTest::toolsCanBeKeysOfAMap()
 {
     std::unordered_map<Tool, int> numbers;
     for (const Tool tool : Tool::allCases)

@@ -17,15 +17,15 @@ class ToolbarClicksTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aClickActsAtOnceThoughTheWindowIsNotActive();
-    void eachButtonDoesWhatItSays_data();
-    void eachButtonDoesWhatItSays();
-    void pinUndoAndClearActOnWhatIsDrawn();
+    void aClickWorksThoughTheWindowIsNotActive();
+    void eachButtonDoesWhatItsNameSays_data();
+    void eachButtonDoesWhatItsNameSays();
+    void pinUndoAndClearActOnTheDrawing();
     void quitEndsTheProgram();
     void theMenuOpensOnTheBackgroundOnly();
 };
 
-void ToolbarClicksTest::aClickActsAtOnceThoughTheWindowIsNotActive()
+void ToolbarClicksTest::aClickWorksThoughTheWindowIsNotActive()
 {
     Controller controller;
     const Toolbar &bar = *controller.app().toolbar();
@@ -37,42 +37,39 @@ void ToolbarClicksTest::aClickActsAtOnceThoughTheWindowIsNotActive()
     QVERIFY(controller.app().clicksOn());
 }
 
-void ToolbarClicksTest::eachButtonDoesWhatItSays_data()
+void ToolbarClicksTest::eachButtonDoesWhatItsNameSays_data()
 {
-    using Check = std::function<bool(const AppDelegate &)>;
+    using App = const AppDelegate &;
+    using Check = std::function<bool(App)>;
     QTest::addColumn<Check>("hasHappened");
     const auto row = [](const char *name, const Check &check) { QTest::newRow(name) << check; };
-    row("Zeichnen ein/aus (⌃⌥D)", [](const AppDelegate &app) { return app.drawOn(); });
-    row("Whiteboard (⌃⌥W)", [](const AppDelegate &app) { return app.whiteboardOn(); });
-    row("Spotlight (⌃⌥S) — Größe ändern: ⌥ + Scrollen",
-        [](const AppDelegate &app) { return app.spotlightOn(); });
-    row("Klicks anzeigen (⌃⌥K)", [](const AppDelegate &app) { return app.clicksOn(); });
-    row("Cursor-Ring: Mauszeiger dauerhaft hervorheben",
-        [](const AppDelegate &app) { return app.cursorRingOn(); });
-    row("Auto-Fade: Zeichnungen lösen sich nach 4 Sekunden auf",
-        [](const AppDelegate &app) { return app.autoFadeOn(); });
-    row("Textmarker", [](const AppDelegate &app) { return app.tool() == Tool::highlighter && app.drawOn(); });
-    row("Text (klicken, tippen, Enter)",
-        [](const AppDelegate &app) { return app.tool() == Tool::text && app.drawOn(); });
-    row("Farbe", [](const AppDelegate &app) { return app.color() == kOrange && !app.drawOn(); });
-    row("Strichstärke", [](const AppDelegate &app) { return app.lineWidth() == 3.0 && !app.drawOn(); });
-    row("Werkzeugleiste hell/dunkel", [](const AppDelegate &app) { return !app.darkUI(); });
+    row("Zeichnen ein/aus (⌃⌥D)", [](App app) { return app.drawOn(); });
+    row("Whiteboard (⌃⌥W)", [](App app) { return app.whiteboardOn(); });
+    row("Spotlight (⌃⌥S) — Größe ändern: ⌥ + Scrollen", [](App app) { return app.spotlightOn(); });
+    row("Klicks anzeigen (⌃⌥K)", [](App app) { return app.clicksOn(); });
+    row("Cursor-Ring: Mauszeiger dauerhaft hervorheben", [](App app) { return app.cursorRingOn(); });
+    row("Auto-Fade: Zeichnungen lösen sich nach 4 Sekunden auf", [](App app) { return app.autoFadeOn(); });
+    row("Textmarker", [](App app) { return app.tool() == Tool::highlighter && app.drawOn(); });
+    row("Text (klicken, tippen, Enter)", [](App app) { return app.tool() == Tool::text && app.drawOn(); });
+    row("Farbe", [](App app) { return app.color() == kOrange && !app.drawOn(); });
+    row("Strichstärke", [](App app) { return app.lineWidth() == 3.0 && !app.drawOn(); });
+    row("Werkzeugleiste hell/dunkel", [](App app) { return !app.darkUI(); });
     row("Leiste ausblenden — wieder einblenden mit ⌃⌥T oder übers Menüleisten-Symbol",
-        [](const AppDelegate &app) { return !app.toolbarVisible() && !app.toolbar()->window->isVisible(); });
+        [](App app) { return !app.toolbarVisible() && !app.toolbar()->window->isVisible(); });
 }
 
-void ToolbarClicksTest::eachButtonDoesWhatItSays()
+void ToolbarClicksTest::eachButtonDoesWhatItsNameSays()
 {
     QFETCH(std::function<bool(const AppDelegate &)>, hasHappened);
     Controller controller;
-    // What the first swatch chooses is chosen from the start.
+    // The colour of the first swatch is the default.
     controller.app().setColor(kNavy);
     QVERIFY(!hasHappened(controller.app()));
     QTest::mouseClick(named(*controller.app().toolbar(), QTest::currentDataTag()), Qt::LeftButton);
     QVERIFY(hasHappened(controller.app()));
 }
 
-void ToolbarClicksTest::pinUndoAndClearActOnWhatIsDrawn()
+void ToolbarClicksTest::pinUndoAndClearActOnTheDrawing()
 {
     Controller controller;
     const Toolbar &bar = (controller.app(), *controller.app().toolbar());
@@ -93,7 +90,7 @@ void ToolbarClicksTest::quitEndsTheProgram()
 {
     Controller controller;
     const Toolbar &bar = *controller.app().toolbar();
-    // A programme that has no event loop running yet cannot be ended, so the click comes from within one.
+    // Quitting works only in a running event loop, so the click comes from within one.
     QTimer::singleShot(0, bar.quitButton(), [&] { QTest::mouseClick(bar.quitButton(), Qt::LeftButton); });
     QCOMPARE(QCoreApplication::exec(), 0);
 }

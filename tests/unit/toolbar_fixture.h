@@ -10,7 +10,7 @@
 
 namespace zeigewerk::test {
 
-/// A button of the toolbar by its name.
+/// The button with that name; null if there is none.
 inline PalButton *named(const Toolbar &bar, const char *name)
 {
     for (PalButton *button : bar.allButtons()) {
@@ -20,7 +20,7 @@ inline PalButton *named(const Toolbar &bar, const char *name)
     return nullptr;
 }
 
-/// A symbol in black at scale 1.
+/// The symbol painted in black at scale 1.
 inline QImage painted(const TemplateImage &image)
 {
     QImage picture(20, 20, QImage::Format_ARGB32_Premultiplied);

@@ -1,4 +1,4 @@
-// The rules of picking on the toolbar, and of hiding it.
+// The rules for choosing tools, colours and widths on the toolbar, and for hiding it.
 
 #include "registered_test.h"
 #include "toolbar_fixture.h"
@@ -13,17 +13,17 @@ class ToolbarPicksTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void pickingAToolLeadsToDrawing_data();
-    void pickingAToolLeadsToDrawing();
-    void aTagThatIsNoToolDoesNothing();
+    void pickingAToolMakesTheCanvasInteractive_data();
+    void pickingAToolMakesTheCanvasInteractive();
+    void aTagWithoutAToolDoesNothing();
     void pickingAColourChangesNothingElse();
     void pickingAWidthChangesNothingElse();
-    void hidingKeepsThePlaceAndTheSelection();
+    void hidingKeepsThePositionAndTheSelection();
     void theToolbarComesBackAboveTheOverlays();
     void aHiddenToolbarStaysHiddenWhenDrawingBegins();
 };
 
-void ToolbarPicksTest::pickingAToolLeadsToDrawing_data()
+void ToolbarPicksTest::pickingAToolMakesTheCanvasInteractive_data()
 {
     QTest::addColumn<QString>("operations");
     QTest::addColumn<bool>("drawOn");
@@ -37,7 +37,7 @@ void ToolbarPicksTest::pickingAToolLeadsToDrawing_data()
     QTest::newRow("with the spotlight alone it turns drawing on") << "s" << true << false;
 }
 
-void ToolbarPicksTest::pickingAToolLeadsToDrawing()
+void ToolbarPicksTest::pickingAToolMakesTheCanvasInteractive()
 {
     QFETCH(QString, operations);
     QFETCH(bool, drawOn);
@@ -54,7 +54,7 @@ void ToolbarPicksTest::pickingAToolLeadsToDrawing()
     QVERIFY(controller.desktop.takeLog().contains(QStringLiteral("overlay 0: take the mouse")));
 }
 
-void ToolbarPicksTest::aTagThatIsNoToolDoesNothing()
+void ToolbarPicksTest::aTagWithoutAToolDoesNothing()
 {
     Controller controller;
     controller.app().setTool(Tool::arrow);
@@ -88,7 +88,7 @@ void ToolbarPicksTest::pickingAWidthChangesNothingElse()
     QVERIFY(!controller.app().drawOn());
 }
 
-void ToolbarPicksTest::hidingKeepsThePlaceAndTheSelection()
+void ToolbarPicksTest::hidingKeepsThePositionAndTheSelection()
 {
     Controller controller;
     controller.perform(QStringLiteral("ks"));

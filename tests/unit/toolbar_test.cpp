@@ -1,4 +1,4 @@
-// The toolbar as it is built: its buttons, rows and measures.
+// How the toolbar is laid out: its buttons, rows and dimensions.
 
 #include "registered_test.h"
 #include "toolbar/bar.h"
@@ -35,11 +35,11 @@ QString nameOf(const QWidget *widget)
     return qobject_cast<const PalButton *>(widget) ? widget->accessibleName() : QStringLiteral("bar");
 }
 
-struct Row
+struct ToolbarRow
 {
-    QStringList names;
     QSize size;
-    int spacing = 0;
+    int spacing;
+    QStringList names;
 };
 
 const QSize kButton(40, 32);
@@ -47,31 +47,33 @@ const QSize kSmall(28, 26);
 const QSize kSwatch(18, 18);
 const QSize kSeparator(84, 1);
 
-const QList<Row> &expectedRows()
+const QList<ToolbarRow> &expectedRows()
 {
-    static const QList<Row> rows = {
-        {{"bar"}, {36, 5}},
-        {{"Zeichnen ein/aus (⌃⌥D)", "Whiteboard (⌃⌥W)"}, kButton, 6},
-        {{"Spotlight (⌃⌥S) — Größe ändern: ⌥ + Scrollen", "Cursor-Ring: Mauszeiger dauerhaft hervorheben"},
-         kButton,
-         6},
-        {{"Klicks anzeigen (⌃⌥K)", "Auto-Fade: Zeichnungen lösen sich nach 4 Sekunden auf"}, kButton, 6},
-        {{"Zeichnung anpinnen: bleibt stehen, Klicks gehen durch (⌃⌥P)"}, kButton},
-        {{"bar"}, kSeparator},
-        {{"Stift", "Textmarker"}, kButton, 6},
-        {{"Linie", "Pfeil"}, kButton, 6},
-        {{"Rechteck", "Ellipse"}, kButton, 6},
-        {{"Text (klicken, tippen, Enter)", "Rückgängig (⌘Z)"}, kButton, 6},
-        {{"bar"}, kSeparator},
-        {{"Farbe", "Farbe", "Farbe", "Farbe"}, kSwatch, 5},
-        {{"Farbe", "Farbe", "Farbe", "Farbe"}, kSwatch, 5},
-        {{"Strichstärke", "Strichstärke", "Strichstärke"}, {26, 24}, 5},
-        {{"bar"}, kSeparator},
-        {{"Werkzeugleiste hell/dunkel", "Alles löschen",
-          "Leiste ausblenden — wieder einblenden mit ⌃⌥T oder übers Menüleisten-Symbol", "Zeigewerk beenden"},
-         kSmall,
-         5},
+    // A table, one row a line where it fits.
+    // clang-format off
+    static const QList<ToolbarRow> rows = {
+        {{36, 5}, 0, {"bar"}},
+        {kButton, 6, {"Zeichnen ein/aus (⌃⌥D)", "Whiteboard (⌃⌥W)"}},
+        {kButton, 6, {"Spotlight (⌃⌥S) — Größe ändern: ⌥ + Scrollen",
+                      "Cursor-Ring: Mauszeiger dauerhaft hervorheben"}},
+        {kButton, 6, {"Klicks anzeigen (⌃⌥K)", "Auto-Fade: Zeichnungen lösen sich nach 4 Sekunden auf"}},
+        {kButton, 0, {"Zeichnung anpinnen: bleibt stehen, Klicks gehen durch (⌃⌥P)"}},
+        {kSeparator, 0, {"bar"}},
+        {kButton, 6, {"Stift", "Textmarker"}},
+        {kButton, 6, {"Linie", "Pfeil"}},
+        {kButton, 6, {"Rechteck", "Ellipse"}},
+        {kButton, 6, {"Text (klicken, tippen, Enter)", "Rückgängig (⌘Z)"}},
+        {kSeparator, 0, {"bar"}},
+        {kSwatch, 5, {"Farbe", "Farbe", "Farbe", "Farbe"}},
+        {kSwatch, 5, {"Farbe", "Farbe", "Farbe", "Farbe"}},
+        {{26, 24}, 5, {"Strichstärke", "Strichstärke", "Strichstärke"}},
+        {kSeparator, 0, {"bar"}},
+        {kSmall, 5, {"Werkzeugleiste hell/dunkel",
+                     "Alles löschen",
+                     "Leiste ausblenden — wieder einblenden mit ⌃⌥T oder übers Menüleisten-Symbol",
+                     "Zeigewerk beenden"}},
     };
+    // clang-format on
     return rows;
 }
 
@@ -82,24 +84,24 @@ class ToolbarTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void sixteenRowsLieAsTheyShould();
-    void marginsLeaveALittleMoreAtTheBottom();
+    void theSixteenRowsAreLaidOutAsDesigned();
+    void theBottomMarginIsALittleLarger();
     void eachButtonShowsItsSymbol_data();
     void eachButtonShowsItsSymbol();
-    void tooltipsAreTheNames();
-    void tagsCountTheChoices();
-    void widthButtonsShowDotsFourPointsWider();
+    void eachTooltipIsTheNameOfItsButton();
+    void tagsNumberTheChoices();
+    void widthButtonsShowDotsFourPointsWiderThanTheLine();
     void modeAndToolButtonsHaveRoundedCorners();
-    void thePanelIsShownOnceItIsBuilt();
+    void thePanelIsShownAtStartup();
 };
 
-void ToolbarTest::sixteenRowsLieAsTheyShould()
+void ToolbarTest::theSixteenRowsAreLaidOutAsDesigned()
 {
     Controller controller;
     const auto rows = rowsOf(*controller.app().toolbar()->panel);
     QCOMPARE(rows.size(), 16);
     for (int i = 0; i < rows.size(); ++i) {
-        const Row &expected = expectedRows().at(i);
+        const ToolbarRow &expected = expectedRows().at(i);
         QStringList names;
         for (const QWidget *widget : rows.at(i)) {
             names.append(nameOf(widget));
@@ -110,14 +112,14 @@ void ToolbarTest::sixteenRowsLieAsTheyShould()
             QCOMPARE(rows[i][column]->x() - rows[i][column - 1]->geometry().right() - 1, expected.spacing);
         if (i > 0)
             QCOMPARE(rows[i][0]->y() - rows[i - 1][0]->geometry().bottom() - 1, 7);
-        // Centred, to half a point.
+        // Centred to within half a point.
         const int left = rows[i].front()->x();
         const int right = controller.app().toolbar()->panel->width() - rows[i].back()->geometry().right() - 1;
         QVERIFY(std::abs(left - right) <= 1);
     }
 }
 
-void ToolbarTest::marginsLeaveALittleMoreAtTheBottom()
+void ToolbarTest::theBottomMarginIsALittleLarger()
 {
     Controller controller;
     const Panel &panel = *controller.app().toolbar()->panel;
@@ -125,7 +127,7 @@ void ToolbarTest::marginsLeaveALittleMoreAtTheBottom()
     const QRect frame = panel.frameRect();
     QCOMPARE(rows.front().front()->y() - frame.top(), 10);
     QCOMPARE(frame.bottom() - rows.back().front()->geometry().bottom(), 12);
-    // The last row is the widest and decides the width.
+    // The last row is the widest, so it determines the width.
     QCOMPARE(rows.back().front()->x() - frame.left(), 12);
     QCOMPARE(frame.right() - rows.back().back()->geometry().right(), 12);
     QCOMPARE(frame.size(), QSize(4 * 28 + 3 * 5 + 24, 477));
@@ -171,7 +173,7 @@ void ToolbarTest::eachButtonShowsItsSymbol()
     QVERIFY(button->text().isEmpty());
 }
 
-void ToolbarTest::tooltipsAreTheNames()
+void ToolbarTest::eachTooltipIsTheNameOfItsButton()
 {
     Controller controller;
     const Toolbar &bar = *controller.app().toolbar();
@@ -182,7 +184,7 @@ void ToolbarTest::tooltipsAreTheNames()
     QCOMPARE(bar.allButtons().size(), 7U + 7U + 8U + 3U + 5U);
 }
 
-void ToolbarTest::tagsCountTheChoices()
+void ToolbarTest::tagsNumberTheChoices()
 {
     Controller controller;
     const Toolbar &bar = *controller.app().toolbar();
@@ -205,7 +207,7 @@ void ToolbarTest::tagsCountTheChoices()
     QCOMPARE(misc, QStringList({"Rückgängig", "Alles", "Leiste", "Zeigewerk"}));
 }
 
-void ToolbarTest::widthButtonsShowDotsFourPointsWider()
+void ToolbarTest::widthButtonsShowDotsFourPointsWiderThanTheLine()
 {
     Controller controller;
     const auto &buttons = controller.app().toolbar()->widthButtons;
@@ -239,7 +241,7 @@ void ToolbarTest::modeAndToolButtonsHaveRoundedCorners()
     QCOMPARE(bar.widthButtons.front()->layer().cornerRadius, 7.0);
 }
 
-void ToolbarTest::thePanelIsShownOnceItIsBuilt()
+void ToolbarTest::thePanelIsShownAtStartup()
 {
     Controller controller;
     QVERIFY(controller.app().toolbar()->window->isVisible());

@@ -47,15 +47,16 @@ void UnknownPointerTest::theDesktopIsToldWhenSomethingFollowsThePointer_data()
     QTest::addColumn<QString>("operations");
     QTest::addColumn<bool>("follows");
 
-    // clang-format off: a table, one row a line
-    QTest::newRow("at the start") << "" << false;
-    QTest::newRow("spotlight") << "s" << true;
-    QTest::newRow("ring") << "r" << true;
-    QTest::newRow("spotlight on and off") << "ss" << false;
-    QTest::newRow("both, one of them ended") << "srs" << true;
-    QTest::newRow("Esc ends the spotlight") << "se" << false;
-    QTest::newRow("Esc leaves the ring") << "sre" << true;
-    QTest::newRow("every other mode") << "dwpkf" << false;
+    // A table, one row a line.
+    // clang-format off
+    QTest::newRow("at the start")            << ""      << false;
+    QTest::newRow("spotlight")               << "s"     << true;
+    QTest::newRow("ring")                    << "r"     << true;
+    QTest::newRow("spotlight on and off")    << "ss"    << false;
+    QTest::newRow("both, one of them ended") << "srs"   << true;
+    QTest::newRow("Esc ends the spotlight")  << "se"    << false;
+    QTest::newRow("Esc leaves the ring")     << "sre"   << true;
+    QTest::newRow("every other mode")        << "dwpkf" << false;
     // clang-format on
 }
 

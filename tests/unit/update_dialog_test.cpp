@@ -39,52 +39,46 @@ class UpdateDialogTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itSays_data();
-    void itSays();
-    void everyFailureHasItsSentence();
-    void itIsAsHighAsItsText();
-    void itsFrameIsItsEdge_data();
-    void itsFrameIsItsEdge();
-    void itTellsWhatIsClicked();
-    void answersAreNews_data();
-    void answersAreNews();
+    void theDialogShowsTheNews_data();
+    void theDialogShowsTheNews();
+    void everyFailureHasItsOwnSentence();
+    void itsHeightFitsItsText();
+    void itsFrameIsAtTheEdge_data();
+    void itsFrameIsAtTheEdge();
+    void itsButtonsRequestOpeningAndClosing();
+    void eachAnswerBecomesNews_data();
+    void eachAnswerBecomesNews();
 };
 
-void UpdateDialogTest::itSays_data()
+void UpdateDialogTest::theDialogShowsTheNews_data()
 {
     QTest::addColumn<UpdateNews>("news");
     QTest::addColumn<QStringList>("texts");
     QTest::addColumn<QStringList>("buttons");
-    QTest::newRow("searching") << UpdateNews(Searching{}) << QStringList{"Nach Updates wird gesucht …"}
-                               << QStringList{"Abbrechen"};
-    QTest::newRow("up to date") << UpdateNews(UpToDate{kInstalled})
-                                << QStringList{"Zeigewerk ist auf dem neuesten Stand.",
-                                               "Installiert ist Version 1.1."}
-                                << QStringList{"Schließen"};
-    const QStringList newer = {"Version 1.2 ist verfügbar.", "Installiert ist Version 1.1."};
-    QTest::newRow("a new version") << UpdateNews(NewVersion{"1.2", kInstalled, kPage}) << newer
-                                   << QStringList{"Später", "Download-Seite öffnen"};
-    QTest::newRow("a new version without a page")
-        << UpdateNews(NewVersion{"1.2", kInstalled, std::nullopt}) << newer << QStringList{"Später"};
-    QTest::newRow("a page that does not open")
-        << UpdateNews(PageNotOpened{kPage})
-        << QStringList{"Die Seite ließ sich nicht öffnen.", "https://zeigewerk.example/get"}
-        << QStringList{"Schließen"};
-    QTest::newRow("a failure") << UpdateNews(FeedFailure::TooLarge)
-                               << QStringList{"Die Suche nach Updates ist fehlgeschlagen.",
-                                              "Die Antwort des Servers ist zu groß."}
-                               << QStringList{"Schließen"};
-    QTest::newRow("markup is text") << UpdateNews(NewVersion{"<b>1.2</b>", kInstalled, std::nullopt})
-                                    << QStringList{"Version <b>1.2</b> ist verfügbar.",
-                                                   "Installiert ist Version 1.1."}
-                                    << QStringList{"Später"};
+    const auto row = [](const char *name, const UpdateNews &news, const QStringList &texts,
+                        const QStringList &buttons) { QTest::newRow(name) << news << texts << buttons; };
+    const QString installed = "Installiert ist Version 1.1.";
+    const QString failed = "Die Suche nach Updates ist fehlgeschlagen.";
+    const QStringList newer = {"Version 1.2 ist verfügbar.", installed};
+    const QStringList notOpened = {"Die Seite ließ sich nicht öffnen.", "https://zeigewerk.example/get"};
+    const NewVersion withPage{"1.2", kInstalled, kPage};
+    const NewVersion withoutPage{"1.2", kInstalled, std::nullopt};
+    const NewVersion withMarkup{"<b>1.2</b>", kInstalled, std::nullopt};
+    row("searching", Searching{}, {"Nach Updates wird gesucht …"}, {"Abbrechen"});
+    row("up to date", UpToDate{kInstalled}, {"Zeigewerk ist auf dem neuesten Stand.", installed},
+        {"Schließen"});
+    row("a new version", withPage, newer, {"Später", "Download-Seite öffnen"});
+    row("a new version without a page", withoutPage, newer, {"Später"});
+    row("a page that does not open", PageNotOpened{kPage}, notOpened, {"Schließen"});
+    row("a failure", FeedFailure::TooLarge, {failed, "Die Antwort des Servers ist zu groß."}, {"Schließen"});
+    row("markup is text", withMarkup, {"Version <b>1.2</b> ist verfügbar.", installed}, {"Später"});
 }
 
-void UpdateDialogTest::itSays()
+void UpdateDialogTest::theDialogShowsTheNews()
 {
     QFETCH(UpdateNews, news);
     UpdateDialog dialog;
-    // Nothing may be left of what it said before.
+    // Nothing of the previous news may remain.
     dialog.setNews(NewVersion{"9", kInstalled, kPage});
     dialog.setNews(news);
     QTEST(shownTexts<QLabel>(dialog), "texts");
@@ -93,7 +87,7 @@ void UpdateDialogTest::itSays()
         QCOMPARE(label->textFormat(), Qt::PlainText);
 }
 
-void UpdateDialogTest::everyFailureHasItsSentence()
+void UpdateDialogTest::everyFailureHasItsOwnSentence()
 {
     QSet<QString> sentences;
     for (int i = 0; i <= static_cast<int>(FeedFailure::NoProcess); ++i) {
@@ -105,7 +99,7 @@ void UpdateDialogTest::everyFailureHasItsSentence()
     QCOMPARE(sentences.size(), static_cast<int>(FeedFailure::NoProcess) + 1);
 }
 
-void UpdateDialogTest::itIsAsHighAsItsText()
+void UpdateDialogTest::itsHeightFitsItsText()
 {
     UpdateDialog dialog;
     dialog.show();
@@ -119,7 +113,7 @@ void UpdateDialogTest::itIsAsHighAsItsText()
     QCOMPARE(dialog.height(), height);
 }
 
-void UpdateDialogTest::itTellsWhatIsClicked()
+void UpdateDialogTest::itsButtonsRequestOpeningAndClosing()
 {
     UpdateDialog dialog;
     dialog.setNews(NewVersion{"1.2", kInstalled, kPage});
@@ -136,14 +130,14 @@ void UpdateDialogTest::itTellsWhatIsClicked()
     QVERIFY(dialog.isVisible());
 }
 
-void UpdateDialogTest::itsFrameIsItsEdge_data()
+void UpdateDialogTest::itsFrameIsAtTheEdge_data()
 {
     QTest::addColumn<double>("scale");
     for (const double scale : {1.0, 1.5, 2.0})
         QTest::addRow("scale %g", scale) << scale;
 }
 
-void UpdateDialogTest::itsFrameIsItsEdge()
+void UpdateDialogTest::itsFrameIsAtTheEdge()
 {
     QFETCH(double, scale);
     UpdateDialog dialog;
@@ -161,26 +155,27 @@ void UpdateDialogTest::itsFrameIsItsEdge()
     QCOMPARE(picture.pixel(2 * qCeil(scale), middle.y()), dialog.palette().color(QPalette::Window).rgb());
 }
 
-void UpdateDialogTest::answersAreNews_data()
+void UpdateDialogTest::eachAnswerBecomesNews_data()
 {
     QTest::addColumn<FeedAnswer>("answer");
     QTest::addColumn<UpdateNews>("expected");
-    const UpdateNews upToDate = UpToDate{kInstalled};
-    QTest::newRow("failure") << FeedAnswer(FeedFailure::TooSlow) << UpdateNews(FeedFailure::TooSlow);
-    QTest::newRow("no version") << FeedAnswer(std::optional<FeedItem>()) << upToDate;
-    QTest::newRow("this version") << item("1.1", "2.0") << upToDate;
-    QTest::newRow("an older one") << item("1.1rc1", "2.0") << upToDate;
-    QTest::newRow("a newer one") << item("1.2", "Zwei") << UpdateNews(NewVersion{"Zwei", kInstalled, kPage});
-    QTest::newRow("a page that is not allowed") << item("1.2", "1.2", "http://zeigewerk.example/get")
-                                                << UpdateNews(NewVersion{"1.2", kInstalled, std::nullopt});
-    QTest::newRow("a file for a page")
-        << item("1.2", "1.2", "file:///bin/sh") << UpdateNews(NewVersion{"1.2", kInstalled, std::nullopt});
-    QTest::newRow("a name that turns the text around")
-        << item("1.2", QStringLiteral("1.2\u202e\u0007 neu"))
-        << UpdateNews(NewVersion{"1.2 neu", kInstalled, kPage});
+    const auto row = [](const char *name, const FeedAnswer &answer, const UpdateNews &expected) {
+        QTest::newRow(name) << answer << expected;
+    };
+    const UpToDate upToDate{kInstalled};
+    const NewVersion withoutPage{"1.2", kInstalled, std::nullopt};
+    const QString reversing = QStringLiteral("1.2\u202e\u0007 neu");
+    row("failure", FeedFailure::TooSlow, FeedFailure::TooSlow);
+    row("no version", std::optional<FeedItem>(), upToDate);
+    row("this version", item("1.1", "2.0"), upToDate);
+    row("an older version", item("1.1rc1", "2.0"), upToDate);
+    row("a newer version", item("1.2", "Zwei"), NewVersion{"Zwei", kInstalled, kPage});
+    row("a page that is not allowed", item("1.2", "1.2", "http://zeigewerk.example/get"), withoutPage);
+    row("a file as the page", item("1.2", "1.2", "file:///bin/sh"), withoutPage);
+    row("a name that reverses the text", item("1.2", reversing), NewVersion{"1.2 neu", kInstalled, kPage});
 }
 
-void UpdateDialogTest::answersAreNews()
+void UpdateDialogTest::eachAnswerBecomesNews()
 {
     QFETCH(FeedAnswer, answer);
     QFETCH(UpdateNews, expected);

@@ -1,4 +1,4 @@
-// What comes of a search, with a server that has a feed.
+// The results of checks for updates against a local server.
 
 #include "registered_test.h"
 #include "updater_fixture.h"
@@ -14,50 +14,51 @@ class UpdaterControllerTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void whoAsksIsTold_data();
-    void whoAsksIsTold();
-    void theFirstSearchTellsOnlyOfANewerVersion_data();
-    void theFirstSearchTellsOnlyOfANewerVersion();
-    void addressesThatAreNoneAreToldWhenAsked_data();
-    void addressesThatAreNoneAreToldWhenAsked();
-    void aServerThatTakesTooLongIsTooSlow_data();
-    void aServerThatTakesTooLongIsTooSlow();
-    void aProgramThatIsMissingOrFailsIsTold_data();
-    void aProgramThatIsMissingOrFailsIsTold();
-    void askingWhileItSearchesIsTheSameSearch();
-    void whoAsksFirstHasTheOnlySearch();
-    void whenItIsDoneNothingIsLeft();
-    void endingTheControllerEndsTheSearch();
+    void aRequestedCheckShowsItsResult_data();
+    void aRequestedCheckShowsItsResult();
+    void theAutomaticCheckReportsOnlyANewerVersion_data();
+    void theAutomaticCheckReportsOnlyANewerVersion();
+    void invalidAddressesAreReportedOnlyOnRequest_data();
+    void invalidAddressesAreReportedOnlyOnRequest();
+    void aServerThatExceedsTheTimeLimitIsTooSlow_data();
+    void aServerThatExceedsTheTimeLimitIsTooSlow();
+    void aMissingOrFailingFeedProgramIsReported_data();
+    void aMissingOrFailingFeedProgramIsReported();
+    void aRequestDuringACheckJoinsThatCheck();
+    void aRequestBeforeTheAutomaticCheckReplacesIt();
+    void aFinishedCheckLeavesNothingBehind();
+    void destroyingTheControllerEndsTheCheck();
 };
 
-void UpdaterControllerTest::whoAsksIsTold_data()
+void UpdaterControllerTest::aRequestedCheckShowsItsResult_data()
 {
-    QTest::addColumn<std::function<void(FeedServer &)>>("prepare");
+    using Server = FeedServer &;
+    using Prepare = std::function<void(Server)>;
+    QTest::addColumn<Prepare>("prepare");
     QTest::addColumn<UpdateNews>("expected");
-    const auto row = [](const char *name, auto prepare, const UpdateNews &expected) {
-        QTest::newRow(name) << std::function<void(FeedServer &)>(prepare) << expected;
+    const auto row = [](const char *name, const Prepare &prepare, const UpdateNews &expected) {
+        QTest::newRow(name) << prepare << expected;
     };
-    const auto version = [](const char *text) { return [text](FeedServer &server) { offer(server, text); }; };
+    const auto version = [](const char *text) { return [text](Server server) { offer(server, text); }; };
+    const auto body = [](const QByteArray &text) {
+        return [text](Server server) { server.serve(kFeed, text); };
+    };
+    const auto nothing = [](Server) {};
+    const auto tooMuch = [](Server server) { server.serveManyBytes(kFeed, qint64{100} * 1024 * 1024); };
+    const auto loop = [](Server server) { server.serveRedirect(kFeed, kFeed); };
     row("newer", version("1.2"), versionOf("1.2"));
-    row("newer by a digit more", version("1.10"), versionOf("1.10"));
+    row("newer by one more digit", version("1.10"), versionOf("1.10"));
     row("the same", version("1.1"), kUpToDate);
     row("older", version("1.0"), kUpToDate);
-    row("on its way to be this one", version("1.1b3"), kUpToDate);
-    row(
-        "none", [](FeedServer &server) { server.serve(kFeed, feedOf({})); }, kUpToDate);
-    row(
-        "no feed", [](FeedServer &server) { server.serve(kFeed, "Hello"); }, FeedFailure::NotReadable);
-    row(
-        "nothing there", [](FeedServer &) {}, FeedFailure::NotFound);
-    row(
-        "too much", [](FeedServer &server) { server.serveMany(kFeed, qint64{100} * 1024 * 1024); },
-        FeedFailure::TooLarge);
-    row(
-        "going round", [](FeedServer &server) { server.serveRedirect(kFeed, kFeed); },
-        FeedFailure::BadRedirect);
+    row("a beta of this version", version("1.1b3"), kUpToDate);
+    row("no version", body(feedOf({})), kUpToDate);
+    row("not a feed", body("Hello"), FeedFailure::NotReadable);
+    row("nothing there", nothing, FeedFailure::NotFound);
+    row("too much", tooMuch, FeedFailure::TooLarge);
+    row("a redirect to itself", loop, FeedFailure::BadRedirect);
 }
 
-void UpdaterControllerTest::whoAsksIsTold()
+void UpdaterControllerTest::aRequestedCheckShowsItsResult()
 {
     QFETCH(std::function<void(FeedServer &)>, prepare);
     QFETCH(UpdateNews, expected);
@@ -72,40 +73,40 @@ void UpdaterControllerTest::whoAsksIsTold()
     QVERIFY(updater.opened.isEmpty());
 }
 
-void UpdaterControllerTest::theFirstSearchTellsOnlyOfANewerVersion_data()
+void UpdaterControllerTest::theAutomaticCheckReportsOnlyANewerVersion_data()
 {
     QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<bool>("isTold");
+    QTest::addColumn<bool>("isReported");
     QTest::newRow("newer") << feedOf(itemOf("1.2")) << true;
     QTest::newRow("the same") << feedOf(itemOf("1.1")) << false;
-    QTest::newRow("none") << feedOf({}) << false;
-    QTest::newRow("no feed") << QByteArray("Hello") << false;
+    QTest::newRow("no version") << feedOf({}) << false;
+    QTest::newRow("not a feed") << QByteArray("Hello") << false;
 }
 
-void UpdaterControllerTest::theFirstSearchTellsOnlyOfANewerVersion()
+void UpdaterControllerTest::theAutomaticCheckReportsOnlyANewerVersion()
 {
     QFETCH(QByteArray, body);
-    QFETCH(bool, isTold);
+    QFETCH(bool, isReported);
     FeedServer server;
     server.serve(kFeed, body);
     Updater updater(server.address(kFeed), 0ms);
     QVERIFY(updater.waitForNews());
-    QCOMPARE(updater.isShown(versionOf("1.2")), isTold);
-    QCOMPARE(updater.controller().dialog() != nullptr, isTold);
+    QCOMPARE(updater.isShown(versionOf("1.2")), isReported);
+    QCOMPARE(updater.controller().dialog() != nullptr, isReported);
 }
 
-void UpdaterControllerTest::addressesThatAreNoneAreToldWhenAsked_data()
+void UpdaterControllerTest::invalidAddressesAreReportedOnlyOnRequest_data()
 {
     QTest::addColumn<QString>("address");
     for (const char *address : {"", "nonsense", "file:///etc/passwd", "http://192.0.2.1/feed", "--help"})
         QTest::newRow(address) << QString::fromLatin1(address);
 }
 
-void UpdaterControllerTest::addressesThatAreNoneAreToldWhenAsked()
+void UpdaterControllerTest::invalidAddressesAreReportedOnlyOnRequest()
 {
     QFETCH(QString, address);
     Updater updater(address, 0ms);
-    // No process is needed to know that.
+    // This needs no feed process.
     updater.setup.feedProgram = QStringLiteral("/nowhere");
     QVERIFY(updater.waitForNews());
     QVERIFY(!updater.controller().dialog());
@@ -113,21 +114,21 @@ void UpdaterControllerTest::addressesThatAreNoneAreToldWhenAsked()
     QVERIFY(updater.isShown(FeedFailure::BadAddress));
 }
 
-void UpdaterControllerTest::aServerThatTakesTooLongIsTooSlow_data()
+void UpdaterControllerTest::aServerThatExceedsTheTimeLimitIsTooSlow_data()
 {
     QTest::addColumn<bool>("doesAnswer");
     QTest::newRow("no answer") << false;
-    QTest::newRow("an answer in drops") << true;
+    QTest::newRow("an answer byte by byte") << true;
 }
 
-void UpdaterControllerTest::aServerThatTakesTooLongIsTooSlow()
+void UpdaterControllerTest::aServerThatExceedsTheTimeLimitIsTooSlow()
 {
     QFETCH(bool, doesAnswer);
     FeedServer server;
     if (doesAnswer)
         server.serveSlowly(kFeed);
     else
-        server.serveNothing(kFeed);
+        server.serveLater(kFeed);
     Updater updater(server.address(kFeed));
     updater.setup.timeLimit = 500ms;
     updater.controller().checkForUpdates();
@@ -136,16 +137,16 @@ void UpdaterControllerTest::aServerThatTakesTooLongIsTooSlow()
     QTRY_COMPARE(server.openConnections(), 0);
 }
 
-void UpdaterControllerTest::aProgramThatIsMissingOrFailsIsTold_data()
+void UpdaterControllerTest::aMissingOrFailingFeedProgramIsReported_data()
 {
     QTest::addColumn<QString>("program");
     QTest::newRow("missing") << QStringLiteral("/nowhere/zeigewerk-feed");
-    QTest::newRow("no program") << QStringLiteral("/etc/passwd");
+    QTest::newRow("not a program") << QStringLiteral("/etc/passwd");
     QTest::newRow("failing") << QStringLiteral("/bin/false");
     QTest::newRow("writing something else") << QStringLiteral("/bin/echo");
 }
 
-void UpdaterControllerTest::aProgramThatIsMissingOrFailsIsTold()
+void UpdaterControllerTest::aMissingOrFailingFeedProgramIsReported()
 {
     QFETCH(QString, program);
     Updater updater(QStringLiteral("https://zeigewerk.example/"));
@@ -155,10 +156,10 @@ void UpdaterControllerTest::aProgramThatIsMissingOrFailsIsTold()
     QVERIFY(updater.isShown(FeedFailure::NoProcess));
 }
 
-void UpdaterControllerTest::askingWhileItSearchesIsTheSameSearch()
+void UpdaterControllerTest::aRequestDuringACheckJoinsThatCheck()
 {
     FeedServer server;
-    server.serveNothing(kFeed);
+    server.serveLater(kFeed);
     Updater updater(server.address(kFeed), 0ms);
     updater.controller();
     QTRY_COMPARE(server.requests().size(), 1);
@@ -173,9 +174,9 @@ void UpdaterControllerTest::askingWhileItSearchesIsTheSameSearch()
     QCOMPARE(server.requests().size(), 1);
 }
 
-void UpdaterControllerTest::whoAsksFirstHasTheOnlySearch()
+void UpdaterControllerTest::aRequestBeforeTheAutomaticCheckReplacesIt()
 {
-    // The answer is there at once, before the first search has had its turn.
+    // The answer arrives at once, before the automatic check has had its turn.
     Updater updater(QStringLiteral("nonsense"), 0ms);
     updater.controller().checkForUpdates();
     QCOMPARE(updater.news.size(), 1);
@@ -185,7 +186,7 @@ void UpdaterControllerTest::whoAsksFirstHasTheOnlySearch()
     QCOMPARE(updater.news.size(), 1);
 }
 
-void UpdaterControllerTest::whenItIsDoneNothingIsLeft()
+void UpdaterControllerTest::aFinishedCheckLeavesNothingBehind()
 {
     FeedServer server;
     server.serve(kFeed, feedOf({}));
@@ -198,10 +199,10 @@ void UpdaterControllerTest::whenItIsDoneNothingIsLeft()
     QTRY_COMPARE(server.openConnections(), 0);
 }
 
-void UpdaterControllerTest::endingTheControllerEndsTheSearch()
+void UpdaterControllerTest::destroyingTheControllerEndsTheCheck()
 {
     FeedServer server;
-    server.serveNothing(kFeed);
+    server.serveLater(kFeed);
     {
         Updater updater(server.address(kFeed));
         updater.controller().checkForUpdates();

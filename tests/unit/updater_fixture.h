@@ -1,4 +1,4 @@
-// The controller with the process that reads feeds, and what it does.
+// The update controller with the real feed process, and a record of what it does.
 #pragma once
 
 #include "feed_server.h"
@@ -16,10 +16,10 @@ namespace zeigewerk::test {
 inline const QString kFeed = QStringLiteral("/feed");
 inline const QUrl kNewPage(QStringLiteral("https://zeigewerk.example/get"));
 
-/// Longer than any test; the first search then is the one that the test asks for.
+/// Longer than any test, so that only the checks run that the test requests.
 inline constexpr auto kNever = std::chrono::hours(1);
 
-/// A controller of version 1.1, and what it does.
+/// A controller of version 1.1, and a record of what it does.
 class Updater
 {
 public:
@@ -41,7 +41,7 @@ public:
         if (!m_controller) {
             m_controller.emplace(desktop, setup);
             QObject::connect(&*m_controller, &UpdaterController::checked, &*m_controller,
-                             [this](const UpdateNews &told) { news += told; });
+                             [this](const UpdateNews &result) { news += result; });
         }
         return *m_controller;
     }
@@ -51,10 +51,10 @@ public:
         controller();
         return QTest::qWaitFor([&] { return news.size() >= count; }, 30'000);
     }
-    bool isShown(const UpdateNews &told)
+    bool isShown(const UpdateNews &expected)
     {
         const UpdateDialog *dialog = controller().dialog();
-        return dialog && dialog->isVisible() && dialog->news() == told;
+        return dialog && dialog->isVisible() && dialog->news() == expected;
     }
     void click(const QString &title)
     {
@@ -83,7 +83,7 @@ inline NewVersion versionOf(const char *version)
 
 inline const UpdateNews kUpToDate = UpToDate{QStringLiteral("1.1")};
 
-/// A server that has that version.
+/// Has the server offer that version.
 inline void offer(FeedServer &server, const QByteArray &version)
 {
     server.serve(kFeed, feedOf(itemOf(version)));

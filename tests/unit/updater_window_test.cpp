@@ -1,4 +1,4 @@
-// The dialog of a search: when it comes, where it stands, what its buttons do.
+// The dialog of the update check: when it opens, where it is, and what its buttons do.
 
 #include "registered_test.h"
 #include "updater_fixture.h"
@@ -12,14 +12,14 @@ class UpdaterWindowTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void anOpenDialogComesToTheFrontWithWhatIsNew();
-    void closingTheDialogEndsTheSearch();
-    void thePageOpensAndTheDialogCloses();
-    void aPageThatDoesNotOpenIsTold();
-    void theDialogIsInTheMiddleOfTheScreenWithThePointer();
+    void anOpenDialogIsRaisedWithTheLatestNews();
+    void closingTheDialogEndsTheCheck();
+    void openingThePageClosesTheDialog();
+    void aPageThatDoesNotOpenIsReported();
+    void theDialogIsCentredOnTheScreenWithThePointer();
 };
 
-void UpdaterWindowTest::anOpenDialogComesToTheFrontWithWhatIsNew()
+void UpdaterWindowTest::anOpenDialogIsRaisedWithTheLatestNews()
 {
     FeedServer server;
     offer(server, "1.2");
@@ -38,10 +38,10 @@ void UpdaterWindowTest::anOpenDialogComesToTheFrontWithWhatIsNew()
     QCOMPARE(updater.desktop.takeLog(), QStringList({front, front}));
 }
 
-void UpdaterWindowTest::closingTheDialogEndsTheSearch()
+void UpdaterWindowTest::closingTheDialogEndsTheCheck()
 {
     FeedServer server;
-    server.serveNothing(kFeed);
+    server.serveLater(kFeed);
     Updater updater(server.address(kFeed));
     updater.controller().checkForUpdates();
     QTRY_COMPARE(server.openConnections(), 1);
@@ -50,7 +50,7 @@ void UpdaterWindowTest::closingTheDialogEndsTheSearch()
     QVERIFY(!updater.controller().isChecking());
     QTRY_COMPARE(server.openConnections(), 0);
     QVERIFY(updater.news.isEmpty());
-    // And another can begin.
+    // Another check can begin.
     offer(server, "1.2");
     updater.controller().checkForUpdates();
     QVERIFY(updater.waitForNews());
@@ -60,7 +60,7 @@ void UpdaterWindowTest::closingTheDialogEndsTheSearch()
     QVERIFY(updater.opened.isEmpty());
 }
 
-void UpdaterWindowTest::thePageOpensAndTheDialogCloses()
+void UpdaterWindowTest::openingThePageClosesTheDialog()
 {
     FeedServer server;
     offer(server, "1.2");
@@ -71,7 +71,7 @@ void UpdaterWindowTest::thePageOpensAndTheDialogCloses()
     QCOMPARE(updater.opened, QList<QUrl>{kNewPage});
 }
 
-void UpdaterWindowTest::aPageThatDoesNotOpenIsTold()
+void UpdaterWindowTest::aPageThatDoesNotOpenIsReported()
 {
     FeedServer server;
     offer(server, "1.2");
@@ -84,7 +84,7 @@ void UpdaterWindowTest::aPageThatDoesNotOpenIsTold()
     QTRY_VERIFY(!updater.controller().dialog());
 }
 
-void UpdaterWindowTest::theDialogIsInTheMiddleOfTheScreenWithThePointer()
+void UpdaterWindowTest::theDialogIsCentredOnTheScreenWithThePointer()
 {
     using platform::Screen;
     Updater updater(QStringLiteral("nonsense"));
@@ -97,11 +97,11 @@ void UpdaterWindowTest::theDialogIsInTheMiddleOfTheScreenWithThePointer()
     const auto middle = [&] { return updater.controller().window()->frame().center().toPoint(); };
     QVERIFY(dialog.isVisible());
     QVERIFY((middle() - QPoint(1400, 500)).manhattanLength() <= 2);
-    // Its screen goes.
+    // Its screen is removed.
     updater.desktop.changeScreens(
         {Screen{.name = QStringLiteral("A"), .nativeFrame = {0, 0, 1000, 800}, .scale = 1, .frame = {}}});
     QVERIFY((middle() - QPoint(500, 400)).manhattanLength() <= 2);
-    // All of them, and one comes back.
+    // All screens are removed, and one comes back.
     updater.desktop.changeScreens({});
     updater.desktop.changeScreens(
         {Screen{.name = QStringLiteral("A"), .nativeFrame = {0, 0, 600, 400}, .scale = 1, .frame = {}}});

@@ -10,7 +10,7 @@ using namespace zeigewerk;
 
 namespace {
 
-/// A controller that starts with that settings file.
+/// A controller that starts with the given settings file.
 class Started
 {
 public:
@@ -44,14 +44,14 @@ class UserDefaultsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void settingsAreReadAtStart_data();
-    void settingsAreReadAtStart();
-    void whatIsWrittenIsReadAgain();
+    void settingsAreReadAtStartup_data();
+    void settingsAreReadAtStartup();
+    void writtenSettingsAreReadBack();
     void aChangeDoesNotWaitForTheDisk();
-    void theLastChangeIsOnTheDiskAtTheEnd();
+    void theLastChangeIsOnTheDiskAfterDestruction();
 };
 
-void UserDefaultsTest::settingsAreReadAtStart_data()
+void UserDefaultsTest::settingsAreReadAtStartup_data()
 {
     QTest::addColumn<QByteArray>("settings");
     QTest::addColumn<bool>("autoFadeOn");
@@ -72,17 +72,17 @@ void UserDefaultsTest::settingsAreReadAtStart_data()
     row("radius 120", "ZeigewerkSpotRadius=120\n", false, true, 120.0);
     row("radius 0", "ZeigewerkSpotRadius=0\n", false, true, 90.0);
     row("radius below 0", "ZeigewerkSpotRadius=-5\n", false, true, 90.0);
-    row("radius nan", "ZeigewerkSpotRadius=nan\n", false, true, 90.0);
+    row("radius not a number", "ZeigewerkSpotRadius=nan\n", false, true, 90.0);
     row("radius as text", "ZeigewerkSpotRadius=wide\n", false, true, 90.0);
     row("radius as a list", "ZeigewerkSpotRadius=1, 2\n", false, true, 90.0);
-    row("huge radius", "ZeigewerkSpotRadius=1e9\n", false, true, 1e9);
-    row("infinite radius", "ZeigewerkSpotRadius=inf\n", false, true, infinity);
-    row("tiny radius", "ZeigewerkSpotRadius=1e-300\n", false, true, 1e-300);
-    row("infinite below 0", "ZeigewerkSpotRadius=-inf\n", false, true, 90.0);
-    row("no settings at all", QByteArrayLiteral("\x01\xff[[[=\n\0"), false, true, 90.0);
+    row("radius huge", "ZeigewerkSpotRadius=1e9\n", false, true, 1e9);
+    row("radius infinite", "ZeigewerkSpotRadius=inf\n", false, true, infinity);
+    row("radius tiny", "ZeigewerkSpotRadius=1e-300\n", false, true, 1e-300);
+    row("radius minus infinity", "ZeigewerkSpotRadius=-inf\n", false, true, 90.0);
+    row("not a settings file", QByteArrayLiteral("\x01\xff[[[=\n\0"), false, true, 90.0);
 }
 
-void UserDefaultsTest::settingsAreReadAtStart()
+void UserDefaultsTest::settingsAreReadAtStartup()
 {
     QFETCH(QByteArray, settings);
     Started started(settings);
@@ -91,7 +91,7 @@ void UserDefaultsTest::settingsAreReadAtStart()
     QTEST(started.app().spotRadius(), "spotRadius");
 }
 
-void UserDefaultsTest::whatIsWrittenIsReadAgain()
+void UserDefaultsTest::writtenSettingsAreReadBack()
 {
     QTemporaryDir home;
     const QString file = home.filePath("settings.ini");
@@ -116,7 +116,7 @@ void UserDefaultsTest::aChangeDoesNotWaitForTheDisk()
     for (const double radius : {98.0, 106.0, 114.0}) {
         defaults.setDouble("c", radius);
         QCOMPARE(defaults.doubleForKey("c"), std::optional(radius));
-        // Nor does it after this turn of the event loop; timers do not fire here.
+        // Posted events do not write it either; timers do not fire here.
         QCoreApplication::sendPostedEvents();
         QVERIFY(!QFile::exists(file));
     }
@@ -124,7 +124,7 @@ void UserDefaultsTest::aChangeDoesNotWaitForTheDisk()
     QCOMPARE(UserDefaults(file).doubleForKey("c"), std::optional(114.0));
 }
 
-void UserDefaultsTest::theLastChangeIsOnTheDiskAtTheEnd()
+void UserDefaultsTest::theLastChangeIsOnTheDiskAfterDestruction()
 {
     QTemporaryDir home;
     const QString file = home.filePath("settings.ini");

@@ -7,7 +7,7 @@ using namespace zeigewerk;
 
 namespace {
 
-/// Each older than the next.
+/// Each version is older than the next.
 const QStringList kInOrder = {
     QStringLiteral("a"),
     QStringLiteral("b"),
@@ -49,12 +49,12 @@ class VersionOrderTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theyFollowEachOtherInThisOrder();
-    void someAreTheSame_data();
-    void someAreTheSame();
+    void versionsAreInThisOrder();
+    void differentlyWrittenVersionsCanBeEqual_data();
+    void differentlyWrittenVersionsCanBeEqual();
 };
 
-void VersionOrderTest::theyFollowEachOtherInThisOrder()
+void VersionOrderTest::versionsAreInThisOrder()
 {
     for (qsizetype i = 0; i < kInOrder.size(); ++i) {
         for (qsizetype j = 0; j < kInOrder.size(); ++j) {
@@ -64,20 +64,20 @@ void VersionOrderTest::theyFollowEachOtherInThisOrder()
     }
 }
 
-void VersionOrderTest::someAreTheSame_data()
+void VersionOrderTest::differentlyWrittenVersionsCanBeEqual_data()
 {
     QTest::addColumn<QString>("one");
     QTest::addColumn<QString>("other");
-    QTest::newRow("leading zeros") << "1.02"
-                                   << "01.2";
-    QTest::newRow("many leading zeros") << QString(QString(300, u'0') + u'7') << "7";
-    QTest::newRow("nothing but zeros") << "000"
-                                       << "0";
-    QTest::newRow("any separator is like any other") << "1.2-3_4"
-                                                     << "1-2 3.4";
+    const auto row = [](const char *name, const QString &one, const QString &other) {
+        QTest::newRow(name) << one << other;
+    };
+    row("leading zeros", "1.02", "01.2");
+    row("many leading zeros", QString(300, u'0') + u'7', "7");
+    row("only zeros", "000", "0");
+    row("all separators are alike", "1.2-3_4", "1-2 3.4");
 }
 
-void VersionOrderTest::someAreTheSame()
+void VersionOrderTest::differentlyWrittenVersionsCanBeEqual()
 {
     QFETCH(QString, one);
     QFETCH(QString, other);

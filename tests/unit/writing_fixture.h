@@ -18,7 +18,7 @@ public:
         begin();
     }
 
-    /// A press at that point, and the field that it opens.
+    /// Presses at that point, and returns the field that opens.
     TextField &open(QPointF point = {200, 300}, std::size_t screen = 0)
     {
         view(screen).mouseDown({point, {}});

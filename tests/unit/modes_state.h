@@ -1,4 +1,4 @@
-// What can be seen of the modes between two steps, as plain values.
+// The state of the modes as an observer sees it, as plain values.
 #pragma once
 
 #include <QPointF>
@@ -11,16 +11,16 @@
 
 namespace zeigewerk::test {
 
-/// Where the screens of the model lie in points, y up; it has the first few of them. They are small, as
+/// The frames of the screens, of which the model has the first few, in points, y up. They are small because
 /// showing an overlay clears its picture.
 inline const std::vector<QRectF> kModelScreens = {{0, 0, 100, 80}, {100, 20, 80, 60}, {180, 32, 64, 48}};
 
-/// One letter for each that is on: d draw, w whiteboard, s spotlight, k clicks, p pin, r cursor ring, f
+/// One letter for each mode that is on: d draw, w whiteboard, s spotlight, k clicks, p pin, r cursor ring, f
 /// auto-fade.
 QString lettersOf(const std::array<bool, 7> &isOn);
 
-/// What can be seen of the program between two steps.
-struct Seen
+/// What can be observed of the program, or is expected by the model, between two steps.
+struct ModesState
 {
     struct Mark
     {
@@ -36,46 +36,46 @@ struct Seen
         bool hasKeyboard = false;
         QPointF spotlight;
         std::vector<Mark> marks;
-        /// Where the stroke under way began.
+        /// Where the stroke in progress began.
         std::optional<double> stroke;
-        /// What stands in the open text field, and whether its window is as its overlay's.
+        /// The text of the open field, and whether the field's window is in sync with its overlay.
         std::optional<QString> text;
-        bool isFieldInStep = true;
+        bool isFieldInSync = true;
 
         friend bool operator==(const Screen &, const Screen &) = default;
     };
 
-    // The letters of what is on, by the flags themselves, the menu's check marks and the toolbar's buttons.
+    // The letters of the modes that are on: by their flags, the menu's check marks and the toolbar's buttons.
     QString flags;
     QString menu;
     QString buttons;
-    /// Whether the toolbar is dark, and whether it is there.
+    /// Whether the toolbar is dark and whether it is visible.
     bool dark = true;
     bool darkInMenu = true;
     bool toolbar = true;
     bool toolbarInMenu = true;
     bool isToolbarShown = true;
-    /// The chosen tool, colour and width by their places, and the same by the toolbar's buttons.
+    /// The indices of the chosen tool, colour and width, and the same as the toolbar's buttons show them.
     std::array<int, 3> choices{};
     std::array<int, 3> shownChoices{};
     std::vector<Screen> screens;
-    /// The screens of the marks that can be taken back, oldest first.
+    /// The screens of the marks that can be undone, oldest first.
     std::vector<std::size_t> order;
     bool isFollowing = false;
     bool isFadeTimerRunning = false;
-    int timesEscIsTaken = 0;
-    /// The middle of the cursor ring.
+    int escRegistrations = 0;
+    /// The centre of the cursor ring.
     std::optional<QPointF> ring;
-    bool hearsClicks = false;
-    bool hearsWheel = false;
-    /// The settings on disk, where they have been written.
+    bool monitorsClicks = false;
+    bool monitorsWheel = false;
+    /// The saved settings; empty before they are saved.
     std::optional<bool> storedFade;
     std::optional<bool> storedDark;
 
-    friend bool operator==(const Seen &, const Seen &) = default;
+    friend bool operator==(const ModesState &, const ModesState &) = default;
 };
 
-/// What two have that is not the same, as "name: one, other"; empty if they are equal.
-QString difference(const Seen &program, const Seen &model);
+/// Describes how the two differ; empty if they are equal.
+QString difference(const ModesState &program, const ModesState &model);
 
 } // namespace zeigewerk::test

@@ -1,4 +1,4 @@
-#include "modes_seen.h"
+#include "modes_state.h"
 
 #include <QStringList>
 
@@ -24,52 +24,53 @@ QString list(const Values &values, const Text &text)
 
 const auto asNumber = [](auto value) { return QString::number(value); };
 
-QString text(const Seen::Screen &screen)
+QString text(const ModesState::Screen &screen)
 {
-    const QString marks = list(screen.marks, [](const Seen::Mark &mark) {
-        return QStringLiteral("%1 of %2").arg(mark.x).arg(mark.finished);
+    const QString marks = list(screen.marks, [](const ModesState::Mark &mark) {
+        return QStringLiteral("%1 finished at %2").arg(mark.x).arg(mark.finished);
     });
     return QStringLiteral(
                "screen: shown %1, takes mouse %2, has keyboard %3, spotlight %4, marks %5, stroke %6, "
-               "text %7, field in step %8")
+               "text %7, field in sync %8")
         .arg(screen.isShown)
         .arg(screen.takesMouse)
         .arg(screen.hasKeyboard)
         .arg(text(screen.spotlight), marks)
         .arg(screen.stroke.value_or(-1))
         .arg(screen.text.value_or(QStringLiteral("none")))
-        .arg(screen.isFieldInStep);
+        .arg(screen.isFieldInSync);
 }
 
-QStringList lines(const Seen &seen)
+QStringList lines(const ModesState &state)
 {
     const auto line = [](const char *name, const QString &value) {
         return QStringLiteral("%1 %2").arg(QLatin1String(name), value);
     };
     QStringList lines = {
-        line("flags", seen.flags),
-        line("menu", seen.menu),
-        line("buttons", seen.buttons),
-        line("dark, in the menu", list(std::array{seen.dark, seen.darkInMenu}, asNumber)),
+        line("flags", state.flags),
+        line("menu", state.menu),
+        line("buttons", state.buttons),
+        line("dark, in the menu", list(std::array{state.dark, state.darkInMenu}, asNumber)),
         line("toolbar, in the menu, shown",
-             list(std::array{seen.toolbar, seen.toolbarInMenu, seen.isToolbarShown}, asNumber)),
-        line("choices", list(seen.choices, asNumber)),
-        line("shown choices", list(seen.shownChoices, asNumber)),
-        line("order", list(seen.order, asNumber)),
-        line("following, fading", list(std::array{seen.isFollowing, seen.isFadeTimerRunning}, asNumber)),
-        line("Esc taken", asNumber(seen.timesEscIsTaken)),
-        line("ring", seen.ring ? text(*seen.ring) : QStringLiteral("none")),
-        line("hears clicks, wheel", list(std::array{seen.hearsClicks, seen.hearsWheel}, asNumber)),
-        line("stored fade, dark", list(std::array{seen.storedFade, seen.storedDark},
+             list(std::array{state.toolbar, state.toolbarInMenu, state.isToolbarShown}, asNumber)),
+        line("choices", list(state.choices, asNumber)),
+        line("shown choices", list(state.shownChoices, asNumber)),
+        line("order", list(state.order, asNumber)),
+        line("follow timer, fade timer",
+             list(std::array{state.isFollowing, state.isFadeTimerRunning}, asNumber)),
+        line("Esc registered", asNumber(state.escRegistrations)),
+        line("ring", state.ring ? text(*state.ring) : QStringLiteral("none")),
+        line("monitors clicks, wheel", list(std::array{state.monitorsClicks, state.monitorsWheel}, asNumber)),
+        line("stored fade, dark", list(std::array{state.storedFade, state.storedDark},
                                        [](auto stored) { return asNumber(stored ? int(*stored) : -1); }))};
-    for (const Seen::Screen &screen : seen.screens)
+    for (const ModesState::Screen &screen : state.screens)
         lines += text(screen);
     return lines;
 }
 
 } // namespace
 
-QString difference(const Seen &program, const Seen &model)
+QString difference(const ModesState &program, const ModesState &model)
 {
     if (program == model)
         return {};
@@ -81,7 +82,7 @@ QString difference(const Seen &program, const Seen &model)
             differences +=
                 QStringLiteral("the program has %1, the model %2").arg(ofProgram.value(i), ofModel.value(i));
     }
-    return differences.isEmpty() ? QStringLiteral("something that has no line here")
+    return differences.isEmpty() ? QStringLiteral("a value that is not described here")
                                  : differences.join(QStringLiteral("; "));
 }
 

@@ -1,7 +1,7 @@
 // The floor: the least that a program can do to put the same ink on the same screen.
 #pragma once
 
-#include "stage.h"
+#include "instruments.h"
 
 namespace zeigewerk::bench {
 

@@ -1,6 +1,6 @@
+#include "instruments.h"
 #include "measures.h"
 #include "settings_file.h"
-#include "stage.h"
 
 namespace zeigewerk::bench {
 
@@ -19,7 +19,7 @@ double shareOfCore(Milliseconds spent)
 void measureSpotlight(Results &results, double rate, const Bars &bars)
 {
     rig::Presentation show(stageSetup());
-    Hand hand(show.session.client());
+    Mouse hand(show.session.client());
     const Path path = wander(kScreen);
     hand.moveTo(path(0));
     awaitRest(show.session, show.program.processId());
@@ -53,7 +53,7 @@ void measureFade(Results &results)
             [&] { return session.client().isOfProcess(session.client().inputFocus(), program.processId()); }))
         throw rig::RigError("drawing does not begin");
 
-    Hand hand(session.client());
+    Mouse hand(session.client());
     const Path path = wander(kScreen);
     const Costs before = Costs::of(session, program.processId());
     for (int shape = 0; shape < kShapes; ++shape)

@@ -1,5 +1,5 @@
+#include "instruments.h"
 #include "measures.h"
-#include "stage.h"
 
 namespace zeigewerk::bench {
 
@@ -55,7 +55,7 @@ void measureIdle(Results &results)
                 idle.footprint() - empty.footprint(), QStringLiteral("MiB"), {20.0, {}});
     measureWakeups(results, show.session, processId);
 
-    Hand hand(show.session.client());
+    Mouse hand(show.session.client());
     const Path path = wander(kScreen);
     show.hotKey(rig::Key::D);
     if (!rig::eventually([&] { return show.hasKeyboard(); }))

@@ -39,7 +39,7 @@ void addLatency(Results &results, const std::vector<double> &times, const QStrin
 /// With a stroke begun on the level path; ends it.
 std::vector<double> latency(rig::DesktopSession &session, qint64 programId)
 {
-    Hand hand(session.client());
+    Mouse hand(session.client());
     hand.moveTo(kLevelStart);
     hand.press();
     awaitRest(session, programId);

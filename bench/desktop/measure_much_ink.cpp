@@ -1,6 +1,6 @@
 #include "measures.h"
 #include "ongoing_stroke.h"
-#include "wander.h"
+#include "pen_path.h"
 
 #include <array>
 #include <optional>
@@ -26,11 +26,11 @@ struct Drawing
     double nextCost(double pace) { return stroke->nextCosts(kMeasured, pace).program.count(); }
 
     rig::Presentation show{stageSetup()};
-    Hand hand{show.session.client()};
+    Mouse hand{show.session.client()};
     std::optional<OngoingStroke> stroke;
 };
 
-void scribbleAll(Hand &hand)
+void scribbleAll(Mouse &hand)
 {
     for (int shape = 0; shape < kShapes; ++shape)
         hand.scribble(scattered(kScreen, shape).toPoint());

@@ -1,5 +1,5 @@
+#include "instruments.h"
 #include "measures.h"
-#include "stage.h"
 
 namespace zeigewerk::bench {
 

@@ -1,7 +1,7 @@
 // What the samples of a stroke cost.
 #pragma once
 
-#include "stage.h"
+#include "instruments.h"
 
 namespace zeigewerk::bench {
 
@@ -33,7 +33,7 @@ private:
 
     rig::DesktopSession &m_session;
     qint64 m_programId;
-    Hand m_hand;
+    Mouse m_hand;
     Path m_path;
     int m_next = 1;
 };

@@ -3,9 +3,9 @@
 
 #include "core/app_delegate.h"
 #include "drawing/render_shape.h"
+#include "pen_path.h"
 #include "platform/paint_damage.h"
 #include "recording/recording_desktop.h"
-#include "wander.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "absence.h"
+#include "paused_process.h"
 #include "presentation.h"
 #include "registered_test.h"
 
@@ -130,7 +130,7 @@ void CompositorScenarios::whatComesBackWhileTheCompositorIsBusyShows()
         QElapsedTimer busy;
         busy.start();
         // It finds all of this at once.
-        const Absence absence(on.session.compositorProcessId());
+        const PausedProcess absence(on.session.compositorProcessId());
         const bool hadToolbar = on.toolbar().has_value();
         for (int i = 0; i < kEvenCount; ++i)
             on.hotKey(Key::W);

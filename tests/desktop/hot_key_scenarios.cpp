@@ -23,7 +23,7 @@ void HotKeyScenarios::aTakenHotKeyLeavesTheOthers()
 {
     DesktopSession session;
     WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::blue);
-    HotKeyThief thief(session, {Key::Ctrl, Key::Alt}, Key::D);
+    KeyGrab thief(session, {Key::Ctrl, Key::Alt}, Key::D);
     Program program(session);
     QVERIFY(program.waitUntilReady());
 

@@ -140,12 +140,12 @@ void RigInputSelfTest::trialGrabFindsTheThiefAndNothingElse()
     const Modifiers modifiers = {Key::Ctrl, Key::Alt};
     QVERIFY(!isGrabbedByAnother(session, modifiers, Key::P));
     {
-        HotKeyThief thief(session, modifiers, Key::P);
+        KeyGrab thief(session, modifiers, Key::P);
         QVERIFY(isGrabbedByAnother(session, modifiers, Key::P));
         QVERIFY(!isGrabbedByAnother(session, modifiers, Key::D));
         QVERIFY(!isGrabbedByAnother(session, {Key::Ctrl}, Key::P));
         QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("hot key taken")));
-        QVERIFY_THROWS_EXCEPTION(RigError, HotKeyThief(session, modifiers, Key::P));
+        QVERIFY_THROWS_EXCEPTION(RigError, KeyGrab(session, modifiers, Key::P));
         QVERIFY(session.keyboard().setLock(Key::CapsLock, true));
         session.keyboard().chord(modifiers, Key::P);
         EVENTUALLY(thief.presses() == 1);

@@ -1,6 +1,6 @@
 // Accents that a presenter types by a dead key and a letter.
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 
@@ -15,7 +15,7 @@ DesktopSetup germanWith(const Environment &environment = {})
 }
 
 /// What the open field holds, as another program gets it.
-QString textIn(Writing &on, ClipboardUser &other)
+QString textIn(TextPresentation &on, ClipboardUser &other)
 {
     const QString before = "what was copied before";
     other.copy(before);
@@ -55,7 +55,7 @@ void TextAccentScenarios::aDeadKeyPutsItsAccentOnTheLetter_data()
 void TextAccentScenarios::aDeadKeyPutsItsAccentOnTheLetter()
 {
     QFETCH(Environment, environment);
-    Writing on(germanWith(environment));
+    TextPresentation on(germanWith(environment));
     ClipboardUser other(on.session);
     QVERIFY(on.open({300, 300}));
     const auto accented = [&on](const Modifiers &modifiers, Key accent, Key letter) {
@@ -73,7 +73,7 @@ void TextAccentScenarios::aDeadKeyPutsItsAccentOnTheLetter()
 
 void TextAccentScenarios::accentsComeOntoTheCanvas()
 {
-    Writing on(germanWith());
+    TextPresentation on(germanWith());
     ClipboardUser other(on.session);
     const QPoint typed(300, 300);
     const QPoint pasted(300, 500);

@@ -1,6 +1,6 @@
 // Who has the keyboard while a presenter's text field is open, and after it.
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
@@ -20,7 +20,7 @@ private Q_SLOTS:
 
 void TextKeyboardScenarios::noKeyIsLostHoweverFastTheHand()
 {
-    Writing on;
+    TextPresentation on;
     QVERIFY(on.open({100, 100}));
     on.session.keyboard().type("abcdefgh");
     on.session.keyboard().tap(Key::Return);
@@ -42,7 +42,7 @@ void TextKeyboardScenarios::aFieldWaitsWhileTheOtherScreenIsDrawnOn()
 {
     const QPoint left(300, 300);
     const QPoint right(1600, 300);
-    Writing on({.screens = {{0, 0, 1280, 1024}, {1280, 0, 1600, 900}}});
+    TextPresentation on({.screens = {{0, 0, 1280, 1024}, {1280, 0, 1600, 900}}});
     QVERIFY(on.open(left));
     on.session.keyboard().type("hier");
     QVERIFY(on.pick(button::kPen));
@@ -62,12 +62,12 @@ void TextKeyboardScenarios::aFieldWaitsWhileTheOtherScreenIsDrawnOn()
 
 void TextKeyboardScenarios::theKeyboardGoesBackFromTheField()
 {
-    Writing on;
+    TextPresentation on;
     QVERIFY(on.open({200, 500}));
     on.session.keyboard().type("weg");
     on.hotKey(Key::D);
     EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(on.isUntouched(Rehearsal::kLeftOfToolbar));
+    EVENTUALLY(on.isUntouched(ToolbarPresentation::kLeftOfToolbar));
     on.beneath.forget();
     on.session.keyboard().tap(Key::A);
     EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
@@ -75,7 +75,7 @@ void TextKeyboardScenarios::theKeyboardGoesBackFromTheField()
 
 void TextKeyboardScenarios::theFieldTakesTheKeyboardAgain()
 {
-    Writing on;
+    TextPresentation on;
     QVERIFY(on.open({200, 500}));
     on.session.client().setInputFocus(on.beneath.id());
     EVENTUALLY(on.isTyping());
@@ -89,7 +89,7 @@ void TextKeyboardScenarios::theFieldTakesTheKeyboardAgain()
 
 void TextKeyboardScenarios::aPinnedFieldLetsClicksThrough()
 {
-    Writing on;
+    TextPresentation on;
     QVERIFY(on.open({200, 500}));
     on.session.keyboard().type("da");
     EVENTUALLY(!on.inkAt({200, 500}).isEmpty());
@@ -106,7 +106,7 @@ void TextKeyboardScenarios::aPinnedFieldLetsClicksThrough()
 
 void TextKeyboardScenarios::aHeldEscDiscardsTheTextAndEndsNothingMore()
 {
-    Writing on;
+    TextPresentation on;
     QVERIFY(on.open({200, 500}));
     on.session.keyboard().type("weg");
     on.session.keyboard().press(Key::Escape);

@@ -1,7 +1,7 @@
 // Keys and clicks come in the order in which they were made, however the program gets to read them.
-#include "absence.h"
+#include "paused_process.h"
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 #include <xcb/xtest.h>
 
@@ -18,7 +18,7 @@ const QString kWord("abcdefgh");
 class Haste
 {
 public:
-    explicit Haste(Writing &on)
+    explicit Haste(TextPresentation &on)
         : m_client(on.session.client())
     {
     }
@@ -50,7 +50,7 @@ private:
 };
 
 /// A word stands there, typed at leisure.
-QRect inkOfWord(Writing &on)
+QRect inkOfWord(TextPresentation &on)
 {
     if (!on.open(kWordPlace))
         throw RigError("no field opens");
@@ -79,7 +79,7 @@ private Q_SLOTS:
 
 void TextOrderScenarios::keysOfTheSameMillisecondGoWhereTheyWereTyped()
 {
-    Writing on;
+    TextPresentation on;
     const QRect word = inkOfWord(on);
     const QList<QPoint> places = {{100, 200}, {100, 300}, {100, 400}, {100, 500}, {100, 600}, {100, 700}};
     QVERIFY(on.open(places.first()));
@@ -100,11 +100,11 @@ void TextOrderScenarios::keysOfTheSameMillisecondGoWhereTheyWereTyped()
 
 void TextOrderScenarios::keysBeforeAClickAreTheOldField()
 {
-    Writing on;
+    TextPresentation on;
     const QRect word = inkOfWord(on);
     QVERIFY(on.open({100, 300}));
     {
-        const Absence absence(on.program.processId());
+        const PausedProcess absence(on.program.processId());
         on.session.keyboard().type(kWord);
         QVERIFY(on.session.pointer().clickAt({100, 500}));
         on.session.keyboard().type(kWord);
@@ -117,7 +117,7 @@ void TextOrderScenarios::keysBeforeAClickAreTheOldField()
 
 void TextOrderScenarios::keysAfterAClickAreTheNewField()
 {
-    Writing on;
+    TextPresentation on;
     const QRect word = inkOfWord(on);
     // Which connection is read first is a matter of luck.
     for (const int round : {1, 2, 3, 4, 5}) {
@@ -126,7 +126,7 @@ void TextOrderScenarios::keysAfterAClickAreTheNewField()
         QVERIFY(on.open(first));
         on.session.keyboard().type(kWord.left(2));
         {
-            const Absence absence(on.program.processId());
+            const PausedProcess absence(on.program.processId());
             on.session.keyboard().type(kWord.mid(2));
             QVERIFY(on.session.pointer().clickAt(second));
             on.session.keyboard().type(kWord);
@@ -140,45 +140,45 @@ void TextOrderScenarios::keysAfterAClickAreTheNewField()
 
 void TextOrderScenarios::keysAfterReturnAreTheCanvas()
 {
-    Writing on;
+    TextPresentation on;
     inkOfWord(on);
     QVERIFY(on.open({100, 300}));
     on.session.keyboard().type(kWord);
     {
-        const Absence absence(on.program.processId());
+        const PausedProcess absence(on.program.processId());
         on.session.keyboard().tap(Key::Return);
         // What Return has written goes, and what stood before it.
         on.command(Key::Z);
         on.command(Key::Z);
     }
     EVENTUALLY(on.isDrawing());
-    EVENTUALLY(on.isUntouched(Rehearsal::kLeftOfToolbar));
+    EVENTUALLY(on.isUntouched(ToolbarPresentation::kLeftOfToolbar));
 }
 
 void TextOrderScenarios::keysAfterEscAreTheCanvas()
 {
-    Writing on;
+    TextPresentation on;
     QVERIFY(on.open({100, 300}));
     on.session.keyboard().type(kWord);
     on.beneath.forget();
     {
-        const Absence absence(on.program.processId());
+        const PausedProcess absence(on.program.processId());
         on.session.keyboard().tap(Key::Escape);
         on.session.keyboard().tap(Key::Escape);
     }
     EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(on.isUntouched(Rehearsal::kLeftOfToolbar));
+    EVENTUALLY(on.isUntouched(ToolbarPresentation::kLeftOfToolbar));
     QVERIFY(on.beneath.pressedKeys().isEmpty());
 }
 
 void TextOrderScenarios::returnAndAClickAndKeysKeepTheirOrder()
 {
-    Writing on;
+    TextPresentation on;
     const QRect word = inkOfWord(on);
     QVERIFY(on.open({100, 300}));
     on.session.keyboard().type(kWord);
     {
-        const Absence absence(on.program.processId());
+        const PausedProcess absence(on.program.processId());
         on.session.keyboard().tap(Key::Return);
         on.command(Key::Z);
         QVERIFY(on.session.pointer().clickAt({100, 500}));
@@ -195,11 +195,11 @@ void TextOrderScenarios::returnAndAClickAndKeysKeepTheirOrder()
 
 void TextOrderScenarios::anEscThatWaitedReachesNobodyElse()
 {
-    Writing on;
+    TextPresentation on;
     QVERIFY(on.open({100, 300}));
     on.beneath.forget();
     {
-        const Absence absence(on.program.processId());
+        const PausedProcess absence(on.program.processId());
         on.session.keyboard().tap(Key::Return);
         on.session.keyboard().press(Key::Escape);
     }

@@ -1,6 +1,6 @@
 // Where a presenter's text stands: in the field, and then on the canvas.
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 
@@ -10,7 +10,7 @@ namespace {
 class Ink
 {
 public:
-    Ink(Writing &on, const QRect &where)
+    Ink(TextPresentation &on, const QRect &where)
         : m_image(on.session.screenshot().image().copy(where))
     {
     }
@@ -87,7 +87,7 @@ void TextPlaceScenarios::whatIsTypedStaysWhereItWasTyped()
     QFETCH(double, scale);
     // Pixels that lie on broken points.
     const QPoint place(303, 401);
-    Writing on({.keyboardMap = "de"}, scale);
+    TextPresentation on({.keyboardMap = "de"}, scale);
     QVERIFY(on.open(place));
     on.greet();
     on.session.keyboard().tap(Key::Return);
@@ -134,8 +134,8 @@ void TextPlaceScenarios::textFromRightToLeftStaysWhereItWasTyped()
     QFETCH(QString, keys);
     QFETCH(QString, text);
     const QPoint place(303, 401);
-    const QRect around(place - QPoint(10, 10), (QSizeF(Writing::kField) * scale).toSize());
-    Writing on({.keyboardMap = "il,us"}, scale);
+    const QRect around(place - QPoint(10, 10), (QSizeF(TextPresentation::kField) * scale).toSize());
+    TextPresentation on({.keyboardMap = "il,us"}, scale);
     ClipboardUser other(on.session);
     QVERIFY(on.open(place));
     on.session.keyboard().type(keys);
@@ -160,7 +160,7 @@ void TextPlaceScenarios::textFromRightToLeftStaysWhereItWasTyped()
 
 void TextPlaceScenarios::withoutACompositorTheFieldIsWhite()
 {
-    Writing on({.compositor = Compositor::None});
+    TextPresentation on({.compositor = Compositor::None});
     QVERIFY(on.open({200, 500}));
     // Right of the placeholder.
     EVENTUALLY(on.session.screenshot().isFilled(Qt::white, {500, 497, 39, 30}));

@@ -1,6 +1,6 @@
 // How a presenter edits the text in the field.
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 
@@ -17,7 +17,7 @@ private Q_SLOTS:
 
 void TextScenarios::textGoesToOtherProgramsAndComesFromThem()
 {
-    Writing on;
+    TextPresentation on;
     ClipboardUser other(on.session);
     const QString text = "Straße nach 東京 😀";
     other.copy(text);
@@ -38,7 +38,7 @@ void TextScenarios::textGoesToOtherProgramsAndComesFromThem()
 
 void TextScenarios::theMenuOfTheFieldPastes()
 {
-    Writing on;
+    TextPresentation on;
     ClipboardUser other(on.session);
     other.copy("abc");
     QVERIFY(on.open({300, 300}));
@@ -57,7 +57,7 @@ void TextScenarios::theMenuOfTheFieldPastes()
 
 void TextScenarios::undoBelongsToTheFieldAndThenToTheCanvas()
 {
-    Writing on;
+    TextPresentation on;
     ClipboardUser other(on.session);
     const QPoint stroke(600, 300);
     QVERIFY(on.pick(button::kPen));
@@ -87,7 +87,7 @@ void TextScenarios::undoBelongsToTheFieldAndThenToTheCanvas()
 
 void TextScenarios::escDiscardsTheTextOnly()
 {
-    Writing on;
+    TextPresentation on;
     QVERIFY(on.open({200, 500}));
     on.session.keyboard().type("weg");
     EVENTUALLY(!on.inkAt({200, 500}).isEmpty());

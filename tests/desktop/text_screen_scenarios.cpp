@@ -1,6 +1,6 @@
 // A text field at the edge of its screen, beside one of another scale.
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 
@@ -14,7 +14,7 @@ constexpr QRect kLargeScreen(0, 0, 2560, 1440);
 constexpr QRect kScreenBesideLarge(2560, 0, 1600, 1440);
 
 /// Where the window is that has the keyboard.
-QRect keyboardAt(Writing &on)
+QRect keyboardAt(TextPresentation &on)
 {
     const auto window = on.session.client().window(on.session.client().inputFocus());
     return window ? window->geometry : QRect();
@@ -77,7 +77,7 @@ void TextScreenScenarios::theFieldHasTheScaleOfItsScreen()
     QFETCH(QPoint, press);
     QFETCH(double, scaleThere);
     QFETCH(QSize, size);
-    Writing on({.screens = screens}, scale, scaleOfSecond);
+    TextPresentation on({.screens = screens}, scale, scaleOfSecond);
     QVERIFY(on.session.pointer().clickAt(press));
     const QPoint corner = press - QPoint(0, qRound(4 * scaleThere));
     const auto isThere = [&] {
@@ -92,7 +92,7 @@ void TextScreenScenarios::theFieldHasTheScaleOfItsScreen()
 void TextScreenScenarios::aCutFieldShowsTheTextWhereItStays()
 {
     const QPoint press(1200, 900);
-    Writing on({.screens = {kScreen, kScreenBeside}}, 1.0, 2.0);
+    TextPresentation on({.screens = {kScreen, kScreenBeside}}, 1.0, 2.0);
     QVERIFY(on.session.pointer().clickAt(press));
     EVENTUALLY(keyboardAt(on).width() < kScreen.width());
     on.session.keyboard().type("m");

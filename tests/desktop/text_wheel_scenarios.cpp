@@ -1,7 +1,7 @@
 // The wheel over a presenter's text field does what it does on the canvas beneath.
 #include "registered_test.h"
 #include "spotlight_radius.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 
@@ -9,11 +9,11 @@ namespace {
 
 /// A field is open under the pointer, and the spotlight on. No window manager, since most of them have a use
 /// of their own for Alt and the wheel.
-class FieldUnderPointer : public Writing
+class FieldUnderPointer : public TextPresentation
 {
 public:
     explicit FieldUnderPointer(Mice mice = Mice::XTestOnly)
-        : Writing({.windowManager = WindowManager::None, .mice = mice})
+        : TextPresentation({.windowManager = WindowManager::None, .mice = mice})
     {
         if (!open(kMiddle) || !session.pointer().moveTo(kMiddle + QPoint(100, 10)))
             throw RigError("no field is open under the pointer");

@@ -1,7 +1,7 @@
 // Where the toolbar stands, and what is kept from one run of the program to the next.
 #include "registered_test.h"
-#include "rehearsal.h"
 #include "settings_file.h"
+#include "toolbar_presentation.h"
 
 #include <cstdlib>
 
@@ -127,7 +127,7 @@ void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgai
 
 void ToolbarPlaceScenarios::draggedWhileDrawingItLeavesNoInk()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
     const QRect panel = on.presenter.panel();

@@ -1,6 +1,6 @@
 // What the buttons of the toolbar do.
 #include "registered_test.h"
-#include "rehearsal.h"
+#include "toolbar_presentation.h"
 
 #include <algorithm>
 
@@ -44,7 +44,7 @@ private Q_SLOTS:
 void ToolbarScenarios::everyButtonIsKnownToScreenReaders()
 {
     using namespace button;
-    Rehearsal on;
+    ToolbarPresentation on;
     QStringList expected = {kDraw,        kWhiteboard, kSpotlight, kRing,      kClicks,  kFade, kPin, kPen,
                             kHighlighter, kLine,       kArrow,     kRectangle, kEllipse, kText, kUndo};
     expected += QStringList(8, kColor) + QStringList(3, kWidth);
@@ -76,7 +76,7 @@ void ToolbarScenarios::everyButtonIsKnownToScreenReaders()
 
 void ToolbarScenarios::drawingIsTurnedOnAndOff()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.presenter.isOn(button::kDraw));
@@ -93,9 +93,9 @@ void ToolbarScenarios::drawingIsTurnedOnAndOff()
 
 void ToolbarScenarios::theWhiteboardIsTurnedOnAndOff()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kWhiteboard));
-    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, Rehearsal::kLeftOfToolbar));
+    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, ToolbarPresentation::kLeftOfToolbar));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.presenter.isOn(button::kWhiteboard));
     QVERIFY(!on.presenter.isOn(button::kDraw));
@@ -109,7 +109,7 @@ void ToolbarScenarios::theWhiteboardIsTurnedOnAndOff()
 
 void ToolbarScenarios::theSpotlightIsTurnedOnAndOff()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kSpotlight));
     EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
     QVERIFY(on.presenter.isOn(button::kSpotlight));
@@ -124,7 +124,7 @@ void ToolbarScenarios::theSpotlightIsTurnedOnAndOff()
 
 void ToolbarScenarios::theRingIsTurnedOnAndOff()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     const auto ring = [](QPoint pointer) { return QRect(pointer - QPoint(28, 28), QSize(56, 56)); };
     QVERIFY(on.presenter.click(button::kRing));
     for (const QPoint place : {kStrokePlace, kOtherStrokePlace}) {
@@ -145,7 +145,7 @@ void ToolbarScenarios::theRingIsTurnedOnAndOff()
 
 void ToolbarScenarios::pinningLeavesTheDrawingAndLetsClicksThrough()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     // There is nothing to pin yet.
     QVERIFY(on.presenter.click(button::kPin));
     QVERIFY(on.presenter.click(button::kDraw));
@@ -173,7 +173,7 @@ void ToolbarScenarios::pinningLeavesTheDrawingAndLetsClicksThrough()
 
 void ToolbarScenarios::undoAndClearTakeShapesAway()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.strokeFrom(kStrokePlace));
@@ -204,7 +204,7 @@ void ToolbarScenarios::undoAndClearTakeShapesAway()
 
 void ToolbarScenarios::clicksAndFadeAreTurnedOnAndOff()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     for (const QString &mode : {button::kClicks, button::kFade}) {
         for (const bool expected : {true, false}) {
             QVERIFY(on.presenter.click(mode));
@@ -215,7 +215,7 @@ void ToolbarScenarios::clicksAndFadeAreTurnedOnAndOff()
 
 void ToolbarScenarios::screenReadersPressAsThePointerClicks()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     const auto press = [&](const QString &name, int index = 0) {
         return on.presenter.reader().press(on.presenter.button(name, index));
     };
@@ -237,7 +237,7 @@ void ToolbarScenarios::screenReadersPressAsThePointerClicks()
 
 void ToolbarScenarios::quitEndsTheProgram()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.presenter.click(button::kQuit));

@@ -1,6 +1,6 @@
 // What is drawn with what was chosen on the toolbar.
 #include "registered_test.h"
-#include "rehearsal.h"
+#include "toolbar_presentation.h"
 
 #include <array>
 
@@ -60,7 +60,7 @@ private Q_SLOTS:
 
 void ToolbarToolScenarios::eachToolDrawsItsMarkInTheChosenColour()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     int color = 2;
     for (const Mark &mark : kMarks) {
         const QColor ink = kPalette.at(static_cast<std::size_t>(color));
@@ -82,7 +82,7 @@ void ToolbarToolScenarios::eachToolDrawsItsMarkInTheChosenColour()
 
 void ToolbarToolScenarios::theHighlighterIsWideAndLetsTheSlideThrough()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kHighlighter));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.strokeFrom({400, 300}));
@@ -95,7 +95,7 @@ void ToolbarToolScenarios::theHighlighterIsWideAndLetsTheSlideThrough()
 
 void ToolbarToolScenarios::eachColourColoursTheNextStroke()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kPen));
     EVENTUALLY(on.hasKeyboard());
     for (int i = 0; i < static_cast<int>(kPalette.size()); ++i) {
@@ -114,7 +114,7 @@ void ToolbarToolScenarios::eachColourColoursTheNextStroke()
 
 void ToolbarToolScenarios::eachWidthMakesTheStrokeThatThick()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kPen));
     EVENTUALLY(on.hasKeyboard());
     constexpr std::array widths = {3, 5, 9};
@@ -133,7 +133,7 @@ void ToolbarToolScenarios::eachWidthMakesTheStrokeThatThick()
 void ToolbarToolScenarios::pickingAnyToolTurnsDrawingOn()
 {
     using namespace button;
-    Rehearsal on;
+    ToolbarPresentation on;
     for (const QString &tool : {kText, kPen, kHighlighter, kLine, kArrow, kRectangle, kEllipse}) {
         QVERIFY(!on.presenter.isOn(kDraw));
         QVERIFY(on.presenter.click(tool));
@@ -149,7 +149,7 @@ void ToolbarToolScenarios::pickingAnyToolTurnsDrawingOn()
 
 void ToolbarToolScenarios::pickingAToolEndsThePin()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kDraw));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.strokeFrom({400, 300}));
@@ -167,7 +167,7 @@ void ToolbarToolScenarios::pickingAToolEndsThePin()
 
 void ToolbarToolScenarios::pickingAToolLeavesTheWhiteboardAlone()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     QVERIFY(on.presenter.click(button::kWhiteboard));
     EVENTUALLY(on.hasKeyboard());
     QVERIFY(on.presenter.click(button::kRectangle));

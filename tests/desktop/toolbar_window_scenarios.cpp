@@ -1,7 +1,7 @@
 // The toolbar as a window among those of others: it takes the mouse and never the keyboard.
-#include "absence.h"
+#include "paused_process.h"
 #include "registered_test.h"
-#include "rehearsal.h"
+#include "toolbar_presentation.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
@@ -30,7 +30,7 @@ bool lostFocus(WindowBeneath &window)
 }
 
 /// The toolbar's look by its ground, which nothing but the backdrop colours.
-bool isDark(Rehearsal &on, QPoint background)
+bool isDark(ToolbarPresentation &on, QPoint background)
 {
     return on.pixel(background).lightness() < 0x60;
 }
@@ -56,7 +56,7 @@ private Q_SLOTS:
 
 void ToolbarWindowScenarios::clickingTheToolbarLeavesTheKeyboardWithTheEditor()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     on.beneath.forget();
     QList<Key> typed;
     for (const Harmless &each : kHarmless) {
@@ -73,7 +73,7 @@ void ToolbarWindowScenarios::clickingTheToolbarLeavesTheKeyboardWithTheEditor()
 
 void ToolbarWindowScenarios::theSpotlightButtonLeavesTheKeyboardWithTheEditor()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     on.beneath.forget();
     QVERIFY(on.presenter.click(button::kSpotlight));
     EVENTUALLY(on.isDimmed({10, 10}));
@@ -87,7 +87,7 @@ void ToolbarWindowScenarios::theSpotlightButtonLeavesTheKeyboardWithTheEditor()
 
 void ToolbarWindowScenarios::clicksOnTheToolbarReachNobodyElse()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     on.beneath.forget();
     QVERIFY(on.presenter.click(button::kColor, 1));
     QVERIFY(on.session.pointer().clickAt(on.presenter.background()));
@@ -99,7 +99,7 @@ void ToolbarWindowScenarios::clicksOnTheToolbarReachNobodyElse()
 
 void ToolbarWindowScenarios::theToolbarStaysUsableOverItsOwnCanvases()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     const QPoint background = on.presenter.background();
     const QColor ground = on.pixel(background);
     for (const Key mode : {Key::D, Key::W}) {
@@ -121,7 +121,7 @@ void ToolbarWindowScenarios::theToolbarStaysUsableOverItsOwnCanvases()
 
 void ToolbarWindowScenarios::theToolbarIsUsableOverAFullScreenWindow()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     const QPoint background = on.presenter.background();
     const QColor ground = on.pixel(background);
     QVERIFY(on.beneath.setFullScreen(true));
@@ -141,7 +141,7 @@ void ToolbarWindowScenarios::theToolbarIsUsableOverAFullScreenWindow()
 
 void ToolbarWindowScenarios::hiddenItIsGoneAndComesBackAtTheSamePlace()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     // Moved first: its first place it would find again in any case.
     const QPoint grip = on.presenter.grip();
     QVERIFY(on.session.pointer().drag({grip, grip - QPoint(300, 100)}));
@@ -173,7 +173,7 @@ void ToolbarWindowScenarios::hiddenItIsGoneAndComesBackAtTheSamePlace()
 void ToolbarWindowScenarios::toggledInARushItEndsAsItShould()
 {
     constexpr int kOddCount = 41;
-    Rehearsal on;
+    ToolbarPresentation on;
     const QRect panel = on.presenter.panel();
     const auto isShown = [&] { return on.presenter.window().id != XCB_WINDOW_NONE; };
     const auto rush = [&] {
@@ -198,10 +198,10 @@ void ToolbarWindowScenarios::toggledInARushItEndsAsItShould()
 
 void ToolbarWindowScenarios::toggledWhileTheProgramIsBusyItShows()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     const QPoint middle = on.presenter.panel().center();
     {
-        const Absence absence(on.program.processId());
+        const PausedProcess absence(on.program.processId());
         for (int i = 0; i < 4; ++i)
             on.hotKey(Key::T);
         on.hotKey(Key::D);
@@ -215,7 +215,7 @@ void ToolbarWindowScenarios::toggledWhileTheProgramIsBusyItShows()
 
 void ToolbarWindowScenarios::theAppearanceChangesTheToolbarsOwnColours()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     const QPoint background = on.presenter.background();
     QVERIFY(isDark(on, background));
     QVERIFY(on.presenter.click(button::kAppearance));
@@ -228,7 +228,7 @@ void ToolbarWindowScenarios::theAppearanceChangesTheToolbarsOwnColours()
 
 void ToolbarWindowScenarios::hoveringShowsATooltip()
 {
-    Rehearsal on;
+    ToolbarPresentation on;
     const xcb_window_t toolbar = on.presenter.window().id;
     const auto tooltip = [&]() -> std::optional<WindowInfo> {
         for (const WindowInfo &window : on.shownWindows()) {

@@ -3,7 +3,7 @@
 #include "presentation.h"
 #include "registered_test.h"
 #include "rig/embedding_tray.h"
-#include "rig/grabs.h"
+#include "rig/grab_probe.h"
 #include "rig/tray_watcher.h"
 
 using namespace zeigewerk::rig;

@@ -2,7 +2,7 @@
 
 #include "keyboard_grab.h"
 #include "registered_test.h"
-#include "rig/grabs.h"
+#include "rig/grab_probe.h"
 #include "rig/popup.h"
 #include "toolbar_user.h"
 #include "tray_presentation.h"

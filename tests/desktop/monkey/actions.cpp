@@ -17,7 +17,7 @@ Repertoire::Repertoire(const QStringList &words)
         m_weight += action.weight;
 }
 
-const Action &Repertoire::any(Chance &chance) const
+const Action &Repertoire::any(RandomChoice &chance) const
 {
     int rest = chance.below(m_weight);
     auto chosen = m_actions.begin();

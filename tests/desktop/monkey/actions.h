@@ -1,10 +1,10 @@
 // What the monkey can do.
 #pragma once
 
-#include "chance.h"
-#include "furniture.h"
-#include "neighbours.h"
-#include "paw.h"
+#include "blind_input.h"
+#include "desktop_changes.h"
+#include "other_windows.h"
+#include "random_choice.h"
 
 #include <vector>
 
@@ -15,9 +15,9 @@ struct Playground
 {
     DesktopSession &session;
     Program &program;
-    Paw &paw;
-    Neighbours &neighbours;
-    Furniture &furniture;
+    BlindInput &paw;
+    OtherWindows &neighbours;
+    DesktopChanges &furniture;
 };
 
 struct Action
@@ -26,7 +26,7 @@ struct Action
     /// How often it comes, beside the others.
     int weight;
     /// Does it, and says how.
-    QString (*perform)(Playground &, Chance &);
+    QString (*perform)(Playground &, RandomChoice &);
 };
 
 /// All that it can do, or what has one of these words in its name.
@@ -37,7 +37,7 @@ public:
 
     bool isEmpty() const { return m_actions.empty(); }
     /// Any of them, each as often as its weight says.
-    const Action &any(Chance &chance) const;
+    const Action &any(RandomChoice &chance) const;
 
 private:
     std::vector<Action> m_actions;

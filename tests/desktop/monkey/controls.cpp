@@ -1,7 +1,7 @@
 #include "controls.h"
 
 #include "program_windows.h"
-#include "rig/grabs.h"
+#include "rig/grab_probe.h"
 
 #include <QMap>
 
@@ -63,7 +63,7 @@ QStringList Controls::modesOn(const TrayItem &item)
     return modes;
 }
 
-void Controls::switchOff(const QString &mode, Chance &chance)
+void Controls::switchOff(const QString &mode, RandomChoice &chance)
 {
     const auto key = hotKeysOfModes().constFind(mode);
     if (key != hotKeysOfModes().cend() && !chance.oneIn(3))
@@ -92,7 +92,7 @@ bool Controls::isToolbarOn()
                        [](const TrayMenuItem &entry) { return entry.label == label::kHide; });
 }
 
-QStringList Controls::switchAllOff(Chance &chance)
+QStringList Controls::switchAllOff(RandomChoice &chance)
 {
     const auto there = item();
     if (!there)

@@ -1,8 +1,8 @@
 // The program's modes, and how each is switched off.
 #pragma once
 
-#include "chance.h"
-#include "furniture.h"
+#include "desktop_changes.h"
+#include "random_choice.h"
 
 #include <QStringList>
 
@@ -11,7 +11,7 @@ namespace zeigewerk::rig {
 class Controls
 {
 public:
-    Controls(DesktopSession &session, Furniture &furniture)
+    Controls(DesktopSession &session, DesktopChanges &furniture)
         : m_session(session)
         , m_furniture(furniture)
     {
@@ -21,7 +21,7 @@ public:
     void closeMenus();
     /// Switches off whatever is on, each by its own control: its hot key or its entry in the menu. Says what
     /// went wrong, if anything.
-    QStringList switchAllOff(Chance &chance);
+    QStringList switchAllOff(RandomChoice &chance);
     bool isInTray() { return m_furniture.tray().host.items().size() == 1; }
     /// Whether the menu offers to hide the toolbar.
     bool isToolbarOn();
@@ -31,10 +31,10 @@ private:
     bool isMenuOpen();
     std::optional<TrayItem> item();
     QStringList modesOn(const TrayItem &item);
-    void switchOff(const QString &mode, Chance &chance);
+    void switchOff(const QString &mode, RandomChoice &chance);
 
     DesktopSession &m_session;
-    Furniture &m_furniture;
+    DesktopChanges &m_furniture;
 };
 
 } // namespace zeigewerk::rig

@@ -1,6 +1,6 @@
 #include "inspection.h"
 
-#include "rig/grabs.h"
+#include "rig/grab_probe.h"
 #include "text_of.h"
 
 #include <QRegion>
@@ -42,7 +42,7 @@ void Inspection::showSlides()
     m_slides = std::move(slides);
 }
 
-QStringList Inspection::ofProgram(const Program &program, Chance &chance)
+QStringList Inspection::ofProgram(const Program &program, RandomChoice &chance)
 {
     QStringList complaints = ofWindows(program);
     complaints += ofFocus(program);
@@ -126,7 +126,7 @@ QStringList Inspection::ofPicture(const std::optional<WindowInfo> &toolbar)
                                strange.join(QStringLiteral("; ")));
 }
 
-QStringList Inspection::ofInput(const Program &program, Chance &chance)
+QStringList Inspection::ofInput(const Program &program, RandomChoice &chance)
 {
     QStringList complaints;
     const auto toolbar = toolbarOf(m_session, program);

@@ -1,9 +1,9 @@
 // What must be so when every mode is off.
 #pragma once
 
-#include "chance.h"
 #include "controls.h"
 #include "program_windows.h"
+#include "random_choice.h"
 
 #include <QStringList>
 
@@ -20,7 +20,7 @@ public:
     Inspection(DesktopSession &session, Controls &controls);
 
     /// Everything below, while the program runs with every mode off.
-    QStringList ofProgram(const Program &program, Chance &chance);
+    QStringList ofProgram(const Program &program, RandomChoice &chance);
     /// What must be so when it has ended.
     QStringList ofDesktopWithout();
 
@@ -34,7 +34,7 @@ public:
 private:
     void showSlides();
     QStringList ofPicture(const std::optional<WindowInfo> &toolbar);
-    QStringList ofInput(const Program &program, Chance &chance);
+    QStringList ofInput(const Program &program, RandomChoice &chance);
     QStringList ofDrawing(const Program &program);
     QStringList ofHiddenToolbar(const Program &program);
     bool isOurs(xcb_window_t window, const Program &program);

@@ -22,26 +22,26 @@ QString nameOf(Key key)
     return QStringLiteral("key %1").arg(static_cast<int>(key));
 }
 
-QString hotKey(Playground &on, Chance &chance)
+QString hotKey(Playground &on, RandomChoice &chance)
 {
     const Key key = chance.of(kHotKeys);
     on.paw.chord({Key::Ctrl, Key::Alt}, key);
     return nameOf(key);
 }
 
-QString escape(Playground &on, Chance &)
+QString escape(Playground &on, RandomChoice &)
 {
     on.paw.tap(Key::Escape);
     return {};
 }
 
-QString enter(Playground &on, Chance &)
+QString enter(Playground &on, RandomChoice &)
 {
     on.paw.tap(Key::Return);
     return {};
 }
 
-QString takeBack(Playground &on, Chance &chance)
+QString takeBack(Playground &on, RandomChoice &chance)
 {
     const int times = 1 + chance.below(3);
     for (int i = 0; i < times; ++i)
@@ -49,7 +49,7 @@ QString takeBack(Playground &on, Chance &chance)
     return QStringLiteral("%1 times").arg(times);
 }
 
-QString type(Playground &on, Chance &chance)
+QString type(Playground &on, RandomChoice &chance)
 {
     const int length = 1 + chance.below(12);
     for (int i = 0; i < length; ++i)
@@ -57,21 +57,21 @@ QString type(Playground &on, Chance &chance)
     return QStringLiteral("%1 keys").arg(length);
 }
 
-QString edit(Playground &on, Chance &chance)
+QString edit(Playground &on, RandomChoice &chance)
 {
     const Key key = chance.of(kEditing);
     on.paw.chord(chance.oneIn(3) ? Modifiers{Key::Ctrl, Key::Shift} : Modifiers{Key::Ctrl}, key);
     return nameOf(key);
 }
 
-QString hold(Playground &on, Chance &chance)
+QString hold(Playground &on, RandomChoice &chance)
 {
     const Key key = chance.of(kHeld);
     on.paw.press(key);
     return nameOf(key);
 }
 
-QString releaseKeys(Playground &on, Chance &)
+QString releaseKeys(Playground &on, RandomChoice &)
 {
     const QSet<Key> held = on.paw.heldKeys();
     for (const Key key : held)
@@ -79,7 +79,7 @@ QString releaseKeys(Playground &on, Chance &)
     return QStringLiteral("%1 keys").arg(held.size());
 }
 
-QString lock(Playground &on, Chance &chance)
+QString lock(Playground &on, RandomChoice &chance)
 {
     const Key key = chance.of(kLocks);
     on.paw.tap(key);

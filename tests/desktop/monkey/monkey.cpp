@@ -105,7 +105,7 @@ bool Monkey::playOn()
 
 bool Monkey::act(int number)
 {
-    Chance chance(m_orders.seed, number);
+    RandomChoice chance(m_orders.seed, number);
     const Action &action = m_repertoire.any(chance);
     m_done.push_back(QStringLiteral("%1 %2").arg(number, 6).arg(QLatin1String(action.name)));
     if (m_done.size() > kRemembered)
@@ -178,7 +178,7 @@ void Monkey::letGo()
 
 bool Monkey::rest(int number)
 {
-    Chance chance(m_orders.seed, -number);
+    RandomChoice chance(m_orders.seed, -number);
     m_done.push_back(QStringLiteral("%1 everything is let go").arg(number, 6));
     reviveWindowManager(number);
     // A menu that the last action asks for is to be open before menus are closed.
@@ -197,7 +197,7 @@ bool Monkey::rest(int number)
 
 bool Monkey::end(int number)
 {
-    Chance chance(m_orders.seed, -number);
+    RandomChoice chance(m_orders.seed, -number);
     const bool isByMenu = chance.oneIn(2);
     m_done.push_back(QStringLiteral("%1 the program is to end, by %2")
                          .arg(number, 6)

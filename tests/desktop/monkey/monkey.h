@@ -2,9 +2,9 @@
 #pragma once
 
 #include "actions.h"
-#include "answer_probe.h"
 #include "controls.h"
 #include "inspection.h"
+#include "ping_probe.h"
 
 #include <QDeadlineTimer>
 
@@ -52,12 +52,12 @@ private:
     MonkeyOrders m_orders;
     Repertoire m_repertoire;
     DesktopSession m_session;
-    Paw m_paw;
-    Neighbours m_neighbours;
-    Furniture m_furniture;
+    BlindInput m_paw;
+    OtherWindows m_neighbours;
+    DesktopChanges m_furniture;
     Controls m_controls;
     Inspection m_inspection;
-    AnswerProbe m_probe;
+    PingProbe m_probe;
     std::unique_ptr<Program> m_program;
     int m_quits = 0;
     int m_deathsOfManager = 0;

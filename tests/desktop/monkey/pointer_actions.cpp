@@ -16,14 +16,14 @@ constexpr std::array kWheel = {4, 5, 4, 5, 6, 7};
 /// In the toolbar's lower right corner, shadow included: the button that quits.
 constexpr QSize kCornerOfQuit(60, 60);
 
-QString move(Playground &on, Chance &chance)
+QString move(Playground &on, RandomChoice &chance)
 {
     const QPoint place = chance.in(on.furniture.desktop());
     on.paw.moveTo(place);
     return textOf(place);
 }
 
-QString click(Playground &on, Chance &chance)
+QString click(Playground &on, RandomChoice &chance)
 {
     const QPoint place = chance.in(on.furniture.desktop());
     const int button = chance.of(kButtons);
@@ -34,21 +34,21 @@ QString click(Playground &on, Chance &chance)
     return QStringLiteral("%1, button %2, %3 times").arg(textOf(place)).arg(button).arg(times);
 }
 
-QString press(Playground &on, Chance &chance)
+QString press(Playground &on, RandomChoice &chance)
 {
     const int button = chance.of(kButtons);
     on.paw.press(button);
     return QStringLiteral("button %1").arg(button);
 }
 
-QString releaseAny(Playground &on, Chance &chance)
+QString releaseAny(Playground &on, RandomChoice &chance)
 {
     const int button = chance.of(kButtons);
     on.paw.release(button);
     return QStringLiteral("button %1").arg(button);
 }
 
-QString releaseButtons(Playground &on, Chance &)
+QString releaseButtons(Playground &on, RandomChoice &)
 {
     const QSet<int> held = on.paw.heldButtons();
     for (const int button : held)
@@ -57,7 +57,7 @@ QString releaseButtons(Playground &on, Chance &)
 }
 
 /// A stroke, at times with Shift, and with other buttons that go down and up in it.
-QString drag(Playground &on, Chance &chance)
+QString drag(Playground &on, RandomChoice &chance)
 {
     QPoint place = chance.in(on.furniture.desktop());
     const bool constrained = chance.oneIn(4);
@@ -78,7 +78,7 @@ QString drag(Playground &on, Chance &chance)
     return QStringLiteral("%1 samples to %2").arg(samples).arg(textOf(place));
 }
 
-QString wheel(Playground &on, Chance &chance)
+QString wheel(Playground &on, RandomChoice &chance)
 {
     const int steps = 1 + chance.below(6);
     for (int i = 0; i < steps; ++i)
@@ -86,7 +86,7 @@ QString wheel(Playground &on, Chance &chance)
     return QStringLiteral("%1 steps").arg(steps);
 }
 
-QString wheelWithAlt(Playground &on, Chance &chance)
+QString wheelWithAlt(Playground &on, RandomChoice &chance)
 {
     on.paw.press(Key::Alt);
     QString what = wheel(on, chance);
@@ -94,7 +94,7 @@ QString wheelWithAlt(Playground &on, Chance &chance)
     return what;
 }
 
-QString useToolbar(Playground &on, Chance &chance)
+QString useToolbar(Playground &on, RandomChoice &chance)
 {
     const auto toolbar = toolbarOf(on.session, on.program);
     if (!toolbar)
@@ -109,7 +109,7 @@ QString useToolbar(Playground &on, Chance &chance)
     return textOf(place);
 }
 
-QString dragToolbar(Playground &on, Chance &chance)
+QString dragToolbar(Playground &on, RandomChoice &chance)
 {
     const auto toolbar = toolbarOf(on.session, on.program);
     if (!toolbar)

@@ -1,8 +1,8 @@
 // The program used for a long time, and what that does to its memory.
 #pragma once
 
-#include "furniture.h"
-#include "paw.h"
+#include "blind_input.h"
+#include "desktop_changes.h"
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
@@ -49,8 +49,8 @@ private:
     QMap<QString, QPoint> m_buttons;
     DesktopSession m_session;
     WindowBeneath m_beneath;
-    Paw m_paw;
-    Furniture m_furniture;
+    BlindInput m_paw;
+    DesktopChanges m_furniture;
     Program m_program;
     QElapsedTimer m_clock;
     qint64 m_frames = 0;

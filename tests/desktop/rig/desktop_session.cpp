@@ -1,11 +1,11 @@
 #include "desktop_session.h"
 
 #include "accessibility_bus.h"
-#include "composited_probe.h"
+#include "compositor_probe.h"
 #include "eventually.h"
-#include "managed_probe.h"
 #include "process_stats.h"
 #include "rig_error.h"
+#include "window_manager_probe.h"
 #include "window_manager_settings.h"
 
 #include <QFile>
@@ -184,7 +184,7 @@ void DesktopSession::awaitWindowManager()
 {
     if (!eventually([&] { return hasWindowManager(); }, kStartDeadline))
         failRig(QStringLiteral("the window manager did not start"));
-    ManagedProbe probe(client());
+    WindowManagerProbe probe(client());
     if (!eventually([&] { return probe.isManaged(); }, kStartDeadline) ||
         !eventually([&] { return probe.isForgotten(); }, kStartDeadline))
         failRig(QStringLiteral("the window manager does not manage windows"));
@@ -221,7 +221,7 @@ void DesktopSession::awaitCompositor()
 {
     if (!eventually([&] { return isComposited(); }, kStartDeadline))
         failRig(QStringLiteral("the compositor did not start"));
-    CompositedProbe probe(client(), m_display.screens().value(0).topLeft());
+    CompositorProbe probe(client(), m_display.screens().value(0).topLeft());
     if (!eventually([&] { return probe.isMixed(); }, kStartDeadline) ||
         !eventually([&] { return probe.isGone(); }, kStartDeadline))
         failRig(QStringLiteral("the compositor does not paint"));

@@ -2,7 +2,7 @@
 
 #include "desktop_session.h"
 #include "eventually.h"
-#include "hot_key_thief.h"
+#include "key_grab.h"
 #include "process_stats.h"
 #include "rig_error.h"
 

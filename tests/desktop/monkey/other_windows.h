@@ -1,8 +1,8 @@
 // The windows of other programs, which come and go as they like.
 #pragma once
 
-#include "chance.h"
 #include "popup.h"
+#include "random_choice.h"
 
 #include <QRect>
 #include <QString>
@@ -17,34 +17,34 @@ class DesktopSession;
 /// Managed windows, and popups that no window manager looks after. Nothing here waits for what it asks: where
 /// a window really goes is the window manager's business. Each operation says what it did; without any window
 /// to do it with, that is nothing.
-class Neighbours
+class OtherWindows
 {
 public:
-    explicit Neighbours(DesktopSession &session);
+    explicit OtherWindows(DesktopSession &session);
 
-    QString openWindow(Chance &chance);
-    QString closeWindow(Chance &chance);
+    QString openWindow(RandomChoice &chance);
+    QString closeWindow(RandomChoice &chance);
     /// As a click in the task bar does.
-    QString activateWindow(Chance &chance);
+    QString activateWindow(RandomChoice &chance);
     /// Past the window manager.
-    QString takeKeyboard(Chance &chance);
-    QString raiseWindow(Chance &chance);
-    QString toggleFullScreen(Chance &chance);
+    QString takeKeyboard(RandomChoice &chance);
+    QString raiseWindow(RandomChoice &chance);
+    QString toggleFullScreen(RandomChoice &chance);
     bool hasFullScreenWindow();
 
-    QString openPopup(Chance &chance);
-    QString closePopup(Chance &chance);
-    QString raisePopup(Chance &chance);
+    QString openPopup(RandomChoice &chance);
+    QString closePopup(RandomChoice &chance);
+    QString raisePopup(RandomChoice &chance);
     /// Takes the pointer as a menu does, or gives it back.
-    QString togglePointerGrab(Chance &chance);
+    QString togglePointerGrab(RandomChoice &chance);
 
     /// Closes everything.
     void leave();
 
 private:
     /// None if there is no window.
-    xcb_window_t anyWindow(Chance &chance);
-    Popup *anyPopup(Chance &chance);
+    xcb_window_t anyWindow(RandomChoice &chance);
+    Popup *anyPopup(RandomChoice &chance);
 
     DesktopSession &m_session;
     /// One for all of them: the server hands out the ids of a connection that has ended again, and a window

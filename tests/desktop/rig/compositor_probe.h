@@ -9,15 +9,15 @@ namespace zeigewerk::rig {
 
 /// A half-transparent window over an opaque one. Only a compositor mixes their colours; one that merely
 /// announced itself has not painted yet, and a picture taken then would show a screen that nobody sees.
-class CompositedProbe
+class CompositorProbe
 {
 public:
     /// The windows cover a few pixels to the right of and below that place (native root pixels).
-    CompositedProbe(Client &client, QPoint place);
+    CompositorProbe(Client &client, QPoint place);
     /// Destroys the windows if isGone() was never asked.
-    ~CompositedProbe();
-    CompositedProbe(const CompositedProbe &) = delete;
-    CompositedProbe &operator=(const CompositedProbe &) = delete;
+    ~CompositorProbe();
+    CompositorProbe(const CompositorProbe &) = delete;
+    CompositorProbe &operator=(const CompositorProbe &) = delete;
 
     /// True once the screen shows the mixed colour.
     bool isMixed();

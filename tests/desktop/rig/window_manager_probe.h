@@ -7,14 +7,14 @@ namespace zeigewerk::rig {
 
 /// A tiny window that asks to be managed. Some window managers announce themselves before they listen, and
 /// the map request of a window that comes in between is lost for good.
-class ManagedProbe
+class WindowManagerProbe
 {
 public:
-    explicit ManagedProbe(Client &client);
+    explicit WindowManagerProbe(Client &client);
     /// Destroys the window if withdraw() did not.
-    ~ManagedProbe();
-    ManagedProbe(const ManagedProbe &) = delete;
-    ManagedProbe &operator=(const ManagedProbe &) = delete;
+    ~WindowManagerProbe();
+    WindowManagerProbe(const WindowManagerProbe &) = delete;
+    WindowManagerProbe &operator=(const WindowManagerProbe &) = delete;
 
     /// Asks again to be mapped unless it is on the screen; true once it is and the window manager lists it.
     bool isManaged();

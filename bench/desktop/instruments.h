@@ -1,7 +1,7 @@
 // The desktop on which everything is measured, and the looks taken at it.
 #pragma once
 
-#include "hand.h"
+#include "mouse.h"
 #include "presentation.h"
 
 #include <QRgb>

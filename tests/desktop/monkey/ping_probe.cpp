@@ -1,4 +1,4 @@
-#include "answer_probe.h"
+#include "ping_probe.h"
 
 #include "desktop_session.h"
 #include "eventually.h"
@@ -6,7 +6,7 @@
 
 namespace zeigewerk::rig {
 
-AnswerProbe::AnswerProbe(DesktopSession &session)
+PingProbe::PingProbe(DesktopSession &session)
     : m_client(session.display().name())
 {
     // Qt sends its answers to whoever listens to the root so, or manages its children.
@@ -15,12 +15,12 @@ AnswerProbe::AnswerProbe(DesktopSession &session)
     m_client.roundTrip();
 }
 
-bool AnswerProbe::isAnswered(const Program &program, std::chrono::milliseconds deadline)
+bool PingProbe::isAnswered(const Program &program, std::chrono::milliseconds deadline)
 {
     return isAnsweredOnce(program, deadline) && isAnsweredOnce(program, deadline);
 }
 
-bool AnswerProbe::isAnsweredOnce(const Program &program, std::chrono::milliseconds deadline)
+bool PingProbe::isAnsweredOnce(const Program &program, std::chrono::milliseconds deadline)
 {
     xcb_window_t asked = XCB_WINDOW_NONE;
     bool answered = false;
@@ -38,7 +38,7 @@ bool AnswerProbe::isAnsweredOnce(const Program &program, std::chrono::millisecon
     return answered;
 }
 
-xcb_window_t AnswerProbe::windowOf(const Program &program)
+xcb_window_t PingProbe::windowOf(const Program &program)
 {
     if (m_client.isOfProcess(m_window, program.processId()) && m_client.window(m_window))
         return m_window;
@@ -50,7 +50,7 @@ xcb_window_t AnswerProbe::windowOf(const Program &program)
     return m_window;
 }
 
-void AnswerProbe::ask(xcb_window_t window)
+void PingProbe::ask(xcb_window_t window)
 {
     if (window == XCB_WINDOW_NONE)
         return;
@@ -68,7 +68,7 @@ void AnswerProbe::ask(xcb_window_t window)
     xcb_flush(m_client.connection());
 }
 
-bool AnswerProbe::hasAnswer()
+bool PingProbe::hasAnswer()
 {
     constexpr int kSentFlag = 0x80;
     while (const auto event = owned(xcb_poll_for_event(m_client.connection()))) {

@@ -1,4 +1,4 @@
-#include "stage.h"
+#include "instruments.h"
 
 namespace zeigewerk::bench {
 
@@ -75,7 +75,7 @@ Milliseconds PixelWatch::untilChanged(std::chrono::steady_clock::time_point star
 std::vector<double> motionToPixel(rig::DesktopSession &session, const Path &path, int samples)
 {
     constexpr double kRate = 60.0;
-    Hand hand(session.client());
+    Mouse hand(session.client());
     std::vector<double> times;
     Pace pace(kRate);
     for (int sample = 1; sample <= samples; ++sample) {

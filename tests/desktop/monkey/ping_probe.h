@@ -12,10 +12,10 @@ class Program;
 
 /// Asks as a window manager does that wants to know whether a program hangs (_NET_WM_PING). Qt answers where
 /// it handles events; those of the canvases are handled in the same loop.
-class AnswerProbe
+class PingProbe
 {
 public:
-    explicit AnswerProbe(DesktopSession &session);
+    explicit PingProbe(DesktopSession &session);
 
     /// Comes back when the program has answered twice, as the second answer comes after a whole turn of its
     /// loop. False if it ended, has no window that is asked so, or does not answer in time.

@@ -1,4 +1,4 @@
-#include "hot_key_thief.h"
+#include "key_grab.h"
 
 #include "desktop_session.h"
 #include "rig_error.h"
@@ -25,7 +25,7 @@ xcb_void_cookie_t grab(Client &client, std::uint16_t state, Key key)
 
 } // namespace
 
-HotKeyThief::HotKeyThief(DesktopSession &session, const Modifiers &modifiers, Key key)
+KeyGrab::KeyGrab(DesktopSession &session, const Modifiers &modifiers, Key key)
     : m_client(session.display().name())
 {
     for (const std::uint16_t state : statesOf(modifiers))
@@ -33,7 +33,7 @@ HotKeyThief::HotKeyThief(DesktopSession &session, const Modifiers &modifiers, Ke
             failRig(QStringLiteral("the thief found the hot key taken"));
 }
 
-int HotKeyThief::presses()
+int KeyGrab::presses()
 {
     while (const auto event = owned(xcb_poll_for_event(m_client.connection())))
         m_presses += (event->response_type & ~0x80) == XCB_KEY_PRESS ? 1 : 0;

@@ -1,38 +1,38 @@
 // What a desktop is furnished with, and what changes under a running program.
 #pragma once
 
-#include "chance.h"
 #include "embedding_tray.h"
+#include "random_choice.h"
 #include "tray_presentation.h"
 
 namespace zeigewerk::rig {
 
 /// Screens, the compositor, the trays, the keyboard's map. Each operation says what it did.
-class Furniture
+class DesktopChanges
 {
 public:
     /// Starts a tray.
-    explicit Furniture(DesktopSession &session);
+    explicit DesktopChanges(DesktopSession &session);
 
     /// Around all screens; never empty.
     QRect desktop() const { return m_desktop; }
 
     /// Plugs one in or out, moves or resizes it.
-    QString changeScreens(Chance &chance);
+    QString changeScreens(RandomChoice &chance);
     QString toggleCompositor();
     QString restartWindowManager();
     QString toggleTray();
     QString toggleEmbeddingTray();
-    QString switchKeyboardMap(Chance &chance);
+    QString switchKeyboardMap(RandomChoice &chance);
     /// Clicks on the tray's item, or on an entry of its menu.
-    QString useTray(Chance &chance);
+    QString useTray(RandomChoice &chance);
 
     /// Puts everything back to how it was at first.
     void tidyUp();
     Tray &tray() { return m_tray; }
 
 private:
-    QString clickMenu(Chance &chance, const TrayItem &item);
+    QString clickMenu(RandomChoice &chance, const TrayItem &item);
     void bringCompositorBack();
     void measureDesktop();
 

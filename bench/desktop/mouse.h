@@ -19,10 +19,10 @@ Path level(QPoint start);
 
 /// Sends real events through XTest at the pace of a device. Unlike a test's pointer it waits for nothing, so
 /// that what it costs the server is what a mouse costs.
-class Hand
+class Mouse
 {
 public:
-    explicit Hand(rig::Client &client)
+    explicit Mouse(rig::Client &client)
         : m_client(client)
     {
     }

@@ -11,10 +11,10 @@ namespace zeigewerk::rig {
 
 /// Sends real events through XTest and waits for nothing, unlike the rig's pointer and keyboard: these come
 /// back when something has been done, which under somebody's grab, or beyond the edge of a screen, is never.
-class Paw
+class BlindInput
 {
 public:
-    explicit Paw(Client &client)
+    explicit BlindInput(Client &client)
         : m_client(client)
     {
     }

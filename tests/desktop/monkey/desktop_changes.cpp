@@ -1,4 +1,4 @@
-#include "furniture.h"
+#include "desktop_changes.h"
 
 #include "text_of.h"
 
@@ -16,7 +16,7 @@ constexpr std::array kScreens = {QRect(0, 0, 1280, 1024),     QRect(1280, 0, 160
 
 } // namespace
 
-Furniture::Furniture(DesktopSession &session)
+DesktopChanges::DesktopChanges(DesktopSession &session)
     : m_session(session)
     , m_firstScreens(session.display().screens())
     , m_hadCompositor(session.compositorProcessId() != 0)
@@ -27,7 +27,7 @@ Furniture::Furniture(DesktopSession &session)
     m_tray.start();
 }
 
-void Furniture::measureDesktop()
+void DesktopChanges::measureDesktop()
 {
     QRect around;
     for (const QRect &screen : m_session.display().screens())
@@ -37,7 +37,7 @@ void Furniture::measureDesktop()
         m_desktop = around;
 }
 
-QString Furniture::changeScreens(Chance &chance)
+QString DesktopChanges::changeScreens(RandomChoice &chance)
 {
     const int output = chance.below(kOutputs);
     const bool isLit = m_session.display().screens().contains(output);
@@ -52,7 +52,7 @@ QString Furniture::changeScreens(Chance &chance)
     return QStringLiteral("%1 is %2").arg(output).arg(textOf(screen));
 }
 
-QString Furniture::toggleCompositor()
+QString DesktopChanges::toggleCompositor()
 {
     if (!m_hadCompositor)
         return QStringLiteral("nothing, as there is none");
@@ -65,7 +65,7 @@ QString Furniture::toggleCompositor()
     return QStringLiteral("starts");
 }
 
-QString Furniture::restartWindowManager()
+QString DesktopChanges::restartWindowManager()
 {
     if (m_session.windowManagerProcessId() == 0)
         return QStringLiteral("nothing, as there is none");
@@ -73,7 +73,7 @@ QString Furniture::restartWindowManager()
     return QStringLiteral("starts again");
 }
 
-QString Furniture::toggleTray()
+QString DesktopChanges::toggleTray()
 {
     if (m_isTrayThere)
         m_tray.stop();
@@ -83,7 +83,7 @@ QString Furniture::toggleTray()
     return m_isTrayThere ? QStringLiteral("comes") : QStringLiteral("goes");
 }
 
-QString Furniture::toggleEmbeddingTray()
+QString DesktopChanges::toggleEmbeddingTray()
 {
     if (m_isEmbeddingTrayThere)
         m_embeddingTray.stop();
@@ -93,7 +93,7 @@ QString Furniture::toggleEmbeddingTray()
     return m_isEmbeddingTrayThere ? QStringLiteral("comes") : QStringLiteral("goes");
 }
 
-QString Furniture::switchKeyboardMap(Chance &chance)
+QString DesktopChanges::switchKeyboardMap(RandomChoice &chance)
 {
     const std::array maps = {QStringLiteral("us"), QStringLiteral("de"), QStringLiteral("fr"),
                              QStringLiteral("us(dvorak)"), QStringLiteral("ru")};
@@ -102,7 +102,7 @@ QString Furniture::switchKeyboardMap(Chance &chance)
     return map;
 }
 
-QString Furniture::useTray(Chance &chance)
+QString DesktopChanges::useTray(RandomChoice &chance)
 {
     const QList<TrayItem> items = m_tray.host.items();
     if (items.isEmpty())
@@ -120,7 +120,7 @@ QString Furniture::useTray(Chance &chance)
     }
 }
 
-QString Furniture::clickMenu(Chance &chance, const TrayItem &item)
+QString DesktopChanges::clickMenu(RandomChoice &chance, const TrayItem &item)
 {
     const QList<TrayMenuItem> menu = m_tray.host.menu(item);
     if (menu.isEmpty())
@@ -133,7 +133,7 @@ QString Furniture::clickMenu(Chance &chance, const TrayItem &item)
     return entry.label;
 }
 
-void Furniture::bringCompositorBack()
+void DesktopChanges::bringCompositorBack()
 {
     if (!m_hadCompositor)
         return;
@@ -146,7 +146,7 @@ void Furniture::bringCompositorBack()
     m_mayCompositorBeWrong = false;
 }
 
-void Furniture::tidyUp()
+void DesktopChanges::tidyUp()
 {
     const QMap<int, QRect> screens = m_session.display().screens();
     for (auto it = m_firstScreens.cbegin(); it != m_firstScreens.cend(); ++it) {

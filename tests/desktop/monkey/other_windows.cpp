@@ -1,4 +1,4 @@
-#include "neighbours.h"
+#include "other_windows.h"
 
 #include "desktop_session.h"
 #include "text_of.h"
@@ -17,7 +17,7 @@ const QRect kWhereTheyOpen(-100, -50, 2800, 1000);
 const QString kNothing = QStringLiteral("nothing, as there is none");
 
 /// Of a menu's size, of an application's, or of a screen's, which a screen locker has.
-QRect anyRect(Chance &chance)
+QRect anyRect(RandomChoice &chance)
 {
     constexpr std::array kSizes = {QSize(200, 300), QSize(900, 600), QSize(1280, 1024)};
     const QSize size = chance.of(kSizes);
@@ -26,23 +26,23 @@ QRect anyRect(Chance &chance)
 
 } // namespace
 
-Neighbours::Neighbours(DesktopSession &session)
+OtherWindows::OtherWindows(DesktopSession &session)
     : m_session(session)
     , m_client(session.display().name())
 {
 }
 
-xcb_window_t Neighbours::anyWindow(Chance &chance)
+xcb_window_t OtherWindows::anyWindow(RandomChoice &chance)
 {
     return m_windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : chance.of(m_windows);
 }
 
-Popup *Neighbours::anyPopup(Chance &chance)
+Popup *OtherWindows::anyPopup(RandomChoice &chance)
 {
     return m_popups.empty() ? nullptr : chance.of(m_popups).get();
 }
 
-QString Neighbours::openWindow(Chance &chance)
+QString OtherWindows::openWindow(RandomChoice &chance)
 {
     if (m_windows.size() == kMostWindows)
         return closeWindow(chance);
@@ -60,7 +60,7 @@ QString Neighbours::openWindow(Chance &chance)
     return textOf(rect);
 }
 
-QString Neighbours::closeWindow(Chance &chance)
+QString OtherWindows::closeWindow(RandomChoice &chance)
 {
     if (m_windows.empty())
         return kNothing;
@@ -71,7 +71,7 @@ QString Neighbours::closeWindow(Chance &chance)
     return {};
 }
 
-QString Neighbours::activateWindow(Chance &chance)
+QString OtherWindows::activateWindow(RandomChoice &chance)
 {
     constexpr std::uint32_t kFromPager = 2;
     const xcb_window_t window = anyWindow(chance);
@@ -81,7 +81,7 @@ QString Neighbours::activateWindow(Chance &chance)
     return {};
 }
 
-QString Neighbours::takeKeyboard(Chance &chance)
+QString OtherWindows::takeKeyboard(RandomChoice &chance)
 {
     const xcb_window_t window = anyWindow(chance);
     if (window == XCB_WINDOW_NONE)
@@ -90,7 +90,7 @@ QString Neighbours::takeKeyboard(Chance &chance)
     return {};
 }
 
-QString Neighbours::raiseWindow(Chance &chance)
+QString OtherWindows::raiseWindow(RandomChoice &chance)
 {
     const xcb_window_t window = anyWindow(chance);
     if (window == XCB_WINDOW_NONE)
@@ -101,7 +101,7 @@ QString Neighbours::raiseWindow(Chance &chance)
     return {};
 }
 
-QString Neighbours::toggleFullScreen(Chance &chance)
+QString OtherWindows::toggleFullScreen(RandomChoice &chance)
 {
     constexpr std::uint32_t kToggle = 2;
     const xcb_window_t window = anyWindow(chance);
@@ -111,7 +111,7 @@ QString Neighbours::toggleFullScreen(Chance &chance)
     return {};
 }
 
-bool Neighbours::hasFullScreenWindow()
+bool OtherWindows::hasFullScreenWindow()
 {
     const xcb_atom_t fullScreen = m_client.atom("_NET_WM_STATE_FULLSCREEN");
     return std::any_of(m_windows.begin(), m_windows.end(), [&](xcb_window_t window) {
@@ -119,7 +119,7 @@ bool Neighbours::hasFullScreenWindow()
     });
 }
 
-QString Neighbours::openPopup(Chance &chance)
+QString OtherWindows::openPopup(RandomChoice &chance)
 {
     if (m_popups.size() == kMostPopups)
         return closePopup(chance);
@@ -128,7 +128,7 @@ QString Neighbours::openPopup(Chance &chance)
     return textOf(rect);
 }
 
-QString Neighbours::closePopup(Chance &chance)
+QString OtherWindows::closePopup(RandomChoice &chance)
 {
     if (m_popups.empty())
         return kNothing;
@@ -139,7 +139,7 @@ QString Neighbours::closePopup(Chance &chance)
     return {};
 }
 
-QString Neighbours::raisePopup(Chance &chance)
+QString OtherWindows::raisePopup(RandomChoice &chance)
 {
     const Popup *popup = anyPopup(chance);
     if (!popup)
@@ -148,7 +148,7 @@ QString Neighbours::raisePopup(Chance &chance)
     return {};
 }
 
-QString Neighbours::togglePointerGrab(Chance &chance)
+QString OtherWindows::togglePointerGrab(RandomChoice &chance)
 {
     if (m_grabber) {
         m_grabber->ungrabPointer();
@@ -164,7 +164,7 @@ QString Neighbours::togglePointerGrab(Chance &chance)
     return QStringLiteral("takes the pointer");
 }
 
-void Neighbours::leave()
+void OtherWindows::leave()
 {
     m_grabber = nullptr;
     m_popups.clear();

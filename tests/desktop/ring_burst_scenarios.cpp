@@ -102,7 +102,7 @@ void print(Crowd crowd)
 
 } // namespace
 
-class RingCrowdScenarios : public QObject
+class RingBurstScenarios : public QObject
 {
     Q_OBJECT
 
@@ -110,7 +110,7 @@ private Q_SLOTS:
     void allRingsOfACrowdMove();
 };
 
-void RingCrowdScenarios::allRingsOfACrowdMove()
+void RingBurstScenarios::allRingsOfACrowdMove()
 {
     Crowds on;
     QVERIFY(on.turnOn());
@@ -129,5 +129,5 @@ void RingCrowdScenarios::allRingsOfACrowdMove()
     EVENTUALLY(on.isUntouched({0, 0, 1700, 1080}));
 }
 
-REGISTER_GUILESS_TEST(RingCrowdScenarios)
-#include "ring_crowd_scenarios.moc"
+REGISTER_GUILESS_TEST(RingBurstScenarios)
+#include "ring_burst_scenarios.moc"

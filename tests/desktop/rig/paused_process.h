@@ -14,16 +14,16 @@ namespace zeigewerk::rig {
 /// While this lives the process is stopped, and reads nothing: afterwards it finds all at once that was done
 /// meanwhile. It goes on after two seconds in any case: one that was stopped while it had the X server to
 /// itself would keep everybody waiting, whoever is to end this among them.
-class Absence
+class PausedProcess
 {
 public:
-    explicit Absence(qint64 processId)
+    explicit PausedProcess(qint64 processId)
         : m_process(static_cast<pid_t>(processId))
     {
         kill(m_process, SIGSTOP);
         m_end = std::thread([this] { endInAnyCase(); });
     }
-    ~Absence()
+    ~PausedProcess()
     {
         {
             const std::lock_guard lock(m_mutex);
@@ -32,8 +32,8 @@ public:
         m_over.notify_one();
         m_end.join();
     }
-    Absence(const Absence &) = delete;
-    Absence &operator=(const Absence &) = delete;
+    PausedProcess(const PausedProcess &) = delete;
+    PausedProcess &operator=(const PausedProcess &) = delete;
 
 private:
     void endInAnyCase()

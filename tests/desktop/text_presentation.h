@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rehearsal.h"
+#include "toolbar_presentation.h"
 
 #include <cstdlib>
 
@@ -14,7 +14,7 @@ inline bool isNear(const QRect &a, const QRect &b)
 }
 
 /// A presentation whose presenter has just picked the text tool.
-class Writing : public Presentation
+class TextPresentation : public Presentation
 {
 public:
     /// The field, in points.
@@ -23,12 +23,12 @@ public:
     /// and nothing of the next field.
     static constexpr QRect kAroundPress = QRect(-4, -4, 330, 40);
 
-    explicit Writing(const DesktopSetup &setup = {}, double scale = 1.0)
-        : Writing(setup, scale, scale)
+    explicit TextPresentation(const DesktopSetup &setup = {}, double scale = 1.0)
+        : TextPresentation(setup, scale, scale)
     {
     }
     /// With that scale on the first screen and another one on the second.
-    Writing(const DesktopSetup &setup, double scale, double scaleOfSecond)
+    TextPresentation(const DesktopSetup &setup, double scale, double scaleOfSecond)
         : Presentation(
               withAccessibility(setup),
               {{"QT_SCREEN_SCALE_FACTORS", QString("DUMMY0=%1;DUMMY1=%2").arg(scale).arg(scaleOfSecond)}})

@@ -6,13 +6,13 @@
 namespace zeigewerk::rig {
 
 /// A presentation whose presenter works with the toolbar.
-class Rehearsal : public Presentation
+class ToolbarPresentation : public Presentation
 {
 public:
     /// Free of the toolbar at its first place, and of its shadow.
     static constexpr QRect kLeftOfToolbar = QRect(0, 0, 1700, 1080);
 
-    Rehearsal()
+    ToolbarPresentation()
         : Presentation({.accessibility = true})
         , presenter(session, program)
     {

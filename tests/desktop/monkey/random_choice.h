@@ -12,10 +12,10 @@ namespace zeigewerk::rig {
 
 /// Random choices that are the same for the same seed and number, so that an action does what it did before
 /// whatever those before it asked for.
-class Chance
+class RandomChoice
 {
 public:
-    Chance(std::uint32_t seed, int number)
+    RandomChoice(std::uint32_t seed, int number)
         : m_dice(std::uint64_t{seed} << 32 | static_cast<std::uint32_t>(number))
     {
     }

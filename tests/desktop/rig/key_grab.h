@@ -9,11 +9,11 @@ namespace zeigewerk::rig {
 class DesktopSession;
 
 /// Holds a combination on the root, whatever the state of Caps Lock and Num Lock, as long as it lives.
-class HotKeyThief
+class KeyGrab
 {
 public:
     /// Throws RigError if another client has the combination already.
-    HotKeyThief(DesktopSession &session, const Modifiers &modifiers, Key key);
+    KeyGrab(DesktopSession &session, const Modifiers &modifiers, Key key);
 
     /// How many times the combination was pressed so far.
     int presses();

@@ -28,15 +28,15 @@ Costs Costs::operator*(double factor) const
     return {program * factor, server * factor, compositor * factor};
 }
 
-void awaitRest(rig::DesktopSession &session, qint64 programId)
+void awaitIdle(rig::DesktopSession &session, qint64 programId)
 {
     // Longer than a frame of the compositor, and than the quarter of a second after which the program has a
     // last look at what another window's coming or going did to the order of windows.
-    constexpr std::chrono::milliseconds kRest = 300ms;
+    constexpr std::chrono::milliseconds kIdleTime = 300ms;
     const auto deadline = std::chrono::steady_clock::now() + 60s;
     while (std::chrono::steady_clock::now() < deadline) {
         const Costs before = Costs::of(session, programId);
-        QTest::qSleep(static_cast<int>(kRest.count()));
+        QTest::qSleep(static_cast<int>(kIdleTime.count()));
         const Costs spent = Costs::of(session, programId) - before;
         if (spent.program + spent.server + spent.compositor == Milliseconds::zero())
             return;
@@ -75,14 +75,14 @@ Milliseconds PixelWatch::untilChanged(std::chrono::steady_clock::time_point star
 std::vector<double> motionToPixel(rig::DesktopSession &session, const Path &path, int samples)
 {
     constexpr double kRate = 60.0;
-    Mouse hand(session.client());
+    Mouse mouse(session.client());
     std::vector<double> times;
     Pace pace(kRate);
     for (int sample = 1; sample <= samples; ++sample) {
         pace.awaitNext();
         PixelWatch watch(session.client(), path(sample));
         const auto start = std::chrono::steady_clock::now();
-        hand.moveTo(path(sample));
+        mouse.moveTo(path(sample));
         times.push_back(watch.untilChanged(start).count());
     }
     return times;

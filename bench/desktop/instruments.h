@@ -15,7 +15,7 @@ inline constexpr QSize kScreen(3840, 2160);
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 /// One screen of 3840 x 2160 with the usual window manager and compositor.
-inline rig::DesktopSetup stageSetup()
+inline rig::DesktopSetup benchSetup()
 {
     return {.screens = {QRect(QPoint(0, 0), kScreen)}};
 }
@@ -37,16 +37,16 @@ struct Costs
 
 /// Comes back when none of the three has done anything for a while, so that what follows is not charged with
 /// what came before. Throws RigError if they never rest.
-void awaitRest(rig::DesktopSession &session, qint64 programId);
+void awaitIdle(rig::DesktopSession &session, qint64 programId);
 
 /// What a piece of work costs, until everything is at rest again.
 template <typename Work>
 Costs costsOf(rig::DesktopSession &session, qint64 programId, const Work &work)
 {
-    awaitRest(session, programId);
+    awaitIdle(session, programId);
     const Costs before = Costs::of(session, programId);
     work();
-    awaitRest(session, programId);
+    awaitIdle(session, programId);
     return Costs::of(session, programId) - before;
 }
 

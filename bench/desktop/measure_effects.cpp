@@ -18,19 +18,19 @@ double shareOfCore(Milliseconds spent)
 /// The spotlight follows a mouse of that many samples a second for ten seconds.
 void measureSpotlight(Results &results, double rate, const Bars &bars)
 {
-    rig::Presentation show(stageSetup());
-    Mouse hand(show.session.client());
-    const Path path = wander(kScreen);
-    hand.moveTo(path(0));
-    awaitRest(show.session, show.program.processId());
+    rig::Presentation show(benchSetup());
+    Mouse mouse(show.session.client());
+    const Path path = penPath(kScreen);
+    mouse.moveTo(path(0));
+    awaitIdle(show.session, show.program.processId());
     PixelWatch watch(show.session.client(), {kScreen.width() - 2, kScreen.height() - 2});
     show.hotKey(rig::Key::S);
     watch.untilChanged(std::chrono::steady_clock::now());
 
     const Costs before = Costs::of(show.session, show.program.processId());
     // At any rate the same way in the same time, in steps as wide as that takes.
-    const Path sameWay = [&](int sample) { return path(static_cast<int>(sample * 1000.0 / rate)); };
-    hand.follow(sameWay, 1, static_cast<int>(kSeconds * rate), rate);
+    const Path sameDistance = [&](int sample) { return path(static_cast<int>(sample * 1000.0 / rate)); };
+    mouse.follow(sameDistance, 1, static_cast<int>(kSeconds * rate), rate);
     const Costs spent = Costs::of(show.session, show.program.processId()) - before;
     const QString what = QStringLiteral("spotlight, mouse of %1 Hz: ").arg(rate);
     results.add(what + QStringLiteral("program"), shareOfCore(spent.program), QStringLiteral("%"), bars);
@@ -41,7 +41,7 @@ void measureSpotlight(Results &results, double rate, const Bars &bars)
 void measureFade(Results &results)
 {
     constexpr int kShapes = 100;
-    rig::DesktopSession session(stageSetup());
+    rig::DesktopSession session(benchSetup());
     if (!rig::SettingsFile(session).write("ZeigewerkAutoFade=true\n"))
         throw rig::RigError("no settings");
     rig::WindowBeneath beneath(session, QRect(QPoint(0, 0), kScreen), QColor(0x20, 0x60, 0xA0));
@@ -53,13 +53,13 @@ void measureFade(Results &results)
             [&] { return session.client().isOfProcess(session.client().inputFocus(), program.processId()); }))
         throw rig::RigError("drawing does not begin");
 
-    Mouse hand(session.client());
-    const Path path = wander(kScreen);
+    Mouse mouse(session.client());
+    const Path path = penPath(kScreen);
     const Costs before = Costs::of(session, program.processId());
     for (int shape = 0; shape < kShapes; ++shape)
-        hand.scribble(path(100 * shape));
+        mouse.scribble(path(100 * shape));
     const Costs drawn = Costs::of(session, program.processId());
-    awaitRest(session, program.processId());
+    awaitIdle(session, program.processId());
     const Costs spent = Costs::of(session, program.processId()) - drawn;
     results.add(QStringLiteral("drawing 100 shapes: program"), (drawn - before).program.count(),
                 QStringLiteral("ms"));

@@ -34,7 +34,7 @@ void measureStart(Results &results)
 {
     results.heading(QStringLiteral("Start"));
     constexpr int kStarts = 20;
-    rig::DesktopSession session(stageSetup());
+    rig::DesktopSession session(benchSetup());
     const QPoint place = placeOnToolbar(session);
     std::vector<double> times;
     for (int i = 0; i < kStarts; ++i) {
@@ -44,7 +44,7 @@ void measureStart(Results &results)
         times.push_back(watch.untilChanged(start).count());
         if (!program.waitUntilReady() || program.terminate() != 0)
             throw rig::RigError("the program does not start and end as it should");
-        awaitRest(session, session.display().serverProcessId());
+        awaitIdle(session, session.display().serverProcessId());
     }
     results.add(QStringLiteral("start to toolbar on screen, median"), percentile(times, 0.5),
                 QStringLiteral("ms"), {80.0, 50.0});

@@ -31,12 +31,12 @@ void sleepUntil(std::int64_t when)
 
 } // namespace
 
-Path wander(QSize screen)
+Path penPath(QSize screen)
 {
-    return [screen](int sample) { return bench::wander(screen, sample).toPoint(); };
+    return [screen](int sample) { return penPosition(screen, sample).toPoint(); };
 }
 
-Path level(QPoint start)
+Path horizontalPath(QPoint start)
 {
     constexpr int kStep = 12;
     return [start](int sample) { return start + QPoint(kStep * sample, 0); };

@@ -13,9 +13,9 @@ namespace zeigewerk::bench {
 using Path = std::function<QPoint(int sample)>;
 
 /// All over a screen, as wander.h has it.
-Path wander(QSize screen);
+Path penPath(QSize screen);
 /// From left to right at that height, in steps of twelve pixels: a stroke never comes near where it was.
-Path level(QPoint start);
+Path horizontalPath(QPoint start);
 
 /// Sends real events through XTest at the pace of a device. Unlike a test's pointer it waits for nothing, so
 /// that what it costs the server is what a mouse costs.

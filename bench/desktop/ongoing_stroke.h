@@ -7,7 +7,7 @@ namespace zeigewerk::bench {
 
 /// What is compared is measured in so many turns, since what else a machine does makes one minute dearer than
 /// the next; their median counts.
-inline constexpr int kTurns = 5;
+inline constexpr int kRounds = 5;
 
 /// A stroke that wanders all over the screen, on and on.
 class OngoingStroke
@@ -21,19 +21,19 @@ public:
     OngoingStroke(rig::DesktopSession &session, qint64 programId);
     OngoingStroke(const OngoingStroke &) = delete;
     OngoingStroke &operator=(const OngoingStroke &) = delete;
-    ~OngoingStroke() { m_hand.release(); }
+    ~OngoingStroke() { m_mouse.release(); }
 
     /// In a hurry, until it has so many samples.
-    void goOnTo(int samples);
+    void continueTo(int samples);
     /// What 1,000 samples cost at that many a second, reckoned from `samples` of them after the warm-up.
-    Costs nextCosts(int samples, double pace);
+    Costs nextCosts(int samples, double rate);
 
 private:
-    void follow(int samples, double pace);
+    void follow(int samples, double rate);
 
     rig::DesktopSession &m_session;
     qint64 m_programId;
-    Mouse m_hand;
+    Mouse m_mouse;
     Path m_path;
     int m_next = 1;
 };

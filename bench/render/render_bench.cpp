@@ -22,7 +22,7 @@ constexpr QSize kScreen(3840, 2160);
 
 QPointF penPoint(int sample)
 {
-    return bench::wander(kScreen, sample);
+    return bench::penPosition(kScreen, sample);
 }
 
 Shape stroke(Tool tool, int points)

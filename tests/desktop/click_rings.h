@@ -44,8 +44,8 @@ public:
     {
         int count = 0;
         for (const WatchedWindow &ring : rings()) {
-            const QPoint off = ring.geometry.topLeft() + QPoint(kSide / 2, kSide / 2) - place;
-            if (std::abs(off.x()) <= 1 && std::abs(off.y()) <= 1)
+            const QPoint offset = ring.geometry.topLeft() + QPoint(kSide / 2, kSide / 2) - place;
+            if (std::abs(offset.x()) <= 1 && std::abs(offset.y()) <= 1)
                 ++count;
         }
         return count;
@@ -58,7 +58,7 @@ public:
     /// A click far from all others whose ring has come. What an earlier press brings about comes before it.
     bool hasSettled()
     {
-        const QPoint place(1500, 900 - 10 * m_closingClicks++);
+        const QPoint place(1500, 900 - 10 * m_settlingClicks++);
         return session.pointer().clickAt(place) && eventually([&] { return ringsAt(place) == 1; });
     }
 
@@ -66,7 +66,7 @@ public:
 
 private:
     WindowWatch m_watch;
-    int m_closingClicks = 0;
+    int m_settlingClicks = 0;
 };
 
 } // namespace zeigewerk::rig

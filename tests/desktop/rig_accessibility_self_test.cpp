@@ -19,13 +19,13 @@ class RigAccessibilitySelfTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void buttonsAreFoundInTheirOrder();
+    void buttonsAreFoundInOrder();
     void pressingNeedsNoPointer();
-    void clicksMeetTheMiddleOfTheExtentsAtEveryScale_data();
-    void clicksMeetTheMiddleOfTheExtentsAtEveryScale();
-    void eachProgramIsFoundForItself();
-    void unaskedForThereIsNoAccessibilityBus();
-    void nothingOfTheBusIsLeftBehind();
+    void clicksWithinTheExtentsHitAtEveryScale_data();
+    void clicksWithinTheExtentsHitAtEveryScale();
+    void programsAreToldApart();
+    void theAccessibilityBusRunsOnlyOnRequest();
+    void noBusProcessIsLeftBehind();
 };
 
 void RigAccessibilitySelfTest::initTestCase()
@@ -33,7 +33,7 @@ void RigAccessibilitySelfTest::initTestCase()
     qputenv("ZEIGEWERK_BINARY", RIG_ACCESSIBLE_STAND_IN);
 }
 
-void RigAccessibilitySelfTest::buttonsAreFoundInTheirOrder()
+void RigAccessibilitySelfTest::buttonsAreFoundInOrder()
 {
     DesktopSession session({.accessibility = true});
     Program program(session);
@@ -78,7 +78,7 @@ void RigAccessibilitySelfTest::pressingNeedsNoPointer()
     QVERIFY(reader.buttons().isEmpty());
 }
 
-void RigAccessibilitySelfTest::clicksMeetTheMiddleOfTheExtentsAtEveryScale_data()
+void RigAccessibilitySelfTest::clicksWithinTheExtentsHitAtEveryScale_data()
 {
     QTest::addColumn<QString>("scales");
     QTest::addColumn<QRect>("screen");
@@ -88,7 +88,7 @@ void RigAccessibilitySelfTest::clicksMeetTheMiddleOfTheExtentsAtEveryScale_data(
     QTest::newRow("2") << "2" << QRect(0, 0, 3840, 2160) << QSize(120, 80);
 }
 
-void RigAccessibilitySelfTest::clicksMeetTheMiddleOfTheExtentsAtEveryScale()
+void RigAccessibilitySelfTest::clicksWithinTheExtentsHitAtEveryScale()
 {
     QFETCH(QString, scales);
     QFETCH(QRect, screen);
@@ -111,7 +111,7 @@ void RigAccessibilitySelfTest::clicksMeetTheMiddleOfTheExtentsAtEveryScale()
     EVENTUALLY(reader.find(kToggle)->isChecked());
 }
 
-void RigAccessibilitySelfTest::eachProgramIsFoundForItself()
+void RigAccessibilitySelfTest::programsAreToldApart()
 {
     DesktopSession session({.accessibility = true});
     Program one(session);
@@ -123,7 +123,7 @@ void RigAccessibilitySelfTest::eachProgramIsFoundForItself()
     QVERIFY(one.output().isEmpty());
 }
 
-void RigAccessibilitySelfTest::unaskedForThereIsNoAccessibilityBus()
+void RigAccessibilitySelfTest::theAccessibilityBusRunsOnlyOnRequest()
 {
     DesktopSession session;
     const QProcessEnvironment environment = session.environment();
@@ -133,7 +133,7 @@ void RigAccessibilitySelfTest::unaskedForThereIsNoAccessibilityBus()
     QCOMPARE(processesWithEnvironment(mark).size(), 3);
 }
 
-void RigAccessibilitySelfTest::nothingOfTheBusIsLeftBehind()
+void RigAccessibilitySelfTest::noBusProcessIsLeftBehind()
 {
     QByteArray mark;
     {

@@ -13,7 +13,7 @@
 
 namespace {
 
-void say(const QString &what)
+void print(const QString &what)
 {
     std::puts(qUtf8Printable(what));
     std::fflush(stdout);
@@ -28,12 +28,12 @@ QPushButton *addButton(QGridLayout &grid, const QString &name, bool isToggle = f
     button->setCheckable(isToggle);
     const int number = grid.count();
     grid.addWidget(button, number / 2, number % 2);
-    const auto sayUsed = [=] { say(QString("%1 used at %2").arg(name).arg(number)); };
+    const auto printUsed = [=] { print(QString("%1 used at %2").arg(name).arg(number)); };
     // A screen reader toggles a toggle without clicking it.
     if (isToggle)
-        QObject::connect(button, &QPushButton::toggled, sayUsed);
+        QObject::connect(button, &QPushButton::toggled, printUsed);
     else
-        QObject::connect(button, &QPushButton::clicked, sayUsed);
+        QObject::connect(button, &QPushButton::clicked, printUsed);
     return button;
 }
 

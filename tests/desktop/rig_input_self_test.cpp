@@ -10,17 +10,17 @@ class RigInputSelfTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void clicksReachTheWindowBeneathWhereTheyAreMade();
-    void dragMakesOneMotionForEachPoint();
-    void keysReachTheWindowThatTookTheFocus();
-    void focusReturnsToAnotherWindow();
+    void clicksReachTheWindowBeneathAtTheirPlaces();
+    void aDragSendsOneMotionPerPoint();
+    void keysReachTheFocusedWindow();
+    void focusMovesBetweenWindows();
     void locksAreSetAndCleared_data();
     void locksAreSetAndCleared();
-    void germanMapKeepsTheKeysAtTheirPlaces();
-    void trialGrabFindsTheThiefAndNothingElse();
+    void theGermanMapKeepsKeyPositions();
+    void onlyGrabbedHotKeysAreReportedAsGrabbed();
 };
 
-void RigInputSelfTest::clicksReachTheWindowBeneathWhereTheyAreMade()
+void RigInputSelfTest::clicksReachTheWindowBeneathAtTheirPlaces()
 {
     DesktopSession session;
     WindowBeneath beneath(session, kBeneath, kBlue);
@@ -40,7 +40,7 @@ void RigInputSelfTest::clicksReachTheWindowBeneathWhereTheyAreMade()
     QVERIFY(beneath.events().isEmpty());
 }
 
-void RigInputSelfTest::dragMakesOneMotionForEachPoint()
+void RigInputSelfTest::aDragSendsOneMotionPerPoint()
 {
     DesktopSession session;
     WindowBeneath beneath(session, kBeneath, kBlue);
@@ -55,7 +55,7 @@ void RigInputSelfTest::dragMakesOneMotionForEachPoint()
     QVERIFY(!session.pointer().moveTo({5000, 300}));
 }
 
-void RigInputSelfTest::keysReachTheWindowThatTookTheFocus()
+void RigInputSelfTest::keysReachTheFocusedWindow()
 {
     DesktopSession session;
     WindowBeneath beneath(session, kBeneath, kBlue);
@@ -70,7 +70,7 @@ void RigInputSelfTest::keysReachTheWindowThatTookTheFocus()
     QCOMPARE(beneath.events().last().state, modifierMask({Key::Ctrl}));
 }
 
-void RigInputSelfTest::focusReturnsToAnotherWindow()
+void RigInputSelfTest::focusMovesBetweenWindows()
 {
     DesktopSession session;
     WindowBeneath one(session, kBeneath, kBlue);
@@ -115,7 +115,7 @@ void RigInputSelfTest::locksAreSetAndCleared()
     QCOMPARE(beneath.events().last().state, modifierMask({key}));
 }
 
-void RigInputSelfTest::germanMapKeepsTheKeysAtTheirPlaces()
+void RigInputSelfTest::theGermanMapKeepsKeyPositions()
 {
     DesktopSession session;
     constexpr xcb_keysym_t kOdiaeresis = 0xF6;
@@ -134,13 +134,13 @@ void RigInputSelfTest::germanMapKeepsTheKeysAtTheirPlaces()
     QCOMPARE(symbol(Key::Z), xcb_keysym_t('y'));
 }
 
-void RigInputSelfTest::trialGrabFindsTheThiefAndNothingElse()
+void RigInputSelfTest::onlyGrabbedHotKeysAreReportedAsGrabbed()
 {
     DesktopSession session;
     const Modifiers modifiers = {Key::Ctrl, Key::Alt};
     QVERIFY(!isGrabbedByAnother(session, modifiers, Key::P));
     {
-        KeyGrab thief(session, modifiers, Key::P);
+        KeyGrab grab(session, modifiers, Key::P);
         QVERIFY(isGrabbedByAnother(session, modifiers, Key::P));
         QVERIFY(!isGrabbedByAnother(session, modifiers, Key::D));
         QVERIFY(!isGrabbedByAnother(session, {Key::Ctrl}, Key::P));
@@ -148,7 +148,7 @@ void RigInputSelfTest::trialGrabFindsTheThiefAndNothingElse()
         QVERIFY_THROWS_EXCEPTION(RigError, KeyGrab(session, modifiers, Key::P));
         QVERIFY(session.keyboard().setLock(Key::CapsLock, true));
         session.keyboard().chord(modifiers, Key::P);
-        EVENTUALLY(thief.presses() == 1);
+        EVENTUALLY(grab.presses() == 1);
     }
     // The trial has left nothing behind, and the thief neither.
     EVENTUALLY(!isGrabbedByAnother(session, modifiers, Key::P));

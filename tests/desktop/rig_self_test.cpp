@@ -26,14 +26,14 @@ private Q_SLOTS:
     void screensComeAndGo();
     void raisedWindowIsAboveTheOther();
     void fullScreenWindowCoversTheScreen();
-    void programIsReadyAndSeen();
-    void programTellsHowItEnded();
-    void deafProgramIsEndedAllTheSame();
+    void programIsReadyAndVisible();
+    void exitCodesAreReported();
+    void unresponsiveProgramIsKilled();
     void translucencyComesAndGoesWithTheCompositor();
     void desktopWithoutManagersWorks();
     void sessionEndsAllItsProcesses();
-    void conditionsAreAskedUntilTheyAreSettled();
-    void pictureOfAFailureShowsTheScreen();
+    void conditionsArePolledUntilSettled();
+    void failurePicturesShowTheScreen();
 };
 
 void RigSelfTest::initTestCase()
@@ -106,7 +106,7 @@ void RigSelfTest::fullScreenWindowCoversTheScreen()
     EVENTUALLY(session.screenshot().bounds(kBlue, VirtualDisplay::kFullHd) == kBeneath);
 }
 
-void RigSelfTest::programIsReadyAndSeen()
+void RigSelfTest::programIsReadyAndVisible()
 {
     DesktopSession session;
     WindowBeneath beneath(session, kBeneath, Qt::white);
@@ -130,7 +130,7 @@ void RigSelfTest::programIsReadyAndSeen()
     QVERIFY(!ours.first().overrideRedirect);
 }
 
-void RigSelfTest::programTellsHowItEnded()
+void RigSelfTest::exitCodesAreReported()
 {
     DesktopSession session({.windowManager = WindowManager::None, .compositor = Compositor::None});
     Program program(session);
@@ -144,16 +144,16 @@ void RigSelfTest::programTellsHowItEnded()
     QVERIFY(!brief.waitUntilReady());
 }
 
-void RigSelfTest::deafProgramIsEndedAllTheSame()
+void RigSelfTest::unresponsiveProgramIsKilled()
 {
     DesktopSession session({.windowManager = WindowManager::None, .compositor = Compositor::None});
     qint64 processId = 0;
     {
-        Program deaf(session, {}, {QStringLiteral("--deaf")});
-        QVERIFY(deaf.waitUntilReady());
-        processId = deaf.processId();
-        QCOMPARE(deaf.terminate(200ms), std::nullopt);
-        QVERIFY(deaf.isRunning());
+        Program unresponsive(session, {}, {QStringLiteral("--deaf")});
+        QVERIFY(unresponsive.waitUntilReady());
+        processId = unresponsive.processId();
+        QCOMPARE(unresponsive.terminate(200ms), std::nullopt);
+        QVERIFY(unresponsive.isRunning());
     }
     QCOMPARE(kill(static_cast<pid_t>(processId), 0), -1);
 }
@@ -165,13 +165,13 @@ void RigSelfTest::translucencyComesAndGoesWithTheCompositor()
     Program program(session);
     QVERIFY(program.waitUntilReady());
     const QRect window(100, 100, 200, 150);
-    const QColor mixed(0xFF, 0x7F, 0x7F);
+    const QColor blended(0xFF, 0x7F, 0x7F);
     const QColor opaque(0x80, 0, 0);
-    EVENTUALLY(session.screenshot().isFilled(mixed, window, 1));
+    EVENTUALLY(session.screenshot().isFilled(blended, window, 1));
     session.stopCompositor();
     EVENTUALLY(session.screenshot().isFilled(opaque, window));
     session.startCompositor();
-    EVENTUALLY(session.screenshot().isFilled(mixed, window, 1));
+    EVENTUALLY(session.screenshot().isFilled(blended, window, 1));
 }
 
 void RigSelfTest::desktopWithoutManagersWorks()
@@ -206,22 +206,22 @@ void RigSelfTest::sessionEndsAllItsProcesses()
     QCOMPARE(kill(static_cast<pid_t>(server), 0), -1);
     QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("no connection to display")));
     QVERIFY_THROWS_EXCEPTION(RigError, Client{display});
-    QVERIFY(DesktopSession::living().isEmpty());
+    QVERIFY(DesktopSession::all().isEmpty());
 }
 
-void RigSelfTest::conditionsAreAskedUntilTheyAreSettled()
+void RigSelfTest::conditionsArePolledUntilSettled()
 {
-    int asked = 0;
-    QVERIFY(eventually([&] { return ++asked == 3; }));
-    QCOMPARE(asked, 3);
+    int polls = 0;
+    QVERIFY(eventually([&] { return ++polls == 3; }));
+    QCOMPARE(polls, 3);
     QVERIFY(!eventually([] { return false; }, 20ms));
     QVERIFY(throughout(20ms, [] { return true; }));
-    asked = 0;
-    QVERIFY(!throughout(1s, [&] { return ++asked < 3; }));
-    QCOMPARE(asked, 3);
+    polls = 0;
+    QVERIFY(!throughout(1s, [&] { return ++polls < 3; }));
+    QCOMPARE(polls, 3);
 }
 
-void RigSelfTest::pictureOfAFailureShowsTheScreen()
+void RigSelfTest::failurePicturesShowTheScreen()
 {
     // A folder of its own, so that the same test may run twice at a time.
     const QTemporaryDir folder;

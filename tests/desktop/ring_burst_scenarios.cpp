@@ -9,51 +9,51 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kManyClicks = 200;
+constexpr int kClicksPerBurst = 200;
 /// One for each sixtieth of 450 ms, one for a step that was due just before the ring came and is late, one at
 /// its beginning, and two as it comes: the server clears the window, and asks for its picture.
-constexpr int kMostFrames = 27 + 1 + 1 + 2;
+constexpr int kMaxFrames = 27 + 1 + 1 + 2;
 /// Of a ring that is seen to move.
-constexpr int kFewFrames = 3;
+constexpr int kMinMovingFrames = 3;
 
 /// What one crowd of rings was like.
-struct Crowd
+struct Burst
 {
     QList<qsizetype> frames;
-    qsizetype mostAtOnce = 0;
-    std::chrono::nanoseconds ofProgram{};
-    std::chrono::nanoseconds ofServer{};
+    qsizetype maxAtOnce = 0;
+    std::chrono::nanoseconds programTime{};
+    std::chrono::nanoseconds serverTime{};
 
-    qsizetype moving() const
+    qsizetype movingRings() const
     {
-        return std::count_if(frames.begin(), frames.end(), [](qsizetype n) { return n >= kFewFrames; });
+        return std::count_if(frames.begin(), frames.end(), [](qsizetype n) { return n >= kMinMovingFrames; });
     }
 };
 
-class Crowds : public ClickRings
+class RingBursts : public ClickRings
 {
 public:
-    Crowds()
+    RingBursts()
         : m_windows(session)
         , m_frames(session)
     {
     }
 
     /// Has that many rings come at once, and comes back when they are gone; nothing if one does not.
-    std::optional<Crowd> next()
+    std::optional<Burst> next()
     {
-        Crowd crowd;
-        m_known = m_windows.windows().size();
+        Burst burst;
+        m_windowsBefore = m_windows.windows().size();
         const auto programBefore = program.cpuTime();
         const auto serverBefore = cpuTime(session.display().serverProcessId());
-        session.pointer().clickAtOnce(kManyClicks);
-        if (!eventually([&] { return isOver(crowd); }, 60s))
+        session.pointer().clickAtOnce(kClicksPerBurst);
+        if (!eventually([&] { return isOver(burst); }, 60s))
             return std::nullopt;
-        crowd.ofProgram = program.cpuTime() - programBefore;
-        crowd.ofServer = cpuTime(session.display().serverProcessId()) - serverBefore;
+        burst.programTime = program.cpuTime() - programBefore;
+        burst.serverTime = cpuTime(session.display().serverProcessId()) - serverBefore;
         for (const WatchedWindow &ring : newRings())
-            crowd.frames.append(m_frames.frames(ring.id));
-        return crowd;
+            burst.frames.append(m_frames.frames(ring.id));
+        return burst;
     }
 
 private:
@@ -61,43 +61,43 @@ private:
     QList<WatchedWindow> newRings()
     {
         QList<WatchedWindow> rings;
-        for (const WatchedWindow &window : m_windows.windows().sliced(m_known)) {
+        for (const WatchedWindow &window : m_windows.windows().sliced(m_windowsBefore)) {
             if (window.wasShown && window.geometry.size() == QSize(kSide, kSide))
                 rings.append(window);
         }
         return rings;
     }
 
-    bool isOver(Crowd &crowd)
+    bool isOver(Burst &burst)
     {
         m_frames.catchUp();
         const QList<WatchedWindow> all = newRings();
         const auto shown = [](const WatchedWindow &ring) { return ring.isShown; };
-        crowd.mostAtOnce = std::max(crowd.mostAtOnce, std::count_if(all.begin(), all.end(), shown));
+        burst.maxAtOnce = std::max(burst.maxAtOnce, std::count_if(all.begin(), all.end(), shown));
         const auto gone = [](const WatchedWindow &ring) { return ring.isGone; };
-        return all.size() == kManyClicks && std::all_of(all.begin(), all.end(), gone);
+        return all.size() == kClicksPerBurst && std::all_of(all.begin(), all.end(), gone);
     }
 
     WindowWatch m_windows;
     FrameWatch m_frames;
-    qsizetype m_known = 0;
+    qsizetype m_windowsBefore = 0;
 };
 
-void print(Crowd crowd)
+void print(Burst burst)
 {
-    std::sort(crowd.frames.begin(), crowd.frames.end());
-    const auto all = std::accumulate(crowd.frames.begin(), crowd.frames.end(), qsizetype{0});
+    std::sort(burst.frames.begin(), burst.frames.end());
+    const auto all = std::accumulate(burst.frames.begin(), burst.frames.end(), qsizetype{0});
     const auto perFrame = [&](std::chrono::nanoseconds time) {
         return std::chrono::duration<double, std::micro>(time).count() / static_cast<double>(all);
     };
     qInfo().noquote() << QString("%1 rings at once, frames of one: least %2, middle %3, most %4; a frame of "
                                  "a ring, its coming and going included: program %5 us, server %6 us")
-                             .arg(crowd.mostAtOnce)
-                             .arg(crowd.frames.first())
-                             .arg(crowd.frames.at(crowd.frames.size() / 2))
-                             .arg(crowd.frames.last())
-                             .arg(perFrame(crowd.ofProgram), 0, 'f', 1)
-                             .arg(perFrame(crowd.ofServer), 0, 'f', 1);
+                             .arg(burst.maxAtOnce)
+                             .arg(burst.frames.first())
+                             .arg(burst.frames.at(burst.frames.size() / 2))
+                             .arg(burst.frames.last())
+                             .arg(perFrame(burst.programTime), 0, 'f', 1)
+                             .arg(perFrame(burst.serverTime), 0, 'f', 1);
 }
 
 } // namespace
@@ -107,26 +107,26 @@ class RingBurstScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void allRingsOfACrowdMove();
+    void allRingsOfABurstMove();
 };
 
-void RingBurstScenarios::allRingsOfACrowdMove()
+void RingBurstScenarios::allRingsOfABurstMove()
 {
-    Crowds on;
-    QVERIFY(on.turnOn());
-    QVERIFY(on.session.pointer().moveTo({600, 400}));
+    RingBursts show;
+    QVERIFY(show.turnOn());
+    QVERIFY(show.session.pointer().moveTo({600, 400}));
     // How many frames there is time for depends on how busy the machine is, so several crowds are looked at.
-    constexpr int kMostCrowds = 20;
-    qsizetype moving = 0;
-    for (int i = 0; moving < kManyClicks; ++i) {
-        QVERIFY(i < kMostCrowds);
-        const std::optional<Crowd> crowd = on.next();
-        QVERIFY(crowd.has_value());
-        print(*crowd);
-        QVERIFY(*std::max_element(crowd->frames.begin(), crowd->frames.end()) <= kMostFrames);
-        moving += crowd->moving();
+    constexpr int kMaxBursts = 20;
+    qsizetype movingRings = 0;
+    for (int i = 0; movingRings < kClicksPerBurst; ++i) {
+        QVERIFY(i < kMaxBursts);
+        const std::optional<Burst> burst = show.next();
+        QVERIFY(burst.has_value());
+        print(*burst);
+        QVERIFY(*std::max_element(burst->frames.begin(), burst->frames.end()) <= kMaxFrames);
+        movingRings += burst->movingRings();
     }
-    EVENTUALLY(on.isUntouched({0, 0, 1700, 1080}));
+    EVENTUALLY(show.isUntouched({0, 0, 1700, 1080}));
 }
 
 REGISTER_GUILESS_TEST(RingBurstScenarios)

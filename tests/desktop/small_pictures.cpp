@@ -56,10 +56,10 @@ QList<Mark> marks()
     };
 }
 
-WholeMark wholeOf(const Mark &mark)
+MarkExtent extentOf(const Mark &mark)
 {
     const QPoint end = mark.end.value_or(mark.points.last());
-    return {.least = QPolygon(mark.points).boundingRect().size(),
+    return {.minSize = QPolygon(mark.points).boundingRect().size(),
             .end = QRect(end - QPoint(3, 3), QSize(7, 7))};
 }
 
@@ -93,7 +93,7 @@ bool SmallPictures::strokes()
     const QList<Mark> all = marks();
     return std::all_of(all.begin(), all.end(), [this](const Mark &mark) {
         return drawWith(mark.tool, mark.color, mark.width, mark.points) &&
-               showsMark(mark.file, mark.what, {mark.corner, kSize}, mark.ink, wholeOf(mark));
+               showsMark(mark.file, mark.what, {mark.corner, kSize}, mark.ink, extentOf(mark));
     });
 }
 
@@ -101,19 +101,19 @@ bool SmallPictures::text()
 {
     const QRect part(kAtBestQuarter, kSize);
     return take(button::kText, Red, Medium) && write({640, 480}, {840, 482}, "neuer Rekord") &&
-           showsMark("tool-text.png", "the text", part, kInks[Red], {.least = {150, 12}, .end = part});
+           showsMark("tool-text.png", "the text", part, kInks[Red], {.minSize = {150, 12}, .end = part});
 }
 
 bool SmallPictures::showsMark(const char *file, const char *what, const QRect &part, const QColor &ink,
-                              const WholeMark &whole)
+                              const MarkExtent &extent)
 {
     const QRect within = part.adjusted(kMargin, kMargin, -kMargin, -kMargin);
-    const auto isWholeAndInside = [&] {
+    const auto isCompleteAndInside = [&] {
         const QRect bounds = session().screenshot().bounds(ink, part, 2);
-        return bounds.size().expandedTo(whole.least) == bounds.size() && within.contains(bounds) &&
-               count(whole.end, ink) > 0;
+        return bounds.size().expandedTo(extent.minSize) == bounds.size() && within.contains(bounds) &&
+               count(extent.end, ink) > 0;
     };
-    return shows(file, what, isWholeAndInside, part) && choose(button::kClear) &&
+    return shows(file, what, isCompleteAndInside, part) && choose(button::kClear) &&
            eventually([&] { return count(part, ink) == 0; });
 }
 

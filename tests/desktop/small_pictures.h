@@ -5,10 +5,10 @@
 namespace zeigewerk::rig {
 
 /// By what a mark is seen to be whole.
-struct WholeMark
+struct MarkExtent
 {
     /// Its ink spans at least that.
-    QSize least;
+    QSize minSize;
     /// There is some of it here.
     QRect end;
 };
@@ -29,7 +29,7 @@ private:
     bool text();
     /// Waits until all of a mark of that ink is seen in that part; then wipes it.
     bool showsMark(const char *file, const char *what, const QRect &part, const QColor &ink,
-                   const WholeMark &whole);
+                   const MarkExtent &extent);
 };
 
 } // namespace zeigewerk::rig

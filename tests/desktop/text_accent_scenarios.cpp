@@ -15,12 +15,12 @@ DesktopSetup germanWith(const Environment &environment = {})
 }
 
 /// What the open field holds, as another program gets it.
-QString textIn(TextPresentation &on, ClipboardUser &other)
+QString textIn(TextPresentation &show, ClipboardUser &other)
 {
     const QString before = "what was copied before";
     other.copy(before);
-    on.command(Key::A);
-    on.command(Key::C);
+    show.command(Key::A);
+    show.command(Key::C);
     eventually([&] { return other.paste() != before; });
     return other.paste().value_or(QString());
 }
@@ -32,12 +32,12 @@ class TextAccentScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aDeadKeyPutsItsAccentOnTheLetter_data();
-    void aDeadKeyPutsItsAccentOnTheLetter();
-    void accentsComeOntoTheCanvas();
+    void deadKeysComposeAccentedLetters_data();
+    void deadKeysComposeAccentedLetters();
+    void accentedLettersAppearOnTheCanvas();
 };
 
-void TextAccentScenarios::aDeadKeyPutsItsAccentOnTheLetter_data()
+void TextAccentScenarios::deadKeysComposeAccentedLetters_data()
 {
     QTest::addColumn<Environment>("environment");
     QTest::newRow("no language, in UTF-8") << Environment{{"LANG", "C.UTF-8"}};
@@ -52,42 +52,42 @@ void TextAccentScenarios::aDeadKeyPutsItsAccentOnTheLetter_data()
         << Environment{{"QT_IM_MODULE", "ibus"}, {"XMODIFIERS", "@im=ibus"}};
 }
 
-void TextAccentScenarios::aDeadKeyPutsItsAccentOnTheLetter()
+void TextAccentScenarios::deadKeysComposeAccentedLetters()
 {
     QFETCH(Environment, environment);
-    TextPresentation on(germanWith(environment));
-    ClipboardUser other(on.session);
-    QVERIFY(on.open({300, 300}));
-    const auto accented = [&on](const Modifiers &modifiers, Key accent, Key letter) {
-        on.session.keyboard().chord(modifiers, accent);
-        on.session.keyboard().tap(letter);
+    TextPresentation show(germanWith(environment));
+    ClipboardUser other(show.session);
+    QVERIFY(show.open({300, 300}));
+    const auto typeAccented = [&show](const Modifiers &modifiers, Key accent, Key letter) {
+        show.session.keyboard().chord(modifiers, accent);
+        show.session.keyboard().tap(letter);
     };
-    accented({}, Key::Equal, Key::E);
-    accented({Key::Shift}, Key::Equal, Key::A);
-    accented({}, Key::Grave, Key::O);
+    typeAccented({}, Key::Equal, Key::E);
+    typeAccented({Key::Shift}, Key::Equal, Key::A);
+    typeAccented({}, Key::Grave, Key::O);
     // The accent by itself.
-    accented({}, Key::Equal, Key::Space);
-    on.session.keyboard().tap(Key::E);
-    QCOMPARE(textIn(on, other), QString("éàô'e"));
+    typeAccented({}, Key::Equal, Key::Space);
+    show.session.keyboard().tap(Key::E);
+    QCOMPARE(textIn(show, other), QString("éàô'e"));
 }
 
-void TextAccentScenarios::accentsComeOntoTheCanvas()
+void TextAccentScenarios::accentedLettersAppearOnTheCanvas()
 {
-    TextPresentation on(germanWith());
-    ClipboardUser other(on.session);
+    TextPresentation show(germanWith());
+    ClipboardUser other(show.session);
     const QPoint typed(300, 300);
     const QPoint pasted(300, 500);
-    QVERIFY(on.open(typed));
-    on.session.keyboard().tap(Key::Equal);
-    on.session.keyboard().tap(Key::E);
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isWritten(typed));
+    QVERIFY(show.open(typed));
+    show.session.keyboard().tap(Key::Equal);
+    show.session.keyboard().tap(Key::E);
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isWritten(typed));
     other.copy("é");
-    QVERIFY(on.open(pasted));
-    on.command(Key::V);
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isWritten(pasted));
-    QCOMPARE(on.inkAt(typed), on.inkAt(pasted));
+    QVERIFY(show.open(pasted));
+    show.command(Key::V);
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isWritten(pasted));
+    QCOMPARE(show.inkAt(typed), show.inkAt(pasted));
 }
 
 REGISTER_GUILESS_TEST(TextAccentScenarios)

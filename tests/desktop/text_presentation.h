@@ -79,7 +79,7 @@ public:
         return session.screenshot().bounds(kInk, around.translated(press), 8).translated(-press);
     }
     /// Types what a German keyboard gives at these places.
-    void greet()
+    void typeGreeting()
     {
         session.keyboard().type("Gr");
         session.keyboard().tap(Key::BracketLeft);

@@ -14,9 +14,9 @@ constexpr QRect kLargeScreen(0, 0, 2560, 1440);
 constexpr QRect kScreenBesideLarge(2560, 0, 1600, 1440);
 
 /// Where the window is that has the keyboard.
-QRect keyboardAt(TextPresentation &on)
+QRect keyboardWindow(TextPresentation &show)
 {
-    const auto window = on.session.client().window(on.session.client().inputFocus());
+    const auto window = show.session.client().window(show.session.client().inputFocus());
     return window ? window->geometry : QRect();
 }
 
@@ -34,7 +34,7 @@ class TextScreenScenarios : public QObject
 private Q_SLOTS:
     void theFieldHasTheScaleOfItsScreen_data();
     void theFieldHasTheScaleOfItsScreen();
-    void aCutFieldShowsTheTextWhereItStays();
+    void aClippedFieldShowsTheTextWhereItStays();
 };
 
 void TextScreenScenarios::theFieldHasTheScaleOfItsScreen_data()
@@ -77,11 +77,11 @@ void TextScreenScenarios::theFieldHasTheScaleOfItsScreen()
     QFETCH(QPoint, press);
     QFETCH(double, scaleThere);
     QFETCH(QSize, size);
-    TextPresentation on({.screens = screens}, scale, scaleOfSecond);
-    QVERIFY(on.session.pointer().clickAt(press));
+    TextPresentation show({.screens = screens}, scale, scaleOfSecond);
+    QVERIFY(show.session.pointer().clickAt(press));
     const QPoint corner = press - QPoint(0, qRound(4 * scaleThere));
     const auto isThere = [&] {
-        const QRect field = keyboardAt(on);
+        const QRect field = keyboardWindow(show);
         return isNearPoint(field.topLeft(), corner) &&
                isNearPoint({field.width(), field.height()}, {size.width(), size.height()});
     };
@@ -89,20 +89,20 @@ void TextScreenScenarios::theFieldHasTheScaleOfItsScreen()
     EVENTUALLY(isThere());
 }
 
-void TextScreenScenarios::aCutFieldShowsTheTextWhereItStays()
+void TextScreenScenarios::aClippedFieldShowsTheTextWhereItStays()
 {
     const QPoint press(1200, 900);
-    TextPresentation on({.screens = {kScreen, kScreenBeside}}, 1.0, 2.0);
-    QVERIFY(on.session.pointer().clickAt(press));
-    EVENTUALLY(keyboardAt(on).width() < kScreen.width());
-    on.session.keyboard().type("m");
+    TextPresentation show({.screens = {kScreen, kScreenBeside}}, 1.0, 2.0);
+    QVERIFY(show.session.pointer().clickAt(press));
+    EVENTUALLY(keyboardWindow(show).width() < kScreen.width());
+    show.session.keyboard().type("m");
     // Without the caret.
     const QRect letter(press, QSize(20, 17));
-    const auto ink = [&] { return on.session.screenshot().bounds(kInk, letter, 8); };
+    const auto ink = [&] { return show.session.screenshot().bounds(kInk, letter, 8); };
     EVENTUALLY(!ink().isEmpty());
     const QRect typed = ink();
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(keyboardAt(on) == kScreen);
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(keyboardWindow(show) == kScreen);
     EVENTUALLY(isNear(ink(), typed));
 }
 

@@ -34,7 +34,7 @@ struct Run
 
 const DesktopSetup kSetup = {.accessibility = true};
 
-bool standsAtItsFirstPlace(const QRect &panel, const QRect &screen, int scale = 1)
+bool isAtDefaultPlace(const QRect &panel, const QRect &screen, int scale = 1)
 {
     // Half a point more or less above than below.
     return panel.size() == ToolbarUser::kPanelSize * scale && panel.right() == screen.right() - 24 * scale &&
@@ -63,17 +63,17 @@ class ToolbarPlaceScenarios : public QObject
 private Q_SLOTS:
     void itStartsAtTheRightEdgeOfTheScreen_data();
     void itStartsAtTheRightEdgeOfTheScreen();
-    void draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain_data();
-    void draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain();
-    void draggedWhileDrawingItLeavesNoInk();
-    void notDraggedItsPlaceIsNotSaved();
-    void aClickOnItsBackgroundIsNoDrag();
-    void anUnusableSavedPlaceIsMadeUsable_data();
-    void anUnusableSavedPlaceIsMadeUsable();
-    void itFollowsItsScreenAwayAndBack();
-    void whatWasSwitchedSurvivesARestart();
-    void settingsThatCannotBeWrittenHinderNothing_data();
-    void settingsThatCannotBeWrittenHinderNothing();
+    void itCanBeDraggedAndKeepsItsPlaceAfterARestart_data();
+    void itCanBeDraggedAndKeepsItsPlaceAfterARestart();
+    void draggingItWhileDrawingLeavesNoInk();
+    void withoutADragItsPlaceIsNotSaved();
+    void aClickOnItsBackgroundIsNotADrag();
+    void anUnusableSavedPlaceIsCorrected_data();
+    void anUnusableSavedPlaceIsCorrected();
+    void itReturnsWhenItsScreenComesBack();
+    void switchesSurviveARestart();
+    void unwritableSettingsBreakNothing_data();
+    void unwritableSettingsBreakNothing();
 };
 
 void ToolbarPlaceScenarios::itStartsAtTheRightEdgeOfTheScreen_data()
@@ -89,10 +89,10 @@ void ToolbarPlaceScenarios::itStartsAtTheRightEdgeOfTheScreen()
     const QRect screen(QPoint(0, 0), VirtualDisplay::kFullHd.size() * scale);
     DesktopSession session({.screens = {screen}, .accessibility = true});
     Run run(session, scale);
-    QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), screen, scale));
+    QVERIFY(isAtDefaultPlace(run.presenter.panel(), screen, scale));
 }
 
-void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain_data()
+void ToolbarPlaceScenarios::itCanBeDraggedAndKeepsItsPlaceAfterARestart_data()
 {
     QTest::addColumn<bool>("byTheGrip");
     QTest::addColumn<int>("scale");
@@ -101,45 +101,45 @@ void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgai
     QTest::newRow("grip, scale 2") << true << 2;
 }
 
-void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain()
+void ToolbarPlaceScenarios::itCanBeDraggedAndKeepsItsPlaceAfterARestart()
 {
     QFETCH(bool, byTheGrip);
     QFETCH(int, scale);
     DesktopSession session(
         {.screens = {QRect(QPoint(0, 0), VirtualDisplay::kFullHd.size() * scale)}, .accessibility = true});
-    const QPoint way(-600 * scale, -150 * scale);
-    QRect left;
+    const QPoint offset(-600 * scale, -150 * scale);
+    QRect moved;
     {
         Run run(session, scale);
-        left = run.presenter.panel().translated(way);
+        moved = run.presenter.panel().translated(offset);
         const QPoint from = byTheGrip ? run.presenter.grip() : run.presenter.background();
-        QVERIFY(session.pointer().drag({from, from + way / 2, from + way}));
-        EVENTUALLY(run.presenter.panel() == left);
+        QVERIFY(session.pointer().drag({from, from + offset / 2, from + offset}));
+        EVENTUALLY(run.presenter.panel() == moved);
         EVENTUALLY(SettingsFile(session).has("ZeigewerkToolbar"));
         QCOMPARE(run.program.terminate(), std::optional(0));
     }
     Run again(session, scale);
-    QCOMPARE(again.presenter.panel(), left);
+    QCOMPARE(again.presenter.panel(), moved);
     // It is really there: what is clicked on answers.
     QVERIFY(again.presenter.click(button::kColor, 4));
     EVENTUALLY(again.presenter.isOn(button::kColor, 4));
 }
 
-void ToolbarPlaceScenarios::draggedWhileDrawingItLeavesNoInk()
+void ToolbarPlaceScenarios::draggingItWhileDrawingLeavesNoInk()
 {
-    ToolbarPresentation on;
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    const QRect panel = on.presenter.panel();
-    const QPoint grip = on.presenter.grip();
-    QVERIFY(on.session.pointer().drag({grip, grip - QPoint(200, 0), grip - QPoint(500, 0)}));
-    EVENTUALLY(on.presenter.panel() == panel.translated(-500, 0));
-    QVERIFY(on.strokeFrom({400, 300}));
-    EVENTUALLY(on.strokeColor({400, 300}) == kInk);
-    EVENTUALLY(on.isUntouched({600, 0, 1320, 1080}));
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    const QRect panel = show.presenter.panel();
+    const QPoint grip = show.presenter.grip();
+    QVERIFY(show.session.pointer().drag({grip, grip - QPoint(200, 0), grip - QPoint(500, 0)}));
+    EVENTUALLY(show.presenter.panel() == panel.translated(-500, 0));
+    QVERIFY(show.strokeFrom({400, 300}));
+    EVENTUALLY(show.strokeColor({400, 300}) == kInk);
+    EVENTUALLY(show.isUntouched({600, 0, 1320, 1080}));
 }
 
-void ToolbarPlaceScenarios::notDraggedItsPlaceIsNotSaved()
+void ToolbarPlaceScenarios::withoutADragItsPlaceIsNotSaved()
 {
     DesktopSession session(kSetup);
     Run run(session);
@@ -154,7 +154,7 @@ void ToolbarPlaceScenarios::notDraggedItsPlaceIsNotSaved()
     QVERIFY(!SettingsFile(session).has("ZeigewerkToolbar"));
 }
 
-void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNoDrag()
+void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNotADrag()
 {
     DesktopSession session(kSetup);
     Run run(session);
@@ -166,16 +166,16 @@ void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNoDrag()
     QVERIFY(!SettingsFile(session).has("ZeigewerkToolbar"));
 }
 
-void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable_data()
+void ToolbarPlaceScenarios::anUnusableSavedPlaceIsCorrected_data()
 {
     QTest::addColumn<QByteArray>("saved");
     QTest::addColumn<QRect>("panel");
-    const QRect firstPlace;
-    QTest::newRow("words") << QByteArray("over there on the right") << firstPlace;
-    QTest::newRow("nothing") << QByteArray() << firstPlace;
-    QTest::newRow("a list") << QByteArray("200, 300, 151, 477, DUMMY0") << firstPlace;
-    QTest::newRow("no numbers") << QByteArray("nan nan nan nan DUMMY0") << firstPlace;
-    QTest::newRow("endless") << QByteArray("inf inf 151 477 DUMMY0") << firstPlace;
+    const QRect defaultPlace;
+    QTest::newRow("words") << QByteArray("over there on the right") << defaultPlace;
+    QTest::newRow("nothing") << QByteArray() << defaultPlace;
+    QTest::newRow("a list") << QByteArray("200, 300, 151, 477, DUMMY0") << defaultPlace;
+    QTest::newRow("no numbers") << QByteArray("nan nan nan nan DUMMY0") << defaultPlace;
+    QTest::newRow("endless") << QByteArray("inf inf 151 477 DUMMY0") << defaultPlace;
     QTest::newRow("other size") << QByteArray("200 300 999 10 DUMMY0") << QRect(200, 303, 151, 477);
     QTest::newRow("off to the left") << QByteArray("-5000 300 151 477 DUMMY0") << QRect(0, 303, 151, 477);
     QTest::newRow("off to the top") << QByteArray("200 5000 151 477 DUMMY0") << QRect(200, 0, 151, 477);
@@ -183,7 +183,7 @@ void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable_data()
     QTest::newRow("hardly to be seen") << QByteArray("1900 300 151 477 DUMMY0") << QRect(1769, 303, 151, 477);
 }
 
-void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable()
+void ToolbarPlaceScenarios::anUnusableSavedPlaceIsCorrected()
 {
     QFETCH(QByteArray, saved);
     QFETCH(QRect, panel);
@@ -192,32 +192,32 @@ void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable()
     QVERIFY(SettingsFile(session).write("ZeigewerkToolbar=" + saved + '\n'));
     Run run(session);
     if (panel.isNull())
-        QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), VirtualDisplay::kFullHd));
+        QVERIFY(isAtDefaultPlace(run.presenter.panel(), VirtualDisplay::kFullHd));
     else
         QCOMPARE(run.presenter.panel(), panel);
     QVERIFY(run.presenter.click(button::kColor, 4));
     EVENTUALLY(run.presenter.isOn(button::kColor, 4));
 }
 
-void ToolbarPlaceScenarios::itFollowsItsScreenAwayAndBack()
+void ToolbarPlaceScenarios::itReturnsWhenItsScreenComesBack()
 {
     const QRect second(1920, 0, 1280, 1024);
     DesktopSession session({.screens = {VirtualDisplay::kFullHd, second}, .accessibility = true});
     Run run(session);
-    const QPoint way(600, -100);
-    const QRect left = run.presenter.panel().translated(way);
+    const QPoint offset(600, -100);
+    const QRect moved = run.presenter.panel().translated(offset);
     const QPoint grip = run.presenter.grip();
-    QVERIFY(session.pointer().drag({grip, grip + way / 2, grip + way}));
-    EVENTUALLY(run.presenter.panel() == left);
+    QVERIFY(session.pointer().drag({grip, grip + offset / 2, grip + offset}));
+    EVENTUALLY(run.presenter.panel() == moved);
     session.display().unplug(1);
     EVENTUALLY(VirtualDisplay::kFullHd.contains(run.presenter.panel()));
     QVERIFY(run.presenter.click(button::kColor, 4));
     EVENTUALLY(run.presenter.isOn(button::kColor, 4));
     session.display().plug(1, second);
-    EVENTUALLY(run.presenter.panel() == left);
+    EVENTUALLY(run.presenter.panel() == moved);
 }
 
-void ToolbarPlaceScenarios::whatWasSwitchedSurvivesARestart()
+void ToolbarPlaceScenarios::switchesSurviveARestart()
 {
     DesktopSession session(kSetup);
     const auto isLight = [&](Run &run) {
@@ -237,21 +237,21 @@ void ToolbarPlaceScenarios::whatWasSwitchedSurvivesARestart()
     }
 }
 
-void ToolbarPlaceScenarios::settingsThatCannotBeWrittenHinderNothing_data()
+void ToolbarPlaceScenarios::unwritableSettingsBreakNothing_data()
 {
     QTest::addColumn<QString>("obstacle");
     for (const char *obstacle : {"a file in the folder's place", "a folder in the file's place"})
         QTest::newRow(obstacle) << QString(obstacle);
 }
 
-void ToolbarPlaceScenarios::settingsThatCannotBeWrittenHinderNothing()
+void ToolbarPlaceScenarios::unwritableSettingsBreakNothing()
 {
     QFETCH(QString, obstacle);
     DesktopSession session(kSetup);
     blockSettings(session, obstacle);
     Run run(session);
     const QRect panel = run.presenter.panel();
-    QVERIFY(standsAtItsFirstPlace(panel, VirtualDisplay::kFullHd));
+    QVERIFY(isAtDefaultPlace(panel, VirtualDisplay::kFullHd));
     const QPoint grip = run.presenter.grip();
     QVERIFY(session.pointer().drag({grip, grip - QPoint(100, 0), grip - QPoint(300, 0)}));
     EVENTUALLY(run.presenter.panel() == panel.translated(-300, 0));

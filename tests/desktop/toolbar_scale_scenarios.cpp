@@ -39,12 +39,12 @@ struct Look
     }
 };
 
-Look lookOn(Presentation &on, const QRect &screen, double scale)
+Look lookOn(Presentation &show, const QRect &screen, double scale)
 {
-    const std::optional<WindowInfo> window = on.toolbar();
+    const std::optional<WindowInfo> window = show.toolbar();
     const QRect toolbar = window ? window->geometry : QRect();
     return {.toolbar = fromRightMiddle(toolbar, screen, scale),
-            .swatch = fromRightMiddle(on.session.screenshot().bounds(kInk, toolbar), screen, scale)};
+            .swatch = fromRightMiddle(show.session.screenshot().bounds(kInk, toolbar), screen, scale)};
 }
 
 } // namespace
@@ -73,11 +73,11 @@ void ToolbarScaleScenarios::itLooksTheSameOnEveryScreen()
     QFETCH(double, scale);
     QFETCH(double, projectorScale);
     const auto factors = QStringLiteral("DUMMY0=%1;DUMMY1=%2").arg(scale).arg(projectorScale);
-    Presentation on({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", factors}});
-    EVENTUALLY(!lookOn(on, kMain, scale).swatch.isEmpty());
-    const Look before = lookOn(on, kMain, scale);
+    Presentation show({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", factors}});
+    EVENTUALLY(!lookOn(show, kMain, scale).swatch.isEmpty());
+    const Look before = lookOn(show, kMain, scale);
 
-    Outputs outputs(on.session.client());
+    Outputs outputs(show.session.client());
     const QMap<int, QRect> both = {{0, kMain}, {1, kProjector}};
     const QList<QMap<int, QRect>> steps = {{{0, kMainAlone}},
                                            both,
@@ -92,36 +92,36 @@ void ToolbarScaleScenarios::itLooksTheSameOnEveryScreen()
     for (const QMap<int, QRect> &screens : steps) {
         outputs.apply(screens);
         if (screens.isEmpty()) {
-            THROUGHOUT(300ms, on.toolbar().has_value());
+            THROUGHOUT(300ms, show.toolbar().has_value());
             continue;
         }
         // It is on its own screen for as long as that is there.
         const bool isAtHome = screens.contains(0);
         const QRect screen = screens.value(isAtHome ? 0 : 1);
-        EVENTUALLY(lookOn(on, screen, isAtHome ? scale : projectorScale).isLike(before));
+        EVENTUALLY(lookOn(show, screen, isAtHome ? scale : projectorScale).isLike(before));
     }
 }
 
 void ToolbarScaleScenarios::itLooksTheSameIfItWasHiddenMeanwhile()
 {
-    Presentation on({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=2;DUMMY1=1"}});
-    EVENTUALLY(!lookOn(on, kMain, 2.0).swatch.isEmpty());
-    const Look before = lookOn(on, kMain, 2.0);
-    Outputs outputs(on.session.client());
+    Presentation show({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=2;DUMMY1=1"}});
+    EVENTUALLY(!lookOn(show, kMain, 2.0).swatch.isEmpty());
+    const Look before = lookOn(show, kMain, 2.0);
+    Outputs outputs(show.session.client());
     const auto changeBehindIt = [&](const QMap<int, QRect> &screens) {
-        on.hotKey(Key::T);
-        if (!eventually([&] { return !on.toolbar(); }))
+        show.hotKey(Key::T);
+        if (!eventually([&] { return !show.toolbar(); }))
             return false;
         outputs.apply(screens);
-        on.hotKey(Key::T);
-        return eventually([&] { return on.toolbar().has_value(); });
+        show.hotKey(Key::T);
+        return eventually([&] { return show.toolbar().has_value(); });
     };
     QVERIFY(changeBehindIt({{1, kProjector}}));
-    EVENTUALLY(lookOn(on, kProjector, 1.0).isLike(before));
+    EVENTUALLY(lookOn(show, kProjector, 1.0).isLike(before));
     QVERIFY(changeBehindIt({{0, kMain}, {1, kProjector}}));
-    EVENTUALLY(lookOn(on, kMain, 2.0).isLike(before));
+    EVENTUALLY(lookOn(show, kMain, 2.0).isLike(before));
     QVERIFY(changeBehindIt({{0, kMainAlone}}));
-    EVENTUALLY(lookOn(on, kMainAlone, 2.0).isLike(before));
+    EVENTUALLY(lookOn(show, kMainAlone, 2.0).isLike(before));
 }
 
 REGISTER_GUILESS_TEST(ToolbarScaleScenarios)

@@ -50,132 +50,132 @@ class ToolbarToolScenarios : public QObject
 
 private Q_SLOTS:
     void eachToolDrawsItsMarkInTheChosenColour();
-    void theHighlighterIsWideAndLetsTheSlideThrough();
-    void eachColourColoursTheNextStroke();
-    void eachWidthMakesTheStrokeThatThick();
+    void theHighlighterIsWideAndTranslucent();
+    void eachColourAppliesToTheNextStroke();
+    void eachWidthSetsTheStrokeThickness();
     void pickingAnyToolTurnsDrawingOn();
-    void pickingAToolEndsThePin();
+    void pickingAToolUnpins();
     void pickingAToolLeavesTheWhiteboardAlone();
 };
 
 void ToolbarToolScenarios::eachToolDrawsItsMarkInTheChosenColour()
 {
-    ToolbarPresentation on;
+    ToolbarPresentation show;
     int color = 2;
     for (const Mark &mark : kMarks) {
         const QColor ink = kPalette.at(static_cast<std::size_t>(color));
-        QVERIFY(on.presenter.click(button::kColor, color));
+        QVERIFY(show.presenter.click(button::kColor, color));
         ++color;
-        QVERIFY(on.presenter.click(mark.tool));
-        EVENTUALLY(on.hasKeyboard());
-        QVERIFY(on.presenter.isOn(mark.tool));
-        QVERIFY(on.session.pointer().drag(kCorner));
-        EVENTUALLY(haveColor(on.session.screenshot(), mark.inked, ink));
-        QVERIFY2(haveColor(on.session.screenshot(), mark.free, on.beneathColor()), qPrintable(mark.tool));
-        QVERIFY(on.isUntouched({0, 0, 1700, 280}));
-        QVERIFY(on.isUntouched({0, 420, 1700, 600}));
+        QVERIFY(show.presenter.click(mark.tool));
+        EVENTUALLY(show.hasKeyboard());
+        QVERIFY(show.presenter.isOn(mark.tool));
+        QVERIFY(show.session.pointer().drag(kCorner));
+        EVENTUALLY(haveColor(show.session.screenshot(), mark.inked, ink));
+        QVERIFY2(haveColor(show.session.screenshot(), mark.free, show.beneathColor()), qPrintable(mark.tool));
+        QVERIFY(show.isUntouched({0, 0, 1700, 280}));
+        QVERIFY(show.isUntouched({0, 420, 1700, 600}));
         // Away with it, and with drawing.
-        on.session.keyboard().tap(Key::Escape);
-        EVENTUALLY(on.beneath.hasFocus());
+        show.session.keyboard().tap(Key::Escape);
+        EVENTUALLY(show.beneath.hasFocus());
     }
 }
 
-void ToolbarToolScenarios::theHighlighterIsWideAndLetsTheSlideThrough()
+void ToolbarToolScenarios::theHighlighterIsWideAndTranslucent()
 {
-    ToolbarPresentation on;
-    QVERIFY(on.presenter.click(button::kHighlighter));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.strokeFrom({400, 300}));
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kHighlighter));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.strokeFrom({400, 300}));
     // Two parts ink on three parts slide, as wide as four pens; the outermost pixels are covered in part.
     const QColor mixed((2 * 0xF2 + 3 * 0x20) / 5, (2 * 0x9A + 3 * 0x60) / 5, (2 * 0x00 + 3 * 0xA0) / 5);
-    EVENTUALLY(on.session.screenshot().isFilled(mixed, {400, 292, 100, 17}, 2));
+    EVENTUALLY(show.session.screenshot().isFilled(mixed, {400, 292, 100, 17}, 2));
     const QRect around(300, 200, 300, 200);
-    QCOMPARE(on.session.screenshot().bounds(mixed, around, 2).height(), 19);
+    QCOMPARE(show.session.screenshot().bounds(mixed, around, 2).height(), 19);
 }
 
-void ToolbarToolScenarios::eachColourColoursTheNextStroke()
+void ToolbarToolScenarios::eachColourAppliesToTheNextStroke()
 {
-    ToolbarPresentation on;
-    QVERIFY(on.presenter.click(button::kPen));
-    EVENTUALLY(on.hasKeyboard());
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kPen));
+    EVENTUALLY(show.hasKeyboard());
     for (int i = 0; i < static_cast<int>(kPalette.size()); ++i) {
         const QColor color = kPalette.at(static_cast<std::size_t>(i));
-        QCOMPARE(on.pixel(on.presenter.button(button::kColor, i).extents.center()), color);
-        QVERIFY(on.presenter.click(button::kColor, i));
-        EVENTUALLY(on.presenter.isOn(button::kColor, i));
+        QCOMPARE(show.pixel(show.presenter.button(button::kColor, i).extents.center()), color);
+        QVERIFY(show.presenter.click(button::kColor, i));
+        EVENTUALLY(show.presenter.isOn(button::kColor, i));
         const QPoint place(400, 200 + 40 * i);
-        QVERIFY(on.strokeFrom(place));
-        EVENTUALLY(on.strokeColor(place) == color);
+        QVERIFY(show.strokeFrom(place));
+        EVENTUALLY(show.strokeColor(place) == color);
     }
     // What was drawn before keeps its colour.
-    QCOMPARE(on.strokeColor({400, 200}), kPalette.front());
-    QVERIFY(!on.presenter.isOn(button::kColor, 0));
+    QCOMPARE(show.strokeColor({400, 200}), kPalette.front());
+    QVERIFY(!show.presenter.isOn(button::kColor, 0));
 }
 
-void ToolbarToolScenarios::eachWidthMakesTheStrokeThatThick()
+void ToolbarToolScenarios::eachWidthSetsTheStrokeThickness()
 {
-    ToolbarPresentation on;
-    QVERIFY(on.presenter.click(button::kPen));
-    EVENTUALLY(on.hasKeyboard());
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kPen));
+    EVENTUALLY(show.hasKeyboard());
     constexpr std::array widths = {3, 5, 9};
     for (int i = 0; i < static_cast<int>(widths.size()); ++i) {
-        QVERIFY(on.presenter.click(button::kWidth, i));
-        EVENTUALLY(on.presenter.isOn(button::kWidth, i));
+        QVERIFY(show.presenter.click(button::kWidth, i));
+        EVENTUALLY(show.presenter.isOn(button::kWidth, i));
         const QPoint place(400, 200 + 100 * i);
-        QVERIFY(on.strokeFrom(place));
-        EVENTUALLY(on.strokeColor(place) == kInk);
+        QVERIFY(show.strokeFrom(place));
+        EVENTUALLY(show.strokeColor(place) == kInk);
         const QRect column(place.x() + 50, place.y() - 50, 1, 100);
-        QCOMPARE(on.session.screenshot().count(kInk, column), widths.at(static_cast<std::size_t>(i)));
-        QVERIFY(on.isUntouched({column.left(), column.top(), 1, 40}));
+        QCOMPARE(show.session.screenshot().count(kInk, column), widths.at(static_cast<std::size_t>(i)));
+        QVERIFY(show.isUntouched({column.left(), column.top(), 1, 40}));
     }
 }
 
 void ToolbarToolScenarios::pickingAnyToolTurnsDrawingOn()
 {
     using namespace button;
-    ToolbarPresentation on;
+    ToolbarPresentation show;
     for (const QString &tool : {kText, kPen, kHighlighter, kLine, kArrow, kRectangle, kEllipse}) {
-        QVERIFY(!on.presenter.isOn(kDraw));
-        QVERIFY(on.presenter.click(tool));
-        EVENTUALLY(on.hasKeyboard());
-        QVERIFY(on.presenter.isOn(kDraw));
-        QVERIFY(on.presenter.isOn(tool));
-        on.session.keyboard().tap(Key::Escape);
-        EVENTUALLY(on.beneath.hasFocus());
+        QVERIFY(!show.presenter.isOn(kDraw));
+        QVERIFY(show.presenter.click(tool));
+        EVENTUALLY(show.hasKeyboard());
+        QVERIFY(show.presenter.isOn(kDraw));
+        QVERIFY(show.presenter.isOn(tool));
+        show.session.keyboard().tap(Key::Escape);
+        EVENTUALLY(show.beneath.hasFocus());
     }
-    QVERIFY(on.presenter.isOn(kEllipse));
-    QVERIFY(!on.presenter.isOn(kText));
+    QVERIFY(show.presenter.isOn(kEllipse));
+    QVERIFY(!show.presenter.isOn(kText));
 }
 
-void ToolbarToolScenarios::pickingAToolEndsThePin()
+void ToolbarToolScenarios::pickingAToolUnpins()
 {
-    ToolbarPresentation on;
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.strokeFrom({400, 300}));
-    QVERIFY(on.presenter.click(button::kPin));
-    EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(on.presenter.click(button::kLine));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(!on.presenter.isOn(button::kPin));
-    QVERIFY(on.presenter.isOn(button::kDraw));
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.strokeFrom({400, 300}));
+    QVERIFY(show.presenter.click(button::kPin));
+    EVENTUALLY(show.beneath.hasFocus());
+    QVERIFY(show.presenter.click(button::kLine));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(!show.presenter.isOn(button::kPin));
+    QVERIFY(show.presenter.isOn(button::kDraw));
     // The pinned drawing is there to be drawn on.
-    QVERIFY(on.strokeFrom({400, 500}));
-    EVENTUALLY(on.strokeColor({400, 500}) == kInk);
-    QCOMPARE(on.strokeColor({400, 300}), kInk);
+    QVERIFY(show.strokeFrom({400, 500}));
+    EVENTUALLY(show.strokeColor({400, 500}) == kInk);
+    QCOMPARE(show.strokeColor({400, 300}), kInk);
 }
 
 void ToolbarToolScenarios::pickingAToolLeavesTheWhiteboardAlone()
 {
-    ToolbarPresentation on;
-    QVERIFY(on.presenter.click(button::kWhiteboard));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.presenter.click(button::kRectangle));
-    EVENTUALLY(on.presenter.isOn(button::kRectangle));
-    QVERIFY(!on.presenter.isOn(button::kDraw));
-    QVERIFY(on.session.pointer().drag({{400, 300}, {600, 400}}));
-    EVENTUALLY(on.pixel({500, 300}) == kInk);
-    QCOMPARE(on.pixel({500, 350}), QColor(Qt::white));
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kWhiteboard));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.presenter.click(button::kRectangle));
+    EVENTUALLY(show.presenter.isOn(button::kRectangle));
+    QVERIFY(!show.presenter.isOn(button::kDraw));
+    QVERIFY(show.session.pointer().drag({{400, 300}, {600, 400}}));
+    EVENTUALLY(show.pixel({500, 300}) == kInk);
+    QCOMPARE(show.pixel({500, 350}), QColor(Qt::white));
 }
 
 REGISTER_GUILESS_TEST(ToolbarToolScenarios)

@@ -56,11 +56,11 @@ QPoint ToolbarUser::background()
 
 WindowInfo ToolbarUser::window()
 {
-    const QSize least = (QSizeF(kPanelSize) * m_scale).toSize();
+    const QSize minSize = (QSizeF(kPanelSize) * m_scale).toSize();
     for (const WindowInfo &info : m_session.client().windowsOfProcess(m_processId)) {
         // With its shadow it is somewhat larger than the panel; the canvases are as large as a screen.
         const QSize size = info.geometry.size();
-        if (info.viewable && size.expandedTo(least) == size && size.width() < 2 * least.width())
+        if (info.viewable && size.expandedTo(minSize) == size && size.width() < 2 * minSize.width())
             return info;
     }
     return {};

@@ -114,70 +114,70 @@ class UpdaterScenarios : public QObject
 
 private Q_SLOTS:
     void theMenuOffersToLookForUpdates();
-    void whatIsFoundIsToldAboveTheCanvas();
-    void aNewVersionIsToldByItselfAndItsPageOpens();
+    void theResultIsShownAboveTheCanvas();
+    void aNewVersionIsAnnouncedAndItsPageOpens();
 };
 
 void UpdaterScenarios::theMenuOffersToLookForUpdates()
 {
     WebServer server(feedWith("0.0.1"));
     const Installation installation(server.address());
-    UpdatingPresentation on(installation);
+    UpdatingPresentation show(installation);
     QStringList labels;
-    for (const TrayMenuItem &entry : on.menu())
+    for (const TrayMenuItem &entry : show.menu())
         labels += entry.label;
     QCOMPARE(labels.size(), 18);
     QCOMPARE(labels.mid(14), QStringList({label::kHints[2], "", kUpdates, label::kQuit}));
     // Nothing is told of nothing new.
     EVENTUALLY_WITHIN(20s, server.requests() == 1);
     // From the question to the answer.
-    THROUGHOUT(1s, on.isUntouched(QRect(0, 0, 1700, 1080)));
+    THROUGHOUT(1s, show.isUntouched(QRect(0, 0, 1700, 1080)));
 }
 
-void UpdaterScenarios::whatIsFoundIsToldAboveTheCanvas()
+void UpdaterScenarios::theResultIsShownAboveTheCanvas()
 {
     WebServer server(feedWith("0.0.1"));
     const Installation installation(server.address());
-    UpdatingPresentation on(installation);
-    on.hotKey(Key::W);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.click(kUpdates));
-    EVENTUALLY(on.hasButton(kClose));
-    const std::optional<WindowInfo> dialog = on.smallWindowAt(on.placeOf(kClose));
+    UpdatingPresentation show(installation);
+    show.hotKey(Key::W);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.click(kUpdates));
+    EVENTUALLY(show.hasButton(kClose));
+    const std::optional<WindowInfo> dialog = show.smallWindowAt(show.placeOf(kClose));
     QVERIFY(dialog);
-    for (const WindowInfo &overlay : on.overlays())
-        EVENTUALLY(on.session.client().isAbove(dialog->id, overlay.id));
-    EVENTUALLY(!on.isFilled(Qt::white, dialog->geometry));
+    for (const WindowInfo &overlay : show.overlays())
+        EVENTUALLY(show.session.client().isAbove(dialog->id, overlay.id));
+    EVENTUALLY(!show.isFilled(Qt::white, dialog->geometry));
 
     // The keyboard is where it was, and so is drawing.
-    QVERIFY(on.hasKeyboard());
-    QVERIFY(on.session.client().inputFocus() != dialog->id);
-    QVERIFY(on.session.pointer().drag({{200, 200}, {300, 200}}));
-    EVENTUALLY(on.pixel({250, 200}) == kInk);
+    QVERIFY(show.hasKeyboard());
+    QVERIFY(show.session.client().inputFocus() != dialog->id);
+    QVERIFY(show.session.pointer().drag({{200, 200}, {300, 200}}));
+    EVENTUALLY(show.pixel({250, 200}) == kInk);
 
-    QVERIFY(on.session.pointer().clickAt(on.placeOf(kClose)));
-    EVENTUALLY(on.isFilled(Qt::white, dialog->geometry));
-    QCOMPARE(on.pixel({250, 200}), kInk);
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    QVERIFY(show.session.pointer().clickAt(show.placeOf(kClose)));
+    EVENTUALLY(show.isFilled(Qt::white, dialog->geometry));
+    QCOMPARE(show.pixel({250, 200}), kInk);
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
-void UpdaterScenarios::aNewVersionIsToldByItselfAndItsPageOpens()
+void UpdaterScenarios::aNewVersionIsAnnouncedAndItsPageOpens()
 {
     WebServer server(feedWith("99.1"));
     const Installation installation(server.address());
-    UpdatingPresentation on(installation);
-    EVENTUALLY_WITHIN(20s, on.hasButton(kOpenPage));
+    UpdatingPresentation show(installation);
+    EVENTUALLY_WITHIN(20s, show.hasButton(kOpenPage));
     // Whoever presents goes on to do so.
-    QVERIFY(on.beneath.hasFocus());
-    QVERIFY(on.session.pointer().clickAt(on.placeOf(kOpenPage)));
+    QVERIFY(show.beneath.hasFocus());
+    QVERIFY(show.session.pointer().clickAt(show.placeOf(kOpenPage)));
     EVENTUALLY(!installation.openerReport().isEmpty());
     const QStringList report = installation.openerReport();
     QCOMPARE(report.value(0), "http://localhost/new?a=1");
     QCOMPARE(report.filter("SigBlk:").value(0).section('\t', 1), "0000000000000000");
     QCOMPARE(report.filter("QT_QPA_PLATFORM="), QStringList{"QT_QPA_PLATFORM=" + kPlatforms});
-    EVENTUALLY(on.isUntouched(QRect(0, 0, 1700, 1080)));
-    QVERIFY(on.beneath.hasFocus());
+    EVENTUALLY(show.isUntouched(QRect(0, 0, 1700, 1080)));
+    QVERIFY(show.beneath.hasFocus());
 }
 
 REGISTER_GUILESS_TEST(UpdaterScenarios)

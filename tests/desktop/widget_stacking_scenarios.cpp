@@ -27,9 +27,9 @@ class WidgetStackingScenarios : public QObject
 private Q_SLOTS:
     void levelsKeepTheirOrder_data();
     void levelsKeepTheirOrder();
-    void menusAndTooltipsComeAboveIt_data();
-    void menusAndTooltipsComeAboveIt();
-    void aMenuThatOpensUnderAnOverlayIsBroughtUp();
+    void menusAndTooltipsOpenAboveIt_data();
+    void menusAndTooltipsOpenAboveIt();
+    void aMenuThatOpensBelowAnOverlayIsRaised();
 };
 
 void WidgetStackingScenarios::levelsKeepTheirOrder_data()
@@ -58,14 +58,14 @@ void WidgetStackingScenarios::levelsKeepTheirOrder()
     EVENTUALLY(!seam.red().isEmpty());
 }
 
-void WidgetStackingScenarios::menusAndTooltipsComeAboveIt_data()
+void WidgetStackingScenarios::menusAndTooltipsOpenAboveIt_data()
 {
     QTest::addColumn<QString>("popup");
     QTest::newRow("menu") << "menu 250 300";
     QTest::newRow("tooltip") << "tooltip 250 300";
 }
 
-void WidgetStackingScenarios::menusAndTooltipsComeAboveIt()
+void WidgetStackingScenarios::menusAndTooltipsOpenAboveIt()
 {
     QFETCH(QString, popup);
     DesktopSession session;
@@ -95,7 +95,7 @@ void WidgetStackingScenarios::menusAndTooltipsComeAboveIt()
     EVENTUALLY(isRight());
 }
 
-void WidgetStackingScenarios::aMenuThatOpensUnderAnOverlayIsBroughtUp()
+void WidgetStackingScenarios::aMenuThatOpensBelowAnOverlayIsRaised()
 {
     DesktopSession session;
     Seam seam(session);

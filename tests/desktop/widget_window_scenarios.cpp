@@ -20,18 +20,18 @@ class WidgetWindowScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theWindowLandsWhereThePointsSay_data();
-    void theWindowLandsWhereThePointsSay();
-    void theOrnamentTakesNoClicks_data();
-    void theOrnamentTakesNoClicks();
-    void aMaskOfTheWidgetAndTheOrnamentGoTogether();
+    void theWindowIsPlacedInPoints_data();
+    void theWindowIsPlacedInPoints();
+    void clicksPassThroughTheOrnament_data();
+    void clicksPassThroughTheOrnament();
+    void aMaskedWidgetKeepsItsOrnamentClickThrough();
     void showingItLeavesTheKeyboardAlone();
-    void keysThatAreReadWithTheFocusHaveTheirAccents();
-    void theWindowOutlivesItsScreen();
-    void theWindowOutlivesOneOfTwoMirroredScreens();
+    void keysReadAfterTakingTheFocusKeepTheirAccents();
+    void theWindowSurvivesLosingItsScreen();
+    void theWindowSurvivesLosingOneOfTwoMirroredScreens();
 };
 
-void WidgetWindowScenarios::theWindowLandsWhereThePointsSay_data()
+void WidgetWindowScenarios::theWindowIsPlacedInPoints_data()
 {
     QTest::addColumn<QString>("scales");
     QTest::addColumn<QPoint>("origin");
@@ -48,7 +48,7 @@ void WidgetWindowScenarios::theWindowLandsWhereThePointsSay_data()
     QTest::newRow("a broken scale") << "1;1.5" << QPoint(1400, 700) << QRect(1460, 36, 225, 450);
 }
 
-void WidgetWindowScenarios::theWindowLandsWhereThePointsSay()
+void WidgetWindowScenarios::theWindowIsPlacedInPoints()
 {
     QFETCH(QString, scales);
     QFETCH(QPoint, origin);
@@ -82,7 +82,7 @@ void WidgetWindowScenarios::theWindowLandsWhereThePointsSay()
     QCOMPARE(seam.tell("frame"), frame);
 }
 
-void WidgetWindowScenarios::theOrnamentTakesNoClicks_data()
+void WidgetWindowScenarios::clicksPassThroughTheOrnament_data()
 {
     QTest::addColumn<QString>("scales");
     QTest::addColumn<QList<Move>>("moves");
@@ -96,7 +96,7 @@ void WidgetWindowScenarios::theOrnamentTakesNoClicks_data()
     QTest::newRow("moved away from it") << "1;2" << QList<Move>{sparse, denser, sparse} << 1;
 }
 
-void WidgetWindowScenarios::theOrnamentTakesNoClicks()
+void WidgetWindowScenarios::clicksPassThroughTheOrnament()
 {
     QFETCH(QString, scales);
     QFETCH(QList<Move>, moves);
@@ -132,7 +132,7 @@ void WidgetWindowScenarios::theOrnamentTakesNoClicks()
     }
 }
 
-void WidgetWindowScenarios::aMaskOfTheWidgetAndTheOrnamentGoTogether()
+void WidgetWindowScenarios::aMaskedWidgetKeepsItsOrnamentClickThrough()
 {
     DesktopSession session({.compositor = Compositor::None});
     WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::blue);
@@ -177,7 +177,7 @@ void WidgetWindowScenarios::showingItLeavesTheKeyboardAlone()
         QVERIFY(event.kind != InputEvent::Kind::FocusOut);
 }
 
-void WidgetWindowScenarios::keysThatAreReadWithTheFocusHaveTheirAccents()
+void WidgetWindowScenarios::keysReadAfterTakingTheFocusKeepTheirAccents()
 {
     DesktopSession session({.keyboardMap = "de"});
     Seam seam(session);
@@ -189,7 +189,7 @@ void WidgetWindowScenarios::keysThatAreReadWithTheFocusHaveTheirAccents()
     QCOMPARE(seam.tell("written"), QString("%C3%A9"));
 }
 
-void WidgetWindowScenarios::theWindowOutlivesItsScreen()
+void WidgetWindowScenarios::theWindowSurvivesLosingItsScreen()
 {
     DesktopSession session({.screens = {kLeft, kRight}});
     Seam seam(session);
@@ -221,7 +221,7 @@ void WidgetWindowScenarios::theWindowOutlivesItsScreen()
     EVENTUALLY(beneath.presses() == QList<QPoint>{beside});
 }
 
-void WidgetWindowScenarios::theWindowOutlivesOneOfTwoMirroredScreens()
+void WidgetWindowScenarios::theWindowSurvivesLosingOneOfTwoMirroredScreens()
 {
     DesktopSession session({.screens = {kLeft, kLeft}});
     Seam seam(session);

@@ -4,7 +4,7 @@
 
 namespace zeigewerk::rig {
 
-Repertoire::Repertoire(const QStringList &words)
+ActionSet::ActionSet(const QStringList &words)
 {
     for (const auto &part : {keyActions(), pointerActions(), desktopActions()}) {
         std::copy_if(part.begin(), part.end(), std::back_inserter(m_actions), [&](const Action &action) {
@@ -17,9 +17,9 @@ Repertoire::Repertoire(const QStringList &words)
         m_weight += action.weight;
 }
 
-const Action &Repertoire::any(RandomChoice &chance) const
+const Action &ActionSet::any(RandomChoice &random) const
 {
-    int rest = chance.below(m_weight);
+    int rest = random.below(m_weight);
     auto chosen = m_actions.begin();
     while (rest >= chosen->weight) {
         rest -= chosen->weight;

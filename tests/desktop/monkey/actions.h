@@ -11,13 +11,13 @@
 namespace zeigewerk::rig {
 
 /// What it does it with.
-struct Playground
+struct ActionContext
 {
     DesktopSession &session;
     Program &program;
-    BlindInput &paw;
-    OtherWindows &neighbours;
-    DesktopChanges &furniture;
+    BlindInput &input;
+    OtherWindows &windows;
+    DesktopChanges &desktop;
 };
 
 struct Action
@@ -26,18 +26,18 @@ struct Action
     /// How often it comes, beside the others.
     int weight;
     /// Does it, and says how.
-    QString (*perform)(Playground &, RandomChoice &);
+    QString (*perform)(ActionContext &, RandomChoice &);
 };
 
 /// All that it can do, or what has one of these words in its name.
-class Repertoire
+class ActionSet
 {
 public:
-    explicit Repertoire(const QStringList &words);
+    explicit ActionSet(const QStringList &words);
 
     bool isEmpty() const { return m_actions.empty(); }
     /// Any of them, each as often as its weight says.
-    const Action &any(RandomChoice &chance) const;
+    const Action &any(RandomChoice &random) const;
 
 private:
     std::vector<Action> m_actions;

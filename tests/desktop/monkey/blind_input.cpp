@@ -65,7 +65,7 @@ void BlindInput::chord(const Modifiers &modifiers, Key key)
         release(modifier);
 }
 
-void BlindInput::letGo()
+void BlindInput::releaseAll()
 {
     for (const int button : std::as_const(m_buttons))
         fake(XCB_BUTTON_RELEASE, button);

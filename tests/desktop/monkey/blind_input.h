@@ -33,7 +33,7 @@ public:
     const QSet<int> &heldButtons() const { return m_buttons; }
     const QSet<Key> &heldKeys() const { return m_keys; }
     /// Releases all of that; comes back when the server has it.
-    void letGo();
+    void releaseAll();
 
 private:
     void fake(int type, int detail, QPoint place = {});

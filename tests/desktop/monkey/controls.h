@@ -11,9 +11,9 @@ namespace zeigewerk::rig {
 class Controls
 {
 public:
-    Controls(DesktopSession &session, DesktopChanges &furniture)
+    Controls(DesktopSession &session, DesktopChanges &desktop)
         : m_session(session)
-        , m_furniture(furniture)
+        , m_desktop(desktop)
     {
     }
 
@@ -21,8 +21,8 @@ public:
     void closeMenus();
     /// Switches off whatever is on, each by its own control: its hot key or its entry in the menu. Says what
     /// went wrong, if anything.
-    QStringList switchAllOff(RandomChoice &chance);
-    bool isInTray() { return m_furniture.tray().host.items().size() == 1; }
+    QStringList switchAllOff(RandomChoice &random);
+    bool isInTray() { return m_desktop.tray().host.items().size() == 1; }
     /// Whether the menu offers to hide the toolbar.
     bool isToolbarOn();
     bool click(const QString &label);
@@ -31,10 +31,10 @@ private:
     bool isMenuOpen();
     std::optional<TrayItem> item();
     QStringList modesOn(const TrayItem &item);
-    void switchOff(const QString &mode, RandomChoice &chance);
+    void switchOff(const QString &mode, RandomChoice &random);
 
     DesktopSession &m_session;
-    DesktopChanges &m_furniture;
+    DesktopChanges &m_desktop;
 };
 
 } // namespace zeigewerk::rig

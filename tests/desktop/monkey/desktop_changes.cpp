@@ -18,37 +18,37 @@ constexpr std::array kScreens = {QRect(0, 0, 1280, 1024),     QRect(1280, 0, 160
 
 DesktopChanges::DesktopChanges(DesktopSession &session)
     : m_session(session)
-    , m_firstScreens(session.display().screens())
+    , m_initialScreens(session.display().screens())
     , m_hadCompositor(session.compositorProcessId() != 0)
     , m_tray(session)
     , m_embeddingTray(session, {600, 0})
 {
-    measureDesktop();
+    updateBounds();
     m_tray.start();
 }
 
-void DesktopChanges::measureDesktop()
+void DesktopChanges::updateBounds()
 {
     QRect around;
     for (const QRect &screen : m_session.display().screens())
         around |= screen;
     // With every screen off the root stays, and the pointer with it.
     if (!around.isEmpty())
-        m_desktop = around;
+        m_bounds = around;
 }
 
-QString DesktopChanges::changeScreens(RandomChoice &chance)
+QString DesktopChanges::changeScreens(RandomChoice &random)
 {
-    const int output = chance.below(kOutputs);
+    const int output = random.below(kOutputs);
     const bool isLit = m_session.display().screens().contains(output);
-    if (isLit && chance.oneIn(2)) {
+    if (isLit && random.oneIn(2)) {
         m_session.display().unplug(output);
-        measureDesktop();
+        updateBounds();
         return QStringLiteral("unplugs %1").arg(output);
     }
-    const QRect screen = chance.of(kScreens);
+    const QRect screen = random.of(kScreens);
     m_session.display().plug(output, screen);
-    measureDesktop();
+    updateBounds();
     return QStringLiteral("%1 is %2").arg(output).arg(textOf(screen));
 }
 
@@ -61,7 +61,7 @@ QString DesktopChanges::toggleCompositor()
         return QStringLiteral("ends");
     }
     m_session.launchCompositor();
-    m_mayCompositorBeWrong = true;
+    m_mayCompositorHaveWrongSize = true;
     return QStringLiteral("starts");
 }
 
@@ -75,40 +75,40 @@ QString DesktopChanges::restartWindowManager()
 
 QString DesktopChanges::toggleTray()
 {
-    if (m_isTrayThere)
+    if (m_hasTray)
         m_tray.stop();
     else
         m_tray.start();
-    m_isTrayThere = !m_isTrayThere;
-    return m_isTrayThere ? QStringLiteral("comes") : QStringLiteral("goes");
+    m_hasTray = !m_hasTray;
+    return m_hasTray ? QStringLiteral("comes") : QStringLiteral("goes");
 }
 
 QString DesktopChanges::toggleEmbeddingTray()
 {
-    if (m_isEmbeddingTrayThere)
+    if (m_hasEmbeddingTray)
         m_embeddingTray.stop();
     else
         m_embeddingTray.start();
-    m_isEmbeddingTrayThere = !m_isEmbeddingTrayThere;
-    return m_isEmbeddingTrayThere ? QStringLiteral("comes") : QStringLiteral("goes");
+    m_hasEmbeddingTray = !m_hasEmbeddingTray;
+    return m_hasEmbeddingTray ? QStringLiteral("comes") : QStringLiteral("goes");
 }
 
-QString DesktopChanges::switchKeyboardMap(RandomChoice &chance)
+QString DesktopChanges::switchKeyboardMap(RandomChoice &random)
 {
     const std::array maps = {QStringLiteral("us"), QStringLiteral("de"), QStringLiteral("fr"),
                              QStringLiteral("us(dvorak)"), QStringLiteral("ru")};
-    const QString &map = chance.of(maps);
+    const QString &map = random.of(maps);
     m_session.display().setKeyboardMap(map);
     return map;
 }
 
-QString DesktopChanges::useTray(RandomChoice &chance)
+QString DesktopChanges::useTray(RandomChoice &random)
 {
     const QList<TrayItem> items = m_tray.host.items();
     if (items.isEmpty())
         return QStringLiteral("nothing, as there is no item");
     const QPoint place = m_session.pointer().location();
-    switch (chance.below(4)) {
+    switch (random.below(4)) {
     case 0:
         m_tray.host.activate(items.first(), place);
         return QStringLiteral("a click on the item");
@@ -116,52 +116,52 @@ QString DesktopChanges::useTray(RandomChoice &chance)
         m_tray.host.openContextMenu(items.first(), place);
         return QStringLiteral("a right click on the item");
     default:
-        return clickMenu(chance, items.first());
+        return clickMenu(random, items.first());
     }
 }
 
-QString DesktopChanges::clickMenu(RandomChoice &chance, const TrayItem &item)
+QString DesktopChanges::clickMenu(RandomChoice &random, const TrayItem &item)
 {
     const QList<TrayMenuItem> menu = m_tray.host.menu(item);
     if (menu.isEmpty())
         return QStringLiteral("nothing, as the menu is empty");
-    const TrayMenuItem &entry = menu.at(chance.below(static_cast<int>(menu.size())));
+    const TrayMenuItem &entry = menu.at(random.below(static_cast<int>(menu.size())));
     // Not that often: each end costs a start.
-    if (entry.label == label::kQuit && !chance.oneIn(4))
+    if (entry.label == label::kQuit && !random.oneIn(4))
         return QStringLiteral("thinks better of quitting");
     m_tray.host.click(item, entry.id);
     return entry.label;
 }
 
-void DesktopChanges::bringCompositorBack()
+void DesktopChanges::restoreCompositor()
 {
     if (!m_hadCompositor)
         return;
     const bool isRunning =
         m_session.compositorProcessId() != 0 && eventually([&] { return m_session.isComposited(); });
-    if (isRunning && !m_mayCompositorBeWrong)
+    if (isRunning && !m_mayCompositorHaveWrongSize)
         return;
     m_session.stopCompositor();
     m_session.launchCompositor();
-    m_mayCompositorBeWrong = false;
+    m_mayCompositorHaveWrongSize = false;
 }
 
-void DesktopChanges::tidyUp()
+void DesktopChanges::restore()
 {
     const QMap<int, QRect> screens = m_session.display().screens();
-    for (auto it = m_firstScreens.cbegin(); it != m_firstScreens.cend(); ++it) {
+    for (auto it = m_initialScreens.cbegin(); it != m_initialScreens.cend(); ++it) {
         if (screens.value(it.key()) != *it)
             m_session.display().plug(it.key(), *it);
     }
     for (auto it = screens.cbegin(); it != screens.cend(); ++it) {
-        if (!m_firstScreens.contains(it.key()))
+        if (!m_initialScreens.contains(it.key()))
             m_session.display().unplug(it.key());
     }
-    measureDesktop();
-    bringCompositorBack();
-    if (m_isEmbeddingTrayThere)
+    updateBounds();
+    restoreCompositor();
+    if (m_hasEmbeddingTray)
         toggleEmbeddingTray();
-    if (!m_isTrayThere)
+    if (!m_hasTray)
         toggleTray();
     m_session.display().setKeyboardMap(QStringLiteral("us"));
 }

@@ -15,35 +15,35 @@ public:
     explicit DesktopChanges(DesktopSession &session);
 
     /// Around all screens; never empty.
-    QRect desktop() const { return m_desktop; }
+    QRect bounds() const { return m_bounds; }
 
     /// Plugs one in or out, moves or resizes it.
-    QString changeScreens(RandomChoice &chance);
+    QString changeScreens(RandomChoice &random);
     QString toggleCompositor();
     QString restartWindowManager();
     QString toggleTray();
     QString toggleEmbeddingTray();
-    QString switchKeyboardMap(RandomChoice &chance);
+    QString switchKeyboardMap(RandomChoice &random);
     /// Clicks on the tray's item, or on an entry of its menu.
-    QString useTray(RandomChoice &chance);
+    QString useTray(RandomChoice &random);
 
     /// Puts everything back to how it was at first.
-    void tidyUp();
+    void restore();
     Tray &tray() { return m_tray; }
 
 private:
-    QString clickMenu(RandomChoice &chance, const TrayItem &item);
-    void bringCompositorBack();
-    void measureDesktop();
+    QString clickMenu(RandomChoice &random, const TrayItem &item);
+    void restoreCompositor();
+    void updateBounds();
 
     DesktopSession &m_session;
-    QMap<int, QRect> m_firstScreens;
+    QMap<int, QRect> m_initialScreens;
     bool m_hadCompositor;
     /// Picom keeps the size of the desktop for which it started if that changes before it listens.
-    bool m_mayCompositorBeWrong = false;
-    bool m_isTrayThere = true;
-    bool m_isEmbeddingTrayThere = false;
-    QRect m_desktop;
+    bool m_mayCompositorHaveWrongSize = false;
+    bool m_hasTray = true;
+    bool m_hasEmbeddingTray = false;
+    QRect m_bounds;
     Tray m_tray;
     EmbeddingTray m_embeddingTray;
 };

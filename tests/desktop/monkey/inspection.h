@@ -20,25 +20,25 @@ public:
     Inspection(DesktopSession &session, Controls &controls);
 
     /// Everything below, while the program runs with every mode off.
-    QStringList ofProgram(const Program &program, RandomChoice &chance);
+    QStringList inspectProgram(const Program &program, RandomChoice &random);
     /// What must be so when it has ended.
-    QStringList ofDesktopWithout();
+    QStringList inspectDesktopWithoutProgram();
 
     /// That only the toolbar is on the screen.
-    QStringList ofWindows(const Program &program);
+    QStringList inspectWindows(const Program &program);
     /// That the keyboard is with a window of somebody else.
-    QStringList ofFocus(const Program &program);
+    QStringList inspectFocus(const Program &program);
     /// That other programs can have pointer, keyboard and Esc.
-    QStringList ofGrabs();
+    QStringList inspectGrabs();
 
 private:
     void showSlides();
-    QStringList ofPicture(const std::optional<WindowInfo> &toolbar);
-    QStringList ofInput(const Program &program, RandomChoice &chance);
-    QStringList ofDrawing(const Program &program);
-    QStringList ofHiddenToolbar(const Program &program);
-    bool isOurs(xcb_window_t window, const Program &program);
-    QStringList strangePixels(const std::optional<WindowInfo> &toolbar);
+    QStringList inspectScreen(const std::optional<WindowInfo> &toolbar);
+    QStringList inspectInput(const Program &program, RandomChoice &random);
+    QStringList inspectDrawing(const Program &program);
+    QStringList inspectHiddenToolbar(const Program &program);
+    bool belongsToProgram(xcb_window_t window, const Program &program);
+    QStringList unexpectedPixels(const std::optional<WindowInfo> &toolbar);
 
     DesktopSession &m_session;
     Controls &m_controls;

@@ -13,14 +13,14 @@
 
 namespace zeigewerk::rig {
 
-struct MonkeyOrders
+struct MonkeyOptions
 {
     quint32 seed = 1;
     /// Ends with whichever comes first.
     int actions = 20'000;
     QDeadlineTimer deadline = QDeadlineTimer(QDeadlineTimer::Forever);
     /// So often everything is let go and looked at.
-    int actionsToRest = 2000;
+    int actionsPerCheck = 2000;
     /// Words in the names of the actions to choose from; all if empty.
     QStringList only = {};
 };
@@ -30,39 +30,39 @@ struct MonkeyOrders
 class Monkey
 {
 public:
-    explicit Monkey(const MonkeyOrders &orders);
+    explicit Monkey(const MonkeyOptions &options);
 
     /// False at the first thing that is wrong, having said what, and what came before it.
-    bool play();
+    bool run();
 
 private:
-    bool playOn();
+    bool runActions();
     void startProgram();
     bool act(int number);
     void reviveWindowManager(int number);
-    bool answersOrEnds();
-    bool isWell(const QStringList &complaints);
-    bool rest(int number);
-    bool end(int number);
-    bool isEnded(int number);
-    QStringList complaintsOfEnd(std::optional<int> exitCode);
-    void letGo();
+    bool respondsOrExits();
+    bool passes(const QStringList &complaints);
+    bool check(int number);
+    bool endProgram(int number);
+    bool handleExit(int number);
+    QStringList complaintsAboutExit(std::optional<int> exitCode);
+    void releaseAll();
     void report(const QStringList &complaints);
 
-    MonkeyOrders m_orders;
-    Repertoire m_repertoire;
+    MonkeyOptions m_options;
+    ActionSet m_actionSet;
     DesktopSession m_session;
-    BlindInput m_paw;
-    OtherWindows m_neighbours;
-    DesktopChanges m_furniture;
+    BlindInput m_input;
+    OtherWindows m_otherWindows;
+    DesktopChanges m_desktop;
     Controls m_controls;
     Inspection m_inspection;
-    PingProbe m_probe;
+    PingProbe m_ping;
     std::unique_ptr<Program> m_program;
     int m_quits = 0;
-    int m_deathsOfManager = 0;
+    int m_windowManagerExits = 0;
     /// The last ones, the newest at the end.
-    std::deque<QString> m_done;
+    std::deque<QString> m_log;
 };
 
 } // namespace zeigewerk::rig

@@ -26,7 +26,7 @@ std::optional<quint32> numberOf(const QCommandLineParser &parser, const QString 
     return isNumber ? std::optional(number) : std::nullopt;
 }
 
-MonkeyOrders ordersOf(const QCoreApplication &app)
+MonkeyOptions parseOptions(const QCoreApplication &app)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -41,19 +41,19 @@ MonkeyOrders ordersOf(const QCoreApplication &app)
          {QStringLiteral("only"), QStringLiteral("Actions with that word in their name; may come again."),
           QStringLiteral("WORD")}});
     parser.process(app);
-    MonkeyOrders orders;
-    orders.seed = numberOf(parser, QStringLiteral("seed")).value_or(QRandomGenerator::global()->generate());
+    MonkeyOptions options;
+    options.seed = numberOf(parser, QStringLiteral("seed")).value_or(QRandomGenerator::global()->generate());
     const auto minutes = numberOf(parser, QStringLiteral("minutes"));
     if (minutes) {
-        orders.deadline = QDeadlineTimer(std::chrono::minutes(*minutes));
-        orders.actions = std::numeric_limits<int>::max();
+        options.deadline = QDeadlineTimer(std::chrono::minutes(*minutes));
+        options.actions = std::numeric_limits<int>::max();
     }
     if (const auto actions = numberOf(parser, QStringLiteral("actions")))
-        orders.actions = static_cast<int>(*actions);
+        options.actions = static_cast<int>(*actions);
     if (const auto rest = numberOf(parser, QStringLiteral("rest")); rest && *rest > 0)
-        orders.actionsToRest = static_cast<int>(*rest);
-    orders.only = parser.values(QStringLiteral("only"));
-    return orders;
+        options.actionsPerCheck = static_cast<int>(*rest);
+    options.only = parser.values(QStringLiteral("only"));
+    return options;
 }
 
 } // namespace
@@ -61,11 +61,11 @@ MonkeyOrders ordersOf(const QCoreApplication &app)
 int main(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);
-    const MonkeyOrders orders = ordersOf(app);
-    std::printf("Seed %u\n", orders.seed);
+    const MonkeyOptions options = parseOptions(app);
+    std::printf("Seed %u\n", options.seed);
     std::fflush(stdout);
     try {
-        return Monkey(orders).play() ? EXIT_SUCCESS : EXIT_FAILURE;
+        return Monkey(options).run() ? EXIT_SUCCESS : EXIT_FAILURE;
     } catch (const RigError &error) {
         std::fprintf(stderr, "the desktop is broken: %s\n", error.what());
         return 2;

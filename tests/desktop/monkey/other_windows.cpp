@@ -11,17 +11,17 @@ namespace zeigewerk::rig {
 namespace {
 
 /// More would only hide one another.
-constexpr std::size_t kMostWindows = 4;
-constexpr std::size_t kMostPopups = 3;
-const QRect kWhereTheyOpen(-100, -50, 2800, 1000);
+constexpr std::size_t kMaxWindows = 4;
+constexpr std::size_t kMaxPopups = 3;
+const QRect kOpenArea(-100, -50, 2800, 1000);
 const QString kNothing = QStringLiteral("nothing, as there is none");
 
 /// Of a menu's size, of an application's, or of a screen's, which a screen locker has.
-QRect anyRect(RandomChoice &chance)
+QRect randomRect(RandomChoice &random)
 {
     constexpr std::array kSizes = {QSize(200, 300), QSize(900, 600), QSize(1280, 1024)};
-    const QSize size = chance.of(kSizes);
-    return {chance.oneIn(4) ? QPoint(0, 0) : chance.in(kWhereTheyOpen), size};
+    const QSize size = random.of(kSizes);
+    return {random.oneIn(4) ? QPoint(0, 0) : random.in(kOpenArea), size};
 }
 
 } // namespace
@@ -32,21 +32,21 @@ OtherWindows::OtherWindows(DesktopSession &session)
 {
 }
 
-xcb_window_t OtherWindows::anyWindow(RandomChoice &chance)
+xcb_window_t OtherWindows::randomWindow(RandomChoice &random)
 {
-    return m_windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : chance.of(m_windows);
+    return m_windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : random.of(m_windows);
 }
 
-Popup *OtherWindows::anyPopup(RandomChoice &chance)
+Popup *OtherWindows::randomPopup(RandomChoice &random)
 {
-    return m_popups.empty() ? nullptr : chance.of(m_popups).get();
+    return m_popups.empty() ? nullptr : random.of(m_popups).get();
 }
 
-QString OtherWindows::openWindow(RandomChoice &chance)
+QString OtherWindows::openWindow(RandomChoice &random)
 {
-    if (m_windows.size() == kMostWindows)
-        return closeWindow(chance);
-    const QRect rect = anyRect(chance);
+    if (m_windows.size() == kMaxWindows)
+        return closeWindow(random);
+    const QRect rect = randomRect(random);
     xcb_connection_t *xcb = m_client.connection();
     const xcb_window_t id = xcb_generate_id(xcb);
     const std::uint32_t color = 0x808080;
@@ -60,39 +60,39 @@ QString OtherWindows::openWindow(RandomChoice &chance)
     return textOf(rect);
 }
 
-QString OtherWindows::closeWindow(RandomChoice &chance)
+QString OtherWindows::closeWindow(RandomChoice &random)
 {
     if (m_windows.empty())
         return kNothing;
-    const auto closed = m_windows.begin() + chance.below(static_cast<int>(m_windows.size()));
+    const auto closed = m_windows.begin() + random.below(static_cast<int>(m_windows.size()));
     xcb_destroy_window(m_client.connection(), *closed);
     m_client.roundTrip();
     m_windows.erase(closed);
     return {};
 }
 
-QString OtherWindows::activateWindow(RandomChoice &chance)
+QString OtherWindows::activateWindow(RandomChoice &random)
 {
     constexpr std::uint32_t kFromPager = 2;
-    const xcb_window_t window = anyWindow(chance);
+    const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
         return kNothing;
     m_client.sendToRoot(window, "_NET_ACTIVE_WINDOW", {kFromPager, XCB_CURRENT_TIME, 0});
     return {};
 }
 
-QString OtherWindows::takeKeyboard(RandomChoice &chance)
+QString OtherWindows::takeKeyboard(RandomChoice &random)
 {
-    const xcb_window_t window = anyWindow(chance);
+    const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
         return kNothing;
     m_client.setInputFocus(window);
     return {};
 }
 
-QString OtherWindows::raiseWindow(RandomChoice &chance)
+QString OtherWindows::raiseWindow(RandomChoice &random)
 {
-    const xcb_window_t window = anyWindow(chance);
+    const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
         return kNothing;
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
@@ -101,10 +101,10 @@ QString OtherWindows::raiseWindow(RandomChoice &chance)
     return {};
 }
 
-QString OtherWindows::toggleFullScreen(RandomChoice &chance)
+QString OtherWindows::toggleFullScreen(RandomChoice &random)
 {
     constexpr std::uint32_t kToggle = 2;
-    const xcb_window_t window = anyWindow(chance);
+    const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
         return kNothing;
     m_client.sendToRoot(window, "_NET_WM_STATE", {kToggle, m_client.atom("_NET_WM_STATE_FULLSCREEN"), 0, 1});
@@ -119,43 +119,43 @@ bool OtherWindows::hasFullScreenWindow()
     });
 }
 
-QString OtherWindows::openPopup(RandomChoice &chance)
+QString OtherWindows::openPopup(RandomChoice &random)
 {
-    if (m_popups.size() == kMostPopups)
-        return closePopup(chance);
-    const QRect rect = anyRect(chance);
+    if (m_popups.size() == kMaxPopups)
+        return closePopup(random);
+    const QRect rect = randomRect(random);
     m_popups.push_back(std::make_unique<Popup>(m_session, rect, QColor(0xC0, 0xC0, 0xC0)));
     return textOf(rect);
 }
 
-QString OtherWindows::closePopup(RandomChoice &chance)
+QString OtherWindows::closePopup(RandomChoice &random)
 {
     if (m_popups.empty())
         return kNothing;
-    const auto closed = m_popups.begin() + chance.below(static_cast<int>(m_popups.size()));
+    const auto closed = m_popups.begin() + random.below(static_cast<int>(m_popups.size()));
     if (closed->get() == m_grabber)
         m_grabber = nullptr;
     m_popups.erase(closed);
     return {};
 }
 
-QString OtherWindows::raisePopup(RandomChoice &chance)
+QString OtherWindows::raisePopup(RandomChoice &random)
 {
-    const Popup *popup = anyPopup(chance);
+    const Popup *popup = randomPopup(random);
     if (!popup)
         return kNothing;
     popup->raise();
     return {};
 }
 
-QString OtherWindows::togglePointerGrab(RandomChoice &chance)
+QString OtherWindows::togglePointerGrab(RandomChoice &random)
 {
     if (m_grabber) {
         m_grabber->ungrabPointer();
         m_grabber = nullptr;
         return QStringLiteral("gives the pointer back");
     }
-    Popup *popup = anyPopup(chance);
+    Popup *popup = randomPopup(random);
     if (!popup)
         return kNothing;
     if (!popup->grabPointer())
@@ -164,7 +164,7 @@ QString OtherWindows::togglePointerGrab(RandomChoice &chance)
     return QStringLiteral("takes the pointer");
 }
 
-void OtherWindows::leave()
+void OtherWindows::closeAll()
 {
     m_grabber = nullptr;
     m_popups.clear();

@@ -22,29 +22,29 @@ class OtherWindows
 public:
     explicit OtherWindows(DesktopSession &session);
 
-    QString openWindow(RandomChoice &chance);
-    QString closeWindow(RandomChoice &chance);
+    QString openWindow(RandomChoice &random);
+    QString closeWindow(RandomChoice &random);
     /// As a click in the task bar does.
-    QString activateWindow(RandomChoice &chance);
+    QString activateWindow(RandomChoice &random);
     /// Past the window manager.
-    QString takeKeyboard(RandomChoice &chance);
-    QString raiseWindow(RandomChoice &chance);
-    QString toggleFullScreen(RandomChoice &chance);
+    QString takeKeyboard(RandomChoice &random);
+    QString raiseWindow(RandomChoice &random);
+    QString toggleFullScreen(RandomChoice &random);
     bool hasFullScreenWindow();
 
-    QString openPopup(RandomChoice &chance);
-    QString closePopup(RandomChoice &chance);
-    QString raisePopup(RandomChoice &chance);
+    QString openPopup(RandomChoice &random);
+    QString closePopup(RandomChoice &random);
+    QString raisePopup(RandomChoice &random);
     /// Takes the pointer as a menu does, or gives it back.
-    QString togglePointerGrab(RandomChoice &chance);
+    QString togglePointerGrab(RandomChoice &random);
 
     /// Closes everything.
-    void leave();
+    void closeAll();
 
 private:
     /// None if there is no window.
-    xcb_window_t anyWindow(RandomChoice &chance);
-    Popup *anyPopup(RandomChoice &chance);
+    xcb_window_t randomWindow(RandomChoice &random);
+    Popup *randomPopup(RandomChoice &random);
 
     DesktopSession &m_session;
     /// One for all of them: the server hands out the ids of a connection that has ended again, and a window

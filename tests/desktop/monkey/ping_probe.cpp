@@ -15,27 +15,27 @@ PingProbe::PingProbe(DesktopSession &session)
     m_client.roundTrip();
 }
 
-bool PingProbe::isAnswered(const Program &program, std::chrono::milliseconds deadline)
+bool PingProbe::isResponding(const Program &program, std::chrono::milliseconds deadline)
 {
-    return isAnsweredOnce(program, deadline) && isAnsweredOnce(program, deadline);
+    return respondsOnce(program, deadline) && respondsOnce(program, deadline);
 }
 
-bool PingProbe::isAnsweredOnce(const Program &program, std::chrono::milliseconds deadline)
+bool PingProbe::respondsOnce(const Program &program, std::chrono::milliseconds deadline)
 {
-    xcb_window_t asked = XCB_WINDOW_NONE;
-    bool answered = false;
+    xcb_window_t pinged = XCB_WINDOW_NONE;
+    bool isReplied = false;
     const auto isSettled = [&] {
         // A text field's window may go before the question is read; then nobody answers, and the next is
         // asked.
-        if (const xcb_window_t window = windowOf(program); window != asked) {
-            asked = window;
-            ask(window);
+        if (const xcb_window_t window = windowOf(program); window != pinged) {
+            pinged = window;
+            ping(window);
         }
-        answered = hasAnswer();
-        return answered || asked == XCB_WINDOW_NONE || !program.isRunning();
+        isReplied = hasReply();
+        return isReplied || pinged == XCB_WINDOW_NONE || !program.isRunning();
     };
     eventually(isSettled, deadline);
-    return answered;
+    return isReplied;
 }
 
 xcb_window_t PingProbe::windowOf(const Program &program)
@@ -50,7 +50,7 @@ xcb_window_t PingProbe::windowOf(const Program &program)
     return m_window;
 }
 
-void PingProbe::ask(xcb_window_t window)
+void PingProbe::ping(xcb_window_t window)
 {
     if (window == XCB_WINDOW_NONE)
         return;
@@ -61,20 +61,20 @@ void PingProbe::ask(xcb_window_t window)
     event.type = m_client.atom("WM_PROTOCOLS");
     event.data.data32[0] = m_client.atom("_NET_WM_PING");
     // Stands where the time does, and comes back as it is.
-    event.data.data32[1] = ++m_question;
+    event.data.data32[1] = ++m_serial;
     event.data.data32[2] = window;
     xcb_send_event(m_client.connection(), 0, window, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char *>(&event));
     xcb_flush(m_client.connection());
 }
 
-bool PingProbe::hasAnswer()
+bool PingProbe::hasReply()
 {
     constexpr int kSentFlag = 0x80;
     while (const auto event = owned(xcb_poll_for_event(m_client.connection()))) {
         const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(*event);
         if ((event->response_type & ~kSentFlag) == XCB_CLIENT_MESSAGE &&
-            message.type == m_client.atom("WM_PROTOCOLS") && message.data.data32[1] == m_question)
+            message.type == m_client.atom("WM_PROTOCOLS") && message.data.data32[1] == m_serial)
             return true;
     }
     return false;

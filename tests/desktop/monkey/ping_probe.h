@@ -19,17 +19,17 @@ public:
 
     /// Comes back when the program has answered twice, as the second answer comes after a whole turn of its
     /// loop. False if it ended, has no window that is asked so, or does not answer in time.
-    bool isAnswered(const Program &program, std::chrono::milliseconds deadline = std::chrono::seconds(60));
+    bool isResponding(const Program &program, std::chrono::milliseconds deadline = std::chrono::seconds(60));
 
 private:
-    bool isAnsweredOnce(const Program &program, std::chrono::milliseconds deadline);
+    bool respondsOnce(const Program &program, std::chrono::milliseconds deadline);
     xcb_window_t windowOf(const Program &program);
-    void ask(xcb_window_t window);
-    bool hasAnswer();
+    void ping(xcb_window_t window);
+    bool hasReply();
 
     Client m_client;
     xcb_window_t m_window = XCB_WINDOW_NONE;
-    std::uint32_t m_question = 0;
+    std::uint32_t m_serial = 0;
 };
 
 } // namespace zeigewerk::rig

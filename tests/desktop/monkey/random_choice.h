@@ -16,12 +16,12 @@ class RandomChoice
 {
 public:
     RandomChoice(std::uint32_t seed, int number)
-        : m_dice(std::uint64_t{seed} << 32 | static_cast<std::uint32_t>(number))
+        : m_generator(std::uint64_t{seed} << 32 | static_cast<std::uint32_t>(number))
     {
     }
 
     /// From zero to one less than that.
-    int below(int end) { return static_cast<int>(m_dice() % static_cast<std::uint64_t>(end)); }
+    int below(int end) { return static_cast<int>(m_generator() % static_cast<std::uint64_t>(end)); }
     bool oneIn(int times) { return below(times) == 0; }
     QPoint in(const QRect &rect)
     {
@@ -34,7 +34,7 @@ public:
     }
 
 private:
-    std::mt19937_64 m_dice;
+    std::mt19937_64 m_generator;
 };
 
 } // namespace zeigewerk::rig

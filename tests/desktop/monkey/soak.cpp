@@ -16,11 +16,11 @@ using namespace std::chrono_literals;
 
 constexpr double kFramesPerSecond = 60.0;
 constexpr int kFramesOfStroke = 100;
-constexpr double kBound = 0.01;
+constexpr double kMaxChange = 0.01;
 /// In MiB: the allocator takes from the system, and gives back, 128 KiB and more at a time.
-constexpr double kTwoStepsOfHeap = 0.25;
+constexpr double kHeapGranularity = 0.25;
 /// Free of the toolbar.
-const QRect kStage(50, 50, 1600, 980);
+const QRect kPathArea(50, 50, 1600, 980);
 const std::array kTools = {button::kPen,   button::kHighlighter, button::kLine,
                            button::kArrow, button::kRectangle,   button::kEllipse};
 const QStringList kModes = {label::kClicks, label::kRing, label::kFade, label::kSpot, label::kDraw};
@@ -35,7 +35,7 @@ struct Value
 };
 constexpr std::array kValues = {
     Value{"proportional", &Memory::proportional, false},
-    Value{"proportional, without files", &Memory::proportionalWithoutFiles, true, kTwoStepsOfHeap},
+    Value{"proportional, without files", &Memory::proportionalWithoutFiles, true, kHeapGranularity},
     Value{"private", &Memory::privateOnly, false}, Value{"resident", &Memory::resident, true}};
 
 double medianOf(const std::vector<Memory> &samples, double Memory::*value)
@@ -57,10 +57,10 @@ Memory medianOf(const std::vector<Memory> &samples)
 }
 
 /// The same way all over the stage in each round.
-QPoint wandering(int frame)
+QPoint pathPoint(int frame)
 {
-    return kStage.center() + QPoint(qRound(0.48 * kStage.width() * std::sin(frame / 31.0)),
-                                    qRound(0.48 * kStage.height() * std::cos(frame / 23.0)));
+    return kPathArea.center() + QPoint(qRound(0.48 * kPathArea.width() * std::sin(frame / 31.0)),
+                                       qRound(0.48 * kPathArea.height() * std::cos(frame / 23.0)));
 }
 
 } // namespace
@@ -68,16 +68,16 @@ QPoint wandering(int frame)
 Soak::Soak(std::chrono::minutes duration)
     : m_duration(duration)
     , m_beneath(m_session, VirtualDisplay::kFullHd, QColor(0x20, 0x60, 0xA0))
-    , m_paw(m_session.client())
-    , m_furniture(m_session)
+    , m_input(m_session.client())
+    , m_desktop(m_session)
     , m_program(m_session)
 {
     if (!m_beneath.takeFocus() || !m_program.waitUntilReady())
         failRig(QStringLiteral("the program does not start"));
-    learnButtons();
+    locateButtons();
 }
 
-void Soak::learnButtons()
+void Soak::locateButtons()
 {
     // On a desktop of its own: nobody reads the screen where memory is measured.
     DesktopSession session({.accessibility = true});
@@ -91,7 +91,7 @@ void Soak::learnButtons()
 
 void Soak::switchEverythingOn()
 {
-    TrayHost &tray = m_furniture.tray().host;
+    TrayHost &tray = m_desktop.tray().host;
     QList<TrayItem> items;
     if (!eventually([&] { return (items = tray.items()).size() == 1; }))
         failRig(QStringLiteral("the program is not in the tray"));
@@ -117,10 +117,10 @@ bool Soak::run()
         playRound();
         if (!m_program.isRunning())
             failRig(QStringLiteral("the program has ended:\n") + QString::fromUtf8(m_program.output()));
-        m_rounds.push_back(medianOf(m_ofRound));
-        m_ofRound.clear();
+        m_rounds.push_back(medianOf(m_samples));
+        m_samples.clear();
     }
-    return judge();
+    return isMemoryFlat();
 }
 
 void Soak::playRound()
@@ -141,28 +141,28 @@ void Soak::draw(int stroke)
 {
     use(kTools[static_cast<std::size_t>(stroke)]);
     const int first = stroke * kFramesOfStroke;
-    moveTo(wandering(first));
-    m_paw.press(Pointer::Left);
+    moveTo(pathPoint(first));
+    m_input.press(Pointer::Left);
     for (int frame = first; frame < first + kFramesOfStroke; ++frame)
-        moveTo(wandering(frame));
-    m_paw.release(Pointer::Left);
-    m_paw.click(stroke % 2 == 0 ? Pointer::WheelUp : Pointer::WheelDown);
+        moveTo(pathPoint(frame));
+    m_input.release(Pointer::Left);
+    m_input.click(stroke % 2 == 0 ? Pointer::WheelUp : Pointer::WheelDown);
 }
 
 void Soak::write()
 {
     use(button::kText);
-    moveTo(kStage.center());
-    m_paw.click(Pointer::Left);
+    moveTo(kPathArea.center());
+    m_input.click(Pointer::Left);
     nextFrame();
     for (const Key key : {Key::Z, Key::E, Key::I, Key::G, Key::T}) {
-        m_paw.tap(key);
+        m_input.tap(key);
         nextFrame();
     }
-    m_paw.tap(Key::Return);
+    m_input.tap(Key::Return);
     for (int i = 0; i < 3; ++i) {
         nextFrame();
-        m_paw.chord({Key::Ctrl}, Key::Z);
+        m_input.chord({Key::Ctrl}, Key::Z);
     }
     use(button::kPen);
 }
@@ -170,9 +170,9 @@ void Soak::write()
 void Soak::clickAround()
 {
     for (int frame = 0; frame < kFramesOfStroke; ++frame) {
-        moveTo(wandering(7 * frame));
+        moveTo(pathPoint(7 * frame));
         if (frame % 5 == 0)
-            m_paw.click(Pointer::Left);
+            m_input.click(Pointer::Left);
     }
 }
 
@@ -193,20 +193,20 @@ void Soak::use(const QString &tool)
     if (!toolbar || !m_buttons.contains(tool))
         failRig(QStringLiteral("no button for %1").arg(tool));
     moveTo(toolbar->geometry.topLeft() + m_buttons.value(tool));
-    m_paw.click(Pointer::Left);
+    m_input.click(Pointer::Left);
     nextFrame();
 }
 
 void Soak::hotKey(Key key)
 {
-    m_paw.chord({Key::Ctrl, Key::Alt}, key);
+    m_input.chord({Key::Ctrl, Key::Alt}, key);
     for (int i = 0; i < 10; ++i)
         nextFrame();
 }
 
 void Soak::moveTo(QPoint place)
 {
-    m_paw.moveTo(place);
+    m_input.moveTo(place);
     nextFrame();
 }
 
@@ -221,10 +221,10 @@ void Soak::nextFrame()
 
 void Soak::sample()
 {
-    m_ofRound.push_back(memoryOf(m_program.processId()));
+    m_samples.push_back(memoryOf(m_program.processId()));
 }
 
-void Soak::printCourse() const
+void Soak::printHistory() const
 {
     constexpr std::size_t kLines = 10;
     std::printf("  after round   proportional   without files   private\n");
@@ -236,7 +236,7 @@ void Soak::printCourse() const
     }
 }
 
-bool Soak::judge() const
+bool Soak::isMemoryFlat() const
 {
     const std::size_t warmUp = m_rounds.size() / 10 + 1;
     const std::size_t fifth = (m_rounds.size() - qMin(warmUp, m_rounds.size())) / 5;
@@ -248,12 +248,12 @@ bool Soak::judge() const
     const Memory last = medianOf(std::vector(m_rounds.end() - count, m_rounds.end()));
     std::printf("%zu rounds; the first and the last %zu after %zu to warm up, medians in MiB\n",
                 m_rounds.size(), fifth, warmUp);
-    printCourse();
+    printHistory();
     bool isFlat = true;
     for (const Value &value : kValues) {
         const double before = first.*value.of;
         const double change = last.*value.of / before - 1.0;
-        const bool isWithin = std::abs(change) * before <= std::max(kBound * before, value.granularity);
+        const bool isWithin = std::abs(change) * before <= std::max(kMaxChange * before, value.granularity);
         std::printf("  %-30s %8.2f %8.2f   %+.2f %%   %s\n", value.name, first.*value.of, last.*value.of,
                     100.0 * change,
                     !value.isJudged ? ""

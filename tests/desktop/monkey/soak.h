@@ -29,7 +29,7 @@ public:
     bool run();
 
 private:
-    void learnButtons();
+    void locateButtons();
     void switchEverythingOn();
     void playRound();
     void draw(int stroke);
@@ -41,20 +41,20 @@ private:
     void moveTo(QPoint place);
     void nextFrame();
     void sample();
-    bool judge() const;
-    void printCourse() const;
+    bool isMemoryFlat() const;
+    void printHistory() const;
 
     std::chrono::minutes m_duration;
     /// Where the buttons are in the toolbar's window.
     QMap<QString, QPoint> m_buttons;
     DesktopSession m_session;
     WindowBeneath m_beneath;
-    BlindInput m_paw;
-    DesktopChanges m_furniture;
+    BlindInput m_input;
+    DesktopChanges m_desktop;
     Program m_program;
     QElapsedTimer m_clock;
     qint64 m_frames = 0;
-    std::vector<Memory> m_ofRound;
+    std::vector<Memory> m_samples;
     std::vector<Memory> m_rounds;
 };
 

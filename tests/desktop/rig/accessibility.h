@@ -63,19 +63,19 @@ public:
 
 private:
     using Object = AccessibilityBus::Object;
-    struct Ruler;
+    struct PixelMapping;
 
     bool findApplication(qint64 processId);
     QList<Object> children(const Object &parent);
     QString role(const Object &object);
     QRect reportedExtents(const Object &object);
-    Ruler rulerOf(const Object &window);
+    PixelMapping mappingOf(const Object &window);
     /// Is handed a button and its role, and tells whether to go on.
-    using Visit = std::function<bool(const Object &, const QString &, const Ruler &)>;
-    bool visitButtonsIn(const Object &parent, const Ruler &ruler, const Visit &visit);
+    using Visit = std::function<bool(const Object &, const QString &, const PixelMapping &)>;
+    bool visitButtonsIn(const Object &parent, const PixelMapping &mapping, const Visit &visit);
     void visitButtons(const Visit &visit);
     QString nameOf(const Object &object);
-    AccessibleButton describe(const Object &object, const QString &role, const Ruler &ruler);
+    AccessibleButton describe(const Object &object, const QString &role, const PixelMapping &mapping);
 
     DesktopSession &m_session;
     qint64 m_processId;

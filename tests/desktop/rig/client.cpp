@@ -37,9 +37,9 @@ xcb_atom_t Client::atom(const QByteArray &name)
 
 QList<quint32> Client::property(xcb_window_t window, const QByteArray &name)
 {
-    constexpr std::uint32_t kLongestInWords = 4096;
+    constexpr std::uint32_t kMaxWords = 4096;
     const auto cookie =
-        xcb_get_property(m_connection, 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, kLongestInWords);
+        xcb_get_property(m_connection, 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, kMaxWords);
     const auto reply = owned(xcb_get_property_reply(m_connection, cookie, nullptr));
     if (!reply || reply->format != 32)
         return {};

@@ -31,10 +31,10 @@ private:
 
     Client m_client;
     xcb_window_t m_window = XCB_WINDOW_NONE;
-    QTimer m_turn;
+    QTimer m_timer;
     QByteArray m_text;
     /// How the last request of our own was answered: the property that holds the text, or none.
-    std::optional<xcb_atom_t> m_answer;
+    std::optional<xcb_atom_t> m_reply;
 };
 
 } // namespace zeigewerk::rig

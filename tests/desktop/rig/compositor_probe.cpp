@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 constexpr std::uint32_t kHalfRed = 0x80800000; // premultiplied, as X wants it
-constexpr QRgb kMixed = 0xFFFF7F7F;
+constexpr QRgb kBlended = 0xFFFF7F7F;
 constexpr QRect kArea(0, 0, 4, 4);
 
 xcb_visualid_t argbVisual(const xcb_screen_t &screen)
@@ -52,15 +52,15 @@ xcb_window_t CompositorProbe::show(std::uint8_t depth, xcb_visualid_t visual, st
     return window;
 }
 
-bool CompositorProbe::isMixed()
+bool CompositorProbe::isBlended()
 {
-    return Screenshot::of(m_client).isFilled(QColor(kMixed), kArea.translated(m_place), 1);
+    return Screenshot::of(m_client).isFilled(QColor(kBlended), kArea.translated(m_place), 1);
 }
 
 bool CompositorProbe::isGone()
 {
     destroy();
-    return Screenshot::of(m_client).count(QColor(kMixed), kArea.translated(m_place), 1) == 0;
+    return Screenshot::of(m_client).count(QColor(kBlended), kArea.translated(m_place), 1) == 0;
 }
 
 void CompositorProbe::destroy()

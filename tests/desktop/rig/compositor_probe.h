@@ -20,7 +20,7 @@ public:
     CompositorProbe &operator=(const CompositorProbe &) = delete;
 
     /// True once the screen shows the mixed colour.
-    bool isMixed();
+    bool isBlended();
     /// Destroys the windows; true once the screen no longer shows them.
     bool isGone();
 

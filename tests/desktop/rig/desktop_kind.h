@@ -5,7 +5,7 @@ namespace zeigewerk::rig {
 
 enum class WindowManager { Openbox, Xfwm4, I3, None };
 /// The window manager brings one along only if it is xfwm4; with others Picom is meant then.
-enum class Compositor { Picom, OfWindowManager, None };
+enum class Compositor { Picom, BuiltIn, None };
 
 struct DesktopKind
 {
@@ -16,6 +16,6 @@ struct DesktopKind
 /// The desktop that ZEIGEWERK_TEST_DESKTOP names: "openbox+picom", which is meant if it is not set, "xfwm4"
 /// with the compositor of its own, "i3+picom", "picom" without a window manager, "openbox" without a
 /// compositor, or "none" of either. Throws RigError if it names another.
-DesktopKind desktopOfRun();
+DesktopKind desktopFromEnvironment();
 
 } // namespace zeigewerk::rig

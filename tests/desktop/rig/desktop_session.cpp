@@ -19,7 +19,7 @@ namespace zeigewerk::rig {
 namespace {
 
 constexpr std::chrono::seconds kStartDeadline{20};
-constexpr std::chrono::seconds kEndDeadline{3};
+constexpr std::chrono::seconds kExitDeadline{3};
 
 /// The only variables of whoever runs the tests that reach the programs: where things are installed, and how
 /// instrumented builds report.
@@ -34,7 +34,7 @@ constexpr QLatin1String kInherited[] = {
 bool needsPicom(const DesktopSetup &setup)
 {
     return setup.compositor == Compositor::Picom ||
-           (setup.compositor == Compositor::OfWindowManager && setup.windowManager != WindowManager::Xfwm4);
+           (setup.compositor == Compositor::BuiltIn && setup.windowManager != WindowManager::Xfwm4);
 }
 
 QRect boundsOf(const QList<QRect> &screens)
@@ -52,7 +52,7 @@ void signalAll(const QList<qint64> &processes, int signal)
 
 DesktopSession::DesktopSession(const DesktopSetup &setup)
     : m_setup(setup)
-    , m_display(setup.screens, setup.mice)
+    , m_display(setup.screens, setup.extraDevice)
     , m_pointer(m_display.client())
     , m_keyboard(m_display.client())
 {
@@ -68,21 +68,21 @@ DesktopSession::DesktopSession(const DesktopSetup &setup)
     awaitManagers();
     if (setup.accessibility)
         startAccessibility();
-    m_recorder = Recorder::ofRun(m_display.name(), boundsOf(setup.screens));
-    livingSessions().append(this);
+    m_recorder = Recorder::fromEnvironment(m_display.name(), boundsOf(setup.screens));
+    allSessions().append(this);
 }
 
 DesktopSession::~DesktopSession()
 {
-    livingSessions().removeOne(this);
+    allSessions().removeOne(this);
     m_recorder.reset();
     m_compositor.reset();
     m_windowManager.reset();
     m_bus.reset();
-    endStrays();
+    endStrayProcesses();
 }
 
-QList<DesktopSession *> &DesktopSession::livingSessions()
+QList<DesktopSession *> &DesktopSession::allSessions()
 {
     static QList<DesktopSession *> sessions;
     return sessions;
@@ -125,7 +125,7 @@ void DesktopSession::makeEnvironment(const QMap<QString, QString> &extra)
         m_environment.insert(it.key(), *it);
 }
 
-QString DesktopSession::logOf(const QString &program) const
+QString DesktopSession::logPath(const QString &program) const
 {
     return home().filePath(program + QStringLiteral(".log"));
 }
@@ -136,7 +136,7 @@ std::unique_ptr<ChildProcess> DesktopSession::launch(const QString &program, con
         .program = program,
         .arguments = arguments,
         .environment = m_environment,
-        .logPath = logOf(program),
+        .logPath = logPath(program),
     });
 }
 
@@ -149,7 +149,7 @@ void DesktopSession::launchWindowManager()
         return;
     case WindowManager::Xfwm4:
         writeXfwm4Settings(home());
-        m_windowManager = launch(QStringLiteral("xfwm4"), {m_setup.compositor == Compositor::OfWindowManager
+        m_windowManager = launch(QStringLiteral("xfwm4"), {m_setup.compositor == Compositor::BuiltIn
                                                                ? QStringLiteral("--compositor=on")
                                                                : QStringLiteral("--compositor=off"),
                                                            QStringLiteral("--vblank=off")});
@@ -199,7 +199,7 @@ void DesktopSession::restartWindowManager()
 
 QByteArray DesktopSession::windowManagerOutput() const
 {
-    QFile log(m_windowManager ? logOf(m_windowManager->process().program()) : QString());
+    QFile log(m_windowManager ? logPath(m_windowManager->process().program()) : QString());
     return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
 }
 
@@ -222,7 +222,7 @@ void DesktopSession::awaitCompositor()
     if (!eventually([&] { return isComposited(); }, kStartDeadline))
         failRig(QStringLiteral("the compositor did not start"));
     CompositorProbe probe(client(), m_display.screens().value(0).topLeft());
-    if (!eventually([&] { return probe.isMixed(); }, kStartDeadline) ||
+    if (!eventually([&] { return probe.isBlended(); }, kStartDeadline) ||
         !eventually([&] { return probe.isGone(); }, kStartDeadline))
         failRig(QStringLiteral("the compositor does not paint"));
 }
@@ -241,16 +241,16 @@ void DesktopSession::startAccessibility()
     m_environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
 }
 
-void DesktopSession::endStrays()
+void DesktopSession::endStrayProcesses()
 {
     // Helpers that the bus or a program started: they have another parent, but our home.
     const QByteArray mark = "HOME=" + QFile::encodeName(m_environment.value(QStringLiteral("HOME")));
     signalAll(processesWithEnvironment(mark), SIGTERM);
-    const auto areGone = [&] { return processesWithEnvironment(mark).isEmpty(); };
-    if (eventually(areGone, kEndDeadline))
+    const auto allGone = [&] { return processesWithEnvironment(mark).isEmpty(); };
+    if (eventually(allGone, kExitDeadline))
         return;
     signalAll(processesWithEnvironment(mark), SIGKILL);
-    eventually(areGone, kEndDeadline);
+    eventually(allGone, kExitDeadline);
 }
 
 } // namespace zeigewerk::rig

@@ -21,11 +21,11 @@ namespace zeigewerk::rig {
 struct DesktopSetup
 {
     QList<QRect> screens = {VirtualDisplay::kFullHd};
-    WindowManager windowManager = desktopOfRun().windowManager;
-    Compositor compositor = desktopOfRun().compositor;
+    WindowManager windowManager = desktopFromEnvironment().windowManager;
+    Compositor compositor = desktopFromEnvironment().compositor;
     /// The accessibility bus runs, and Qt's programs are on it from their start.
     bool accessibility = false;
-    Mice mice = Mice::XTestOnly;
+    ExtraDevice extraDevice = ExtraDevice::None;
     /// The XKB name of a keyboard map, as "de"; the server's own, a US one, if empty. A program that starts
     /// later has never known another.
     QString keyboardMap = {};
@@ -87,10 +87,10 @@ public:
 
     /// The sessions that exist now, the oldest first: for the picture that a failed expectation takes without
     /// being handed a session.
-    static const QList<DesktopSession *> &living() { return livingSessions(); }
+    static const QList<DesktopSession *> &all() { return allSessions(); }
 
 private:
-    static QList<DesktopSession *> &livingSessions();
+    static QList<DesktopSession *> &allSessions();
 
     void makeEnvironment(const QMap<QString, QString> &extra);
     std::unique_ptr<ChildProcess> launch(const QString &program, const QStringList &arguments);
@@ -98,8 +98,8 @@ private:
     void awaitManagers();
     void awaitCompositor();
     void startAccessibility();
-    QString logOf(const QString &program) const;
-    void endStrays();
+    QString logPath(const QString &program) const;
+    void endStrayProcesses();
 
     DesktopSetup m_setup;
     VirtualDisplay m_display;

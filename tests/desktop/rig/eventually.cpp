@@ -37,9 +37,9 @@ QStringList saveFailurePictures()
     QStringList saved;
     if (!folder.mkpath(QStringLiteral(".")))
         return saved;
-    for (DesktopSession *session : DesktopSession::living()) {
+    for (DesktopSession *session : DesktopSession::all()) {
         const QString suffix = saved.isEmpty() ? QString() : QStringLiteral("_%1").arg(saved.size() + 1);
-        const QString path = folder.filePath(nameOfRunningTest() + suffix + QStringLiteral(".png"));
+        const QString path = folder.filePath(runningTestName() + suffix + QStringLiteral(".png"));
         if (!session->screenshot().save(path))
             continue;
         qInfo().noquote() << "The screen now:" << path;

@@ -21,33 +21,33 @@ public:
         : m_process(static_cast<pid_t>(processId))
     {
         kill(m_process, SIGSTOP);
-        m_end = std::thread([this] { endInAnyCase(); });
+        m_watchdog = std::thread([this] { resumeAfterTimeout(); });
     }
     ~PausedProcess()
     {
         {
             const std::lock_guard lock(m_mutex);
-            m_isOver = true;
+            m_isResumed = true;
         }
-        m_over.notify_one();
-        m_end.join();
+        m_resumed.notify_one();
+        m_watchdog.join();
     }
     PausedProcess(const PausedProcess &) = delete;
     PausedProcess &operator=(const PausedProcess &) = delete;
 
 private:
-    void endInAnyCase()
+    void resumeAfterTimeout()
     {
         std::unique_lock lock(m_mutex);
-        m_over.wait_for(lock, std::chrono::seconds(2), [this] { return m_isOver; });
+        m_resumed.wait_for(lock, std::chrono::seconds(2), [this] { return m_isResumed; });
         kill(m_process, SIGCONT);
     }
 
     pid_t m_process;
-    bool m_isOver = false;
+    bool m_isResumed = false;
     std::mutex m_mutex;
-    std::condition_variable m_over;
-    std::thread m_end;
+    std::condition_variable m_resumed;
+    std::thread m_watchdog;
 };
 
 } // namespace zeigewerk::rig

@@ -18,7 +18,7 @@ constexpr std::chrono::seconds kLastPictureDeadline{20};
 QString unusedPath(const QDir &folder)
 {
     for (int number = 1;; ++number) {
-        QString path = folder.filePath(QString("%1_%2.mkv").arg(nameOfRunningTest()).arg(number));
+        QString path = folder.filePath(QString("%1_%2.mkv").arg(runningTestName()).arg(number));
         if (!QFileInfo::exists(path))
             return path;
     }
@@ -47,7 +47,7 @@ ChildProcess::Command command(const QString &display, const QRect &part, const Q
 
 } // namespace
 
-std::unique_ptr<Recorder> Recorder::ofRun(const QString &display, const QRect &part)
+std::unique_ptr<Recorder> Recorder::fromEnvironment(const QString &display, const QRect &part)
 {
     const QString folder = qEnvironmentVariable("ZEIGEWERK_TEST_RECORD");
     if (folder.isEmpty())

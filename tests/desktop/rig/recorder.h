@@ -15,7 +15,7 @@ class Recorder
 public:
     /// In the folder that ZEIGEWERK_TEST_RECORD names, under the name of the running test and a number; none
     /// unless it is set. Throws RigError if the first pictures do not come.
-    static std::unique_ptr<Recorder> ofRun(const QString &display, const QRect &part);
+    static std::unique_ptr<Recorder> fromEnvironment(const QString &display, const QRect &part);
 
     /// Ends the film, which can be played from then on.
     ~Recorder();

@@ -6,6 +6,6 @@
 namespace zeigewerk::rig {
 
 /// The running program, test function and data row, fit for the name of a file.
-QString nameOfRunningTest();
+QString runningTestName();
 
 } // namespace zeigewerk::rig

@@ -20,12 +20,12 @@ public:
 
     /// Moves the axis by that much, downwards positive. Comes back when the server has processed it; false if
     /// it does not.
-    bool scroll(double way)
+    bool scroll(double delta)
     {
         constexpr std::size_t kVerticalScroll = 3;
         MotionMessage motion;
-        motion.axes.set(kVerticalScroll, way);
-        return tell(motion);
+        motion.axes.set(kVerticalScroll, delta);
+        return sendAndSync(motion);
     }
 };
 

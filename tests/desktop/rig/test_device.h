@@ -70,7 +70,7 @@ protected:
 
     /// Comes back when the server has processed the message; false if it does not.
     template <typename Message>
-    bool tell(const Message &message)
+    bool sendAndSync(const Message &message)
     {
         return send(&message, sizeof message) && sync();
     }

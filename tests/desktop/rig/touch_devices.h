@@ -10,10 +10,10 @@
 namespace zeigewerk::rig {
 
 /// What both have in common: places are native root pixels, on a root window of that size.
-class PlacingDevice : public TestDevice
+class AbsoluteDevice : public TestDevice
 {
 protected:
-    PlacingDevice(const QString &socketPath, QSize root)
+    AbsoluteDevice(const QString &socketPath, QSize root)
         : TestDevice(socketPath)
         , m_root(root)
     {
@@ -25,13 +25,13 @@ private:
     QSize m_root;
 };
 
-class TouchScreen : public PlacingDevice
+class TouchScreen : public AbsoluteDevice
 {
 public:
     static constexpr char kType[] = "Touch";
 
     TouchScreen(const QString &socketPath, QSize root)
-        : PlacingDevice(socketPath, root)
+        : AbsoluteDevice(socketPath, root)
     {
     }
 
@@ -44,13 +44,13 @@ private:
     std::uint32_t m_touches = 0;
 };
 
-class Tablet : public PlacingDevice
+class Tablet : public AbsoluteDevice
 {
 public:
     static constexpr char kType[] = "PointerAbsolute";
 
     Tablet(const QString &socketPath, QSize root)
-        : PlacingDevice(socketPath, root)
+        : AbsoluteDevice(socketPath, root)
     {
     }
 

@@ -148,15 +148,15 @@ bool TrayHost::click(const TrayItem &item, int entry)
 
 bool TrayHost::activate(const TrayItem &item, QPoint place)
 {
-    return tellItem(item, QStringLiteral("Activate"), place);
+    return callItem(item, QStringLiteral("Activate"), place);
 }
 
 bool TrayHost::openContextMenu(const TrayItem &item, QPoint place)
 {
-    return tellItem(item, QStringLiteral("ContextMenu"), place);
+    return callItem(item, QStringLiteral("ContextMenu"), place);
 }
 
-bool TrayHost::tellItem(const TrayItem &item, const QString &method, QPoint place)
+bool TrayHost::callItem(const TrayItem &item, const QString &method, QPoint place)
 {
     return m_bus.call(item.service, kItemPath, kItem, method, {place.x(), place.y()}).has_value();
 }

@@ -58,7 +58,7 @@ public:
     /// How many times some menu said that its entries are others now, since forget().
     int layoutUpdates() const { return m_layoutUpdates; }
     /// What menus said of the check mark of an entry since forget(), in order.
-    QList<int> toggleStatesTold(int entry) const { return m_toggleStates.value(entry); }
+    QList<int> reportedToggleStates(int entry) const { return m_toggleStates.value(entry); }
     void forget();
 
 private Q_SLOTS:
@@ -67,7 +67,7 @@ private Q_SLOTS:
 
 private:
     void registerWithWatcher();
-    bool tellItem(const TrayItem &item, const QString &method, QPoint place);
+    bool callItem(const TrayItem &item, const QString &method, QPoint place);
 
     Bus m_bus;
     QString m_service;

@@ -39,11 +39,11 @@ private:
     void registerItem(const QDBusMessage &message);
     void registerHost(const QDBusMessage &message);
     void forget(const QString &service);
-    void tell(const QString &signal, const QVariantList &arguments = {});
+    void emitSignal(const QString &signal, const QVariantList &arguments = {});
     QVariantMap properties() const;
 
     Bus m_bus;
-    QDBusServiceWatcher m_leaving;
+    QDBusServiceWatcher m_departures;
     QStringList m_items;
     QStringList m_hosts;
     int m_registrations = 0;

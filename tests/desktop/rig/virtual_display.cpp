@@ -54,16 +54,16 @@ EndSection
 )";
 
 /// The test driver's name for the device beside XTest's, if there is to be one.
-const char *typeOf(Mice mice)
+const char *driverType(ExtraDevice extraDevice)
 {
-    switch (mice) {
-    case Mice::WithScrollAxis:
+    switch (extraDevice) {
+    case ExtraDevice::ScrollMouse:
         return ScrollMouse::kType;
-    case Mice::WithTouchScreen:
+    case ExtraDevice::TouchScreen:
         return TouchScreen::kType;
-    case Mice::WithTablet:
+    case ExtraDevice::Tablet:
         return Tablet::kType;
-    case Mice::XTestOnly:
+    case ExtraDevice::None:
         break;
     }
     return nullptr;
@@ -81,9 +81,9 @@ QString serverProgram()
 
 } // namespace
 
-VirtualDisplay::VirtualDisplay(const QList<QRect> &screens, Mice mice)
+VirtualDisplay::VirtualDisplay(const QList<QRect> &screens, ExtraDevice extraDevice)
 {
-    startServer(mice);
+    startServer(extraDevice);
     m_client = std::make_unique<Client>(m_name);
     m_outputs = std::make_unique<Outputs>(*m_client);
     QMap<int, QRect> wanted;
@@ -92,10 +92,10 @@ VirtualDisplay::VirtualDisplay(const QList<QRect> &screens, Mice mice)
     applyScreens(wanted);
 }
 
-void VirtualDisplay::startServer(Mice mice)
+void VirtualDisplay::startServer(ExtraDevice extraDevice)
 {
     QByteArray text = kConfiguration;
-    if (const char *type = typeOf(mice))
+    if (const char *type = driverType(extraDevice))
         text += TestDevice::configuration(type, devicePath());
     QFile configuration(m_folder.filePath(QStringLiteral("xorg.conf")));
     if (!configuration.open(QIODevice::WriteOnly) || configuration.write(text) < 0)
@@ -118,16 +118,16 @@ void VirtualDisplay::startServer(Mice mice)
         .logPath = m_folder.filePath(QStringLiteral("Xorg.out")),
         .separateOutput = true,
     });
-    QByteArray answer;
-    const bool answered = eventually(
+    QByteArray output;
+    const bool isStarted = eventually(
         [&] {
-            answer += m_server->process().readAllStandardOutput();
-            return answer.endsWith('\n') || !m_server->isRunning();
+            output += m_server->process().readAllStandardOutput();
+            return output.endsWith('\n') || !m_server->isRunning();
         },
         kServerDeadline);
-    if (!answered || !answer.endsWith('\n'))
+    if (!isStarted || !output.endsWith('\n'))
         failRig(QStringLiteral("the X server did not start\n") + QString::fromUtf8(serverLog()));
-    m_name = u':' + QString::fromLatin1(answer.trimmed());
+    m_name = u':' + QString::fromLatin1(output.trimmed());
 }
 
 QByteArray VirtualDisplay::serverLog() const

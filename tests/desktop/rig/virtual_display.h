@@ -12,11 +12,11 @@
 namespace zeigewerk::rig {
 
 /// The pointing devices of a display: always that of XTest …
-enum class Mice {
-    XTestOnly,
-    WithScrollAxis,  ///< … and a ScrollMouse
-    WithTouchScreen, ///< … and a TouchScreen
-    WithTablet,      ///< … and a Tablet
+enum class ExtraDevice {
+    None,
+    ScrollMouse, ///< … and a ScrollMouse
+    TouchScreen, ///< … and a TouchScreen
+    Tablet,      ///< … and a Tablet
 };
 
 /// Xorg with the dummy driver: unlike simpler virtual servers it has outputs that come and go. No real
@@ -28,7 +28,8 @@ public:
 
     /// Starts the server with one output for each rectangle (native root pixels); the first is the primary
     /// one. The keyboard map is us. Throws RigError if there is no such server or it does not start.
-    explicit VirtualDisplay(const QList<QRect> &screens = {kFullHd}, Mice mice = Mice::XTestOnly);
+    explicit VirtualDisplay(const QList<QRect> &screens = {kFullHd},
+                            ExtraDevice extraDevice = ExtraDevice::None);
 
     /// What DISPLAY is set to, as ":3".
     QString name() const { return m_name; }
@@ -50,7 +51,7 @@ public:
     void setKeyboardMap(const QString &layout);
 
 private:
-    void startServer(Mice mice);
+    void startServer(ExtraDevice extraDevice);
     void applyScreens(const QMap<int, QRect> &wanted);
 
     QTemporaryDir m_folder;

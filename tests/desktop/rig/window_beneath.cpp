@@ -61,7 +61,7 @@ WindowBeneath::WindowBeneath(DesktopSession &session, const QRect &rect, const Q
     setHints(rect);
     xcb_map_window(m_client.connection(), m_id);
     if (!awaitPlace(rect))
-        failRig(QStringLiteral("the window beneath is not at its place but ") + whereabouts());
+        failRig(QStringLiteral("the window beneath is not at its place but ") + currentPlace());
 }
 
 void WindowBeneath::create(const QRect &rect, const QColor &color)
@@ -121,7 +121,7 @@ void WindowBeneath::moveTo(const QRect &rect)
     xcb_flush(m_client.connection());
 }
 
-QString WindowBeneath::whereabouts()
+QString WindowBeneath::currentPlace()
 {
     const std::optional<WindowInfo> now = m_session.client().window(m_id);
     if (!now || !now->viewable)

@@ -77,7 +77,7 @@ private:
     void setHints(const QRect &rect);
     bool awaitPlace(const QRect &rect);
     void moveTo(const QRect &rect);
-    QString whereabouts();
+    QString currentPlace();
     void record(const xcb_generic_event_t &event);
     QList<QPoint> placesOf(InputEvent::Kind kind, int button);
 

@@ -19,7 +19,7 @@ const QString kAccessible = QStringLiteral("org.a11y.atspi.Accessible");
 const QString kComponent = QStringLiteral("org.a11y.atspi.Component");
 const QString kAction = QStringLiteral("org.a11y.atspi.Action");
 
-/// Of the coordinates that the protocol knows: those of the whole screen, not of the window.
+/// AT-SPI coordinate type: relative to the screen, not to the window.
 constexpr std::uint32_t kScreenCoordinates = 0;
 
 bool isButton(const QString &role)
@@ -31,8 +31,8 @@ bool isButton(const QString &role)
 
 } // namespace
 
-/// Qt reports extents in points, and nothing of the scale. What the display says of the window that holds the
-/// button tells where its points lie.
+/// Converts Qt's extents, which are in points, to pixels. Qt does not report the scale, so it is derived from
+/// the window's rectangle on the display.
 struct Accessibility::PixelMapping
 {
     QRect points;
@@ -46,7 +46,7 @@ struct Accessibility::PixelMapping
         const QPointF origin = QPointF(rect.topLeft() - points.topLeft()) * scale + pixels.topLeft();
         return QRectF(origin, QSizeF(rect.size()) * scale).toRect();
     }
-    /// How far the two are from being the same shape.
+    /// How much the two aspect ratios differ.
     double error() const
     {
         return std::abs(double(pixels.width()) / points.width() - double(pixels.height()) / points.height());
@@ -59,7 +59,7 @@ Accessibility::Accessibility(DesktopSession &session, const Program &program)
     , m_bus(accessibilityBusAddress(session.busAddress()))
 {
     if (!eventually([&] { return findApplication(m_processId); }))
-        failRig(QStringLiteral("the program does not present itself to screen readers"));
+        failRig(QStringLiteral("the program does not register with the accessibility bus"));
 }
 
 bool Accessibility::findApplication(qint64 processId)
@@ -120,15 +120,15 @@ QRect Accessibility::reportedExtents(const Object &object)
 
 Accessibility::PixelMapping Accessibility::mappingOf(const Object &window)
 {
-    // A pixel of rounding at each end of a window of a hundred points is the most that two rulers of the same
-    // window differ by; other windows have other shapes.
+    // For the same window the two rectangles differ by at most a pixel of rounding at each end, out of about
+    // a hundred points. Other windows have other aspect ratios.
     PixelMapping best{.points = reportedExtents(window), .pixels = {}};
     double smallestError = 0.02;
     if (best.points.isEmpty())
         return best;
     for (const WindowInfo &info : m_session.client().windowsOfProcess(m_processId)) {
         const PixelMapping mapping{.points = best.points, .pixels = info.geometry};
-        // No desktop shows points smaller than pixels: that would be one of Qt's own tiny windows.
+        // Pixels are never larger than points: a smaller window is one of Qt's helper windows.
         if (info.inputOnly || info.geometry.width() < mapping.points.width() ||
             mapping.error() >= smallestError)
             continue;
@@ -152,7 +152,7 @@ std::optional<AccessibleButton> Accessibility::find(const QString &name, int ind
 {
     std::optional<AccessibleButton> found;
     int passed = 0;
-    // Only the one that is sought is asked for all that it knows: each answer takes a millisecond.
+    // Only the matching button is queried for everything: each reply takes a millisecond.
     visitButtons([&](const Object &object, const QString &buttonRole, const PixelMapping &mapping) {
         if (nameOf(object) != name || passed++ < index)
             return true;
@@ -197,10 +197,10 @@ AccessibleButton Accessibility::describe(const Object &object, const QString &ro
         .extents = mapping.nativeRect(reportedExtents(object)),
         .object = object,
     };
-    // The lower half of the bits comes first.
+    // The lower 32 bits come first.
     const auto reply = m_bus.call(object, kAccessible, QStringLiteral("GetState"));
     if (!reply)
-        failRig(QStringLiteral("the button \"%1\" does not tell its state").arg(button.name));
+        failRig(QStringLiteral("the button \"%1\" does not report its state").arg(button.name));
     const auto halves = qdbus_cast<QList<std::uint32_t>>(*reply);
     button.states = halves.value(0) | std::uint64_t{halves.value(1)} << 32;
     return button;

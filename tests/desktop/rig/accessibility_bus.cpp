@@ -11,7 +11,7 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// Long beside the answer of a loaded program, short beside the patience of a test.
+/// Longer than a busy program takes to answer, shorter than a test waits.
 constexpr int kTimeoutMilliseconds = 3000;
 
 } // namespace
@@ -21,7 +21,7 @@ QString accessibilityBusAddress(const QString &sessionBusAddress)
     const AccessibilityBus::Object launcher = {QStringLiteral("org.a11y.Bus"),
                                                QStringLiteral("/org/a11y/bus")};
     QString address;
-    // A bus has its socket a moment before it listens there.
+    // The bus creates its socket a moment before it listens on it.
     const bool isFound = eventually([&] {
         AccessibilityBus session(sessionBusAddress);
         if (const auto reply = session.call(launcher, launcher.service, QStringLiteral("GetAddress")))

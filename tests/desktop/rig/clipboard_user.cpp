@@ -32,7 +32,7 @@ void ClipboardUser::copy(const QString &text)
     const auto cookie = xcb_get_selection_owner(m_client.connection(), m_client.atom("CLIPBOARD"));
     const auto reply = owned(xcb_get_selection_owner_reply(m_client.connection(), cookie, nullptr));
     if (!reply || reply->owner != m_window)
-        failRig(QStringLiteral("the clipboard belongs to somebody else"));
+        failRig(QStringLiteral("another program keeps the clipboard"));
 }
 
 std::optional<QString> ClipboardUser::paste()

@@ -7,7 +7,7 @@ namespace zeigewerk::rig {
 namespace {
 
 constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-constexpr std::uint32_t kHalfRed = 0x80800000; // premultiplied, as X wants it
+constexpr std::uint32_t kHalfRed = 0x80800000; // premultiplied, as X expects
 constexpr QRgb kBlended = 0xFFFF7F7F;
 constexpr QRect kArea(0, 0, 4, 4);
 

@@ -1,4 +1,4 @@
-// Whether a compositor really paints by now.
+// Detects that a compositor actually paints.
 #pragma once
 
 #include "client.h"
@@ -7,19 +7,19 @@
 
 namespace zeigewerk::rig {
 
-/// A half-transparent window over an opaque one. Only a compositor mixes their colours; one that merely
-/// announced itself has not painted yet, and a picture taken then would show a screen that nobody sees.
+/// A half-transparent window over an opaque one. Only a compositor blends their colours. One that has merely
+/// announced itself has not painted yet, and a screenshot would not show what users see.
 class CompositorProbe
 {
 public:
     /// The windows cover a few pixels to the right of and below that place (native root pixels).
     CompositorProbe(Client &client, QPoint place);
-    /// Destroys the windows if isGone() was never asked.
+    /// Destroys the windows, unless isGone() has done so.
     ~CompositorProbe();
     CompositorProbe(const CompositorProbe &) = delete;
     CompositorProbe &operator=(const CompositorProbe &) = delete;
 
-    /// True once the screen shows the mixed colour.
+    /// True once the screen shows the blended colour.
     bool isBlended();
     /// Destroys the windows; true once the screen no longer shows them.
     bool isGone();

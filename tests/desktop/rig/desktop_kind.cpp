@@ -37,7 +37,8 @@ DesktopKind desktopFromEnvironment()
     const auto found = std::find_if(std::begin(kKinds), std::end(kKinds),
                                     [&](const NamedKind &named) { return name == named.name; });
     if (found == std::end(kKinds))
-        failRig(QStringLiteral("there is no desktop named %1").arg(QString::fromLocal8Bit(name)));
+        failRig(
+            QStringLiteral("unknown desktop %1 in ZEIGEWERK_TEST_DESKTOP").arg(QString::fromLocal8Bit(name)));
     return found->kind;
 }
 

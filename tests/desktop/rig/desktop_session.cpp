@@ -21,8 +21,8 @@ namespace {
 constexpr std::chrono::seconds kStartDeadline{20};
 constexpr std::chrono::seconds kExitDeadline{3};
 
-/// The only variables of whoever runs the tests that reach the programs: where things are installed, and how
-/// instrumented builds report.
+/// The only variables that programs inherit from the developer's environment: installation paths, and the
+/// settings of instrumented builds.
 constexpr QLatin1String kInherited[] = {
     QLatin1String("PATH"),           QLatin1String("LD_LIBRARY_PATH"),
     QLatin1String("QT_PLUGIN_PATH"), QLatin1String("QT_QPA_PLATFORM_PLUGIN_PATH"),
@@ -112,7 +112,7 @@ void DesktopSession::makeEnvironment(const QMap<QString, QString> &extra)
     folder("XDG_STATE_HOME", QStringLiteral(".local/state"));
     folder("XDG_CACHE_HOME", QStringLiteral(".cache"));
     folder("TMPDIR", QStringLiteral("tmp"));
-    // The runtime folder must be its owner's alone, or programs refuse it.
+    // Programs refuse a runtime folder that others can access.
     QFile::setPermissions(home().filePath(QStringLiteral("run")),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 
@@ -164,7 +164,8 @@ void DesktopSession::launchWindowManager()
 
 bool DesktopSession::hasWindowManager()
 {
-    // The root names a window, and that window names itself: a manager that died leaves only the first.
+    // The root names a window, which in turn names itself. When a window manager dies, only the first
+    // remains.
     const QList<quint32> check = client().property(client().root(), "_NET_SUPPORTING_WM_CHECK");
     return !check.isEmpty() && client().property(check.first(), "_NET_SUPPORTING_WM_CHECK") == check;
 }
@@ -205,7 +206,7 @@ QByteArray DesktopSession::windowManagerOutput() const
 
 void DesktopSession::launchCompositor()
 {
-    // No vertical sync, since the monitors have none, and no user's configuration with shadows and fading.
+    // No vertical sync, because the monitors have none, and no user configuration with shadows and fading.
     m_compositor = launch(QStringLiteral("picom"), {QStringLiteral("--backend"), QStringLiteral("xrender"),
                                                     QStringLiteral("--no-vsync"), QStringLiteral("--config"),
                                                     QStringLiteral("/dev/null")});
@@ -236,14 +237,15 @@ void DesktopSession::stopCompositor()
 
 void DesktopSession::startAccessibility()
 {
-    // Programs that find no bus at their start would come to it only later; the address itself they ask for.
+    // A program that finds no accessibility bus when it starts would connect later. Programs ask for the
+    // address themselves.
     accessibilityBusAddress(busAddress());
     m_environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
 }
 
 void DesktopSession::endStrayProcesses()
 {
-    // Helpers that the bus or a program started: they have another parent, but our home.
+    // Helpers started by the bus or by a program: they have another parent, but our HOME.
     const QByteArray mark = "HOME=" + QFile::encodeName(m_environment.value(QStringLiteral("HOME")));
     signalAll(processesWithEnvironment(mark), SIGTERM);
     const auto allGone = [&] { return processesWithEnvironment(mark).isEmpty(); };

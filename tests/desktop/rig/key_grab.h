@@ -1,4 +1,4 @@
-// Another program that wants the same key combination.
+// Another program that has grabbed a hot key. See KeyboardGrab for one that has grabbed the whole keyboard.
 #pragma once
 
 #include "client.h"
@@ -8,14 +8,15 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// Holds a combination on the root, whatever the state of Caps Lock and Num Lock, as long as it lives.
+/// Grabs a key combination on the root window for as long as it lives, whatever the state of Caps Lock and
+/// Num Lock.
 class KeyGrab
 {
 public:
-    /// Throws RigError if another client has the combination already.
+    /// Throws RigError if another client has grabbed the combination.
     KeyGrab(DesktopSession &session, const Modifiers &modifiers, Key key);
 
-    /// How many times the combination was pressed so far.
+    /// How often the combination has been pressed so far.
     int presses();
 
 private:
@@ -23,8 +24,8 @@ private:
     int m_presses = 0;
 };
 
-/// Whether some other client holds the combination in every state of the locks. Found by a trial grab, which
-/// no other client can notice: it is given back before the server listens to anyone else.
+/// Whether another client has grabbed the combination in every state of the locks. Tested with a trial grab
+/// that no other client can notice: it is released before the server handles other requests.
 bool isGrabbedByAnother(DesktopSession &session, const Modifiers &modifiers, Key key);
 
 } // namespace zeigewerk::rig

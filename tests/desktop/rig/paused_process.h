@@ -1,4 +1,4 @@
-// A process that has no time.
+// Stops a process for a while.
 #pragma once
 
 #include <QtGlobal>
@@ -11,9 +11,9 @@
 
 namespace zeigewerk::rig {
 
-/// While this lives the process is stopped, and reads nothing: afterwards it finds all at once that was done
-/// meanwhile. It goes on after two seconds in any case: one that was stopped while it had the X server to
-/// itself would keep everybody waiting, whoever is to end this among them.
+/// The process is stopped while this lives, and afterwards finds everything that happened meanwhile at once.
+/// It continues after two seconds in any case: a process that was stopped while it had grabbed the X server
+/// would block everybody, including this test.
 class PausedProcess
 {
 public:

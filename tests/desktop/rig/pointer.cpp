@@ -49,7 +49,7 @@ bool Pointer::release(int button)
 
 bool Pointer::awaitButton(int button, bool down)
 {
-    // X tells the state of the first five buttons only.
+    // X reports the state of the first five buttons only.
     if (button > WheelDown)
         return true;
     const int mask = XCB_BUTTON_MASK_1 << (button - Left);

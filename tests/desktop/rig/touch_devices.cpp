@@ -4,7 +4,7 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// The driver's axes go from 0 to this across the root window.
+/// The driver's axes run from 0 to this across the root window.
 constexpr double kAxisMax = 0xFFFF;
 
 } // namespace

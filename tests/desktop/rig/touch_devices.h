@@ -1,4 +1,4 @@
-// Devices that say where on the screen something is: a touch screen and a tablet's pen.
+// Devices with absolute coordinates: a touch screen and a tablet with a pen.
 #pragma once
 
 #include "test_device.h"
@@ -9,7 +9,7 @@
 
 namespace zeigewerk::rig {
 
-/// What both have in common: places are native root pixels, on a root window of that size.
+/// Places are native root pixels on a root window of that size.
 class AbsoluteDevice : public TestDevice
 {
 protected:
@@ -35,7 +35,7 @@ public:
     {
     }
 
-    /// One finger along these places; a tap if it is only one. False if the server does not process it.
+    /// Moves one finger along these places; a single place is a tap. False if the server does not process it.
     bool stroke(const QList<QPoint> &places);
 
 private:
@@ -54,7 +54,7 @@ public:
     {
     }
 
-    /// The pen's tip along these places. False if the server does not process it.
+    /// Moves the pen's tip along these places. False if the server does not process it.
     bool stroke(const QList<QPoint> &places);
 
 private:

@@ -31,7 +31,7 @@ void TrayWatcher::start()
     const auto answer = m_bus.connection().interface()->registerService(
         kService, QDBusConnectionInterface::QueueService, QDBusConnectionInterface::DontAllowReplacement);
     if (!answer.isValid() || answer.value() == QDBusConnectionInterface::ServiceNotRegistered)
-        failRig(QStringLiteral("the bus refuses the name of the tray's watcher"));
+        failRig(QStringLiteral("the bus refuses the watcher's name"));
     m_isStarted = true;
 }
 
@@ -52,7 +52,7 @@ QString TrayWatcher::introspect(const QString &path) const
 {
     if (path != kPath)
         return {};
-    // Qt believes only in properties that it finds here.
+    // Qt only uses properties that are listed here.
     return QStringLiteral(R"(
         <interface name="org.kde.StatusNotifierWatcher">
             <property name="RegisteredStatusNotifierItems" type="as" access="read"/>
@@ -87,7 +87,7 @@ bool TrayWatcher::handleMessage(const QDBusMessage &message, const QDBusConnecti
 
 void TrayWatcher::registerItem(const QDBusMessage &message)
 {
-    // Items that name a path instead of a service mean their own.
+    // An item that passes a path instead of a service means its own service.
     const QString argument = message.arguments().value(0).toString();
     const QString service = argument.startsWith(u'/') ? message.service() : argument;
     ++m_registrations;

@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::chrono::seconds kServerDeadline{20};
 
-/// GLX is left out because its software renderer takes half a second to load and nothing here draws with it.
-/// The input class keeps real keyboards and mice away; what remains are the devices of XTest.
+/// No GLX: its software renderer takes half a second to load, and nothing here uses it. The input class
+/// ignores real keyboards and mice, which leaves the devices of XTest.
 constexpr char kConfiguration[] = R"(
 Section "Device"
     Identifier "device"
@@ -53,7 +53,7 @@ Section "InputClass"
 EndSection
 )";
 
-/// The test driver's name for the device beside XTest's, if there is to be one.
+/// The test driver's name for the extra device, or null if there is none.
 const char *driverType(ExtraDevice extraDevice)
 {
     switch (extraDevice) {
@@ -71,7 +71,7 @@ const char *driverType(ExtraDevice extraDevice)
 
 QString serverProgram()
 {
-    // The one in the search path is often a wrapper that lets only console users in: the last resort.
+    // The one in the search path comes last: it is often a wrapper that only allows console users.
     for (const QString &path : {QStringLiteral("/usr/lib/xorg/Xorg"), QStringLiteral("/usr/libexec/Xorg"),
                                 QStringLiteral("/usr/lib/Xorg")})
         if (QFile::exists(path))
@@ -102,7 +102,7 @@ void VirtualDisplay::startServer(ExtraDevice extraDevice)
         failRig(QStringLiteral("cannot write to %1").arg(m_folder.path()));
     configuration.close();
 
-    // The server picks a free display number itself and writes it to file descriptor 1.
+    // The server picks a free display number and writes it to file descriptor 1.
     const QStringList arguments = {
         QStringLiteral("-displayfd"), QStringLiteral("1"),
         QStringLiteral("-config"),    configuration.fileName(),
@@ -154,7 +154,7 @@ void VirtualDisplay::applyScreens(const QMap<int, QRect> &wanted)
 {
     m_outputs->apply(wanted);
     if (!eventually([&] { return screens() == wanted; }))
-        failRig(QStringLiteral("RandR does not report the screens that were set"));
+        failRig(QStringLiteral("RandR does not report the requested screens"));
 }
 
 void VirtualDisplay::setKeyboardMap(const QString &layout)
@@ -166,7 +166,7 @@ void VirtualDisplay::setKeyboardMap(const QString &layout)
     });
     if (!eventually([&] { return !command.isRunning(); }, kServerDeadline) ||
         command.process().exitCode() != 0)
-        failRig(QStringLiteral("no keyboard map %1").arg(layout));
+        failRig(QStringLiteral("cannot set the keyboard map %1").arg(layout));
 }
 
 } // namespace zeigewerk::rig

@@ -19,7 +19,7 @@ WindowManagerProbe::~WindowManagerProbe()
 
 bool WindowManagerProbe::isManaged()
 {
-    // It need not be on the screen: beneath a full-screen window it is not with every manager.
+    // It need not be on the screen: some managers do not show windows beneath a full-screen one.
     if (isListed())
         return true;
     xcb_map_window(m_client.connection(), m_id);

@@ -1,24 +1,24 @@
-// Whether a window manager really manages windows by now.
+// Detects that a window manager actually manages windows.
 #pragma once
 
 #include "client.h"
 
 namespace zeigewerk::rig {
 
-/// A tiny window that asks to be managed. Some window managers announce themselves before they listen, and
-/// the map request of a window that comes in between is lost for good.
+/// A tiny window that asks to be managed. Some window managers announce themselves before they are ready, and
+/// lose the map requests of windows that open in between.
 class WindowManagerProbe
 {
 public:
     explicit WindowManagerProbe(Client &client);
-    /// Destroys the window if withdraw() did not.
+    /// Destroys the window, unless isForgotten() has done so.
     ~WindowManagerProbe();
     WindowManagerProbe(const WindowManagerProbe &) = delete;
     WindowManagerProbe &operator=(const WindowManagerProbe &) = delete;
 
-    /// Asks again to be mapped unless it is on the screen; true once it is and the window manager lists it.
+    /// Asks to be mapped until the window manager lists the window; true once it does.
     bool isManaged();
-    /// Destroys the window; true once the window manager has forgotten it.
+    /// Destroys the window; true once the window manager no longer lists it.
     bool isForgotten();
 
 private:

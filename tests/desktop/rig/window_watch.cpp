@@ -56,7 +56,7 @@ void WindowWatch::record(const xcb_generic_event_t &event)
 
 WatchedWindow *WindowWatch::find(xcb_window_t id)
 {
-    // An id may be given again, so the newest.
+    // Ids are reused, so search for the newest.
     const auto found = std::find_if(m_windows.rbegin(), m_windows.rend(),
                                     [id](const WatchedWindow &window) { return window.id == id; });
     return found == m_windows.rend() ? nullptr : &*found;

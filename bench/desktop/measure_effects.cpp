@@ -15,7 +15,7 @@ double shareOfCore(Milliseconds spent)
     return 100.0 * (spent / Milliseconds(std::chrono::seconds(kSeconds)));
 }
 
-/// The spotlight follows a mouse of that many samples a second for ten seconds.
+/// The spotlight follows a mouse with that many samples per second for ten seconds.
 void measureSpotlight(Results &results, double rate, const Bars &bars)
 {
     rig::Presentation show(benchSetup());
@@ -28,7 +28,7 @@ void measureSpotlight(Results &results, double rate, const Bars &bars)
     watch.untilChanged(std::chrono::steady_clock::now());
 
     const Costs before = Costs::of(show.session, show.program.processId());
-    // At any rate the same way in the same time, in steps as wide as that takes.
+    // The same distance in the same time at any rate, in steps of matching size.
     const Path sameDistance = [&](int sample) { return path(static_cast<int>(sample * 1000.0 / rate)); };
     mouse.follow(sameDistance, 1, static_cast<int>(kSeconds * rate), rate);
     const Costs spent = Costs::of(show.session, show.program.processId()) - before;
@@ -43,7 +43,7 @@ void measureFade(Results &results)
     constexpr int kShapes = 100;
     rig::DesktopSession session(benchSetup());
     if (!rig::SettingsFile(session).write("ZeigewerkAutoFade=true\n"))
-        throw rig::RigError("no settings");
+        throw rig::RigError("cannot write the settings");
     rig::WindowBeneath beneath(session, QRect(QPoint(0, 0), kScreen), QColor(0x20, 0x60, 0xA0));
     rig::Program program(session);
     if (!beneath.takeFocus() || !program.waitUntilReady())
@@ -51,7 +51,7 @@ void measureFade(Results &results)
     session.keyboard().chord({rig::Key::Ctrl, rig::Key::Alt}, rig::Key::D);
     if (!rig::eventually(
             [&] { return session.client().isOfProcess(session.client().inputFocus(), program.processId()); }))
-        throw rig::RigError("drawing does not begin");
+        throw rig::RigError("drawing does not start");
 
     Mouse mouse(session.client());
     const Path path = penPath(kScreen);

@@ -23,7 +23,7 @@ rig::Memory memoryOfEmptyWindow(rig::DesktopSession &session)
         return std::any_of(windows.begin(), windows.end(), [](const auto &info) { return info.viewable; });
     };
     if (!rig::eventually(isShown))
-        throw rig::RigError("no empty window");
+        throw rig::RigError("the empty window does not appear");
     awaitIdle(session, window.processId());
     return rig::memoryOf(window.processId());
 }
@@ -59,7 +59,7 @@ void measureIdle(Results &results)
     const Path path = penPath(kScreen);
     show.hotKey(rig::Key::D);
     if (!rig::eventually([&] { return show.hasKeyboard(); }))
-        throw rig::RigError("drawing does not begin");
+        throw rig::RigError("drawing does not start");
     mouse.moveTo(path(0));
     mouse.press();
     constexpr int kSamples = 4000;
@@ -70,7 +70,7 @@ void measureIdle(Results &results)
     show.hotKey(rig::Key::C);
     show.hotKey(rig::Key::D);
     if (!rig::eventually([&] { return show.overlays().isEmpty(); }))
-        throw rig::RigError("the overlay stays");
+        throw rig::RigError("the overlay does not close");
     awaitIdle(show.session, processId);
     addMemory(results, QStringLiteral("cleared and hidden"), rig::memoryOf(processId));
     measureWakeups(results, show.session, processId);

@@ -16,9 +16,13 @@ struct Rate
     int samplesPerRound;
     Bars bars;
 };
-const Rate kRates[] = {{60, 200, {80.0, 40.0}}, {250, 400, {}}, {1000, 800, {45.0, 20.0}}};
+const Rate kRates[] = {
+    {.perSecond = 60, .samplesPerRound = 200, .bars = {80.0, 40.0}},
+    {.perSecond = 250, .samplesPerRound = 400, .bars = {}},
+    {.perSecond = 1000, .samplesPerRound = 800, .bars = {45.0, 20.0}},
+};
 
-/// What 1,000 samples cost in each turn, drawn by the program and by the floor.
+/// The costs of 1,000 samples in each round, drawn by the program and by the floor.
 struct CostsAtRate
 {
     Rate rate;
@@ -36,7 +40,7 @@ void addLatency(Results &results, const std::vector<double> &times, const QStrin
                 high);
 }
 
-/// With a stroke begun on the level path; ends it.
+/// With a stroke along the horizontal path, which it begins and ends.
 std::vector<double> latency(rig::DesktopSession &session, qint64 programId)
 {
     Mouse mouse(session.client());
@@ -62,7 +66,7 @@ std::vector<CostsAtRate> measureAlternately(OngoingStroke &byProgram, OngoingStr
     return all;
 }
 
-/// Of what one of the three processes has spent in each turn.
+/// The median over the rounds of the time that one of the processes has spent.
 double median(const std::vector<Costs> &rounds, Milliseconds Costs::*process)
 {
     std::vector<double> times;

@@ -11,14 +11,14 @@ namespace {
 
 constexpr int kLongStroke = 20'000;
 constexpr int kShapes = 10'000;
-/// Samples of a turn, at each pace.
+/// Samples of a round, at each rate.
 constexpr int kMeasured = 200;
 /// Per second.
 constexpr std::array kSampleRates{60.0, 1000.0};
-/// What "no slower" means among measurements that vary from one to the next.
+/// What "no slower" means for measurements that vary.
 constexpr Bars kSameCost{1.3, 1.1};
 
-/// A desktop of its own where the program draws.
+/// A separate desktop on which the program draws.
 struct Drawing
 {
     Drawing() { beginDrawing(show); }
@@ -43,7 +43,8 @@ void measureUndo(Results &results, Drawing &drawing)
     rig::Keyboard &keyboard = session.keyboard();
     std::vector<double> times;
     for (int i = 0; i < kTimes; ++i) {
-        // Beside everything else, so that it is seen to go; the second sample is a peak of the scribble.
+        // Away from everything else, so that its removal is visible; the second sample is a peak of the
+        // scribble.
         const QPoint start(20, 1000);
         drawing.mouse.scribble(start);
         awaitIdle(session, drawing.show.program.processId());

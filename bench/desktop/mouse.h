@@ -1,4 +1,4 @@
-// The hand that holds the mouse while costs are measured.
+// A mouse that moves at the pace of a real device.
 #pragma once
 
 #include "client.h"
@@ -9,16 +9,16 @@
 
 namespace zeigewerk::bench {
 
-/// Where the pointer is at each sample: native root pixels, a different place at each sample.
+/// The pointer's place at each sample: native root pixels, different at each sample.
 using Path = std::function<QPoint(int sample)>;
 
-/// All over a screen, as wander.h has it.
+/// All over a screen: see penPosition().
 Path penPath(QSize screen);
-/// From left to right at that height, in steps of twelve pixels: a stroke never comes near where it was.
+/// From left to right at one height, in steps of twelve pixels: the stroke never returns to where it was.
 Path horizontalPath(QPoint start);
 
-/// Sends real events through XTest at the pace of a device. Unlike a test's pointer it waits for nothing, so
-/// that what it costs the server is what a mouse costs.
+/// Sends real events through XTest. Unlike a test's pointer it waits for nothing, so it costs the server what
+/// a real mouse costs.
 class Mouse
 {
 public:
@@ -30,10 +30,10 @@ public:
     void moveTo(QPoint place);
     void press();
     void release();
-    /// Moves through samples `first` to `first + count - 1` of the path, `rate` of them in a second; samples
-    /// that are late follow at once.
+    /// Moves through samples `first` to `first + count - 1` of the path at `rate` per second; late samples
+    /// follow immediately.
     void follow(const Path &path, int first, int count, double rate);
-    /// Draws a stroke of four samples from there, in as many milliseconds.
+    /// Draws a stroke of four samples from there, one per millisecond.
     void scribble(QPoint start);
 
 private:
@@ -42,12 +42,12 @@ private:
     rig::Client &m_client;
 };
 
-/// When something is sent at a steady pace: the absolute times do not drift.
+/// The schedule of samples sent at a steady rate: it uses absolute times, so it does not drift.
 class Pace
 {
 public:
     explicit Pace(double rate);
-    /// Sleeps until the next one is due.
+    /// Sleeps until the next sample is due.
     void awaitNext();
 
 private:

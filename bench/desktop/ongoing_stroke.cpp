@@ -14,7 +14,7 @@ OngoingStroke::OngoingStroke(rig::DesktopSession &session, qint64 programId)
 
 void OngoingStroke::continueTo(int samples)
 {
-    // As fast as the program follows without a queue.
+    // The fastest rate that the program follows without a queue.
     constexpr double kFastRate = 2000.0;
     follow(samples - m_next, kFastRate);
 }

@@ -17,15 +17,15 @@ ActionSet::ActionSet(const QStringList &words)
         m_weight += action.weight;
 }
 
-const Action &ActionSet::any(RandomChoice &random) const
+const Action &ActionSet::pick(RandomChoice &random) const
 {
-    int rest = random.below(m_weight);
-    auto chosen = m_actions.begin();
-    while (rest >= chosen->weight) {
-        rest -= chosen->weight;
-        ++chosen;
+    int position = random.below(m_weight);
+    auto action = m_actions.begin();
+    while (position >= action->weight) {
+        position -= action->weight;
+        ++action;
     }
-    return *chosen;
+    return *action;
 }
 
 } // namespace zeigewerk::rig

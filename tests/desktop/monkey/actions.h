@@ -1,4 +1,4 @@
-// What the monkey can do.
+// The monkey's actions.
 #pragma once
 
 #include "blind_input.h"
@@ -10,7 +10,7 @@
 
 namespace zeigewerk::rig {
 
-/// What it does it with.
+/// What the actions work on.
 struct ActionContext
 {
     DesktopSession &session;
@@ -23,28 +23,28 @@ struct ActionContext
 struct Action
 {
     const char *name;
-    /// How often it comes, beside the others.
+    /// The relative frequency.
     int weight;
-    /// Does it, and says how.
+    /// Performs the action and describes what it did.
     QString (*perform)(ActionContext &, RandomChoice &);
 };
 
-/// All that it can do, or what has one of these words in its name.
+/// All actions, or those with one of these words in their name.
 class ActionSet
 {
 public:
     explicit ActionSet(const QStringList &words);
 
     bool isEmpty() const { return m_actions.empty(); }
-    /// Any of them, each as often as its weight says.
-    const Action &any(RandomChoice &random) const;
+    /// A random action; each is as likely as its weight says.
+    const Action &pick(RandomChoice &random) const;
 
 private:
     std::vector<Action> m_actions;
     int m_weight = 0;
 };
 
-// In parts, as there are many.
+// Split by kind.
 std::vector<Action> keyActions();
 std::vector<Action> pointerActions();
 std::vector<Action> desktopActions();

@@ -9,10 +9,10 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// Whoever holds the keyboard longer than that does not do so for a moment.
+/// A keyboard grab that lasts longer than this comes from an open menu.
 constexpr std::chrono::seconds kMenuTimeout{1};
 
-/// Those that have a hot key, and it.
+/// The modes that have a hot key.
 const QMap<QString, Key> &hotKeysOfModes()
 {
     static const QMap<QString, Key> kKeys = {{label::kDraw, Key::D},
@@ -27,8 +27,8 @@ const QMap<QString, Key> &hotKeysOfModes()
 
 void Controls::closeMenus()
 {
-    // An open menu, of the program or of the window manager, has the keyboard, hot keys included; one that
-    // opened while another program had it gets it a moment later.
+    // An open menu, of the program or of the window manager, grabs the keyboard, including hot keys. If it
+    // opened during another program's grab, it grabs the keyboard a moment later.
     const auto isNoneOpen = [this] { return !isMenuOpen() && canGrabKeyboard(m_session); };
     constexpr int kMaxMenus = 4;
     for (int i = 0; i < kMaxMenus && !eventually(isNoneOpen, kMenuTimeout); ++i)
@@ -96,8 +96,8 @@ QStringList Controls::switchAllOff(RandomChoice &random)
 {
     const auto found = item();
     if (!found)
-        return {QStringLiteral("it has no item in the tray, so nothing tells its modes")};
-    // Unpinning goes on with drawing, so there may be more to switch off than there was.
+        return {QStringLiteral("it has no item in the tray, so its modes are unknown")};
+    // Unpinning switches drawing on, so more modes may have to be switched off than were on.
     constexpr int kMaxSwitches = 12;
     for (int i = 0; i < kMaxSwitches; ++i) {
         const QStringList active = modesOn(*found);

@@ -1,4 +1,4 @@
-// The program's modes, and how each is switched off.
+// The program's modes and the controls that switch them off.
 #pragma once
 
 #include "desktop_changes.h"
@@ -17,10 +17,10 @@ public:
     {
     }
 
-    /// Of the program, and of the window manager.
+    /// Closes the menus of the program and of the window manager.
     void closeMenus();
-    /// Switches off whatever is on, each by its own control: its hot key or its entry in the menu. Says what
-    /// went wrong, if anything.
+    /// Switches off every mode that is on, each by its own control: its hot key or its menu entry. Returns
+    /// what went wrong, if anything.
     QStringList switchAllOff(RandomChoice &random);
     bool isInTray() { return m_desktop.tray().host.items().size() == 1; }
     /// Whether the menu offers to hide the toolbar.

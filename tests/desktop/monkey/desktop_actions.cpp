@@ -1,4 +1,4 @@
-// What else happens on the desktop.
+// The monkey's actions on the desktop around the program.
 
 #include "actions.h"
 
@@ -26,10 +26,10 @@ QString desktop(ActionContext &context, RandomChoice &)
 
 QString restartWindowManager(ActionContext &context, RandomChoice &)
 {
-    // A new manager is known to work when it forgets a window; i3 never does if one beneath another that
-    // fills the screen goes.
+    // restartWindowManager() waits until the new manager has forgotten a destroyed window. i3 never forgets
+    // one beneath a full-screen window.
     if (context.windows.hasFullScreenWindow())
-        return QStringLiteral("nothing, as a window is full-screen");
+        return QStringLiteral("skipped: a window is full-screen");
     return context.desktop.restartWindowManager();
 }
 
@@ -37,23 +37,33 @@ QString restartWindowManager(ActionContext &context, RandomChoice &)
 
 std::vector<Action> desktopActions()
 {
-    return {{"a window opens", 25, windows<&OtherWindows::openWindow>},
-            {"a window closes", 20, windows<&OtherWindows::closeWindow>},
-            {"a window is activated", 20, windows<&OtherWindows::activateWindow>},
-            {"a window takes the keyboard", 10, windows<&OtherWindows::takeKeyboard>},
-            {"a window is raised", 20, windows<&OtherWindows::raiseWindow>},
-            {"a window goes full screen or back", 15, windows<&OtherWindows::toggleFullScreen>},
-            {"a popup opens", 15, windows<&OtherWindows::openPopup>},
-            {"a popup closes", 15, windows<&OtherWindows::closePopup>},
-            {"a popup is raised", 20, windows<&OtherWindows::raisePopup>},
-            {"a popup takes the pointer or gives it back", 10, windows<&OtherWindows::togglePointerGrab>},
-            {"screens change", 6, desktop<&DesktopChanges::changeScreens>},
-            {"the compositor", 4, desktop<&DesktopChanges::toggleCompositor>},
-            {"the window manager", 1, restartWindowManager},
-            {"the tray", 5, desktop<&DesktopChanges::toggleTray>},
-            {"a tray of the older kind", 4, desktop<&DesktopChanges::toggleEmbeddingTray>},
-            {"the keyboard's map", 2, desktop<&DesktopChanges::switchKeyboardMap>},
-            {"the tray", 12, desktop<&DesktopChanges::useTray>}};
+    // clang-format off: a table, one row a line
+    return {
+        {.name = "open a window", .weight = 25, .perform = windows<&OtherWindows::openWindow>},
+        {.name = "close a window", .weight = 20, .perform = windows<&OtherWindows::closeWindow>},
+        {.name = "activate a window", .weight = 20, .perform = windows<&OtherWindows::activateWindow>},
+        {.name = "focus a window", .weight = 10, .perform = windows<&OtherWindows::takeKeyboard>},
+        {.name = "raise a window", .weight = 20, .perform = windows<&OtherWindows::raiseWindow>},
+        {.name = "toggle full screen", .weight = 15, .perform = windows<&OtherWindows::toggleFullScreen>},
+        {.name = "open a popup", .weight = 15, .perform = windows<&OtherWindows::openPopup>},
+        {.name = "close a popup", .weight = 15, .perform = windows<&OtherWindows::closePopup>},
+        {.name = "raise a popup", .weight = 20, .perform = windows<&OtherWindows::raisePopup>},
+        {.name = "toggle a popup's pointer grab",
+         .weight = 10,
+         .perform = windows<&OtherWindows::togglePointerGrab>},
+        {.name = "change the screens", .weight = 6, .perform = desktop<&DesktopChanges::changeScreens>},
+        {.name = "toggle the compositor", .weight = 4, .perform = desktop<&DesktopChanges::toggleCompositor>},
+        {.name = "restart the window manager", .weight = 1, .perform = restartWindowManager},
+        {.name = "toggle the tray", .weight = 5, .perform = desktop<&DesktopChanges::toggleTray>},
+        {.name = "toggle the embedding tray",
+         .weight = 4,
+         .perform = desktop<&DesktopChanges::toggleEmbeddingTray>},
+        {.name = "switch the keyboard map",
+         .weight = 2,
+         .perform = desktop<&DesktopChanges::switchKeyboardMap>},
+        {.name = "use the tray", .weight = 12, .perform = desktop<&DesktopChanges::useTray>},
+    };
+    // clang-format on
 }
 
 } // namespace zeigewerk::rig

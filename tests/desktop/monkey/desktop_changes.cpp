@@ -9,7 +9,7 @@ namespace zeigewerk::rig {
 namespace {
 
 constexpr int kOutputs = 3;
-/// Beside, below and over one another, with gaps, and of several shapes.
+/// Beside, below and on top of one another, with gaps, and in several aspect ratios.
 constexpr std::array kScreens = {QRect(0, 0, 1280, 1024),     QRect(1280, 0, 1600, 900),
                                  QRect(0, 0, 1920, 1080),     QRect(0, 1080, 800, 600),
                                  QRect(1280, 200, 720, 1280), QRect(1500, 0, 1280, 720)};
@@ -29,12 +29,12 @@ DesktopChanges::DesktopChanges(DesktopSession &session)
 
 void DesktopChanges::updateBounds()
 {
-    QRect around;
+    QRect bounds;
     for (const QRect &screen : m_session.display().screens())
-        around |= screen;
-    // With every screen off the root stays, and the pointer with it.
-    if (!around.isEmpty())
-        m_bounds = around;
+        bounds |= screen;
+    // With every output off the root keeps its size, and the pointer stays.
+    if (!bounds.isEmpty())
+        m_bounds = bounds;
 }
 
 QString DesktopChanges::changeScreens(RandomChoice &random)
@@ -44,33 +44,33 @@ QString DesktopChanges::changeScreens(RandomChoice &random)
     if (isLit && random.oneIn(2)) {
         m_session.display().unplug(output);
         updateBounds();
-        return QStringLiteral("unplugs %1").arg(output);
+        return QStringLiteral("unplug %1").arg(output);
     }
     const QRect screen = random.of(kScreens);
     m_session.display().plug(output, screen);
     updateBounds();
-    return QStringLiteral("%1 is %2").arg(output).arg(textOf(screen));
+    return QStringLiteral("plug %1 at %2").arg(output).arg(textOf(screen));
 }
 
 QString DesktopChanges::toggleCompositor()
 {
     if (!m_hadCompositor)
-        return QStringLiteral("nothing, as there is none");
+        return QStringLiteral("skipped: no compositor");
     if (m_session.compositorProcessId() != 0) {
         m_session.stopCompositor();
-        return QStringLiteral("ends");
+        return QStringLiteral("stop");
     }
     m_session.launchCompositor();
     m_mayCompositorHaveWrongSize = true;
-    return QStringLiteral("starts");
+    return QStringLiteral("start");
 }
 
 QString DesktopChanges::restartWindowManager()
 {
     if (m_session.windowManagerProcessId() == 0)
-        return QStringLiteral("nothing, as there is none");
+        return QStringLiteral("skipped: no window manager");
     m_session.restartWindowManager();
-    return QStringLiteral("starts again");
+    return {};
 }
 
 QString DesktopChanges::toggleTray()
@@ -80,7 +80,7 @@ QString DesktopChanges::toggleTray()
     else
         m_tray.start();
     m_hasTray = !m_hasTray;
-    return m_hasTray ? QStringLiteral("comes") : QStringLiteral("goes");
+    return m_hasTray ? QStringLiteral("start") : QStringLiteral("stop");
 }
 
 QString DesktopChanges::toggleEmbeddingTray()
@@ -90,7 +90,7 @@ QString DesktopChanges::toggleEmbeddingTray()
     else
         m_embeddingTray.start();
     m_hasEmbeddingTray = !m_hasEmbeddingTray;
-    return m_hasEmbeddingTray ? QStringLiteral("comes") : QStringLiteral("goes");
+    return m_hasEmbeddingTray ? QStringLiteral("start") : QStringLiteral("stop");
 }
 
 QString DesktopChanges::switchKeyboardMap(RandomChoice &random)
@@ -106,15 +106,15 @@ QString DesktopChanges::useTray(RandomChoice &random)
 {
     const QList<TrayItem> items = m_tray.host.items();
     if (items.isEmpty())
-        return QStringLiteral("nothing, as there is no item");
+        return QStringLiteral("skipped: no item");
     const QPoint place = m_session.pointer().location();
     switch (random.below(4)) {
     case 0:
         m_tray.host.activate(items.first(), place);
-        return QStringLiteral("a click on the item");
+        return QStringLiteral("click the item");
     case 1:
         m_tray.host.openContextMenu(items.first(), place);
-        return QStringLiteral("a right click on the item");
+        return QStringLiteral("right-click the item");
     default:
         return clickMenu(random, items.first());
     }
@@ -124,11 +124,11 @@ QString DesktopChanges::clickMenu(RandomChoice &random, const TrayItem &item)
 {
     const QList<TrayMenuItem> menu = m_tray.host.menu(item);
     if (menu.isEmpty())
-        return QStringLiteral("nothing, as the menu is empty");
+        return QStringLiteral("skipped: the menu is empty");
     const TrayMenuItem &entry = menu.at(random.below(static_cast<int>(menu.size())));
-    // Not that often: each end costs a start.
+    // Rarely, because every exit costs a start.
     if (entry.label == label::kQuit && !random.oneIn(4))
-        return QStringLiteral("thinks better of quitting");
+        return QStringLiteral("skipped: the Quit entry");
     m_tray.host.click(item, entry.id);
     return entry.label;
 }

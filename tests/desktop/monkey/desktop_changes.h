@@ -1,4 +1,4 @@
-// What a desktop is furnished with, and what changes under a running program.
+// Changes of the desktop under the running program.
 #pragma once
 
 #include "embedding_tray.h"
@@ -7,27 +7,27 @@
 
 namespace zeigewerk::rig {
 
-/// Screens, the compositor, the trays, the keyboard's map. Each operation says what it did.
+/// Changes screens, compositor, trays and keyboard map. Each operation returns a description of what it did.
 class DesktopChanges
 {
 public:
     /// Starts a tray.
     explicit DesktopChanges(DesktopSession &session);
 
-    /// Around all screens; never empty.
+    /// The bounding rectangle of all screens; never empty.
     QRect bounds() const { return m_bounds; }
 
-    /// Plugs one in or out, moves or resizes it.
+    /// Plugs in, unplugs, moves or resizes one.
     QString changeScreens(RandomChoice &random);
     QString toggleCompositor();
     QString restartWindowManager();
     QString toggleTray();
     QString toggleEmbeddingTray();
     QString switchKeyboardMap(RandomChoice &random);
-    /// Clicks on the tray's item, or on an entry of its menu.
+    /// Clicks on the tray's item or on an entry of its menu.
     QString useTray(RandomChoice &random);
 
-    /// Puts everything back to how it was at first.
+    /// Restores the initial state.
     void restore();
     Tray &tray() { return m_tray; }
 
@@ -39,7 +39,7 @@ private:
     DesktopSession &m_session;
     QMap<int, QRect> m_initialScreens;
     bool m_hadCompositor;
-    /// Picom keeps the size of the desktop for which it started if that changes before it listens.
+    /// If the size of the desktop changes while Picom starts, it keeps the old size.
     bool m_mayCompositorHaveWrongSize = false;
     bool m_hasTray = true;
     bool m_hasEmbeddingTray = false;

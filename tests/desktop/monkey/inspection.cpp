@@ -47,7 +47,7 @@ QStringList Inspection::inspectProgram(const Program &program, RandomChoice &ran
     QStringList complaints = inspectWindows(program);
     complaints += inspectFocus(program);
     complaints += inspectGrabs();
-    // What follows takes for granted that this is right.
+    // The following inspections rely on these.
     if (!complaints.isEmpty())
         return complaints;
     showSlides();
@@ -75,22 +75,22 @@ QStringList Inspection::inspectWindows(const Program &program)
 
 bool Inspection::belongsToProgram(xcb_window_t window, const Program &program)
 {
-    // None and the root are no windows of anybody.
+    // "None" and "pointer root" are not windows.
     return window > XCB_INPUT_FOCUS_POINTER_ROOT &&
            m_session.client().isOfProcess(window, program.processId());
 }
 
 QStringList Inspection::inspectFocus(const Program &program)
 {
-    // The server gives the keyboard to nobody when its owner goes; only a window manager gives it to the
-    // next.
+    // When the focused window goes away, the server leaves the focus unset; only a window manager gives it to
+    // the next window.
     const bool hasManager = m_session.windowManagerProcessId() != 0;
     const auto isElsewhere = [&] {
         const xcb_window_t focus = m_session.client().inputFocus();
         return !belongsToProgram(focus, program) && (!hasManager || focus != XCB_INPUT_FOCUS_NONE);
     };
     return complainUnless(eventually(isElsewhere),
-                          QStringLiteral("the keyboard is with a window of the program, or with none"));
+                          QStringLiteral("the focus is on a window of the program, or unset"));
 }
 
 QStringList Inspection::inspectGrabs()
@@ -112,7 +112,8 @@ QStringList Inspection::unexpectedPixels(const std::optional<WindowInfo> &toolba
         const QRect rect = slide ? slide->geometry : QRect();
         for (const QRect &part : QRegion(rect) - (toolbar ? toolbar->geometry : QRect())) {
             if (!picture.isFilled(kSlideColors[i], part))
-                unexpected += QStringLiteral("not only %1 in ").arg(kSlideColors[i].name()) + textOf(part);
+                unexpected +=
+                    QStringLiteral("other pixels than %1 in ").arg(kSlideColors[i].name()) + textOf(part);
         }
     }
     return unexpected;
@@ -122,9 +123,8 @@ QStringList Inspection::inspectScreen(const std::optional<WindowInfo> &toolbar)
 {
     QStringList unexpected;
     const bool isExact = eventually([&] { return (unexpected = unexpectedPixels(toolbar)).isEmpty(); });
-    return complainUnless(isExact,
-                          QStringLiteral("the screen shows something else than the windows beneath: ") +
-                              unexpected.join(QStringLiteral("; ")));
+    return complainUnless(isExact, QStringLiteral("the screen does not show just the windows beneath: ") +
+                                       unexpected.join(QStringLiteral("; ")));
 }
 
 QStringList Inspection::inspectInput(const Program &program, RandomChoice &random)
@@ -142,7 +142,7 @@ QStringList Inspection::inspectInput(const Program &program, RandomChoice &rando
             eventually([&] { return slide->presses() == QList<QPoint>{place}; }),
             QStringLiteral("a click at %1 does not reach the window beneath").arg(textOf(place)));
     }
-    // The window manager gives the keyboard to what was clicked on last, and may take its time.
+    // The window manager focuses the window that was clicked last, which may take a moment.
     if (m_session.windowManagerProcessId() != 0)
         eventually([&] { return m_slides.back()->hasFocus(); });
     const bool hasFocus = m_slides.front()->takeFocus();
@@ -155,13 +155,13 @@ QStringList Inspection::inspectInput(const Program &program, RandomChoice &rando
 
 QStringList Inspection::inspectDrawing(const Program &program)
 {
-    WindowBeneath &before = *m_slides.front();
+    WindowBeneath &focused = *m_slides.front();
     m_session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
     if (!eventually([&] { return belongsToProgram(m_session.client().inputFocus(), program); }))
-        return {QStringLiteral("drawing does not begin")};
+        return {QStringLiteral("drawing does not start")};
     m_session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
-    QStringList complaints = complainUnless(eventually([&] { return before.hasFocus(); }),
-                                            QStringLiteral("after drawing the keyboard is not where it was"));
+    QStringList complaints = complainUnless(eventually([&] { return focused.hasFocus(); }),
+                                            QStringLiteral("the keyboard does not return after drawing"));
     complaints += inspectWindows(program);
     complaints += inspectScreen(toolbarOf(m_session, program));
     return complaints;
@@ -169,17 +169,17 @@ QStringList Inspection::inspectDrawing(const Program &program)
 
 QStringList Inspection::inspectHiddenToolbar(const Program &program)
 {
-    const auto press = [&](bool isShownThen) {
+    const auto press = [&](bool isExpected) {
         m_session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::T);
         return complainUnless(
-            eventually([&] { return toolbarOf(m_session, program).has_value() == isShownThen; }),
-            isShownThen ? QStringLiteral("the toolbar does not show")
-                        : QStringLiteral("the toolbar does not hide"));
+            eventually([&] { return toolbarOf(m_session, program).has_value() == isExpected; }),
+            isExpected ? QStringLiteral("the toolbar does not show")
+                       : QStringLiteral("the toolbar does not hide"));
     };
     QStringList complaints;
     const bool wasShown = toolbarOf(m_session, program).has_value();
     if (wasShown != m_controls.isToolbarOn())
-        complaints += QStringLiteral("the menu and the screen do not agree about the toolbar");
+        complaints += QStringLiteral("the menu and the screen disagree about the toolbar");
     if (wasShown)
         complaints += press(false);
     complaints += inspectScreen(std::nullopt);
@@ -202,7 +202,7 @@ QStringList Inspection::inspectDesktopWithoutProgram()
     }
     const bool hasManager = m_session.windowManagerProcessId() != 0;
     complaints += complainUnless(!hasManager || eventually([&] { return m_slides.front()->takeFocus(); }),
-                                 QStringLiteral("the window beneath cannot have the keyboard"));
+                                 QStringLiteral("the window beneath cannot get the keyboard"));
     return complaints;
 }
 

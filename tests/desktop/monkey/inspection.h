@@ -1,4 +1,4 @@
-// What must be so when every mode is off.
+// Checks the desktop while every mode is off.
 #pragma once
 
 #include "controls.h"
@@ -12,23 +12,23 @@
 
 namespace zeigewerk::rig {
 
-/// Looks at a desktop on which nobody but the program does anything. Each of these says what is wrong, and
-/// nothing if all is well.
+/// Inspects a desktop on which only the program is active. Each inspection returns its complaints: none if
+/// all is well.
 class Inspection
 {
 public:
     Inspection(DesktopSession &session, Controls &controls);
 
-    /// Everything below, while the program runs with every mode off.
+    /// All of the following, while the program runs with every mode off.
     QStringList inspectProgram(const Program &program, RandomChoice &random);
-    /// What must be so when it has ended.
+    /// After the program has ended.
     QStringList inspectDesktopWithoutProgram();
 
-    /// That only the toolbar is on the screen.
+    /// Only the toolbar may be on the screen.
     QStringList inspectWindows(const Program &program);
-    /// That the keyboard is with a window of somebody else.
+    /// The keyboard must belong to another program's window.
     QStringList inspectFocus(const Program &program);
-    /// That other programs can have pointer, keyboard and Esc.
+    /// Other programs must be able to grab the pointer, the keyboard and Esc.
     QStringList inspectGrabs();
 
 private:
@@ -42,8 +42,8 @@ private:
 
     DesktopSession &m_session;
     Controls &m_controls;
-    /// A window on each screen, made anew for each inspection: whatever became of those before, these are
-    /// exactly what the screen must show.
+    /// One window per screen, created anew for each inspection: the screen must show exactly these, whatever
+    /// happened to earlier ones.
     std::vector<std::unique_ptr<WindowBeneath>> m_slides;
 };
 

@@ -8,18 +8,19 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Often enough that the server's queue for the program stays short.
+/// Often enough to keep the server's queue for the program short.
 constexpr int kActionsPerPing = 50;
 constexpr std::size_t kLogSize = 60;
-/// A program with sanitizers starts slowly, and looks through its memory for leaks at its end.
+/// A program with sanitizers starts slowly, and searches for leaks when it ends.
 constexpr auto kTimeout = 30s;
-/// Once its windows are gone, there is only the look for leaks to wait for.
+/// When its windows are gone, only the leak check remains.
 constexpr auto kExitTimeout = 10s;
 
 const QList<QRect> kTwoScreens = {{0, 0, 1280, 1024}, {1280, 0, 1600, 900}};
 
-/// What the sanitizers and the program itself wrote. Qt remarks when a tray goes that it was just about to
-/// use, and when a window is shown, hidden and shown before the server has told of the first time.
+/// The output of the sanitizers and of the program, without two harmless warnings of Qt: a tray went away
+/// just when Qt wanted to use it, and a window was shown, hidden and shown again before the server's first
+/// answer.
 QString messagesOf(Program &program)
 {
     QStringList lines = QString::fromUtf8(program.output()).split(u'\n', Qt::SkipEmptyParts);
@@ -30,16 +31,16 @@ QString messagesOf(Program &program)
     return lines.join(u'\n');
 }
 
-/// What a hot key depends on besides the program.
+/// Whatever else may affect a hot key.
 QString describeInputState(DesktopSession &session)
 {
     Client &client = session.client();
     const auto cookie = xcb_query_pointer(client.connection(), client.root());
     const auto pointer = owned(xcb_query_pointer_reply(client.connection(), cookie, nullptr));
-    return QStringLiteral("Modifiers and buttons 0x%1, the keyboard is with 0x%2")
+    return QStringLiteral("Modifiers and buttons 0x%1, focused window 0x%2")
                .arg(pointer ? pointer->mask : 0, 0, 16)
                .arg(client.inputFocus(), 0, 16) +
-           (session.hasWindowManager() ? QString() : QStringLiteral("; there is no window manager"));
+           (session.hasWindowManager() ? QString() : QStringLiteral("; no window manager"));
 }
 
 } // namespace
@@ -56,7 +57,7 @@ Monkey::Monkey(const MonkeyOptions &options)
     , m_ping(m_session)
 {
     if (m_actionSet.isEmpty())
-        failRig(QStringLiteral("no action has such a name"));
+        failRig(QStringLiteral("no action matches --only"));
     startProgram();
 }
 
@@ -67,8 +68,8 @@ void Monkey::startProgram()
         std::fputs(m_program->output().constData(), stderr);
         throw RigError("the program does not start");
     }
-    // Qt decides at its first icon which kind of tray there is, and stays with that. Without this a tray
-    // that goes at that very moment is missed for good.
+    // Qt decides on the kind of tray when it shows its first icon, and does not change it. If the tray went
+    // away at that moment, the icon would never appear.
     eventually([&] { return m_controls.isInTray(); });
 }
 
@@ -78,10 +79,10 @@ bool Monkey::run()
     try {
         passed = runActions();
     } catch (const RigError &error) {
-        report({QStringLiteral("the desktop itself is broken: ") + QString::fromUtf8(error.what())});
+        report({QStringLiteral("the virtual desktop failed: ") + QString::fromUtf8(error.what())});
     }
-    std::printf("%s; it quit the program %d times. The window manager ended by itself %d times.\n",
-                passed ? "The program stood it" : "FAILED", m_quits, m_windowManagerExits);
+    std::printf("%s; quits of the program: %d, crashes of the window manager: %d\n",
+                passed ? "PASSED" : "FAILED", m_quits, m_windowManagerExits);
     return passed;
 }
 
@@ -106,19 +107,19 @@ bool Monkey::runActions()
 bool Monkey::act(int number)
 {
     RandomChoice random(m_options.seed, number);
-    const Action &action = m_actionSet.any(random);
+    const Action &action = m_actionSet.pick(random);
     m_log.push_back(QStringLiteral("%1 %2").arg(number, 6).arg(QLatin1String(action.name)));
     if (m_log.size() > kLogSize)
         m_log.pop_front();
     ActionContext context{m_session, *m_program, m_input, m_otherWindows, m_desktop};
-    const QString how = action.perform(context, random);
-    if (!how.isEmpty())
-        m_log.back() += QStringLiteral(": ") + how;
-    const bool isChecked = number % kActionsPerPing == 0;
-    if (isChecked)
+    const QString details = action.perform(context, random);
+    if (!details.isEmpty())
+        m_log.back() += QStringLiteral(": ") + details;
+    const bool isPingDue = number % kActionsPerPing == 0;
+    if (isPingDue)
         reviveWindowManager(number);
-    if (isChecked && !respondsOrExits())
-        return passes({QStringLiteral("it does not answer")});
+    if (isPingDue && !respondsOrExits())
+        return passes({QStringLiteral("it does not respond")});
     return m_program->isRunning() || handleExit(number);
 }
 
@@ -126,18 +127,18 @@ void Monkey::reviveWindowManager(int number)
 {
     if (m_session.windowManagerProcessId() == 0 || m_session.hasWindowManager())
         return;
-    // A window manager that does not stand all this is none of the program's faults; that the program goes on
-    // without is its duty.
+    // A crash of the window manager under this load is not the program's fault, but the program must survive
+    // it.
     ++m_windowManagerExits;
-    std::printf("%6d the window manager has ended by itself; it wrote: %s\n", number,
+    std::printf("%6d the window manager crashed; its output: %s\n", number,
                 m_session.windowManagerOutput().trimmed().constData());
     m_session.restartWindowManager();
-    m_log.push_back(QStringLiteral("%1 the window manager has ended by itself").arg(number, 6));
+    m_log.push_back(QStringLiteral("%1 the window manager crashed").arg(number, 6));
 }
 
 bool Monkey::respondsOrExits()
 {
-    // What was done last may have been to quit: then its windows go before it does.
+    // The last action may have been to quit: the windows go away before the process does.
     return m_ping.isResponding(*m_program) ||
            eventually([&] { return !m_program->isRunning(); }, kExitTimeout);
 }
@@ -151,23 +152,23 @@ bool Monkey::passes(const QStringList &complaints)
 
 bool Monkey::handleExit(int number)
 {
-    // It can quit by the toolbar, the tray and the menus; the only other way to such an end is a signal.
+    // The toolbar, the tray and the menus can quit the program; any other exit is by a signal.
     ++m_quits;
     m_log.push_back(QStringLiteral("%1 the program has ended").arg(number, 6));
     reviveWindowManager(number);
-    releaseAll();
+    resetDesktop();
     if (!passes(complaintsAboutExit(m_program->waitForExit())))
         return false;
     startProgram();
     return true;
 }
 
-void Monkey::releaseAll()
+void Monkey::resetDesktop()
 {
     m_input.releaseAll();
     m_otherWindows.closeAll();
-    // The server hands out the ids of windows again, and a window manager that has yet to hear that they are
-    // gone takes the next windows for these.
+    // The server reuses ids of windows. A window manager that has not yet handled the destruction of the old
+    // windows would confuse the new ones with them.
     if (m_session.windowManagerProcessId() != 0)
         m_session.awaitWindowManager();
     m_controls.closeMenus();
@@ -179,15 +180,15 @@ void Monkey::releaseAll()
 bool Monkey::check(int number)
 {
     RandomChoice random(m_options.seed, -number);
-    m_log.push_back(QStringLiteral("%1 everything is let go").arg(number, 6));
+    m_log.push_back(QStringLiteral("%1 check").arg(number, 6));
     reviveWindowManager(number);
-    // A menu that the last action asks for is to be open before menus are closed.
+    // The last action may have opened a menu: it must be open before menus are closed.
     QStringList complaints;
     if (!respondsOrExits())
-        complaints += QStringLiteral("it does not answer to the last action");
-    releaseAll();
+        complaints += QStringLiteral("it does not respond after the last action");
+    resetDesktop();
     if (!respondsOrExits())
-        complaints += QStringLiteral("it does not answer");
+        complaints += QStringLiteral("it does not respond");
     if (!m_program->isRunning())
         return handleExit(number) && check(number);
     complaints += m_controls.switchAllOff(random);
@@ -199,7 +200,7 @@ bool Monkey::endProgram(int number)
 {
     RandomChoice random(m_options.seed, -number);
     const bool byMenu = random.oneIn(2);
-    m_log.push_back(QStringLiteral("%1 the program is to end, by %2")
+    m_log.push_back(QStringLiteral("%1 end the program by %2")
                         .arg(number, 6)
                         .arg(byMenu ? QStringLiteral("its menu") : QStringLiteral("SIGTERM")));
     if (!byMenu)
@@ -212,12 +213,12 @@ QStringList Monkey::complaintsAboutExit(std::optional<int> exitCode)
 {
     QStringList complaints;
     if (!exitCode)
-        complaints += QStringLiteral("it did not end, or a signal ended it");
+        complaints += QStringLiteral("it did not end, or was ended by a signal");
     else if (*exitCode != 0)
-        complaints += QStringLiteral("it ended with %1").arg(*exitCode);
+        complaints += QStringLiteral("it exited with code %1").arg(*exitCode);
     const QString output = messagesOf(*m_program);
     if (!output.isEmpty())
-        complaints += QStringLiteral("it wrote:\n") + output;
+        complaints += QStringLiteral("unexpected output:\n") + output;
     if (!m_program->isRunning())
         complaints += m_inspection.inspectDesktopWithoutProgram();
     return complaints;
@@ -226,16 +227,16 @@ QStringList Monkey::complaintsAboutExit(std::optional<int> exitCode)
 void Monkey::report(const QStringList &complaints)
 {
     saveFailurePictures();
-    std::fprintf(stderr, "With the seed %u, after\n", m_options.seed);
-    for (const QString &done : m_log)
-        std::fprintf(stderr, "    %s\n", qPrintable(done));
+    std::fprintf(stderr, "Seed %u, actions so far:\n", m_options.seed);
+    for (const QString &line : m_log)
+        std::fprintf(stderr, "    %s\n", qPrintable(line));
     for (const QString &complaint : complaints)
         std::fprintf(stderr, "WRONG: %s\n", qPrintable(complaint));
     std::fprintf(stderr, "%s\n", qPrintable(describeInputState(m_session)));
-    if (const QByteArray words = m_session.windowManagerOutput(); !words.isEmpty())
-        std::fprintf(stderr, "The window manager wrote: \"%s\"\n", words.trimmed().constData());
+    if (const QByteArray output = m_session.windowManagerOutput(); !output.isEmpty())
+        std::fprintf(stderr, "Output of the window manager: \"%s\"\n", output.trimmed().constData());
     if (m_program->isRunning())
-        std::fprintf(stderr, "The program wrote so far: \"%s\"\n", m_program->output().constData());
+        std::fprintf(stderr, "Output of the program: \"%s\"\n", m_program->output().constData());
 }
 
 } // namespace zeigewerk::rig

@@ -1,4 +1,4 @@
-// Somebody who does anything at any time.
+// Random actions at any time, and checks in between.
 #pragma once
 
 #include "actions.h"
@@ -16,23 +16,24 @@ namespace zeigewerk::rig {
 struct MonkeyOptions
 {
     quint32 seed = 1;
-    /// Ends with whichever comes first.
+    /// It stops at whichever comes first.
     int actions = 20'000;
     QDeadlineTimer deadline = QDeadlineTimer(QDeadlineTimer::Forever);
-    /// So often everything is let go and looked at.
+    /// How many actions come between two checks.
     int actionsPerCheck = 2000;
-    /// Words in the names of the actions to choose from; all if empty.
+    /// Words in the names of the actions to choose from; all actions if empty.
     QStringList only = {};
 };
 
-/// Works on the program on a virtual desktop with two screens, as fast as the program follows. Every now and
-/// then it lets everything go, switches each mode off by its own control, and looks at what is left.
+/// Operates the program on a virtual desktop with two screens, as fast as the program follows. From time to
+/// time it releases all keys and buttons, restores the desktop, switches each mode off by its own control,
+/// and inspects what is left.
 class Monkey
 {
 public:
     explicit Monkey(const MonkeyOptions &options);
 
-    /// False at the first thing that is wrong, having said what, and what came before it.
+    /// False at the first problem, which it reports with the actions before it.
     bool run();
 
 private:
@@ -46,7 +47,7 @@ private:
     bool endProgram(int number);
     bool handleExit(int number);
     QStringList complaintsAboutExit(std::optional<int> exitCode);
-    void releaseAll();
+    void resetDesktop();
     void report(const QStringList &complaints);
 
     MonkeyOptions m_options;
@@ -61,7 +62,7 @@ private:
     std::unique_ptr<Program> m_program;
     int m_quits = 0;
     int m_windowManagerExits = 0;
-    /// The last ones, the newest at the end.
+    /// The latest actions, the newest last.
     std::deque<QString> m_log;
 };
 

@@ -10,13 +10,13 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// More would only hide one another.
+/// More would only cover each other.
 constexpr std::size_t kMaxWindows = 4;
 constexpr std::size_t kMaxPopups = 3;
 const QRect kOpenArea(-100, -50, 2800, 1000);
-const QString kNothing = QStringLiteral("nothing, as there is none");
+const QString kNone = QStringLiteral("skipped: there is none");
 
-/// Of a menu's size, of an application's, or of a screen's, which a screen locker has.
+/// As large as a menu, an application, or a screen, like a screen locker.
 QRect randomRect(RandomChoice &random)
 {
     constexpr std::array kSizes = {QSize(200, 300), QSize(900, 600), QSize(1280, 1024)};
@@ -63,7 +63,7 @@ QString OtherWindows::openWindow(RandomChoice &random)
 QString OtherWindows::closeWindow(RandomChoice &random)
 {
     if (m_windows.empty())
-        return kNothing;
+        return kNone;
     const auto closed = m_windows.begin() + random.below(static_cast<int>(m_windows.size()));
     xcb_destroy_window(m_client.connection(), *closed);
     m_client.roundTrip();
@@ -76,7 +76,7 @@ QString OtherWindows::activateWindow(RandomChoice &random)
     constexpr std::uint32_t kFromPager = 2;
     const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
-        return kNothing;
+        return kNone;
     m_client.sendToRoot(window, "_NET_ACTIVE_WINDOW", {kFromPager, XCB_CURRENT_TIME, 0});
     return {};
 }
@@ -85,7 +85,7 @@ QString OtherWindows::takeKeyboard(RandomChoice &random)
 {
     const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
-        return kNothing;
+        return kNone;
     m_client.setInputFocus(window);
     return {};
 }
@@ -94,7 +94,7 @@ QString OtherWindows::raiseWindow(RandomChoice &random)
 {
     const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
-        return kNothing;
+        return kNone;
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_client.connection(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     m_client.roundTrip();
@@ -106,7 +106,7 @@ QString OtherWindows::toggleFullScreen(RandomChoice &random)
     constexpr std::uint32_t kToggle = 2;
     const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
-        return kNothing;
+        return kNone;
     m_client.sendToRoot(window, "_NET_WM_STATE", {kToggle, m_client.atom("_NET_WM_STATE_FULLSCREEN"), 0, 1});
     return {};
 }
@@ -131,7 +131,7 @@ QString OtherWindows::openPopup(RandomChoice &random)
 QString OtherWindows::closePopup(RandomChoice &random)
 {
     if (m_popups.empty())
-        return kNothing;
+        return kNone;
     const auto closed = m_popups.begin() + random.below(static_cast<int>(m_popups.size()));
     if (closed->get() == m_grabber)
         m_grabber = nullptr;
@@ -143,7 +143,7 @@ QString OtherWindows::raisePopup(RandomChoice &random)
 {
     const Popup *popup = randomPopup(random);
     if (!popup)
-        return kNothing;
+        return kNone;
     popup->raise();
     return {};
 }
@@ -153,15 +153,15 @@ QString OtherWindows::togglePointerGrab(RandomChoice &random)
     if (m_grabber) {
         m_grabber->ungrabPointer();
         m_grabber = nullptr;
-        return QStringLiteral("gives the pointer back");
+        return QStringLiteral("release");
     }
     Popup *popup = randomPopup(random);
     if (!popup)
-        return kNothing;
+        return kNone;
     if (!popup->grabPointer())
-        return QStringLiteral("somebody else has the pointer");
+        return QStringLiteral("refused: the pointer is grabbed");
     m_grabber = popup;
-    return QStringLiteral("takes the pointer");
+    return QStringLiteral("grab");
 }
 
 void OtherWindows::closeAll()

@@ -1,4 +1,4 @@
-// The windows of other programs, which come and go as they like.
+// Other programs' windows, which open and close at any time.
 #pragma once
 
 #include "popup.h"
@@ -14,9 +14,9 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// Managed windows, and popups that no window manager looks after. Nothing here waits for what it asks: where
-/// a window really goes is the window manager's business. Each operation says what it did; without any window
-/// to do it with, that is nothing.
+/// Managed windows and unmanaged popups. No operation waits for its effect: the final place of a window is up
+/// to the window manager. Each returns a description of what it did; without a suitable window it does
+/// nothing.
 class OtherWindows
 {
 public:
@@ -26,7 +26,7 @@ public:
     QString closeWindow(RandomChoice &random);
     /// As a click in the task bar does.
     QString activateWindow(RandomChoice &random);
-    /// Past the window manager.
+    /// Bypassing the window manager.
     QString takeKeyboard(RandomChoice &random);
     QString raiseWindow(RandomChoice &random);
     QString toggleFullScreen(RandomChoice &random);
@@ -35,20 +35,19 @@ public:
     QString openPopup(RandomChoice &random);
     QString closePopup(RandomChoice &random);
     QString raisePopup(RandomChoice &random);
-    /// Takes the pointer as a menu does, or gives it back.
+    /// Grabs the pointer as a menu does, or releases it.
     QString togglePointerGrab(RandomChoice &random);
 
-    /// Closes everything.
     void closeAll();
 
 private:
-    /// None if there is no window.
+    /// XCB_WINDOW_NONE if there is none.
     xcb_window_t randomWindow(RandomChoice &random);
     Popup *randomPopup(RandomChoice &random);
 
     DesktopSession &m_session;
-    /// One for all of them: the server hands out the ids of a connection that has ended again, and a window
-    /// manager that has yet to hear of that takes the next windows for the old ones.
+    /// Shared by all windows: the server reuses the ids of a closed connection, and a window manager that has
+    /// not yet noticed its end would confuse new windows with old ones.
     Client m_client;
     std::vector<xcb_window_t> m_windows;
     std::vector<std::unique_ptr<Popup>> m_popups;

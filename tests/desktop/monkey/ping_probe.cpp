@@ -9,7 +9,8 @@ namespace zeigewerk::rig {
 PingProbe::PingProbe(DesktopSession &session)
     : m_client(session.display().name())
 {
-    // Qt sends its answers to whoever listens to the root so, or manages its children.
+    // Qt sends its replies to the root window, to clients that select one of two event masks; this is one of
+    // them.
     const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_client.connection(), m_client.root(), XCB_CW_EVENT_MASK, &events);
     m_client.roundTrip();
@@ -25,8 +26,8 @@ bool PingProbe::respondsOnce(const Program &program, std::chrono::milliseconds d
     xcb_window_t pinged = XCB_WINDOW_NONE;
     bool isReplied = false;
     const auto isSettled = [&] {
-        // A text field's window may go before the question is read; then nobody answers, and the next is
-        // asked.
+        // A text field's window may be destroyed before it handles the ping; then there is no reply, and the
+        // next window is tried.
         if (const xcb_window_t window = windowOf(program); window != pinged) {
             pinged = window;
             ping(window);
@@ -60,7 +61,7 @@ void PingProbe::ping(xcb_window_t window)
     event.window = window;
     event.type = m_client.atom("WM_PROTOCOLS");
     event.data.data32[0] = m_client.atom("_NET_WM_PING");
-    // Stands where the time does, and comes back as it is.
+    // Sent in place of the timestamp; the reply contains it unchanged.
     event.data.data32[1] = ++m_serial;
     event.data.data32[2] = window;
     xcb_send_event(m_client.connection(), 0, window, XCB_EVENT_MASK_NO_EVENT,

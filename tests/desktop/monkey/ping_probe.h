@@ -10,15 +10,15 @@ namespace zeigewerk::rig {
 class DesktopSession;
 class Program;
 
-/// Asks as a window manager does that wants to know whether a program hangs (_NET_WM_PING). Qt answers where
-/// it handles events; those of the canvases are handled in the same loop.
+/// Pings the program as a window manager does to detect a hang (_NET_WM_PING). Qt replies from its event
+/// loop, which also handles the events of the canvases.
 class PingProbe
 {
 public:
     explicit PingProbe(DesktopSession &session);
 
-    /// Comes back when the program has answered twice, as the second answer comes after a whole turn of its
-    /// loop. False if it ended, has no window that is asked so, or does not answer in time.
+    /// Waits for two replies, because the second one comes after a complete iteration of the event loop.
+    /// False if the program has ended, has no window that supports pings, or does not reply in time.
     bool isResponding(const Program &program, std::chrono::milliseconds deadline = std::chrono::seconds(60));
 
 private:

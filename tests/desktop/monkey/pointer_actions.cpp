@@ -1,4 +1,4 @@
-// What the monkey does with the mouse.
+// The monkey's actions with the mouse.
 
 #include "actions.h"
 #include "program_windows.h"
@@ -10,11 +10,11 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// The left one most often; the last two are those of a thumb.
+/// Mostly the left one; the last two are thumb buttons.
 constexpr std::array kButtons = {1, 1, 1, 1, 2, 3, 3, 8, 9};
 constexpr std::array kWheel = {4, 5, 4, 5, 6, 7};
-/// In the toolbar's lower right corner, shadow included: the button that quits.
-constexpr QSize kCornerOfQuit(60, 60);
+/// The Quit button is in the toolbar's lower right corner, shadow included.
+constexpr QSize kQuitCorner(60, 60);
 
 QString move(ActionContext &context, RandomChoice &random)
 {
@@ -56,7 +56,7 @@ QString releaseButtons(ActionContext &context, RandomChoice &)
     return QStringLiteral("%1 buttons").arg(held.size());
 }
 
-/// A stroke, at times with Shift, and with other buttons that go down and up in it.
+/// A stroke, sometimes with Shift, and sometimes with clicks of other buttons during it.
 QString drag(ActionContext &context, RandomChoice &random)
 {
     QPoint place = random.in(context.desktop.bounds());
@@ -98,12 +98,12 @@ QString useToolbar(ActionContext &context, RandomChoice &random)
 {
     const auto toolbar = toolbarOf(context.session, context.program);
     if (!toolbar)
-        return QStringLiteral("nothing, as it is hidden");
+        return QStringLiteral("skipped: it is hidden");
     const QPoint place = random.in(toolbar->geometry);
     const QPoint fromCorner = toolbar->geometry.bottomRight() - place;
-    // Not that often: each end costs a start.
-    if (fromCorner.x() < kCornerOfQuit.width() && fromCorner.y() < kCornerOfQuit.height() && !random.oneIn(4))
-        return QStringLiteral("thinks better of quitting");
+    // Rarely, because every exit costs a start.
+    if (fromCorner.x() < kQuitCorner.width() && fromCorner.y() < kQuitCorner.height() && !random.oneIn(4))
+        return QStringLiteral("skipped: the Quit button");
     context.input.moveTo(place);
     context.input.click(random.oneIn(10) ? 3 : 1);
     return textOf(place);
@@ -113,7 +113,7 @@ QString dragToolbar(ActionContext &context, RandomChoice &random)
 {
     const auto toolbar = toolbarOf(context.session, context.program);
     if (!toolbar)
-        return QStringLiteral("nothing, as it is hidden");
+        return QStringLiteral("skipped: it is hidden");
     constexpr int kSteps = 5;
     const QPoint from = random.in(toolbar->geometry);
     const QPoint to = random.in(context.desktop.bounds());
@@ -121,7 +121,7 @@ QString dragToolbar(ActionContext &context, RandomChoice &random)
     context.input.press(1);
     for (int step = 1; step <= kSteps; ++step)
         context.input.moveTo(from + (to - from) * step / kSteps);
-    // At times it is still held when something else happens.
+    // Sometimes the button is still pressed during later actions.
     if (!random.oneIn(5))
         context.input.release(1);
     return QStringLiteral("%1 to %2").arg(textOf(from), textOf(to));
@@ -131,16 +131,20 @@ QString dragToolbar(ActionContext &context, RandomChoice &random)
 
 std::vector<Action> pointerActions()
 {
-    return {{"move", 80, move},
-            {"click", 80, click},
-            {"press", 30, press},
-            {"release", 20, releaseAny},
-            {"release all buttons", 40, releaseButtons},
-            {"drag", 120, drag},
-            {"wheel", 40, wheel},
-            {"wheel with Alt", 30, wheelWithAlt},
-            {"toolbar", 90, useToolbar},
-            {"drag the toolbar", 15, dragToolbar}};
+    // clang-format off: a table, one row a line
+    return {
+        {.name = "move", .weight = 80, .perform = move},
+        {.name = "click", .weight = 80, .perform = click},
+        {.name = "press", .weight = 30, .perform = press},
+        {.name = "release", .weight = 20, .perform = releaseAny},
+        {.name = "release all buttons", .weight = 40, .perform = releaseButtons},
+        {.name = "drag", .weight = 120, .perform = drag},
+        {.name = "wheel", .weight = 40, .perform = wheel},
+        {.name = "wheel with Alt", .weight = 30, .perform = wheelWithAlt},
+        {.name = "use the toolbar", .weight = 90, .perform = useToolbar},
+        {.name = "drag the toolbar", .weight = 15, .perform = dragToolbar},
+    };
+    // clang-format on
 }
 
 } // namespace zeigewerk::rig

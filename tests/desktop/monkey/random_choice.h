@@ -1,4 +1,4 @@
-// What the monkey's dice say.
+// The monkey's random choices.
 #pragma once
 
 #include <QPoint>
@@ -10,8 +10,8 @@
 
 namespace zeigewerk::rig {
 
-/// Random choices that are the same for the same seed and number, so that an action does what it did before
-/// whatever those before it asked for.
+/// Choices depend only on the seed and the action's number, so an action does the same again, regardless of
+/// the actions before it.
 class RandomChoice
 {
 public:
@@ -20,7 +20,7 @@ public:
     {
     }
 
-    /// From zero to one less than that.
+    /// At least zero and less than `end`.
     int below(int end) { return static_cast<int>(m_generator() % static_cast<std::uint64_t>(end)); }
     bool oneIn(int times) { return below(times) == 0; }
     QPoint in(const QRect &rect)

@@ -15,9 +15,9 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr double kFramesPerSecond = 60.0;
-constexpr int kFramesOfStroke = 100;
+constexpr int kFramesPerStroke = 100;
 constexpr double kMaxChange = 0.01;
-/// In MiB: the allocator takes from the system, and gives back, 128 KiB and more at a time.
+/// In MiB. The allocator requests and returns memory in steps of 128 KiB or more; this is two of them.
 constexpr double kHeapGranularity = 0.25;
 /// Free of the toolbar.
 const QRect kPathArea(50, 50, 1600, 980);
@@ -28,15 +28,22 @@ const QStringList kModes = {label::kClicks, label::kRing, label::kFade, label::k
 struct Value
 {
     const char *name;
-    double Memory::*of;
+    double Memory::*member;
     bool isJudged;
-    /// A change of so many MiB is none, however small the value is.
+    /// A change by this many MiB does not count, however small the value is.
     double granularity = 0.0;
 };
+// clang-format off: a table, one row a line
 constexpr std::array kValues = {
-    Value{"proportional", &Memory::proportional, false},
-    Value{"proportional, without files", &Memory::proportionalWithoutFiles, true, kHeapGranularity},
-    Value{"private", &Memory::privateOnly, false}, Value{"resident", &Memory::resident, true}};
+    Value{.name = "proportional", .member = &Memory::proportional, .isJudged = false},
+    Value{.name = "proportional, without files",
+          .member = &Memory::proportionalWithoutFiles,
+          .isJudged = true,
+          .granularity = kHeapGranularity},
+    Value{.name = "private", .member = &Memory::privateOnly, .isJudged = false},
+    Value{.name = "resident", .member = &Memory::resident, .isJudged = true},
+};
+// clang-format on
 
 double medianOf(const std::vector<Memory> &samples, double Memory::*value)
 {
@@ -52,11 +59,11 @@ Memory medianOf(const std::vector<Memory> &samples)
 {
     Memory median;
     for (const Value &value : kValues)
-        median.*value.of = medianOf(samples, value.of);
+        median.*value.member = medianOf(samples, value.member);
     return median;
 }
 
-/// The same way all over the stage in each round.
+/// The same path all over the area in each round.
 QPoint pathPoint(int frame)
 {
     return kPathArea.center() + QPoint(qRound(0.48 * kPathArea.width() * std::sin(frame / 31.0)),
@@ -79,7 +86,7 @@ Soak::Soak(std::chrono::minutes duration)
 
 void Soak::locateButtons()
 {
-    // On a desktop of its own: nobody reads the screen where memory is measured.
+    // On a separate desktop: no screen reader may run where memory is measured.
     DesktopSession session({.accessibility = true});
     const WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::white);
     const Program program(session);
@@ -129,7 +136,7 @@ void Soak::playRound()
         draw(stroke);
         sample();
     }
-    write();
+    typeText();
     sample();
     clickAround();
     sample();
@@ -139,19 +146,19 @@ void Soak::playRound()
 
 void Soak::draw(int stroke)
 {
-    use(kTools[static_cast<std::size_t>(stroke)]);
-    const int first = stroke * kFramesOfStroke;
+    pickTool(kTools[static_cast<std::size_t>(stroke)]);
+    const int first = stroke * kFramesPerStroke;
     moveTo(pathPoint(first));
     m_input.press(Pointer::Left);
-    for (int frame = first; frame < first + kFramesOfStroke; ++frame)
+    for (int frame = first; frame < first + kFramesPerStroke; ++frame)
         moveTo(pathPoint(frame));
     m_input.release(Pointer::Left);
     m_input.click(stroke % 2 == 0 ? Pointer::WheelUp : Pointer::WheelDown);
 }
 
-void Soak::write()
+void Soak::typeText()
 {
-    use(button::kText);
+    pickTool(button::kText);
     moveTo(kPathArea.center());
     m_input.click(Pointer::Left);
     nextFrame();
@@ -164,12 +171,12 @@ void Soak::write()
         nextFrame();
         m_input.chord({Key::Ctrl}, Key::Z);
     }
-    use(button::kPen);
+    pickTool(button::kPen);
 }
 
 void Soak::clickAround()
 {
-    for (int frame = 0; frame < kFramesOfStroke; ++frame) {
+    for (int frame = 0; frame < kFramesPerStroke; ++frame) {
         moveTo(pathPoint(7 * frame));
         if (frame % 5 == 0)
             m_input.click(Pointer::Left);
@@ -178,7 +185,7 @@ void Soak::clickAround()
 
 void Soak::switchModes()
 {
-    // Off, pinned and on the whiteboard, and everything on again.
+    // Off, pinned and on the whiteboard; then everything is switched on again.
     for (const Key key : {Key::P, Key::P, Key::W, Key::W, Key::D}) {
         hotKey(key);
         clickAround();
@@ -187,7 +194,7 @@ void Soak::switchModes()
         hotKey(key);
 }
 
-void Soak::use(const QString &tool)
+void Soak::pickTool(const QString &tool)
 {
     const auto toolbar = toolbarOf(m_session, m_program);
     if (!toolbar || !m_buttons.contains(tool))
@@ -212,11 +219,11 @@ void Soak::moveTo(QPoint place)
 
 void Soak::nextFrame()
 {
-    // By the clock, so that frames that came late are made up for.
+    // By absolute time, so that late frames are caught up.
     ++m_frames;
     const auto due = static_cast<qint64>(1000.0 * static_cast<double>(m_frames) / kFramesPerSecond);
-    if (const qint64 rest = due - m_clock.elapsed(); rest > 0)
-        QTest::qWait(static_cast<int>(rest));
+    if (const qint64 remaining = due - m_clock.elapsed(); remaining > 0)
+        QTest::qWait(static_cast<int>(remaining));
 }
 
 void Soak::sample()
@@ -230,9 +237,9 @@ void Soak::printHistory() const
     std::printf("  after round   proportional   without files   private\n");
     for (std::size_t line = 1; line <= kLines; ++line) {
         const std::size_t round = qMax(std::size_t{1}, m_rounds.size() * line / kLines);
-        const Memory &of = m_rounds[round - 1];
-        std::printf("  %11zu   %12.2f   %13.2f   %7.2f\n", round, of.proportional,
-                    of.proportionalWithoutFiles, of.privateOnly);
+        const Memory &memory = m_rounds[round - 1];
+        std::printf("  %11zu   %12.2f   %13.2f   %7.2f\n", round, memory.proportional,
+                    memory.proportionalWithoutFiles, memory.privateOnly);
     }
 }
 
@@ -246,16 +253,16 @@ bool Soak::isMemoryFlat() const
     const auto count = static_cast<std::ptrdiff_t>(fifth);
     const Memory first = medianOf(std::vector(begin, begin + count));
     const Memory last = medianOf(std::vector(m_rounds.end() - count, m_rounds.end()));
-    std::printf("%zu rounds; the first and the last %zu after %zu to warm up, medians in MiB\n",
+    std::printf("%zu rounds; medians in MiB of the first and the last %zu, after %zu to warm up\n",
                 m_rounds.size(), fifth, warmUp);
     printHistory();
     bool isFlat = true;
     for (const Value &value : kValues) {
-        const double before = first.*value.of;
-        const double change = last.*value.of / before - 1.0;
+        const double before = first.*value.member;
+        const double change = last.*value.member / before - 1.0;
         const bool isWithin = std::abs(change) * before <= std::max(kMaxChange * before, value.granularity);
-        std::printf("  %-30s %8.2f %8.2f   %+.2f %%   %s\n", value.name, first.*value.of, last.*value.of,
-                    100.0 * change,
+        std::printf("  %-30s %8.2f %8.2f   %+.2f %%   %s\n", value.name, first.*value.member,
+                    last.*value.member, 100.0 * change,
                     !value.isJudged ? ""
                     : isWithin      ? "flat"
                                     : "NOT FLAT");

@@ -1,4 +1,4 @@
-// The program used for a long time, and what that does to its memory.
+// Uses the program for a long time and watches its memory.
 #pragma once
 
 #include "blind_input.h"
@@ -12,20 +12,20 @@
 
 namespace zeigewerk::rig {
 
-/// Somebody presents with every feature on, in rounds that are all the same: the mouse moves, draws and
-/// clicks at 60 Hz, text is typed and taken back, modes go off and on.
+/// Presents with every feature on, in identical rounds: the mouse moves, draws and clicks at 60 Hz, text is
+/// typed and undone, modes are switched off and on.
 ///
-/// Memory goes up and down within a round, so it is sampled at the same moments of each, and a round counts
-/// by the medians of its samples. After a tenth of the time, in which caches and the heap find their size,
-/// the median of the first fifth of the rounds is compared with that of the last fifth: neither may be more
-/// than one percent off the other. Medians, as a single round may be off when the machine was busy and the
-/// program late.
+/// Memory varies within a round, so it is sampled at the same moments of each round, and the median of the
+/// samples counts for the round. The first tenth of the time is not counted, because caches and the heap
+/// still grow. Then the median of the first fifth of the rounds is compared with the median of the last
+/// fifth: they may differ by one percent. Medians, because a single round may deviate when the machine was
+/// busy and the program late.
 class Soak
 {
 public:
     explicit Soak(std::chrono::minutes duration);
 
-    /// Prints a table; false if memory is not flat.
+    /// Prints a table; false if memory use is not flat.
     bool run();
 
 private:
@@ -33,10 +33,10 @@ private:
     void switchEverythingOn();
     void playRound();
     void draw(int stroke);
-    void write();
+    void typeText();
     void clickAround();
     void switchModes();
-    void use(const QString &tool);
+    void pickTool(const QString &tool);
     void hotKey(Key key);
     void moveTo(QPoint place);
     void nextFrame();
@@ -45,7 +45,7 @@ private:
     void printHistory() const;
 
     std::chrono::minutes m_duration;
-    /// Where the buttons are in the toolbar's window.
+    /// The places of the buttons in the toolbar's window.
     QMap<QString, QPoint> m_buttons;
     DesktopSession m_session;
     WindowBeneath m_beneath;

@@ -1,4 +1,4 @@
-// Worked by other programs, over the session bus.
+// Other programs control the program over the session bus.
 #include "registered_test.h"
 #include "rig/bus.h"
 #include "tray_presentation.h"
@@ -14,14 +14,14 @@ const QString kInvalidArguments = "org.freedesktop.DBus.Error.InvalidArgs";
 const QString kUnknownMethod = "org.freedesktop.DBus.Error.UnknownMethod";
 const QString kNotSupported = "org.freedesktop.DBus.Error.NotSupported";
 
-/// A presentation with somebody who works the program over the bus.
+/// A presentation that can be controlled over the session bus.
 class BusPresentation : public TrayPresentation
 {
 public:
     BusPresentation()
         : m_bus(session)
     {
-        // The name comes soon after the toolbar.
+        // The program takes its bus name shortly after showing the toolbar.
         if (!eventually([&] { return succeeds("Activate", {QVariantMap()}); }))
             throw RigError("the program is not on the bus");
     }
@@ -84,7 +84,7 @@ void ApplicationActionScenarios::desktopShortcutsCanDrawAndClear()
     QVERIFY(show.activate("clear"));
     EVENTUALLY(show.isUntouched({300, 200, 300, 200}));
     QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
-    // The bus may overtake the mouse.
+    // The bus may be faster than the mouse.
     EVENTUALLY(show.pixel({450, 300}) == kInk);
     QVERIFY(show.activate("pin"));
     EVENTUALLY(show.beneath.hasFocus());
@@ -112,7 +112,7 @@ void ApplicationActionScenarios::invalidCallsFailAndChangeNothing()
         {"ActivateAction", {QString(100'000, u'd'), none, data}, kInvalidArguments},
         // No action takes a parameter.
         {"ActivateAction", {"draw", QVariantList{true}, data}, kInvalidArguments},
-        // Other types, and other numbers of arguments, are other methods.
+        // Calls with other types or numbers of arguments are unknown methods.
         {"ActivateAction", {}, kUnknownMethod},
         {"ActivateAction", {"draw", none}, kUnknownMethod},
         {"ActivateAction", {1, none, data}, kUnknownMethod},
@@ -123,7 +123,7 @@ void ApplicationActionScenarios::invalidCallsFailAndChangeNothing()
     BusPresentation show;
     for (const Row &row : rows)
         QCOMPARE(show.errorOf(row.method, row.arguments), row.error);
-    // Had one of them done anything, that would show before what is asked for next.
+    // Any effect of the calls above would be visible before the effect of this one.
     QVERIFY(show.activate("clicks"));
     EVENTUALLY(show.checked() == QStringList({label::kClicks, label::kDark}));
     QVERIFY(show.beneath.hasFocus());
@@ -160,7 +160,7 @@ void ApplicationActionScenarios::theBusStartsTheProgramForAnAction()
     };
     QVERIFY(!activate("spotlight"));
 
-    // As it is installed.
+    // The service file as it would be installed.
     const QDir services(session.home().filePath(".local/share/dbus-1/services"));
     QVERIFY(services.mkpath("."));
     QFile service(services.filePath(kId + ".service"));

@@ -7,7 +7,7 @@
 
 namespace zeigewerk::rig {
 
-/// A presentation whose presenter shows clicks, and somebody who watches the rings.
+/// A presentation in which clicks can be shown, and a watch for their rings.
 class ClickRings : public Presentation
 {
 public:
@@ -21,14 +21,14 @@ public:
     {
     }
 
-    /// Comes back when clicks are shown; false if they are not.
+    /// Switches the showing of clicks on; false if that fails.
     bool turnOn()
     {
         hotKey(Key::K);
         return eventually([&] { return presenter.isOn(button::kClicks); });
     }
 
-    /// The rings that were on the screen since the presentation began, in their order.
+    /// The rings that have been on the screen since the presentation began, in order.
     QList<WatchedWindow> rings()
     {
         QList<WatchedWindow> rings;
@@ -39,7 +39,7 @@ public:
         }
         return rings;
     }
-    /// How many of them were round that pixel.
+    /// How many of them were around that pixel.
     int ringsAt(QPoint place)
     {
         int count = 0;
@@ -55,7 +55,7 @@ public:
         const QList<WatchedWindow> all = rings();
         return std::all_of(all.begin(), all.end(), [](const WatchedWindow &ring) { return ring.isGone; });
     }
-    /// A click far from all others whose ring has come. What an earlier press brings about comes before it.
+    /// Makes a click far from all others and waits for its ring: earlier clicks have been handled by then.
     bool hasSettled()
     {
         const QPoint place(1500, 900 - 10 * m_settlingClicks++);

@@ -1,4 +1,4 @@
-// Which clicks give a ring.
+// Which clicks show a ring.
 #include "click_rings.h"
 #include "registered_test.h"
 
@@ -44,7 +44,7 @@ void ClickScenarios::everyFastClickShowsARing()
     ClickRings show;
     QVERIFY(show.turnOn());
     show.beneath.forget();
-    // At one place, since a ring comes where the pointer is by then.
+    // All at one place, because a ring opens where the pointer is when the program handles the click.
     const QList<QPoint> places(kClicks, {600, 400});
     QVERIFY(show.session.pointer().moveTo(places.first()));
     for (int i = 0; i < kClicks; ++i)
@@ -52,11 +52,11 @@ void ClickScenarios::everyFastClickShowsARing()
     EVENTUALLY(show.ringsAt(places.first()) == kClicks);
     EVENTUALLY(show.areAllGone());
     EVENTUALLY(show.isUntouched({0, 0, 1700, 1080}));
-    // None of them took a click.
+    // The rings intercepted no clicks.
     EVENTUALLY(show.beneath.presses() == places);
     EVENTUALLY(show.beneath.releases() == places);
     QVERIFY(show.beneath.hasFocus());
-    // Nor is there one too many.
+    // And there is no extra ring.
     QVERIFY(show.hasSettled());
     QCOMPARE(show.rings().size(), kClicks + 1);
 }
@@ -83,7 +83,7 @@ void ClickScenarios::otherButtonsShowNoRing()
     QVERIFY(show.session.pointer().clickAt({300, 300}, Pointer::Middle));
     QVERIFY(show.session.pointer().clickAt({300, 300}, Pointer::Right));
     QVERIFY(show.session.pointer().wheel(2));
-    // A press while another button is held is one all the same, and its release is none.
+    // A press while another button is pressed counts too, and its release does not.
     QVERIFY(show.session.pointer().press(Pointer::Right));
     QVERIFY(show.session.pointer().clickAt({600, 300}));
     QVERIFY(show.session.pointer().release(Pointer::Right));
@@ -103,7 +103,7 @@ void ClickScenarios::afterSwappingTheLogicalLeftButtonCounts()
     map.swapItemsAt(0, 2);
     QVERIFY(setPointerMapping(show.session, map));
     show.beneath.forget();
-    // By the button's place on the mouse; what is pressed by it is another question.
+    // Pointer's buttons are the physical ones, which the mapping swaps.
     QVERIFY(show.session.pointer().moveTo({600, 300}));
     show.session.pointer().click(Pointer::Right);
     EVENTUALLY(show.beneath.presses(Pointer::Left).size() == 1);
@@ -166,7 +166,7 @@ void ClickScenarios::withoutClicksTheProgramSleeps()
         QVERIFY(show.session.pointer().clickAt({300 + 100 * i, 300}));
     EVENTUALLY(show.rings().size() == 5 && show.areAllGone());
     EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));
-    // That the pointer moves is no click.
+    // Motion is not a click.
     QTimer mover;
     int steps = 0;
     mover.callOnTimeout([&] { steps += show.session.pointer().moveTo({300 + steps, 500}); });

@@ -80,7 +80,7 @@ void CompositorScenarios::drawingsSurviveTheCompositor()
     QVERIFY(show.session.pointer().drag({{400, 500}, {500, 500}}));
     EVENTUALLY(show.pixel({450, 500}) == kInk);
     show.session.startCompositor();
-    // What is drawn now the program draws as one that knows of the compositor.
+    // By now the program knows about the compositor and draws accordingly.
     QVERIFY(show.session.pointer().drag({{400, 600}, {500, 600}}));
     EVENTUALLY(show.pixel({500, 320}) == kInk && show.pixel({450, 500}) == kInk &&
                show.pixel({450, 600}) == kInk && show.isUntouched({400, 340, 300, 140}));
@@ -108,7 +108,7 @@ void CompositorScenarios::anUnfinishedStrokeSurvivesTheCompositor()
     QVERIFY(pointer.moveTo({700, 300}));
     QVERIFY(pointer.release());
     EVENTUALLY(show.isFilled(kInk, {400, 300, 300, 1}));
-    // It is one stroke, and the desktop has seen nothing of it.
+    // It is a single stroke, and the window beneath has received nothing.
     show.session.keyboard().chord({Key::Ctrl}, Key::Z);
     EVENTUALLY(show.isUntouched({0, 0, 1920, 1080}));
     QVERIFY(show.beneath.presses().isEmpty() && show.beneath.releases().isEmpty());
@@ -117,24 +117,24 @@ void CompositorScenarios::anUnfinishedStrokeSurvivesTheCompositor()
 void CompositorScenarios::aCanvasShownWhileTheCompositorIsBusyIsVisible()
 {
     constexpr int kEvenCount = 20;
-    constexpr qint64 kMaxPause = 400; // ms; the program is not to think of one that has no time for longer
+    constexpr qint64 kMaxPause = 400; // ms; after 500 ms the program repaints once more
     constexpr QRect kCorner(0, 0, 200, 200);
     Presentation show({.compositor = Compositor::Picom});
     show.hotKey(Key::W);
     EVENTUALLY(show.isFilled(Qt::white, VirtualDisplay::kFullHd));
     const xcb_window_t whiteboard = show.overlays().constFirst().id;
     const auto isShownAgainUnseen = [&] {
-        // Amid its work it may have the X server to itself.
+        // While it works, the compositor may have grabbed the X server.
         if (!sleepsFor(show.session.compositorProcessId(), 100ms))
             return false;
         QElapsedTimer pauseTimer;
         pauseTimer.start();
-        // It finds all of this at once.
+        // The compositor finds all of the following at once.
         const PausedProcess paused(show.session.compositorProcessId());
         const bool hadToolbar = show.toolbar().has_value();
         for (int i = 0; i < kEvenCount; ++i)
             show.hotKey(Key::W);
-        // The program takes its keys in order: once this one has been seen, all of them have.
+        // The program handles its keys in order: when this one has had its effect, so have the others.
         show.hotKey(Key::T);
         return eventually([&] { return show.toolbar().has_value() != hadToolbar; }) && eventually([&] {
                    return Screenshot::of(show.session.client(), whiteboard).isFilled(Qt::white, kCorner);

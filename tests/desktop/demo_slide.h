@@ -4,8 +4,8 @@
 
 namespace zeigewerk::rig {
 
-/// What is presented in the demonstration: a slide with a title, a chart and a button that shows when it has
-/// been clicked. Places are native root pixels on a screen of 1920 x 1080.
+/// The slide of the demonstration: a title, a chart, and a button that shows when it has been clicked. Places
+/// are native root pixels on a screen of 1920 x 1080.
 class DemoSlide
 {
 public:
@@ -13,7 +13,7 @@ public:
 
     bool isShown();
     bool hasFocus() { return m_window.hasFocus(); }
-    /// Whether a click reached the button; the slide shows it from then on.
+    /// Whether a click has reached the button; the slide shows it from then on.
     bool isButtonPressed();
 
 private:
@@ -25,7 +25,7 @@ private:
 };
 
 QPoint slideTitleLeft();
-/// The middle of the best quarter's column.
+/// The middle of the highest column.
 QPoint slideChartTop();
 QPoint slideButton();
 

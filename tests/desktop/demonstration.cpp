@@ -77,8 +77,8 @@ bool Demonstration::clickRing()
     if (!choose(button::kClicks) || !eventually([&] { return toolbar().isOn(button::kClicks); }))
         return false;
     const QColor paper = pixel(place);
-    // It lives for half a second only and is small at first, so what is kept is the very picture on which it
-    // was seen.
+    // A ring lives for half a second only and is small at first, so the screenshot that detected it is the
+    // one to keep.
     const auto isSeen = [&] {
         const Screenshot now = session().screenshot();
         const int inked = around.width() * around.height() - now.count(paper, around, 40);

@@ -45,7 +45,7 @@ void DrawingScenarios::theSecondHotKeyClearsTheScreen()
     EVENTUALLY(show.isUntouched({300, 200, 300, 200}));
     QVERIFY(show.overlays().isEmpty());
 
-    // What was drawn is gone, not only hidden.
+    // The drawing is gone, not just hidden.
     show.hotKey(Key::D);
     EVENTUALLY(show.hasKeyboard());
     QVERIFY(show.session.pointer().drag({{400, 700}, {500, 700}}));
@@ -63,7 +63,7 @@ void DrawingScenarios::shiftDrawsAStraightLine()
     show.session.keyboard().release(Key::Shift);
     const QRect around(300, 200, 500, 300);
     EVENTUALLY(show.pixel({690, 300}) == kInk && show.isUntouched({300, 310, 500, 190}));
-    // Level with the press, as long as the drag, five wide.
+    // At the height of the press, as long as the drag, five pixels wide.
     const QRect ink = show.session.screenshot().bounds(kInk, around);
     QCOMPARE(ink.top(), 298);
     QCOMPARE(ink.bottom(), 302);
@@ -118,8 +118,8 @@ void DrawingScenarios::inkLandsUnderThePointerAtEveryScale()
         const QRect around(place - QPoint(30, 30), QSize(61, 61));
         if (!QRect(0, 0, 1920, 1080).contains(around))
             continue;
-        // The dot has the stroke's width, of which the outermost pixels may be covered in part; those have
-        // the ink's colour only where nothing mixes them.
+        // The dot is as wide as a stroke. Pixels at its edge may be covered partly; without a compositor,
+        // which would blend them, they have the full colour of the ink.
         const int partly = show.session.isComposited() ? 0 : 2;
         const QRect ink = show.session.screenshot().bounds(kInk, around, 2);
         const double diameter = 5 * scale.toDouble();

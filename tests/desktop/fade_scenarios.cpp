@@ -13,22 +13,22 @@ const QRect kSmallScreen(0, 0, 1280, 800);
 const QPoint kStroke(300, 300);
 const QColor kGround(0x20, 0x60, 0xA0);
 
-/// What a program on a busy machine may lag behind the clock, in seconds.
+/// How far the program may lag behind the clock on a busy machine, in seconds.
 constexpr double kMaxLag = 1.0;
-/// A step of opacity that a screenshot cannot tell.
+/// Differences in opacity below this cannot be seen in a screenshot.
 constexpr double kOpacityTolerance = 0.02;
 
-/// How opaque a stroke of that age in seconds is.
+/// The opacity of a stroke of that age in seconds.
 double opacityAt(double age)
 {
     return std::clamp((4.8 - age) / 0.8, 0.0, 1.0);
 }
 
-/// One look at the stroke.
+/// One observation of the stroke.
 struct StrokeSample
 {
-    /// Between these the stroke's age was at that time, in seconds. What is on the screen may be older, not
-    /// newer, so the stroke is at least as opaque as the older age says.
+    /// The stroke's age at that moment was between these, in seconds. The screen may show an older state,
+    /// never a newer one, so the stroke is at least as opaque as at its maximum age.
     double minAge = 0.0;
     double maxAge = 0.0;
     double opacity = 0.0;
@@ -39,7 +39,7 @@ double opacityOf(const QColor &seen)
     return double(seen.red() - kGround.red()) / (kInk.red() - kGround.red());
 }
 
-/// A stroke with auto-fade on, watched until it has gone.
+/// A stroke drawn with auto-fade on, observed until it has disappeared.
 class WatchedStroke
 {
 public:
@@ -74,7 +74,7 @@ private:
     QElapsedTimer m_sinceAfterRelease;
 };
 
-/// Somebody draws with auto-fade on.
+/// Drawing with auto-fade on.
 struct AutoFade
 {
     AutoFade()
@@ -135,7 +135,7 @@ void FadeScenarios::aStrokeStaysThenFadesAndTheProgramSleeps()
     QVERIFY(fadingSamples > 0);
     QVERIFY(show.session.screenshot().isFilled(kGround, {200, 200, 200, 200}));
 
-    // Still drawing, but nothing is left to fade.
+    // Drawing is still on, but nothing is left to fade.
     EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));
     QVERIFY(show.session.client().inputFocus() != show.beneath.id());
 }
@@ -148,10 +148,10 @@ void FadeScenarios::theWhiteboardPausesFading()
     QVERIFY(stroke.draw());
     show.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
     EVENTUALLY(show.session.screenshot().pixel({300, 400}) == QColor(Qt::white));
-    // Long after it would have gone it is as it was …
+    // It is still there long after it would have disappeared …
     EVENTUALLY_WITHIN(10s, stroke.sample().minAge > 5.5);
     QCOMPARE(show.session.screenshot().pixel(kStroke), kInk);
-    // … and without the whiteboard it goes.
+    // … and fades without the whiteboard.
     show.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
     EVENTUALLY(show.session.screenshot().isFilled(kGround, {200, 200, 200, 300}));
     EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));

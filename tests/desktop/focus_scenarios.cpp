@@ -43,7 +43,7 @@ void FocusScenarios::theKeyboardReturnsToItsPreviousOwner_data()
     QTest::addColumn<QList<Key>>("into");
     QTest::addColumn<QList<Key>>("out");
 
-    // Esc is the key itself, the letters are hot keys.
+    // Esc is the plain key; letters are hot keys.
     QTest::newRow("drawing, hot key") << QList<Key>{Key::D} << QList<Key>{Key::D};
     QTest::newRow("drawing, Esc") << QList<Key>{Key::D} << QList<Key>{Key::Escape};
     QTest::newRow("drawing, pin") << QList<Key>{Key::D} << QList<Key>{Key::P};
@@ -63,7 +63,7 @@ void FocusScenarios::theKeyboardReturnsToItsPreviousOwner()
     WindowBeneath other(show.session, {100, 100, 300, 300}, Qt::red);
     QVERIFY(other.opensWithFocus());
     QVERIFY(show.beneath.takeFocus());
-    // One step at a time: an Esc between pinning and drawing on again would go to the window beneath.
+    // Step by step: an Esc between pinning and drawing again would go to the window beneath.
     for (const Key key : into) {
         show.hotKey(key);
         EVENTUALLY(key == Key::P   ? show.beneath.hasFocus()
@@ -77,7 +77,7 @@ void FocusScenarios::theKeyboardReturnsToItsPreviousOwner()
             show.hotKey(key);
     }
     EVENTUALLY(show.beneath.hasFocus());
-    // Until the program has seen Esc released, it holds on to the keys.
+    // The program keeps the keyboard grabbed until it has handled the release of Esc.
     EVENTUALLY(isKeyboardFree(show.session));
     show.beneath.forget();
     show.session.keyboard().tap(Key::A);
@@ -95,7 +95,7 @@ void FocusScenarios::ifThePreviousOwnerIsGoneTheNextWindowGetsTheKeyboard()
     show.hotKey(Key::D);
     EVENTUALLY(show.overlays().isEmpty());
     EVENTUALLY(!show.hasKeyboard());
-    // Without a window manager there is no list of windows: then the keys go to the one under the pointer.
+    // Without a window manager there is no list of windows; then the window under the pointer gets the keys.
     EVENTUALLY(show.beneath.hasFocus() || show.session.windowManagerProcessId() == 0);
     QVERIFY(show.session.pointer().moveTo({1000, 800}));
     show.beneath.forget();
@@ -105,7 +105,7 @@ void FocusScenarios::ifThePreviousOwnerIsGoneTheNextWindowGetsTheKeyboard()
 
 void FocusScenarios::aDockNeverInheritsTheKeyboard()
 {
-    // One that lists its docks among the windows.
+    // Openbox includes docks in its list of windows.
     Presentation show({.windowManager = WindowManager::Openbox});
     const Dock dock(show.session, {0, 1050, 1920, 30}, "_NET_WM_STRUT", {0, 0, 0, 30});
     auto other = std::make_unique<WindowBeneath>(show.session, QRect(100, 100, 300, 300), Qt::red);
@@ -179,7 +179,7 @@ void FocusScenarios::aWindowThatTookTheKeyboardMeanwhileKeepsIt()
     QVERIFY(show.beneath.takeFocus());
     show.hotKey(Key::D);
     EVENTUALLY(show.hasKeyboard());
-    // The hot key comes before the program takes the keyboard again.
+    // The hot key arrives before the program takes the keyboard back.
     show.session.client().setInputFocus(other.id());
     show.hotKey(Key::D);
     EVENTUALLY(show.overlays().isEmpty());
@@ -215,8 +215,7 @@ void FocusScenarios::aHotKeyPressedDuringAHeldEscWorksAgain()
         keyboard.press(key);
     EVENTUALLY(show.isDimmed({10, 10}));
     keyboard.release(Key::Escape);
-    // Whoever got the hot key's press must get its release, or the next press looks like a repeat. Without
-    // that the program would let go of the keyboard at once.
+    // The grab must last until the hot key is released; otherwise its next press would look like a repeat.
     THROUGHOUT(500ms, !isKeyboardFree(show.session));
     for (const Key key : {Key::S, Key::Alt, Key::Ctrl})
         keyboard.release(key);

@@ -73,7 +73,7 @@ void HotKeyScenarios::aHeldHotKeyTogglesOnce()
     show.session.keyboard().press(Key::Alt);
     show.session.keyboard().press(Key::W);
     EVENTUALLY(show.pixel({10, 10}) == QColor(Qt::white));
-    // The server repeats a held key after 660 ms, and then 25 times a second.
+    // The server repeats a held key after 660 ms, and then 25 times per second.
     THROUGHOUT(1200ms, show.pixel({10, 10}) == QColor(Qt::white));
     show.session.keyboard().release(Key::W);
     show.session.keyboard().press(Key::W);
@@ -84,7 +84,7 @@ void HotKeyScenarios::aHeldHotKeyTogglesOnce()
 
 void HotKeyScenarios::hotKeysAreKeyPositionsOnAnyLayout()
 {
-    // Here the places of a US keyboard carry other letters: D is E, P is L.
+    // On this layout the key positions carry other letters: D is E, P is L.
     Presentation show;
     show.session.display().setKeyboardMap("us(dvorak)");
     show.hotKey(Key::D);
@@ -115,7 +115,7 @@ void HotKeyScenarios::hotKeysDoNothingDuringAKeyboardGrab()
         show.hotKey(Key::W);
         show.hotKey(Key::K);
     }
-    // What they had brought about would come before this.
+    // Any effect of those keys would be visible before this one.
     show.hotKey(Key::S);
     EVENTUALLY(show.isDimmed({10, 10}));
     QVERIFY(!show.hasKeyboard());

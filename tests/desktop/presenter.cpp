@@ -52,7 +52,7 @@ bool Presenter::choose(const QString &button, int index)
 
 bool Presenter::take(const QString &tool, int color, int width)
 {
-    // The toolbar answers in the order of its clicks, but the canvas does not wait for it.
+    // The toolbar handles its clicks in order, but the canvas is independent of that order.
     return choose(tool) && choose(button::kColor, color) && choose(button::kWidth, width) &&
            eventually([&] { return m_toolbar->isOn(button::kWidth, width); }) && isDrawing();
 }

@@ -92,13 +92,13 @@ void ProcessScenarios::afterAKillTheDesktopIsUsable()
 void ProcessScenarios::itSleepsWhenIdle()
 {
     Presentation show;
-    // Everything on and off again, so that whatever could keep a timer has run.
+    // Modes are switched on and off again, so that anything that might leave a timer running has run.
     show.hotKey(Key::D);
     EVENTUALLY(show.hasKeyboard());
     for (const Key key : {Key::S, Key::S, Key::D})
         show.hotKey(key);
     EVENTUALLY(show.beneath.hasFocus() && show.overlays().isEmpty());
-    // What was under way ends; from then on nothing happens any more.
+    // Pending work is finished first; afterwards nothing happens any more.
     EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));
     QVERIFY(sleepsFor(show.program.processId(), 4s));
 }
@@ -113,7 +113,7 @@ void ProcessScenarios::aSecondInstanceExitsQuietly()
         QCOMPARE(second.waitForExit(), std::optional(0));
         QVERIFY(second.output().isEmpty());
     }
-    // The first one goes on as if nothing had been.
+    // The first instance is not affected.
     QVERIFY(show.program.isRunning());
     QVERIFY(show.hasKeyboard());
     show.hotKey(Key::D);
@@ -163,7 +163,7 @@ void ProcessScenarios::whenTheDisplayGoesAwayItReportsThatAndExits()
     Presentation show;
     for (const Key mode : modes)
         show.hotKey(mode);
-    // The last one, if any.
+    // Drawing is switched on last, if at all.
     EVENTUALLY(show.hasKeyboard() == modes.contains(Key::D));
     QCOMPARE(kill(static_cast<pid_t>(show.session.display().serverProcessId()), signal), 0);
     QCOMPARE(show.program.waitForExit(), std::optional(1));
@@ -181,7 +181,7 @@ void ProcessScenarios::inAWaylandSessionItReportsItsLimits()
         show.program.output(),
         QByteArray("zeigewerk: in this Wayland session hot keys, click rings and what follows the pointer "
                    "work over X11 programs only\n"));
-    // It is no reason for a second start to speak.
+    // A second instance does not print the message.
     Program second(show.session, {{"WAYLAND_DISPLAY", "wayland-0"}});
     QCOMPARE(second.waitForExit(), std::optional(0));
     QVERIFY(second.output().isEmpty());

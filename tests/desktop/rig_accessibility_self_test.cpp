@@ -1,4 +1,4 @@
-// What the rig says of a program's buttons, against a program whose buttons are known.
+// Tests the rig's accessibility support with a program whose buttons are known.
 #include "registered_test.h"
 #include "rig.h"
 
@@ -71,7 +71,7 @@ void RigAccessibilitySelfTest::pressingNeedsNoPointer()
     QVERIFY(reader.press(*reader.find(kToggle)));
     EVENTUALLY(!reader.find(kToggle)->isChecked());
 
-    // Nobody who is gone can be pressed, nor asked.
+    // After the program has ended, its buttons can neither be pressed nor listed.
     const AccessibleButton button = *reader.find(kOpen);
     QCOMPARE(program.terminate(), std::optional(0));
     QVERIFY(!reader.press(button));
@@ -100,7 +100,7 @@ void RigAccessibilitySelfTest::clicksWithinTheExtentsHitAtEveryScale()
     const QRect extents = reader.find("Farbe", 1)->extents;
     QVERIFY(std::abs(extents.width() - size.width()) <= 1 && std::abs(extents.height() - size.height()) <= 1);
     QByteArray expected;
-    // The middle, and just inside of two corners.
+    // The middle, and just inside two corners.
     for (const QPoint place :
          {extents.center(), extents.topLeft() + QPoint(3, 3), extents.bottomRight() - QPoint(3, 3)}) {
         QVERIFY(session.pointer().clickAt(place));
@@ -141,8 +141,8 @@ void RigAccessibilitySelfTest::noBusProcessIsLeftBehind()
         mark = "HOME=" + session.environment().value("HOME").toUtf8();
         Program program(session);
         Accessibility reader(session, program);
-        // Session bus, window manager, compositor, the stand-in, the launcher of the accessibility bus, that
-        // bus, and its registry.
+        // Session bus, window manager, compositor, the stand-in, the accessibility bus with its launcher and
+        // its registry.
         EVENTUALLY(processesWithEnvironment(mark).size() == 7);
     }
     QVERIFY(processesWithEnvironment(mark).isEmpty());

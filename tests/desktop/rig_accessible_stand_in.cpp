@@ -1,5 +1,5 @@
-// Behaves towards screen readers as the program does: a window that no window manager touches, with buttons
-// some of which are toggles and some of which have the same name. Says on its output what was clicked.
+// Imitates the program for screen readers: an unmanaged window with buttons, some of which are toggles or
+// have equal names. Prints which button was used.
 #include <QApplication>
 #include <QGridLayout>
 #include <QPushButton>
@@ -37,7 +37,8 @@ QPushButton *addButton(QGridLayout &grid, const QString &name, bool isToggle = f
     return button;
 }
 
-/// SIGTERM comes as an event, since a handler could call nothing of Qt. Blocked before Qt has any threads.
+/// SIGTERM arrives as an event, because a signal handler must not call Qt. It is blocked before Qt starts
+/// threads.
 int blockedSigterm()
 {
     sigset_t ending;

@@ -44,7 +44,7 @@ void RigInputSelfTest::aDragSendsOneMotionPerPoint()
 {
     DesktopSession session;
     WindowBeneath beneath(session, kBeneath, kBlue);
-    // Another window has the focus, so the window manager looks at the press first.
+    // Another window has the focus, so the window manager handles the press first.
     WindowBeneath other(session, QRect(1100, 100, 300, 300), Qt::green);
     QVERIFY(other.takeFocus());
     const QList<QPoint> motions = {{310, 305}, {311, 305}, {312, 306}, {400, 305}};
@@ -75,7 +75,7 @@ void RigInputSelfTest::focusMovesBetweenWindows()
     DesktopSession session;
     WindowBeneath one(session, kBeneath, kBlue);
     WindowBeneath other(session, QRect(1100, 100, 300, 300), Qt::green);
-    // Else that may come in between later.
+    // Otherwise the initial focus could come later, in between.
     QVERIFY(other.opensWithFocus());
     QVERIFY(one.takeFocus());
     one.forget();
@@ -85,7 +85,7 @@ void RigInputSelfTest::focusMovesBetweenWindows()
     EVENTUALLY(!one.events().isEmpty() && one.events().last().kind == InputEvent::Kind::FocusOut);
     QVERIFY(one.takeFocus());
     one.forget();
-    // Not every window that a window manager activates is told of its focus; its keys come.
+    // Not every activated window gets a FocusIn event, but it gets its keys.
     session.keyboard().tap(Key::A);
     EVENTUALLY(one.pressedKeys() == QList<Key>{Key::A});
 }
@@ -128,7 +128,7 @@ void RigInputSelfTest::theGermanMapKeepsKeyPositions()
     QCOMPARE(symbol(Key::Semicolon), xcb_keysym_t(';'));
     session.display().setKeyboardMap(QStringLiteral("de"));
     QCOMPARE(symbol(Key::Semicolon), kOdiaeresis);
-    // The first event of another keyboard could bring that one's map along.
+    // The first event of another keyboard device could bring back that device's map.
     session.keyboard().tap(Key::Semicolon);
     QCOMPARE(symbol(Key::Semicolon), kOdiaeresis);
     QCOMPARE(symbol(Key::Z), xcb_keysym_t('y'));
@@ -150,7 +150,7 @@ void RigInputSelfTest::onlyGrabbedHotKeysAreReportedAsGrabbed()
         session.keyboard().chord(modifiers, Key::P);
         EVENTUALLY(grab.presses() == 1);
     }
-    // The trial has left nothing behind, and the thief neither.
+    // Neither the trial grab nor the real one has left anything behind.
     EVENTUALLY(!isGrabbedByAnother(session, modifiers, Key::P));
 }
 

@@ -1,4 +1,4 @@
-// The rig itself, without the program: what it says of a desktop must be so before anything is judged by it.
+// Tests the rig itself, without the program: its observations must be right before a test can rely on them.
 #include "rig_self_test.h"
 
 #include "registered_test.h"
@@ -223,7 +223,7 @@ void RigSelfTest::conditionsArePolledUntilSettled()
 
 void RigSelfTest::failurePicturesShowTheScreen()
 {
-    // A folder of its own, so that the same test may run twice at a time.
+    // A separate folder, so that two runs of this test do not interfere.
     const QTemporaryDir folder;
     qputenv("ZEIGEWERK_FAILURES_DIR", QFile::encodeName(folder.path()));
     const auto restored = qScopeGuard([] { qunsetenv("ZEIGEWERK_FAILURES_DIR"); });

@@ -1,5 +1,5 @@
-// Behaves towards the desktop as the program does, as far as the rig looks: it holds Ctrl+Alt+P, shows a
-// half-transparent override-redirect window, and ends on SIGTERM.
+// Imitates the program as far as the rig depends on it: it grabs Ctrl+Alt+P, shows a half-transparent
+// override-redirect window, and ends on SIGTERM.
 #include <unistd.h>
 #include <xcb/xcb.h>
 
@@ -77,7 +77,7 @@ int main(int argc, char **argv)
     std::fflush(stdout);
 
     int signal = 0;
-    // Deaf to SIGTERM, as a program that hangs is.
+    // Ignores SIGTERM, like a program that hangs.
     while (sigwait(&ending, &signal) == 0 && std::strcmp(option, "--deaf") == 0) {
     }
     xcb_disconnect(c);

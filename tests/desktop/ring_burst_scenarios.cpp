@@ -1,4 +1,4 @@
-// Many rings at once: that all of them move, and what that costs.
+// Many rings at once: all of them must move, and the cost is printed.
 #include "click_rings.h"
 #include "registered_test.h"
 
@@ -10,13 +10,13 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int kClicksPerBurst = 200;
-/// One for each sixtieth of 450 ms, one for a step that was due just before the ring came and is late, one at
-/// its beginning, and two as it comes: the server clears the window, and asks for its picture.
+/// One for each sixtieth of a second in 450 ms, one for a late step that was due just before the ring opened,
+/// one at its beginning, and two when its window appears: the server clears it and sends an Expose event.
 constexpr int kMaxFrames = 27 + 1 + 1 + 2;
-/// Of a ring that is seen to move.
+/// For a ring that visibly moves.
 constexpr int kMinMovingFrames = 3;
 
-/// What one crowd of rings was like.
+/// The measurements of one burst of rings.
 struct Burst
 {
     QList<qsizetype> frames;
@@ -39,7 +39,7 @@ public:
     {
     }
 
-    /// Has that many rings come at once, and comes back when they are gone; nothing if one does not.
+    /// Opens that many rings at once and waits until they are gone; nothing if one is missing.
     std::optional<Burst> next()
     {
         Burst burst;
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    /// Asks nothing of the server that it has not told already: what is measured is not the measuring.
+    /// Only uses events that have arrived, so that the measuring itself costs the server nothing.
     QList<WatchedWindow> newRings()
     {
         QList<WatchedWindow> rings;
@@ -115,7 +115,7 @@ void RingBurstScenarios::allRingsOfABurstMove()
     RingBursts show;
     QVERIFY(show.turnOn());
     QVERIFY(show.session.pointer().moveTo({600, 400}));
-    // How many frames there is time for depends on how busy the machine is, so several crowds are looked at.
+    // The number of frames depends on the load of the machine, so there are several bursts.
     constexpr int kMaxBursts = 20;
     qsizetype movingRings = 0;
     for (int i = 0; movingRings < kClicksPerBurst; ++i) {

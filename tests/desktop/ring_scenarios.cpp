@@ -1,4 +1,4 @@
-// How the ring round a click looks, and where it stands.
+// The look and the place of the ring around a click.
 #include "click_rings.h"
 #include "registered_test.h"
 
@@ -7,18 +7,18 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How a ring looks at one moment.
+/// The look of a ring at one moment.
 struct RingSample
 {
     int width = 0;
     double opacity = 0.0;
 };
 
-constexpr int kDiameter = 60; // the line included, at scale 1
+constexpr int kDiameter = 60; // including the line, at scale 1
 constexpr double kFirstScale = 0.35;
 constexpr double kLastScale = 1.15;
 
-/// The ring round that place on the window beneath.
+/// The ring around that place on the window beneath.
 RingSample sampleOf(ClickRings &show, QPoint place)
 {
     const Screenshot seen = show.session.screenshot();
@@ -37,8 +37,8 @@ RingSample sampleOf(ClickRings &show, QPoint place)
     return {box.width(), double(maxDelta) / (kInk.red() - ground)};
 }
 
-/// Whether size and opacity belong to the same moment: both go the same way from first to last. Without a
-/// compositor nothing that shows is fainter than the rest.
+/// Whether size and opacity belong to the same moment: both change linearly. Without a compositor everything
+/// visible is opaque.
 bool isConsistent(const RingSample &sample, bool isComposited)
 {
     const double scale = double(sample.width) / kDiameter;
@@ -47,12 +47,12 @@ bool isConsistent(const RingSample &sample, bool isComposited)
     return grown > -0.1 && grown < 1.05 && (!isComposited || std::abs(grown - faded) < 0.15);
 }
 
-/// Looks at the ring until it has gone, and counts the moments at which it had grown. Each time it must be
-/// larger and fainter than before, and never one without the other. On a busy machine a look may fall between
-/// the parts of one step, but not several looks in turn.
+/// Observes the ring until it has disappeared, and counts the steps of its growth. In each step it must
+/// become larger and fainter, never only one of the two. On a busy machine one sample may fall between the
+/// parts of a step, but not several in a row.
 int countGrowthSteps(ClickRings &show, QPoint place)
 {
-    // Fainter than this, its edge is lost in the ground.
+    // Below this the edge of the ring cannot be told from the background.
     constexpr double kMinOpacity = 0.15;
     constexpr double kRounding = 0.02;
     constexpr int kMaxInconsistentSamples = 3;
@@ -69,7 +69,8 @@ int countGrowthSteps(ClickRings &show, QPoint place)
         const RingSample sample = sampleOf(show, place);
         if (sample.opacity < kMinOpacity)
             continue;
-        // Without a compositor the colour is made of what little is left of it, and rounded more than that.
+        // Without a compositor the colour is computed from the small remaining opacity, with larger rounding
+        // errors.
         const bool isFainter = !isComposited || sample.opacity <= previous.opacity + kRounding;
         if (!isConsistent(sample, isComposited) || sample.width < previous.width || !isFainter) {
             if (++inconsistentSamples < kMaxInconsistentSamples)
@@ -111,14 +112,13 @@ void RingScenarios::aRingGrowsAndFades()
     ClickRings show({.compositor = compositor});
     QVERIFY(show.turnOn());
     const QPoint place(600, 400);
-    // How many moments of one ring are seen depends on how busy the machine is, so several rings are looked
-    // at.
+    // The number of steps seen per ring depends on the load of the machine, so there are several rings.
     constexpr int kMinSteps = 6;
     constexpr int kMaxClicks = 30;
     int steps = 0;
     for (int clicks = 1; steps < kMinSteps; ++clicks) {
         QVERIFY(clicks <= kMaxClicks);
-        // The picture may still have the ring of before.
+        // The screen may still show the previous ring.
         EVENTUALLY(show.isUntouched(QRect(place - QPoint(40, 40), QSize(81, 81))));
         QVERIFY(show.session.pointer().clickAt(place));
         EVENTUALLY(show.rings().size() == clicks);
@@ -145,7 +145,7 @@ void RingScenarios::aRingIsAboveTheToolbar()
     QVERIFY(show.turnOn());
     const xcb_window_t toolbar = show.presenter.window().id;
     const QPoint place = show.presenter.background();
-    // Looked at while the ring lives, which a busy machine may miss.
+    // The check must hit the ring's short life, which may fail on a busy machine.
     EVENTUALLY_WITHIN(20s, [&] {
         if (!show.session.pointer().clickAt(place) || !eventually([&] { return !show.areAllGone(); }, 200ms))
             return false;

@@ -1,4 +1,4 @@
-// Screens that are turned, moved, and of every scale.
+// Screens that are rotated, moved, resized, and at all scales.
 #include "presentation.h"
 #include "registered_test.h"
 #include "two_screens.h"
@@ -7,7 +7,7 @@ using namespace zeigewerk::rig;
 
 namespace {
 
-/// Watches the canvases being made.
+/// A presentation with a watch for new canvases.
 class ScreenPresentation : public Presentation
 {
 public:
@@ -22,7 +22,7 @@ public:
         hotKey(Key::D);
         return eventually([&] { return hasKeyboard(); });
     }
-    /// Whether one canvas is shown for each screen that there is, and covers it.
+    /// Whether each screen is covered by exactly one canvas.
     bool overlaysMatch()
     {
         QList<QRect> shown;
@@ -32,7 +32,7 @@ public:
         return shown.size() == screens.size() &&
                std::is_permutation(shown.begin(), shown.end(), screens.begin());
     }
-    /// How many canvases were made since this was last asked.
+    /// How many canvases have been created since the last call.
     int newOverlays()
     {
         int total = 0;
@@ -42,14 +42,14 @@ public:
         }
         return total - std::exchange(m_overlays, total);
     }
-    /// Whether a stroke of the pen through that pixel has it in its middle.
+    /// Whether a stroke through that pixel is centred on it.
     bool inkIsUnder(QPoint place, int width)
     {
         if (!session.pointer().drag({place - QPoint(40, 0), place + QPoint(40, 0)}) ||
             !eventually([&] { return pixel(place) == kInk; }))
             return false;
         const QRect ink = session.screenshot().bounds(kInk, QRect(place - QPoint(1, 30), QSize(3, 61)));
-        // A row on either side is covered in part where the width is no whole odd number.
+        // At widths that are not odd integers, the rows at the edges are covered partly.
         return std::abs(2 * (place.y() - ink.top()) + 1 - ink.height()) <= 1 &&
                std::abs(ink.height() - width) <= 1;
     }
@@ -100,9 +100,9 @@ void ScreenChangeScenarios::drawingContinuesWhenAScreenChanges()
     EVENTUALLY(show.hasKeyboard());
     QVERIFY(show.inkIsUnder(screen.center(), 5));
     QVERIFY(show.inkIsUnder(show.session.display().screens().value(0).center(), 5));
-    // All of them once, for one change.
+    // One change recreates each canvas once.
     QCOMPARE(show.newOverlays(), static_cast<int>(show.session.display().screens().size()));
-    // The toolbar is where it can be reached.
+    // The toolbar is within reach.
     const std::optional<WindowInfo> bar = show.toolbar();
     QVERIFY(bar);
     const QMap<int, QRect> screens = show.session.display().screens();
@@ -154,7 +154,7 @@ void ScreenChangeScenarios::canvasesReachTheScreenEdges()
 
 void ScreenChangeScenarios::aNewDockIsNotAScreenChange()
 {
-    // There is nobody to list it, and to say how much room it leaves, without a window manager.
+    // Without a window manager nobody lists the dock or computes the remaining work area.
     ScreenPresentation show({.windowManager = WindowManager::Openbox});
     QVERIFY(show.startDrawing());
     QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
@@ -166,7 +166,7 @@ void ScreenChangeScenarios::aNewDockIsNotAScreenChange()
     EVENTUALLY(show.pixel({450, 500}) == kInk);
     QCOMPARE(show.pixel({450, 300}), kInk);
     QCOMPARE(show.newOverlays(), 0);
-    // It is drawn upon, too.
+    // The dock can be drawn on, too.
     QVERIFY(show.inkIsUnder({300, 1060}, 5));
 }
 

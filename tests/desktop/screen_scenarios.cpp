@@ -103,7 +103,7 @@ void ScreenScenarios::mirroredScreensShareAnOverlay()
     EVENTUALLY(show.hasKeyboard());
     QCOMPARE(shownRects(show), QList<QRect>{kLeft});
 
-    // One of the two goes: the picture is the same, and so is what was drawn.
+    // Unplugging one of the two changes neither the image nor the drawing.
     QVERIFY(show.session.pointer().drag({{300, 500}, {400, 500}}));
     EVENTUALLY(show.pixel({350, 500}) == kInk);
     show.session.display().unplug(0);
@@ -121,7 +121,7 @@ void ScreenScenarios::mixedScalesKeepTheInkUnderThePointer()
     QCOMPARE(shownRects(show), QList<QRect>({kLeft, dense}));
     QVERIFY(show.session.pointer().drag({{2001, 501}, {2101, 501}}));
     EVENTUALLY(show.pixel({2051, 501}) == kInk);
-    // Ten pixels wide at scale 2: nine, and half of one on either side. Five at scale 1.
+    // Ten pixels wide at scale 2: nine full ones, and half a pixel on either side. Five at scale 1.
     QCOMPARE(show.session.screenshot().bounds(kInk, {2040, 400, 10, 200}), QRect(2040, 497, 10, 9));
     QVERIFY(show.session.pointer().drag({{301, 501}, {401, 501}}));
     EVENTUALLY(show.pixel({351, 501}) == kInk);

@@ -10,17 +10,17 @@ namespace zeigewerk::rig {
 namespace {
 
 constexpr QSize kSize(480, 240);
-/// So much of a picture is free of the mark at each side.
+/// The margin around the mark on each side of a picture.
 constexpr int kMargin = 16;
 constexpr int kAroundToolbar = 22;
 
-/// Beside the lines of the slide, in its chart and at its button.
+/// Next to the slide's lines, in its chart, and at its button.
 constexpr QPoint kAtFirstLines(1050, 300);
 constexpr QPoint kAtLastLine(1050, 465);
 constexpr QPoint kAtBestQuarter(590, 400);
 constexpr QPoint kAtButton(1065, 685);
 
-/// What a highlighter in yellow leaves on the slide's paper.
+/// The colour of yellow highlighter on the slide's paper.
 const QColor kHighlight(0xFC, 0xEC, 0x98);
 
 struct Mark
@@ -31,10 +31,10 @@ struct Mark
     int color;
     int width;
     QList<QPoint> points;
-    /// The upper left corner of the picture.
+    /// The picture's upper left corner.
     QPoint corner;
     QColor ink;
-    /// Where there is ink once the mark is whole; at the last of its points if there is none.
+    /// Where there is ink once the mark is complete; by default its last point.
     std::optional<QPoint> end = std::nullopt;
 };
 
@@ -80,7 +80,7 @@ bool SmallPictures::toolbarInBothLooks()
 
 bool SmallPictures::showsToolbar(const char *file, const char *what, bool hasDarkLook)
 {
-    // The pointer goes elsewhere, so that no button looks hovered.
+    // The pointer is moved away, so that no button looks hovered.
     const int around = kAroundToolbar * scale();
     const QRect part = toolbar().panel().marginsAdded({around, around, around, around});
     return session().pointer().moveTo({20, 20}) &&

@@ -115,7 +115,7 @@ void SpotlightScenarios::theStoredRadiusIsUsed()
 
     session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::S);
     if (radius < 0) {
-        // Drawing over it shows that the overlay is up and paints, undimmed.
+        // Drawing proves that the overlay is shown and painted, without dimming.
         session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
         EVENTUALLY(isGrabbedByAnother(session, {}, Key::Escape));
         EVENTUALLY(session.client().inputFocus() != beneath.id());
@@ -139,7 +139,7 @@ void SpotlightScenarios::followingThePointerLeavesNoTrace()
         QVERIFY(show.session.pointer().moveTo({300 + 20 * i, 300 + (i * i) % 500}));
     QVERIFY(show.session.pointer().moveTo({1600, 800}));
     EVENTUALLY(show.pixel({1600, 800}) == show.beneathColor());
-    // All that the hole has left is dimmed again, evenly.
+    // Everything that the hole has left is dimmed again, evenly.
     EVENTUALLY(show.isFilled(dimmed(show.beneathColor()), {0, 0, 1500, 1080}));
 }
 

@@ -19,7 +19,7 @@ private Q_SLOTS:
     void nothingIsRestackedNeedlessly();
 
 private:
-    /// A pinned stroke from (400, 300) to (500, 300).
+    /// Draws a stroke from (400, 300) to (500, 300) and pins it.
     static bool pinAStroke(Presentation &show)
     {
         show.hotKey(Key::D);
@@ -29,7 +29,7 @@ private:
         show.hotKey(Key::P);
         return eventually([&] { return show.beneath.hasFocus() && show.pixel({450, 300}) == kInk; });
     }
-    /// Whether the program shows something, and all of it is below that window.
+    /// Whether the program shows any windows, all of them below that window.
     static bool isBelow(Presentation &show, xcb_window_t window)
     {
         const QList<WindowInfo> shown = show.shownWindows();
@@ -59,7 +59,7 @@ void StackingScenarios::inkStaysAboveAFullScreenWindow()
 
 void StackingScenarios::inkStaysAboveAPopup()
 {
-    // No window manager helps here: the popup is on top until the program has looked.
+    // The window manager is not involved: the popup is on top until the program corrects that.
     Presentation show;
     QVERIFY(pinAStroke(show));
     const Popup popup(show.session, {300, 200, 400, 300}, Qt::green);
@@ -84,7 +84,7 @@ void StackingScenarios::aScreenLockerIsNeverCovered()
     QVERIFY(pinAStroke(show));
     const xcb_window_t overlay = show.overlays().constFirst().id;
     const Popup locker(show.session, VirtualDisplay::kFullHd, Qt::black);
-    // Something happens that makes the program look again; the locker's own popup among it.
+    // Something that makes the program check the order again, among it a popup of the locker itself.
     const Popup ofLocker(show.session, {300, 200, 400, 300}, Qt::green);
     const Popup popup(show.session, {800, 200, 100, 100}, Qt::red);
     popup.lowerBelow(locker);
@@ -92,7 +92,7 @@ void StackingScenarios::aScreenLockerIsNeverCovered()
     QVERIFY(show.session.client().isAbove(locker.id(), overlay));
     QVERIFY(show.session.client().isAbove(ofLocker.id(), overlay));
 
-    // A mode that is switched on meanwhile stays below it, too.
+    // A mode that is switched on meanwhile stays below the locker, too.
     show.hotKey(Key::W);
     EVENTUALLY(show.hasKeyboard());
     THROUGHOUT(400ms, show.session.client().isAbove(locker.id(), overlay));
@@ -103,7 +103,7 @@ void StackingScenarios::aScreenLockerIsNeverCoveredOnAnEmptyDesktop()
     Presentation show;
     QVERIFY(show.beneath.hide());
     const Popup locker(show.session, VirtualDisplay::kFullHd, Qt::black);
-    // What comes up has all of ours put in order.
+    // Showing a canvas makes the program restack all its windows.
     show.hotKey(Key::W);
     EVENTUALLY(show.hasKeyboard());
     THROUGHOUT(400ms, isBelow(show, locker.id()));
@@ -114,7 +114,7 @@ void StackingScenarios::aScreenLockerIsNeverCoveredWhileTheScreensAreOff()
     Presentation show;
     show.session.display().unplug(0);
     const Popup locker(show.session, VirtualDisplay::kFullHd, Qt::black);
-    // The program looks again.
+    // Makes the program check the order again.
     const Popup popup(show.session, {800, 200, 100, 100}, Qt::red);
     popup.lowerBelow(locker);
     THROUGHOUT(400ms, isBelow(show, locker.id()));
@@ -129,7 +129,7 @@ void StackingScenarios::nothingIsRestackedNeedlessly()
     EVENTUALLY(show.session.client().isAbove(overlay, popup.id()) &&
                show.session.client().isAbove(show.toolbar()->id, overlay));
     const QList<xcb_window_t> order = show.session.client().stackedChildren(show.session.client().root());
-    // Longer than the last look after a change.
+    // Longer than until the program's last check after a change.
     THROUGHOUT(600ms, show.session.client().stackedChildren(show.session.client().root()) == order);
 }
 

@@ -1,4 +1,4 @@
-// Accents that a presenter types by a dead key and a letter.
+// Accented letters, typed with a dead key and a letter.
 #include "registered_test.h"
 #include "text_presentation.h"
 
@@ -8,13 +8,13 @@ namespace {
 
 using Environment = QMap<QString, QString>;
 
-/// A German keyboard, in a session with these variables.
+/// A German keyboard, and these environment variables.
 DesktopSetup germanWith(const Environment &environment = {})
 {
     return {.keyboardMap = "de", .environment = environment};
 }
 
-/// What the open field holds, as another program gets it.
+/// The text in the open field, copied to another program.
 QString textIn(TextPresentation &show, ClipboardUser &other)
 {
     const QString before = "what was copied before";
@@ -65,7 +65,7 @@ void TextAccentScenarios::deadKeysComposeAccentedLetters()
     typeAccented({}, Key::Equal, Key::E);
     typeAccented({Key::Shift}, Key::Equal, Key::A);
     typeAccented({}, Key::Grave, Key::O);
-    // The accent by itself.
+    // The accent alone.
     typeAccented({}, Key::Equal, Key::Space);
     show.session.keyboard().tap(Key::E);
     QCOMPARE(textIn(show, other), QString("éàô'e"));

@@ -1,4 +1,4 @@
-// Who has the keyboard while a presenter's text field is open, and after it.
+// The keyboard while a text field is open, and afterwards.
 #include "registered_test.h"
 #include "text_presentation.h"
 
@@ -50,10 +50,10 @@ void TextKeyboardScenarios::theFieldStaysOpenWhileTheOtherScreenIsDrawnOn()
     EVENTUALLY(show.pixel(right) == kInk);
     QVERIFY(show.field().has_value());
     EVENTUALLY(show.hasKeyboard() && !show.isTyping());
-    // Without the keyboard it has no caret: the ink is the text's.
+    // Without the keyboard it shows no caret: the ink is that of the text.
     EVENTUALLY(!show.inkAt(left).isEmpty());
 
-    // A press on its own screen takes the text over; what is drawn there is a stroke.
+    // A press on the field's own screen finishes the text; the drag draws a stroke there.
     const QRect typed = show.inkAt(left);
     QVERIFY(show.session.pointer().drag({{300, 700}, {400, 700}}));
     EVENTUALLY(!show.field() && show.pixel({350, 700}) == kInk);
@@ -99,7 +99,7 @@ void TextKeyboardScenarios::aPinnedFieldLetsClicksThrough()
     show.beneath.forget();
     QVERIFY(show.session.pointer().clickAt({300, 510}));
     EVENTUALLY(show.beneath.presses() == QList<QPoint>{QPoint(300, 510)});
-    // Drawn on again, the field goes on where it was.
+    // After unpinning, the field continues to take input.
     show.hotKey(Key::P);
     EVENTUALLY(show.isTyping());
 }
@@ -111,9 +111,9 @@ void TextKeyboardScenarios::aHeldEscOnlyDiscardsTheText()
     show.session.keyboard().type("weg");
     show.session.keyboard().press(Key::Escape);
     EVENTUALLY(show.isDrawing());
-    // The server repeats a held key after 660 ms, and then 25 times a second.
+    // The server repeats a held key after 660 ms, and then 25 times per second.
     THROUGHOUT(1200ms, show.isDrawing());
-    // Other keys act meanwhile, and so does the next press of this one.
+    // Other keys work meanwhile, and so does the next press of Esc.
     QVERIFY(show.pick(button::kPen));
     const QPoint stroke(600, 300);
     QVERIFY(show.session.pointer().drag({stroke, stroke + QPoint(100, 0)}));

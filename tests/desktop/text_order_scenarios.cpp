@@ -1,4 +1,4 @@
-// Keys and clicks come in the order in which they were made, however the program gets to read them.
+// Keys and clicks take effect in the order in which they were made, however the program reads them.
 #include "paused_process.h"
 #include "registered_test.h"
 #include "text_presentation.h"
@@ -13,8 +13,7 @@ namespace {
 const QPoint kWordPlace(100, 100);
 const QString kWord("abcdefgh");
 
-/// A hand without any time between its strokes: the server is told all of them at once, and gives many the
-/// same millisecond.
+/// Input without any pauses: the server receives everything at once, and many events get the same timestamp.
 class InputBurst
 {
 public:
@@ -49,7 +48,7 @@ private:
     Client &m_client;
 };
 
-/// A word stands there, typed at leisure.
+/// Writes a word slowly, and returns its ink.
 QRect inkOfWord(TextPresentation &show)
 {
     if (!show.open(kWordPlace))
@@ -119,7 +118,7 @@ void TextOrderScenarios::keysAfterAClickGoToTheNewField()
 {
     TextPresentation show;
     const QRect word = inkOfWord(show);
-    // Which connection is read first is a matter of luck.
+    // It is random which connection is read first.
     for (const int round : {1, 2, 3, 4, 5}) {
         const QPoint first(100 + 240 * round, 300);
         const QPoint second(100 + 240 * round, 500);
@@ -147,7 +146,7 @@ void TextOrderScenarios::keysAfterReturnGoToTheCanvas()
     {
         const PausedProcess paused(show.program.processId());
         show.session.keyboard().tap(Key::Return);
-        // What Return has written goes, and what stood before it.
+        // Undoes the text that Return has finished, and the one before it.
         show.command(Key::Z);
         show.command(Key::Z);
     }

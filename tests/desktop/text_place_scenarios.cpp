@@ -1,4 +1,4 @@
-// Where a presenter's text stands: in the field, and then on the canvas.
+// The place of a text: in the field, and then on the canvas.
 #include "registered_test.h"
 #include "text_presentation.h"
 
@@ -16,7 +16,7 @@ public:
     }
 
     bool isEmpty() const { return pixels() == 0; }
-    /// Whether both are ink at the same places, give or take a pixel.
+    /// Whether both have ink at the same places, within a pixel.
     bool isLike(const Ink &other) const { return covers(other) && other.covers(*this); }
 
 private:
@@ -85,7 +85,7 @@ void TextPlaceScenarios::textStaysWhereItWasTyped_data()
 void TextPlaceScenarios::textStaysWhereItWasTyped()
 {
     QFETCH(double, scale);
-    // Pixels that lie on broken points.
+    // Pixels that are not at whole points.
     const QPoint place(303, 401);
     TextPresentation show({.keyboardMap = "de"}, scale);
     QVERIFY(show.open(place));
@@ -95,8 +95,8 @@ void TextPlaceScenarios::textStaysWhereItWasTyped()
     QVERIFY(show.inkAt(place).height() > 14 * scale);
     const QRect drawn = show.inkAt(place);
 
-    // The same again in a field over it, whose white covers the first. The caret stands behind a blank, and
-    // is left out.
+    // The same again in a field on top of it, whose white covers the first text. The caret comes after the
+    // space, outside the rectangle.
     QVERIFY(show.open(place));
     EVENTUALLY(!isNear(show.inkAt(place), drawn));
     show.typeGreeting();
@@ -108,7 +108,7 @@ void TextPlaceScenarios::textStaysWhereItWasTyped()
     EVENTUALLY(isNear(typed(), drawn));
     show.session.keyboard().tap(Key::Return);
     EVENTUALLY(show.isDrawing());
-    // Painted twice, its edges are a little bolder.
+    // Painted twice, the edges are a little bolder.
     EVENTUALLY(isNear(show.inkAt(place), drawn));
 }
 
@@ -118,7 +118,7 @@ void TextPlaceScenarios::rightToLeftTextStaysWhereItWasTyped_data()
     QTest::addColumn<QString>("keys");
     QTest::addColumn<QString>("text");
     for (const double scale : {1.0, 1.5}) {
-        // By the keys of an Israeli keyboard.
+        // The keys on an Israeli keyboard.
         QTest::addRow("one word, scale %g", scale) << scale << "akuo"
                                                    << "שלום";
         QTest::addRow("two words, scale %g", scale) << scale << "akuo guko "
@@ -144,14 +144,14 @@ void TextPlaceScenarios::rightToLeftTextStaysWhereItWasTyped()
     EVENTUALLY(other.paste() == text);
     show.session.keyboard().tap(Key::Return);
     EVENTUALLY(show.isDrawing());
-    // Until the field, and its caret, are gone from the screen too.
+    // The field and its caret must be gone from the screen, too.
     EVENTUALLY(show.pixel(place + QPoint(250, 10)) == show.beneathColor() && !show.inkAt(place).isEmpty());
     const Ink drawn(show, around);
-    // It begins at the left, as all text does.
+    // It begins at the left, like all text.
     QVERIFY(show.inkAt(place).left() >= 0);
     QVERIFY(show.inkAt(place).left() < 20 * scale);
 
-    // The same again in a field over it, in a moment at which the caret is dark.
+    // The same again in a field on top of it, compared while the caret is off.
     QVERIFY(show.open(place));
     EVENTUALLY(Ink(show, around).isEmpty());
     show.session.keyboard().type(keys);
@@ -162,7 +162,7 @@ void TextPlaceScenarios::withoutACompositorTheFieldIsWhite()
 {
     TextPresentation show({.compositor = Compositor::None});
     QVERIFY(show.open({200, 500}));
-    // Right of the placeholder.
+    // To the right of the placeholder.
     EVENTUALLY(show.session.screenshot().isFilled(Qt::white, {500, 497, 39, 30}));
     show.session.keyboard().type("da");
     show.session.keyboard().tap(Key::Return);

@@ -1,4 +1,4 @@
-// How a presenter edits the text in the field.
+// Editing the text in the field.
 #include "registered_test.h"
 #include "text_presentation.h"
 
@@ -28,7 +28,7 @@ void TextScenarios::textIsExchangedWithOtherPrograms()
     show.command(Key::X);
     EVENTUALLY(show.session.client().selectionHasOwner("CLIPBOARD"));
     other.copy("something else");
-    // Super is as good as Ctrl.
+    // Super works like Ctrl.
     show.session.keyboard().chord({Key::Super}, Key::Z);
     show.session.keyboard().chord({Key::Super}, Key::A);
     show.session.keyboard().chord({Key::Super}, Key::C);
@@ -45,7 +45,7 @@ void TextScenarios::theContextMenuOfTheFieldPastes()
     const qsizetype windows = show.shownWindows().size();
     QVERIFY(show.session.pointer().clickAt({400, 310}, Pointer::Right));
     EVENTUALLY(show.shownWindows().size() == windows + 1);
-    // Nothing else can be done to a field without text.
+    // In an empty field, Paste is the only enabled entry.
     show.session.keyboard().tap(Key::Down);
     show.session.keyboard().tap(Key::Return);
     EVENTUALLY(show.shownWindows().size() == windows);

@@ -1,4 +1,4 @@
-// A text field at the edge of its screen, beside one of another scale.
+// A text field at the edge of its screen, next to a screen of another scale.
 #include "registered_test.h"
 #include "text_presentation.h"
 
@@ -9,11 +9,11 @@ namespace {
 constexpr QRect kScreen(0, 0, 1280, 1024);
 constexpr QRect kScreenBeside(1280, 0, 1600, 900);
 constexpr QRect kScreenBelow(0, 1024, 1600, 900);
-/// With room for a press beneath the toolbar at twice its size.
+/// With room below the toolbar at scale 2.
 constexpr QRect kLargeScreen(0, 0, 2560, 1440);
 constexpr QRect kScreenBesideLarge(2560, 0, 1600, 1440);
 
-/// Where the window is that has the keyboard.
+/// The rectangle of the focused window.
 QRect keyboardWindow(TextPresentation &show)
 {
     const auto window = show.session.client().window(show.session.client().inputFocus());
@@ -49,7 +49,7 @@ void TextScreenScenarios::theFieldHasTheScaleOfItsScreen_data()
     const QList<QRect> row = {kScreen, kScreenBeside};
     const QList<QRect> largeRow = {kLargeScreen, kScreenBesideLarge};
     const QList<QRect> column = {kScreen, kScreenBelow};
-    // As much of the field as its own screen has room for.
+    // The field is clipped at the edge of its screen.
     QTest::newRow("beside a denser screen") << row << 1.0 << 2.0 << QPoint(1200, 100) << 1.0 << QSize(79, 32);
     QTest::newRow("beside the last line of a denser screen")
         << row << 1.0 << 2.0 << QPoint(1200, 900) << 1.0 << QSize(79, 32);
@@ -60,7 +60,7 @@ void TextScreenScenarios::theFieldHasTheScaleOfItsScreen_data()
         << row << 1.0 << 1.5 << QPoint(1200, 100) << 1.0 << QSize(79, 32);
     QTest::newRow("above a denser screen")
         << column << 1.0 << 2.0 << QPoint(300, 1015) << 1.0 << QSize(340, 12);
-    // Its middle stays on its screen, and the rest lies over the other one.
+    // Its middle stays on its screen, and the rest extends over the other one.
     QTest::newRow("a little over the edge")
         << row << 1.0 << 2.0 << QPoint(1100, 100) << 1.0 << QSize(340, 32);
     QTest::newRow("beside a screen of the same scale")

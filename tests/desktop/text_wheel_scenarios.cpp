@@ -1,4 +1,4 @@
-// The wheel over a presenter's text field does what it does on the canvas beneath.
+// The wheel over a text field works as on the canvas beneath.
 #include "registered_test.h"
 #include "spotlight_radius.h"
 #include "text_presentation.h"
@@ -7,8 +7,8 @@ using namespace zeigewerk::rig;
 
 namespace {
 
-/// A field is open under the pointer, and the spotlight on. No window manager, since most of them have a use
-/// of their own for Alt and the wheel.
+/// A field is open under the pointer, and the spotlight is on. No window manager, because most of them use
+/// Alt and the wheel themselves.
 class FieldUnderPointer : public TextPresentation
 {
 public:
@@ -43,7 +43,7 @@ void TextWheelScenarios::theClassicWheelResizesTheSpotlight()
     QVERIFY(show.session.pointer().wheel(-3));
     EVENTUALLY(isStored(show.session, kRadius - kNotch));
     show.session.keyboard().release(Key::Alt);
-    // It is no horizontal wheel.
+    // The horizontal wheel has no effect.
     QVERIFY(show.session.pointer().click(Pointer::WheelRight));
     QVERIFY(show.session.pointer().wheel(1));
     EVENTUALLY(isStored(show.session, kRadius));
@@ -55,7 +55,7 @@ void TextWheelScenarios::aScrollAxisResizesTheSpotlight()
         QSKIP("this X server comes without its test driver for input devices");
     FieldUnderPointer show(ExtraDevice::ScrollMouse);
     ScrollMouse mouse(show.session.display().devicePath());
-    // From the first notch Qt learns where the axis stands, and no more. When the letter shows, it has.
+    // With the first notch Qt only learns the position of the axis; once the letter is visible, it has.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
     show.session.keyboard().type("m");
     EVENTUALLY(!show.inkAt(kMiddle).isEmpty());
@@ -65,7 +65,7 @@ void TextWheelScenarios::aScrollAxisResizesTheSpotlight()
     EVENTUALLY(isStored(show.session, kRadius + 2 * kNotch));
     QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
     EVENTUALLY(isStored(show.session, kRadius - kNotch));
-    // Fingers: a third of a notch is five points.
+    // Smooth scrolling: a third of a notch scrolls 5 points, which changes the radius by 6.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch / 3));
     EVENTUALLY(isStored(show.session, kRadius - kNotch + 6));
     show.session.keyboard().press(Key::Alt);

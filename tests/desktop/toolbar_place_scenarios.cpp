@@ -1,4 +1,4 @@
-// Where the toolbar stands, and what is kept from one run of the program to the next.
+// The place of the toolbar, and what is kept from one run of the program to the next.
 #include "registered_test.h"
 #include "settings_file.h"
 #include "toolbar_presentation.h"
@@ -19,7 +19,7 @@ const Program &ready(Program &program)
     return program;
 }
 
-/// From one start of the program to its end.
+/// A run of the program, from start to exit.
 struct Run
 {
     explicit Run(DesktopSession &session, double scale = 1.0)
@@ -36,12 +36,12 @@ const DesktopSetup kSetup = {.accessibility = true};
 
 bool isAtDefaultPlace(const QRect &panel, const QRect &screen, int scale = 1)
 {
-    // Half a point more or less above than below.
+    // The centre may be off by half a point.
     return panel.size() == ToolbarUser::kPanelSize * scale && panel.right() == screen.right() - 24 * scale &&
            std::abs(panel.center().y() - screen.center().y()) <= scale;
 }
 
-/// Permissions would not do: they hinder no super user, as which tests run in many a container.
+/// Permissions would not work: they do not stop the super user, as which tests run in many containers.
 void blockSettings(const DesktopSession &session, const QString &obstacle)
 {
     const QDir home = session.home();
@@ -120,7 +120,7 @@ void ToolbarPlaceScenarios::itCanBeDraggedAndKeepsItsPlaceAfterARestart()
     }
     Run again(session, scale);
     QCOMPARE(again.presenter.panel(), moved);
-    // It is really there: what is clicked on answers.
+    // It really is there: clicks on it work.
     QVERIFY(again.presenter.click(button::kColor, 4));
     EVENTUALLY(again.presenter.isOn(button::kColor, 4));
 }
@@ -143,7 +143,7 @@ void ToolbarPlaceScenarios::withoutADragItsPlaceIsNotSaved()
 {
     DesktopSession session(kSetup);
     Run run(session);
-    // What it does save shows that it could have saved its place.
+    // That this is saved proves that the place could have been saved.
     QVERIFY(run.presenter.click(button::kAppearance));
     EVENTUALLY(SettingsFile(session).has("ZeigewerkDarkUI"));
     QVERIFY(run.presenter.click(button::kHide));
@@ -160,7 +160,7 @@ void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNotADrag()
     Run run(session);
     QVERIFY(session.pointer().clickAt(run.presenter.grip()));
     QVERIFY(session.pointer().clickAt(run.presenter.background()));
-    // What comes after it is saved.
+    // This later change is saved.
     QVERIFY(run.presenter.click(button::kAppearance));
     EVENTUALLY(SettingsFile(session).has("ZeigewerkDarkUI"));
     QVERIFY(!SettingsFile(session).has("ZeigewerkToolbar"));

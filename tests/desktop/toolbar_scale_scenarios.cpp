@@ -1,4 +1,4 @@
-// The toolbar while screens of different scales go and come.
+// The toolbar while screens of different scales are plugged in and unplugged.
 #include "presentation.h"
 #include "registered_test.h"
 
@@ -12,7 +12,7 @@ constexpr QRect kMainAlone(0, 0, 2560, 1440);
 constexpr QRect kMainBeside(1920, 0, 2560, 1440);
 constexpr QRect kProjector(0, 0, 1920, 1080);
 
-/// In points of a screen: from its right edge and from half its height.
+/// Converts to points relative to the screen's right edge and vertical centre.
 QRectF fromRightMiddle(const QRect &rect, const QRect &screen, double scale)
 {
     return {(rect.left() - screen.left() - screen.width()) / scale,
@@ -27,7 +27,7 @@ bool isNearly(const QRectF &a, const QRectF &b)
            std::abs(a.right() - b.right()) <= kPoints && std::abs(a.bottom() - b.bottom()) <= kPoints;
 }
 
-/// Where the toolbar's window is, and where on it the swatch of the pen's colour is painted.
+/// The places of the toolbar's window and of the swatch with the pen's colour.
 struct Look
 {
     QRectF toolbar;
@@ -95,7 +95,7 @@ void ToolbarScaleScenarios::itLooksTheSameOnEveryScreen()
             THROUGHOUT(300ms, show.toolbar().has_value());
             continue;
         }
-        // It is on its own screen for as long as that is there.
+        // It stays on its own screen while that exists.
         const bool isAtHome = screens.contains(0);
         const QRect screen = screens.value(isAtHome ? 0 : 1);
         EVENTUALLY(lookOn(show, screen, isAtHome ? scale : projectorScale).isLike(before));

@@ -11,7 +11,7 @@ namespace {
 constexpr QPoint kStrokePlace(400, 300);
 constexpr QPoint kOtherStrokePlace(400, 500);
 
-/// As the eye goes over the toolbar: from top to bottom, from left to right.
+/// From top to bottom, and from left to right.
 QList<AccessibleButton> inReadingOrder(QList<AccessibleButton> buttons)
 {
     std::stable_sort(buttons.begin(), buttons.end(), [](const auto &one, const auto &other) {
@@ -64,7 +64,7 @@ void ToolbarScenarios::everyButtonIsExposedToScreenReaders()
         QVERIFY2(!each.is(AccessibleState::Focusable), qPrintable(each.name));
     }
     QCOMPARE(names, expected);
-    // The pen, orange, and the middle width.
+    // The pen, orange, and the medium width.
     QCOMPARE(checked, QList<int>({7, 15, 24}));
     for (const AccessibleButton &each : buttons) {
         const bool isToggle = toggles.contains(each.name);
@@ -163,7 +163,7 @@ void ToolbarScenarios::pinningKeepsTheDrawingAndLetsClicksThrough()
     EVENTUALLY(show.beneath.presses() == QList<QPoint>{kStrokePlace});
     QCOMPARE(show.strokeColor(kStrokePlace), kInk);
 
-    // Unpinned, it is drawn on again.
+    // After unpinning, it can be drawn on again.
     QVERIFY(show.presenter.click(button::kPin));
     EVENTUALLY(show.hasKeyboard());
     QVERIFY(show.presenter.isOn(button::kDraw));
@@ -184,8 +184,8 @@ void ToolbarScenarios::undoAndClearRemoveShapes()
     QCOMPARE(show.strokeColor(kStrokePlace), kInk);
     QVERIFY(show.presenter.click(button::kUndo));
     EVENTUALLY(show.isSlideUntouched());
-    // With nothing left it does nothing. Toolbar and canvas hear of the hand on ways of their own, so the
-    // next stroke waits until the toolbar has answered a later click.
+    // With nothing left this has no effect. Toolbar and canvas receive input independently, so the test waits
+    // until the toolbar has handled a later click.
     QVERIFY(show.presenter.click(button::kUndo));
     QVERIFY(show.presenter.click(button::kWidth, 2));
     EVENTUALLY(show.presenter.isOn(button::kWidth, 2));
@@ -195,7 +195,7 @@ void ToolbarScenarios::undoAndClearRemoveShapes()
     EVENTUALLY(show.strokeColor(kOtherStrokePlace) == kInk);
     QVERIFY(show.presenter.click(button::kClear));
     EVENTUALLY(show.isSlideUntouched());
-    // It is still drawn on.
+    // Drawing is still on.
     QVERIFY(show.hasKeyboard());
     QVERIFY(show.strokeFrom(kStrokePlace));
     EVENTUALLY(show.strokeColor(kStrokePlace) == kInk);

@@ -6,8 +6,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A place on the toolbar's background, beside its buttons; its shadow is as wide on the left as on the
-/// right.
+/// A place on the toolbar's background, beside its buttons; the shadow is equally wide on both sides.
 QPoint backgroundOf(const WindowInfo &toolbar)
 {
     return toolbar.geometry.center() - QPoint(kToolbar.width() / 2 - 3, 0);
@@ -38,7 +37,7 @@ private Q_SLOTS:
     void itWorksWithoutACompositor();
 
 private:
-    /// Whether the toolbar shows its picture, and not one colour that covers it.
+    /// Whether the toolbar is visible, and not covered by that colour.
     static bool isVisible(Presentation &show, const QColor &cover)
     {
         const std::optional<WindowInfo> toolbar = show.toolbar();
@@ -75,7 +74,7 @@ void ToolbarStackingScenarios::itStaysAboveAFullScreenWindow()
 {
     Presentation show;
     EVENTUALLY(isVisible(show, show.beneathColor()));
-    // Before there is a full-screen window: some window managers show no other one then.
+    // Opened before there is a full-screen window, because some window managers would not show it then.
     WindowBeneath later(show.session, VirtualDisplay::kFullHd, Qt::green);
     QVERIFY(later.opensWithFocus());
     EVENTUALLY(show.pixel({2, 2}) == QColor(Qt::green));
@@ -97,7 +96,7 @@ void ToolbarStackingScenarios::itIsAboveTheOverlays()
         EVENTUALLY(show.hasKeyboard() && show.overlays().size() == 1);
         QVERIFY(show.session.client().isAbove(show.toolbar()->id, show.overlays().constFirst().id));
         QVERIFY(isVisible(show, Qt::white));
-        // So it stays when somebody else comes up.
+        // It stays visible when another program opens a popup.
         const Popup popup(show.session, VirtualDisplay::kFullHd.adjusted(10, 10, -10, -10), Qt::magenta);
         EVENTUALLY(show.isFilled(Qt::white, VirtualDisplay::kFullHd) && isVisible(show, Qt::white));
         show.hotKey(Key::W);
@@ -141,14 +140,14 @@ void ToolbarStackingScenarios::itComesBackWithTheScreens()
     show.hotKey(Key::D);
     EVENTUALLY(!show.overlays().isEmpty());
     show.session.display().unplug(0);
-    // It has noticed.
+    // The program has noticed the change.
     EVENTUALLY(show.overlays().isEmpty());
     show.session.display().plug(0, VirtualDisplay::kFullHd);
     EVENTUALLY(!show.overlays().isEmpty());
     show.hotKey(Key::D);
     EVENTUALLY(show.overlays().isEmpty());
     EVENTUALLY(isVisible(show, show.beneathColor()));
-    // On top of what comes later, too.
+    // It also stays above windows that open later.
     WindowBeneath later(show.session, VirtualDisplay::kFullHd, Qt::green);
     EVENTUALLY(show.pixel({2, 2}) == QColor(Qt::green) && isVisible(show, Qt::green));
 }

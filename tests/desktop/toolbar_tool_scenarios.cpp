@@ -1,4 +1,4 @@
-// What is drawn with what was chosen on the toolbar.
+// Strokes with the tool, colour and width that were picked on the toolbar.
 #include "registered_test.h"
 #include "toolbar_presentation.h"
 
@@ -12,10 +12,11 @@ constexpr std::array kPalette = {QColor(0xF2, 0x9A, 0x00), QColor(0x18, 0x22, 0x
                                  QColor(0x34, 0xC7, 0x59), QColor(0xFF, 0xD6, 0x0A), QColor(0x0A, 0x84, 0xFF),
                                  QColor(0xFF, 0xFF, 0xFF), QColor(0x00, 0x00, 0x00)};
 
-/// Down and then to the right, so that what goes along the way is told from what goes straight to its end.
+/// Down and then to the right, which distinguishes tools that follow the pointer from those that only use its
+/// last place.
 const QList<QPoint> kCorner = {{400, 300}, {400, 350}, {400, 400}, {500, 400}, {600, 400}};
 
-/// What the corner leaves with a tool.
+/// What a tool leaves when dragged along the corner.
 struct Mark
 {
     QString tool;
@@ -26,7 +27,7 @@ struct Mark
 const QList<Mark> kMarks = {
     {button::kPen, {{400, 330}, {560, 400}}, {{500, 350}, {600, 350}}},
     {button::kLine, {{420, 310}, {500, 350}, {580, 390}}, {{400, 350}, {500, 400}, {588, 401}, {594, 391}}},
-    // The last two lie on the barbs.
+    // The last two are on the arrow's head.
     {button::kArrow, {{420, 310}, {500, 350}, {588, 401}, {595, 391}}, {{400, 350}, {500, 400}}},
     {button::kRectangle,
      {{400, 300}, {500, 300}, {400, 350}, {600, 350}, {500, 400}, {600, 400}},
@@ -74,7 +75,7 @@ void ToolbarToolScenarios::eachToolDrawsItsMarkInTheChosenColour()
         QVERIFY2(haveColor(show.session.screenshot(), mark.free, show.beneathColor()), qPrintable(mark.tool));
         QVERIFY(show.isUntouched({0, 0, 1700, 280}));
         QVERIFY(show.isUntouched({0, 420, 1700, 600}));
-        // Away with it, and with drawing.
+        // Esc removes it and ends drawing.
         show.session.keyboard().tap(Key::Escape);
         EVENTUALLY(show.beneath.hasFocus());
     }
@@ -86,7 +87,7 @@ void ToolbarToolScenarios::theHighlighterIsWideAndTranslucent()
     QVERIFY(show.presenter.click(button::kHighlighter));
     EVENTUALLY(show.hasKeyboard());
     QVERIFY(show.strokeFrom({400, 300}));
-    // Two parts ink on three parts slide, as wide as four pens; the outermost pixels are covered in part.
+    // 40 % ink, four times as wide as the pen; the outermost pixels are covered partly.
     const QColor mixed((2 * 0xF2 + 3 * 0x20) / 5, (2 * 0x9A + 3 * 0x60) / 5, (2 * 0x00 + 3 * 0xA0) / 5);
     EVENTUALLY(show.session.screenshot().isFilled(mixed, {400, 292, 100, 17}, 2));
     const QRect around(300, 200, 300, 200);
@@ -107,7 +108,7 @@ void ToolbarToolScenarios::eachColourAppliesToTheNextStroke()
         QVERIFY(show.strokeFrom(place));
         EVENTUALLY(show.strokeColor(place) == color);
     }
-    // What was drawn before keeps its colour.
+    // Earlier strokes keep their colour.
     QCOMPARE(show.strokeColor({400, 200}), kPalette.front());
     QVERIFY(!show.presenter.isOn(button::kColor, 0));
 }
@@ -159,7 +160,7 @@ void ToolbarToolScenarios::pickingAToolUnpins()
     EVENTUALLY(show.hasKeyboard());
     QVERIFY(!show.presenter.isOn(button::kPin));
     QVERIFY(show.presenter.isOn(button::kDraw));
-    // The pinned drawing is there to be drawn on.
+    // The drawing that was pinned can be continued.
     QVERIFY(show.strokeFrom({400, 500}));
     EVENTUALLY(show.strokeColor({400, 500}) == kInk);
     QCOMPARE(show.strokeColor({400, 300}), kInk);

@@ -1,4 +1,4 @@
-// The toolbar as a window among those of others: it takes the mouse and never the keyboard.
+// The toolbar's window: it takes mouse input, but never the keyboard.
 #include "paused_process.h"
 #include "registered_test.h"
 #include "toolbar_presentation.h"
@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// What turns no canvas on.
+/// A button and its index among those of the same name.
 struct ButtonRef
 {
     QString name;
@@ -29,7 +29,7 @@ bool lostFocus(WindowBeneath &window)
     });
 }
 
-/// The toolbar's look by its ground, which nothing but the backdrop colours.
+/// Recognizes the look by the background, which only the appearance changes.
 bool isDark(ToolbarPresentation &show, QPoint background)
 {
     return show.pixel(background).lightness() < 0x60;
@@ -65,7 +65,7 @@ void ToolbarWindowScenarios::clickingTheToolbarLeavesTheKeyboardAlone()
         typed.append(Key::A);
         EVENTUALLY(show.beneath.pressedKeys() == typed);
     }
-    // All of it was clicked indeed.
+    // All clicks have had their effect.
     EVENTUALLY(show.presenter.isOn(button::kColor, 7) && show.presenter.isOn(button::kWidth, 2));
     QVERIFY(show.beneath.hasFocus());
     QVERIFY(!lostFocus(show.beneath));
@@ -105,14 +105,14 @@ void ToolbarWindowScenarios::theToolbarIsUsableOverOurCanvases()
     for (const Key mode : {Key::D, Key::W}) {
         show.hotKey(mode);
         EVENTUALLY(show.hasKeyboard() && (mode != Key::W || show.pixel({10, 10}) == QColor(Qt::white)));
-        // Seen, and reached: a press on it is no stroke.
+        // It is visible and can be clicked: a press on it draws nothing.
         EVENTUALLY(std::abs(show.pixel(background).lightness() - ground.lightness()) < 20);
         const int color = mode == Key::D ? 3 : 5;
         QVERIFY(show.presenter.click(button::kColor, color));
         EVENTUALLY(show.presenter.isOn(button::kColor, color));
         QVERIFY(show.hasKeyboard());
     }
-    // Drawing goes on beneath it.
+    // Drawing continues beneath it.
     const QPoint left(1600, background.y());
     QVERIFY(show.session.pointer().drag({left, background, left + QPoint(300, 0)}));
     EVENTUALLY(show.pixel(left + QPoint(50, 0)) == QColor(0x0A, 0x84, 0xFF));
@@ -125,7 +125,7 @@ void ToolbarWindowScenarios::theToolbarIsUsableOverAFullScreenWindow()
     const QPoint background = show.presenter.background();
     const QColor ground = show.pixel(background);
     QVERIFY(show.beneath.setFullScreen(true));
-    // The picture alone may still be that of before.
+    // The screen alone may not have changed yet.
     EVENTUALLY(show.session.client().isAbove(show.presenter.window().id, show.beneath.id()) &&
                show.pixel(background) == ground);
     show.beneath.forget();
@@ -142,7 +142,7 @@ void ToolbarWindowScenarios::theToolbarIsUsableOverAFullScreenWindow()
 void ToolbarWindowScenarios::itHidesAndComesBackAtTheSamePlace()
 {
     ToolbarPresentation show;
-    // Moved first: its first place it would find again in any case.
+    // Moved first, because it would return to the default place in any case.
     const QPoint grip = show.presenter.grip();
     QVERIFY(show.session.pointer().drag({grip, grip - QPoint(300, 100)}));
     EVENTUALLY(show.presenter.grip() == grip - QPoint(300, 100));
@@ -157,7 +157,7 @@ void ToolbarWindowScenarios::itHidesAndComesBackAtTheSamePlace()
     QCOMPARE(show.presenter.panel(), panel);
     EVENTUALLY(show.pixel(panel.center()) != show.beneathColor());
 
-    // While it is hidden, what turns a canvas on does not bring it back.
+    // While it is hidden, switching a canvas on does not show it.
     show.hotKey(Key::T);
     EVENTUALLY(!isShown());
     show.hotKey(Key::D);
@@ -179,7 +179,7 @@ void ToolbarWindowScenarios::rapidTogglingEndsInTheRightState()
     const auto toggleRapidly = [&] {
         for (int i = 0; i < kOddCount; ++i)
             show.hotKey(Key::T);
-        // The program takes its keys in order: once this one has been seen, all of them have.
+        // The program handles its keys in order: when this one has had its effect, so have the others.
         show.hotKey(Key::D);
         return eventually([&] { return show.hasKeyboard(); });
     };
@@ -207,7 +207,7 @@ void ToolbarWindowScenarios::togglingWhileTheProgramIsBusyEndsVisible()
         show.hotKey(Key::D);
     }
     EVENTUALLY(show.hasKeyboard());
-    // The picture may be that of before until there is something new in it.
+    // The screen may show an older state until something new is drawn.
     QVERIFY(show.strokeFrom({400, 300}));
     EVENTUALLY(show.strokeColor({400, 300}) == kInk);
     EVENTUALLY(show.pixel(middle) != show.beneathColor());
@@ -246,7 +246,7 @@ void ToolbarWindowScenarios::hoveringShowsATooltip()
     QVERIFY(show.session.pointer().moveTo({400, 300}));
     EVENTUALLY(!tooltip());
 
-    // Over the program's own canvas as well.
+    // It also appears above the program's own canvas.
     show.hotKey(Key::D);
     EVENTUALLY(show.hasKeyboard());
     QVERIFY(show.session.pointer().moveTo(show.presenter.button(button::kUndo).extents.center()));

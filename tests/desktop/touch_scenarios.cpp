@@ -1,4 +1,4 @@
-// Fingers and pens instead of a mouse.
+// Touch screens and pens instead of a mouse.
 #include "click_rings.h"
 #include "registered_test.h"
 #include "touch_devices.h"

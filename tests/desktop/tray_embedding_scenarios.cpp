@@ -1,4 +1,4 @@
-// The icon in a tray of the older kind.
+// The icon in a system tray of the older kind (XEmbed).
 
 #include "presentation.h"
 #include "registered_test.h"
@@ -12,12 +12,12 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr QPoint kTrayPlace(200, 1000);
-/// Two places on the icon, so far from each other that clicks on both are no double click.
+/// Two places on the icon, far enough apart not to make a double click.
 constexpr QPoint kFirstClick(203, 1003);
 constexpr QPoint kSecondClick(220, 1020);
 
-/// A presentation on a desktop that had its tray before the program came: one that comes later tells so in
-/// two ways, and Qt docks its icon twice.
+/// A presentation on a desktop whose tray was there before the program started. Qt docks its icon twice in a
+/// tray that starts later, because it is notified in two ways.
 struct DockedPresentation
 {
     DockedPresentation()
@@ -132,7 +132,7 @@ void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu()
     const qsizetype withoutMenu = show.shownWindows().size();
     QVERIFY(show.session.pointer().clickAt(kFirstClick, button));
     EVENTUALLY(show.shownWindows().size() > withoutMenu && !canGrabKeyboard(show.session));
-    // Longer than from a press to its release, which might open another one.
+    // Longer than the time between press and release, which might open another menu.
     THROUGHOUT(200ms, show.shownWindows().size() == withoutMenu + 1);
     QVERIFY(show.beneath.hasFocus());
     show.session.keyboard().tap(Key::Escape);

@@ -1,4 +1,4 @@
-// The menu as the tray shows it.
+// The menu as shown by the tray.
 
 #include "registered_test.h"
 #include "tray_presentation.h"
@@ -39,7 +39,7 @@ void TrayMenuScenarios::theTrayShowsTheWholeMenu()
         QCOMPARE(entry.enabled, !kHints.contains(entry.label));
         QCOMPARE(entry.toggleType, withMark.contains(entry.label) ? "checkmark" : "");
         QVERIFY(entry.children.isEmpty());
-        // The tray names the keys itself, in the language that it speaks.
+        // The tray displays the shortcut itself, in its own language.
         const QStringList key = entry.label == kQuit ? QStringList{"Control", "Q"} : QStringList();
         QCOMPARE(entry.shortcut.value(0), key);
     }
@@ -61,7 +61,7 @@ void TrayMenuScenarios::checkMarksFollowTheHotKeys()
         {Key::K, {kDraw, kSpot, kDark}},
         {Key::S, {kDraw, kDark}},
         {Key::D, {kDark}},
-        // Nothing to pin, so this one changes nothing; the next tells that it is over.
+        // There is nothing to pin, so nothing changes; the next step proves that the key has been handled.
         {Key::P, {kDark}},
         {Key::W, {kBoard, kDark}},
     };
@@ -117,7 +117,7 @@ void TrayMenuScenarios::aRefusedPinClearsItsCheckMark()
     QVERIFY(pin);
     show.tray.host.forget();
     QVERIFY(show.click(label::kPin));
-    // A tray may have set the mark by itself, so it must hear that it is off.
+    // A tray may have set the check mark itself, so it must be told that it is off.
     EVENTUALLY(show.tray.host.reportedToggleStates(pin->id) == QList<int>({1, 0}));
     QVERIFY(!show.isChecked(label::kPin));
 }
@@ -156,7 +156,7 @@ void TrayMenuScenarios::theToolbarEntryNamesItsAction()
     QVERIFY(show.click(label::kShow));
     EVENTUALLY(show.entry(label::kHide) && !show.entry(label::kShow));
     EVENTUALLY(show.toolbar());
-    // The hot key is the same switch.
+    // The hot key does the same.
     show.hotKey(Key::T);
     EVENTUALLY(show.entry(label::kShow) && !show.toolbar());
 }
@@ -194,7 +194,7 @@ void TrayMenuScenarios::manyChangesLeakNoMemory()
         }
         return true;
     };
-    QVERIFY(toggle(10)); // what is made once is made now
+    QVERIFY(toggle(10)); // the first changes may allocate memory that is kept
     const qint64 before = show.program.residentBytes();
     QVERIFY(toggle(40));
     // Far less than 40 menus; the allocator may take a page or two at any time.

@@ -1,4 +1,4 @@
-// The menu as the program itself pops it up.
+// The menu as opened by the program itself.
 
 #include "keyboard_grab.h"
 #include "registered_test.h"
@@ -15,7 +15,7 @@ namespace {
 /// In the left half, away from the toolbar.
 constexpr QPoint kMenuPlace(300, 300);
 
-/// The program's windows that came since others were noted.
+/// The program's windows that have opened since this was created.
 class NewWindows
 {
 public:
@@ -81,7 +81,7 @@ void TrayPopupScenarios::aClickOnTheItemOpensTheMenu()
     QCOMPARE(menu.geometry.topLeft(), kMenuPlace);
     QVERIFY(menu.overrideRedirect);
     QVERIFY(show.beneath.hasFocus());
-    // A click into nothing closes it, and is for nobody else.
+    // A click outside closes the menu and reaches no other window.
     show.beneath.forget();
     QVERIFY(show.session.pointer().clickAt({100, 900}));
     EVENTUALLY(menus.now().isEmpty());
@@ -100,7 +100,7 @@ void TrayPopupScenarios::aMenuOpenedDuringAGrabCanBeClosedAfterwards_data()
     QTest::newRow("of the keyboard, closed by Esc") << true << true;
 }
 
-// A tray that opens the menu at a press has the pointer until the release.
+// A tray that opens the menu on a press holds the pointer until the release.
 void TrayPopupScenarios::aMenuOpenedDuringAGrabCanBeClosedAfterwards()
 {
     QFETCH(bool, isKeyboardGrab);
@@ -126,7 +126,7 @@ void TrayPopupScenarios::aMenuOpenedDuringAGrabCanBeClosedAfterwards()
         QVERIFY(show.session.pointer().clickAt({100, 900}));
     EVENTUALLY(menus.now().isEmpty());
     QVERIFY(show.beneath.hasFocus());
-    // Nothing of the grabs is left, neither in the server nor in the program.
+    // Nothing remains of the grabs, neither in the server nor in the program.
     show.beneath.forget();
     QVERIFY(show.session.pointer().clickAt({100, 900}));
     EVENTUALLY(!show.beneath.presses().isEmpty());
@@ -176,7 +176,7 @@ void TrayPopupScenarios::theOpenMenuIsAboveTheWhiteboard()
     EVENTUALLY(menus.now().size() == 1);
     const QRect menu = menus.now().first().geometry;
     EVENTUALLY(!show.session.screenshot().isFilled(Qt::white, menu));
-    // Longer than the program takes to look after its windows' order.
+    // Longer than the program takes to check the stacking order.
     THROUGHOUT(500ms, !show.session.screenshot().isFilled(Qt::white, menu));
     show.session.keyboard().tap(Key::Escape);
     EVENTUALLY(show.session.screenshot().isFilled(Qt::white, menu));
@@ -191,7 +191,8 @@ void TrayPopupScenarios::ctrlQQuitsOnlyWhileTheMenuIsOpen()
     show.hotKey(Key::D);
     EVENTUALLY(show.hasKeyboard());
     show.session.keyboard().chord({Key::Ctrl}, Key::Q);
-    // The program takes its keys in order: what comes after has been seen, so what came before has been, too.
+    // The program handles its keys in order: when this one has had its effect, the one before has been
+    // handled.
     show.hotKey(Key::D);
     EVENTUALLY(show.beneath.hasFocus());
     QVERIFY(show.program.isRunning());

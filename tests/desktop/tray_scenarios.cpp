@@ -1,4 +1,4 @@
-// The item in the tray, whatever comes and goes.
+// The item in the tray when trays start and stop.
 
 #include "registered_test.h"
 #include "tray_presentation.h"
@@ -24,7 +24,7 @@ private Q_SLOTS:
     void theProgramSurvivesTheSessionBus();
 
 private:
-    /// Whether hot keys do what they should, to tell that the program works.
+    /// Whether hot keys work, which proves that the program does.
     static bool canDraw(Presentation &show)
     {
         show.hotKey(Key::D);
@@ -62,7 +62,7 @@ void TrayScenarios::aWatcherAloneIsNotATray()
     Presentation show;
     Tray tray(show.session);
     tray.watcher.start();
-    // The program answers the watcher's coming within milliseconds; were it to register now, it would have.
+    // The program reacts to a new watcher within milliseconds, so it would have registered by now.
     THROUGHOUT(500ms, tray.watcher.items().isEmpty());
     tray.host.start();
     EVENTUALLY(tray.host.items().size() == 1);
@@ -106,7 +106,7 @@ void TrayScenarios::aWatcherThatTakesOverGetsTheItem()
     TrayWatcher successor(show.session);
     successor.start();
     QVERIFY(successor.items().isEmpty());
-    // The name goes from the one to the other without being free in between.
+    // The name passes from one to the other without being free in between.
     show.tray.watcher.stop();
     EVENTUALLY(successor.items().size() == 1);
     EVENTUALLY(show.tray.host.items().size() == 1);
@@ -123,7 +123,7 @@ void TrayScenarios::twoHostsShowTheItem()
     second.start();
     EVENTUALLY(second.items().size() == 1);
     QCOMPARE(show.tray.host.items().size(), 1);
-    // What one of them clicks, both are told.
+    // A click in one of them is reported to both.
     const auto spot = show.entry(label::kSpot);
     QVERIFY(spot);
     QVERIFY(second.click(second.items().first(), spot->id));

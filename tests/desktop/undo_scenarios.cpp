@@ -6,10 +6,10 @@ using namespace zeigewerk::rig;
 
 namespace {
 
-// In the left halves of the screens: the toolbar is at the right of one of them.
+// In the left halves of the screens, because the toolbar is on the right of one of them.
 const QPoint kFirst(300, 300);   // on the left screen
-const QPoint kSecond(1600, 300); // on the right one
-const QPoint kThird(300, 600);   // on the left one again
+const QPoint kSecond(1600, 300); // on the right screen
+const QPoint kThird(300, 600);   // on the left screen again
 
 bool drawAt(Presentation &show, QPoint middle)
 {
@@ -68,7 +68,7 @@ void UndoScenarios::undoShortcutsWorkAcrossScreens()
     QVERIFY(show.isUntouched({200, 200, 200, 500}));
     QVERIFY(show.session.screenshot().isFilled(bareRight, {1500, 200, 200, 200}));
 
-    // Nothing is left to take back, and drawing goes on.
+    // Nothing is left to undo, and drawing continues.
     show.session.keyboard().chord(modifiers, Key::Z);
     QVERIFY(drawAt(show, kFirst));
     EVENTUALLY(show.pixel(kFirst) == kInk);
@@ -84,7 +84,7 @@ void UndoScenarios::otherCombinationsUndoNothing()
     EVENTUALLY(show.pixel(kFirst) == kInk && show.pixel(kThird) == kInk);
     show.session.keyboard().tap(Key::Z);
     show.session.keyboard().chord({Key::Shift}, Key::Z);
-    // Keys arrive in order: when this one has been answered, so have those before it.
+    // Keys arrive in order: when this one has had its effect, the ones before have been handled.
     show.session.keyboard().chord({Key::Ctrl}, Key::Z);
     EVENTUALLY(show.pixel(kThird) == show.beneathColor());
     QCOMPARE(show.pixel(kFirst), kInk);

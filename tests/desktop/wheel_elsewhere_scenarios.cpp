@@ -18,14 +18,14 @@ bool isStored(const Presentation &show, int radius)
     return isStored(show.session, radius);
 }
 
-/// No window manager, since most of them have a use of their own for Alt and the wheel.
+/// No window manager, because most of them use Alt and the wheel themselves.
 DesktopSetup unmanaged(ExtraDevice extraDevice = ExtraDevice::None)
 {
     return {.windowManager = WindowManager::None, .extraDevice = extraDevice};
 }
 
-/// Holds Alt for as long as it lives. What is held counts when the wheel is heard, and so does where the
-/// pointer is, so neither may change before.
+/// Holds Alt for as long as it lives. The program checks modifiers and pointer when it handles the wheel, so
+/// neither may change before.
 class HeldAlt
 {
 public:
@@ -64,7 +64,8 @@ void WheelElsewhereScenarios::altAndTheWheelResizeTheSpotlight()
     show.hotKey(Key::S);
     EVENTUALLY(reaches(show, kRadius));
     show.beneath.forget();
-    // Without Alt it is not meant. When the hole has followed the pointer, the wheel has been heard.
+    // Without Alt the wheel has no effect. Once the hole has followed the pointer, the wheel has been
+    // handled.
     QVERIFY(show.session.pointer().wheel(3));
     QVERIFY(show.session.pointer().moveTo({1200, 400}));
     EVENTUALLY(show.pixel({1200, 400}) == show.beneathColor());
@@ -79,7 +80,7 @@ void WheelElsewhereScenarios::altAndTheWheelResizeTheSpotlight()
         EVENTUALLY(isStored(show, kRadius - 3 * kNotch));
     }
     EVENTUALLY(reaches(show, kRadius - 3 * kNotch));
-    // The application has had all of it.
+    // The application has received all of them.
     EVENTUALLY(show.beneath.presses(Pointer::WheelUp).size() == 5);
     EVENTUALLY(show.beneath.presses(Pointer::WheelDown).size() == 5);
     QVERIFY(show.beneath.hasFocus());
@@ -108,7 +109,7 @@ void WheelElsewhereScenarios::withoutTheSpotlightItDoesNothing()
     QVERIFY(show.session.pointer().moveTo(kMiddle));
     const HeldAlt alt(show.session);
     QVERIFY(show.session.pointer().wheel(3));
-    // Clicks are heard, which is no reason to hear the wheel.
+    // The program now listens for clicks, which must not make it react to the wheel.
     show.session.keyboard().chord({Key::Ctrl}, Key::K);
     QVERIFY(show.session.pointer().wheel(3));
     show.session.keyboard().chord({Key::Ctrl}, Key::S);
@@ -127,13 +128,13 @@ void WheelElsewhereScenarios::overOurOwnWindowsEachStepCountsAtMostOnce()
     EVENTUALLY(reaches(show, kRadius));
     EVENTUALLY(show.hasKeyboard());
     const HeldAlt alt(show.session);
-    // The canvas hears it, and it is not heard once more.
+    // The canvas handles the wheel, and it is not counted twice.
     QVERIFY(show.session.pointer().wheel(1));
     EVENTUALLY(isStored(show, kRadius + kNotch));
 
     QVERIFY(show.session.pointer().moveTo(show.toolbar()->geometry.center()));
     QVERIFY(show.session.pointer().wheel(3));
-    // The hot key is heard after the wheel, and the pointer has not moved by then.
+    // The hot key is handled after the wheel, with the pointer still over the toolbar.
     show.session.keyboard().chord({Key::Ctrl}, Key::D);
     EVENTUALLY(show.beneath.hasFocus());
     QVERIFY(show.session.pointer().wheel(3));
@@ -142,7 +143,7 @@ void WheelElsewhereScenarios::overOurOwnWindowsEachStepCountsAtMostOnce()
     show.session.keyboard().chord({Key::Ctrl}, Key::D);
     EVENTUALLY(show.beneath.hasFocus());
 
-    // The canvas lets it through now, and so it is heard elsewhere.
+    // The canvas lets input through now, so the wheel counts as over another application.
     QVERIFY(show.session.pointer().moveTo(kMiddle));
     QVERIFY(show.session.pointer().wheel(1));
     EVENTUALLY(reaches(show, kRadius + 2 * kNotch));
@@ -156,7 +157,7 @@ void WheelElsewhereScenarios::aScrollAxisCountsInsteadOfItsButtons()
     Presentation show(unmanaged(ExtraDevice::ScrollMouse));
     ScrollMouse mouse(show.session.display().devicePath());
     QVERIFY(show.session.pointer().moveTo(kMiddle));
-    // What it did before does not count.
+    // Earlier scrolling does not count.
     show.beneath.forget();
     QVERIFY(mouse.scroll(7 * ScrollMouse::kNotch));
     EVENTUALLY(show.beneath.presses(Pointer::WheelDown).size() == 7);
@@ -167,10 +168,10 @@ void WheelElsewhereScenarios::aScrollAxisCountsInsteadOfItsButtons()
     EVENTUALLY(isStored(show, kRadius + kNotch));
     QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
     EVENTUALLY(isStored(show, kRadius - 2 * kNotch));
-    // Fingers: a third of a notch is five points.
+    // Smooth scrolling: a third of a notch scrolls 5 points, which changes the radius by 6.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch / 3));
     EVENTUALLY(isStored(show, kRadius - 2 * kNotch + 6));
-    // The classic wheel beside it.
+    // The classic wheel works too.
     QVERIFY(show.session.pointer().wheel(1));
     EVENTUALLY(isStored(show, kRadius - kNotch + 6));
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
@@ -192,7 +193,7 @@ void WheelElsewhereScenarios::theProgramSleepsAfterwards()
     show.session.keyboard().tap(Key::Escape);
     EVENTUALLY(show.isUntouched({0, 0, 1700, 1080}));
     EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));
-    // A scroll axis moves in motion events; now nobody asks for those.
+    // A scroll axis sends motion events, which the program no longer selects.
     QTimer mover;
     int steps = 0;
     mover.callOnTimeout([&] { steps += show.session.pointer().moveTo(kMiddle + QPoint(steps + 1, 0)); });

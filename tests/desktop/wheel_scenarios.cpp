@@ -46,7 +46,8 @@ void WheelScenarios::theWheelWorksWithoutACompositor()
 {
     Presentation show({.compositor = Compositor::None});
     QVERIFY(show.session.pointer().moveTo(kMiddle));
-    // Drawing on nothing, the overlay's own window is empty there and another one takes the pointer.
+    // Without a compositor the overlay's window has no pixels where nothing is drawn, and another one takes
+    // the input.
     show.hotKey(Key::D);
     show.hotKey(Key::S);
     EVENTUALLY(show.hasKeyboard());
@@ -74,7 +75,7 @@ void WheelScenarios::whileDrawingTheWheelDoesNotReachTheWindowBeneath()
     QVERIFY(show.session.pointer().wheel(-3));
     EVENTUALLY(reaches(show.session, kRadius - 3 * kNotch, show.beneathColor()));
     QVERIFY(show.beneath.presses(Pointer::WheelDown).isEmpty());
-    // The wheel leaves no ink either.
+    // The wheel leaves no ink.
     QCOMPARE(show.session.screenshot().count(kInk, {400, 200, 400, 400}), 0);
 }
 
@@ -85,7 +86,7 @@ void WheelScenarios::withoutTheSpotlightTheWheelChangesNothing()
     show.hotKey(Key::W);
     EVENTUALLY(show.hasKeyboard());
     QVERIFY(show.session.pointer().wheel(5));
-    // A stroke is answered after what came before it.
+    // Once the stroke is visible, everything before it has been handled.
     QVERIFY(show.session.pointer().drag({{300, 700}, {400, 700}}));
     EVENTUALLY(show.pixel({350, 700}) == kInk);
     QCOMPARE(storedRadius(show.session), QString());
@@ -103,7 +104,7 @@ void WheelScenarios::withOnlyTheSpotlightTheWheelReachesTheApplications()
     show.beneath.forget();
     QVERIFY(show.session.pointer().wheel(2));
     EVENTUALLY(show.beneath.presses(Pointer::WheelUp).size() == 2);
-    // When the hole has followed the pointer, the wheel has been heard.
+    // Once the hole has followed the pointer, the wheel has been handled.
     QVERIFY(show.session.pointer().moveTo({1200, 400}));
     EVENTUALLY(show.pixel({1200, 400}) == show.beneathColor());
     QVERIFY(show.session.pointer().moveTo(kMiddle));
@@ -133,16 +134,16 @@ void WheelScenarios::aScrollAxisCountsInsteadOfItsButtons()
     EVENTUALLY(show.hasKeyboard());
     show.beneath.forget();
 
-    // The first notch counts already, and each counts once.
+    // The first notch counts, and each notch counts once.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
     EVENTUALLY(isStored(show.session, kRadius + kNotch));
     QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
     EVENTUALLY(isStored(show.session, kRadius - 2 * kNotch));
     EVENTUALLY(reaches(show.session, kRadius - 2 * kNotch, Qt::white));
-    // Fingers: a third of a notch is five points.
+    // Smooth scrolling: a third of a notch scrolls 5 points, which changes the radius by 6.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch / 3));
     EVENTUALLY(isStored(show.session, kRadius - 2 * kNotch + 6));
-    // The classic wheel beside it.
+    // The classic wheel works too.
     QVERIFY(show.session.pointer().wheel(1));
     EVENTUALLY(isStored(show.session, kRadius - kNotch + 6));
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));

@@ -1,4 +1,4 @@
-// Where a widget's window lies, and which clicks and keys are its own.
+// The place of a widget's window, and the clicks and keys that it gets.
 #include "registered_test.h"
 #include "seam.h"
 
@@ -9,7 +9,7 @@ namespace {
 struct Move
 {
     QString command;
-    /// Where the window then is, without its ornament: native root pixels.
+    /// The window's rectangle afterwards, without its ornament: native root pixels.
     QRect native;
 };
 
@@ -37,7 +37,7 @@ void WidgetWindowScenarios::theWindowIsPlacedInPoints_data()
     QTest::addColumn<QPoint>("origin");
     QTest::addColumn<QRect>("native");
 
-    // Points count from the lower left corner of the first screen, which is 1024 of them high.
+    // Points are relative to the lower left corner of the first screen, which is 1024 points high.
     QTest::newRow("same scale, first screen") << "1;1" << QPoint(100, 200) << QRect(100, 524, 150, 300);
     QTest::newRow("same scale, second screen") << "1;1" << QPoint(1400, 300) << QRect(1400, 424, 150, 300);
     QTest::newRow("mixed scales, first screen") << "1;2" << QPoint(100, 200) << QRect(100, 524, 150, 300);
@@ -58,14 +58,14 @@ void WidgetWindowScenarios::theWindowIsPlacedInPoints()
     const QString frame = QString("%1 %2 150 300").arg(origin.x()).arg(origin.y());
     const QString move = QString("move %1 %2").arg(origin.x()).arg(origin.y());
     {
-        // Placed before it is shown.
+        // Moved before it is shown.
         Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
         QCOMPARE(seam.tell(move), frame);
         seam.tell("show");
         EVENTUALLY(seam.red() == native);
         QCOMPARE(seam.tell("frame"), frame);
     }
-    // Moved while it is shown, there and back and there.
+    // Moved while it is shown, back and forth.
     Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
     seam.tell("move 10 20");
     seam.tell("show");
@@ -109,7 +109,7 @@ void WidgetWindowScenarios::clicksPassThroughTheOrnament()
         seam.tell(move.command);
         EVENTUALLY(seam.red() == move.native);
     }
-    // Once as it was made and once after it has grown.
+    // At its first size, and after it has grown.
     for (const QString &size : {QString("150 300"), QString("190 330")}) {
         seam.tell("resize " + size);
         const QSize points(size.section(' ', 0, 0).toInt(), size.section(' ', 1).toInt());
@@ -124,7 +124,7 @@ void WidgetWindowScenarios::clicksPassThroughTheOrnament()
         beneath.forget();
         for (const QPoint inside : {slab.topLeft() + QPoint(1, 1), slab.bottomRight() - QPoint(1, 1)})
             QVERIFY(session.pointer().clickAt(inside));
-        // The order of clicks is kept: one that got through would have come before this.
+        // Clicks arrive in order: one that passed through would have come before this one.
         const QPoint after = slab.bottomRight() + QPoint(5, 5);
         QVERIFY(session.pointer().clickAt(after));
         EVENTUALLY(!beneath.presses().isEmpty());
@@ -142,7 +142,7 @@ void WidgetWindowScenarios::aMaskedWidgetKeepsItsOrnamentClickThrough()
     const QRect native(200, 280, 150, 300);
     EVENTUALLY(seam.red() == native);
     const QPoint outside = native.topLeft() - QPoint(2, 0);
-    // Without a mask the ornament is black, which is why there are masks.
+    // Without a mask the ornament is black; this is why there are masks.
     const QList<std::pair<QString, QColor>> steps = {
         {"unmask", Qt::black}, {"mask", Qt::blue}, {"unmask", Qt::black}};
     for (const auto &step : steps) {
@@ -200,14 +200,14 @@ void WidgetWindowScenarios::theWindowSurvivesLosingItsScreen()
     EVENTUALLY(seam.tell("screens") == "1");
     seam.tell("move 100 200");
     EVENTUALLY(seam.red() == QRect(100, 524, 150, 300));
-    // Above others, and clicked through around it, as before.
+    // It is still above other windows, and clicks around it still pass through.
     WindowBeneath beneath(session, kLeft, Qt::blue);
     EVENTUALLY(session.screenshot().pixel({2, 2}) == QColor(Qt::blue) &&
                seam.red() == QRect(100, 524, 150, 300));
     QVERIFY(session.pointer().clickAt({98, 600}));
     EVENTUALLY(beneath.presses() == QList<QPoint>{QPoint(98, 600)});
 
-    // Every screen off, and another one on.
+    // All screens off, and then another one on.
     session.display().unplug(0);
     EVENTUALLY(seam.tell("screens") == "0");
     QCOMPARE(seam.tell("main"), QString("none"));
@@ -230,7 +230,7 @@ void WidgetWindowScenarios::theWindowSurvivesLosingOneOfTwoMirroredScreens()
     const QRect native(100, 524, 150, 300);
     EVENTUALLY(seam.red() == native);
     session.display().unplug(0);
-    // On top of what comes later, and at its place.
+    // It is above windows that open later, and at its place.
     const WindowBeneath beneath(session, kLeft, Qt::blue);
     EVENTUALLY(session.screenshot().pixel({2, 2}) == QColor(Qt::blue) && seam.red() == native);
     QCOMPARE(seam.tell("frame"), QString("100 200 150 300"));

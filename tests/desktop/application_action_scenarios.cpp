@@ -61,15 +61,28 @@ private Q_SLOTS:
 void ApplicationActionScenarios::anActionDoesWhatItsMenuEntryDoes()
 {
     using namespace label;
-    const QList<std::pair<QString, QStringList>> marks = {
-        {"draw", {kDraw, kDark}},     {"spotlight", {kSpot, kDark}},   {"whiteboard", {kBoard, kDark}},
-        {"clicks", {kClicks, kDark}}, {"cursor-ring", {kRing, kDark}}, {"auto-fade", {kFade, kDark}},
-        {"dark-toolbar", {}}};
+    struct Row
+    {
+        QString action;
+        QStringList checked;
+    };
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        {.action = "draw",         .checked = {kDraw, kDark}},
+        {.action = "spotlight",    .checked = {kSpot, kDark}},
+        {.action = "whiteboard",   .checked = {kBoard, kDark}},
+        {.action = "clicks",       .checked = {kClicks, kDark}},
+        {.action = "cursor-ring",  .checked = {kRing, kDark}},
+        {.action = "auto-fade",    .checked = {kFade, kDark}},
+        {.action = "dark-toolbar", .checked = {}},
+    };
+    // clang-format on
     BusPresentation show;
-    for (const auto &mark : marks) {
-        QVERIFY2(show.activate(mark.first), qPrintable(mark.first));
-        EVENTUALLY(show.checked() == mark.second);
-        QVERIFY2(show.activate(mark.first), qPrintable(mark.first));
+    for (const Row &row : rows) {
+        QVERIFY2(show.activate(row.action), qPrintable(row.action));
+        EVENTUALLY(show.checked() == row.checked);
+        QVERIFY2(show.activate(row.action), qPrintable(row.action));
         EVENTUALLY(show.checked() == QStringList{kDark});
     }
 }

@@ -40,19 +40,30 @@ private Q_SLOTS:
 
 void FocusScenarios::theKeyboardReturnsToItsPreviousOwner_data()
 {
+    struct Row
+    {
+        const char *name;
+        QList<Key> into;
+        QList<Key> out;
+    };
+    // Esc is the plain key; letters are hot keys.
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        {.name = "drawing, hot key",            .into = {Key::D},                 .out = {Key::D}},
+        {.name = "drawing, Esc",                .into = {Key::D},                 .out = {Key::Escape}},
+        {.name = "drawing, pin",                .into = {Key::D},                 .out = {Key::P}},
+        {.name = "whiteboard, hot key",         .into = {Key::W},                 .out = {Key::W}},
+        {.name = "whiteboard, Esc",             .into = {Key::W},                 .out = {Key::Escape}},
+        {.name = "both, one after the other",   .into = {Key::D, Key::W},         .out = {Key::D, Key::W}},
+        {.name = "drawing with spotlight, Esc", .into = {Key::D, Key::S},         .out = {Key::Escape}},
+        {.name = "pinned and drawn on, Esc",    .into = {Key::D, Key::P, Key::D}, .out = {Key::Escape}},
+    };
+    // clang-format on
     QTest::addColumn<QList<Key>>("into");
     QTest::addColumn<QList<Key>>("out");
-
-    // Esc is the plain key; letters are hot keys.
-    QTest::newRow("drawing, hot key") << QList<Key>{Key::D} << QList<Key>{Key::D};
-    QTest::newRow("drawing, Esc") << QList<Key>{Key::D} << QList<Key>{Key::Escape};
-    QTest::newRow("drawing, pin") << QList<Key>{Key::D} << QList<Key>{Key::P};
-    QTest::newRow("whiteboard, hot key") << QList<Key>{Key::W} << QList<Key>{Key::W};
-    QTest::newRow("whiteboard, Esc") << QList<Key>{Key::W} << QList<Key>{Key::Escape};
-    QTest::newRow("both, one after the other") << QList<Key>{Key::D, Key::W} << QList<Key>{Key::D, Key::W};
-    QTest::newRow("drawing with spotlight, Esc") << QList<Key>{Key::D, Key::S} << QList<Key>{Key::Escape};
-    QTest::newRow("pinned, drawn on again, Esc")
-        << QList<Key>{Key::D, Key::P, Key::D} << QList<Key>{Key::Escape};
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.into << row.out;
 }
 
 void FocusScenarios::theKeyboardReturnsToItsPreviousOwner()

@@ -30,9 +30,10 @@ void ProcessScenarios::withoutADisplayItReportsThatAndExits_data()
 {
     QTest::addColumn<QString>("display");
     QTest::addColumn<QByteArray>("line");
-    QTest::newRow("none") << QString("") << QByteArray("zeigewerk: no X11 display: DISPLAY is not set\n");
-    QTest::newRow("unreachable") << QString(":64999")
-                                 << QByteArray("zeigewerk: cannot reach the X11 display :64999\n");
+    const QByteArray notSet = "zeigewerk: no X11 display: DISPLAY is not set\n";
+    const QByteArray unreachable = "zeigewerk: cannot reach the X11 display :64999\n";
+    QTest::newRow("not set") << QString("") << notSet;
+    QTest::newRow("unreachable") << QString(":64999") << unreachable;
 }
 
 void ProcessScenarios::withoutADisplayItReportsThatAndExits()
@@ -150,10 +151,10 @@ void ProcessScenarios::whenTheDisplayGoesAwayItReportsThatAndExits_data()
 {
     QTest::addColumn<int>("signal");
     QTest::addColumn<QList<Key>>("modes");
-    QTest::newRow("it ends, waiting") << SIGTERM << QList<Key>{};
-    QTest::newRow("it is killed, waiting") << SIGKILL << QList<Key>{};
-    QTest::newRow("it ends, with everything on") << SIGTERM << QList<Key>{Key::K, Key::S, Key::D};
-    QTest::newRow("it is killed, with everything on") << SIGKILL << QList<Key>{Key::K, Key::S, Key::D};
+    QTest::newRow("terminated while idle") << SIGTERM << QList<Key>{};
+    QTest::newRow("killed while idle") << SIGKILL << QList<Key>{};
+    QTest::newRow("terminated with all modes on") << SIGTERM << QList<Key>{Key::K, Key::S, Key::D};
+    QTest::newRow("killed with all modes on") << SIGKILL << QList<Key>{Key::K, Key::S, Key::D};
 }
 
 void ProcessScenarios::whenTheDisplayGoesAwayItReportsThatAndExits()

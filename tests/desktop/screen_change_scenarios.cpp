@@ -78,12 +78,12 @@ void ScreenChangeScenarios::drawingContinuesWhenAScreenChanges_data()
 {
     QTest::addColumn<int>("output");
     QTest::addColumn<QRect>("screen");
-    QTest::newRow("turned by a quarter") << 1 << QRect(1280, 0, 900, 1600);
+    QTest::newRow("rotated by 90 degrees") << 1 << QRect(1280, 0, 900, 1600);
     QTest::newRow("larger") << 1 << QRect(1280, 0, 2560, 1440);
     QTest::newRow("smaller") << 0 << QRect(0, 0, 800, 600);
     QTest::newRow("lower") << 1 << QRect(1280, 400, 1600, 900);
     QTest::newRow("with a gap") << 1 << QRect(1500, 0, 1600, 900);
-    QTest::newRow("a third one below") << 2 << QRect(300, 1024, 1024, 768);
+    QTest::newRow("a third screen below") << 2 << QRect(300, 1024, 1024, 768);
 }
 
 void ScreenChangeScenarios::drawingContinuesWhenAScreenChanges()

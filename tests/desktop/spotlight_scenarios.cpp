@@ -88,12 +88,12 @@ void SpotlightScenarios::theStoredRadiusIsUsed_data()
     QTest::addColumn<QByteArray>("stored");
     QTest::addColumn<int>("radius");
 
-    QTest::newRow("a stored radius") << QByteArray("200") << 200;
+    QTest::newRow("valid") << QByteArray("200") << 200;
     QTest::newRow("text") << QByteArray("wide") << kRadius;
     QTest::newRow("zero") << QByteArray("0") << kRadius;
-    QTest::newRow("no number") << QByteArray("nan") << kRadius;
-    QTest::newRow("so large that nothing is dimmed") << QByteArray("1e9") << -1;
-    QTest::newRow("endless") << QByteArray("inf") << -1;
+    QTest::newRow("not a number") << QByteArray("nan") << kRadius;
+    QTest::newRow("too large to dim anything") << QByteArray("1e9") << -1;
+    QTest::newRow("infinite") << QByteArray("inf") << -1;
 }
 
 void SpotlightScenarios::theStoredRadiusIsUsed()

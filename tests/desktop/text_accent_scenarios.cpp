@@ -39,17 +39,28 @@ private Q_SLOTS:
 
 void TextAccentScenarios::deadKeysComposeAccentedLetters_data()
 {
+    struct Row
+    {
+        const char *name;
+        Environment environment;
+    };
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        {"no language, UTF-8",                    {{"LANG", "C.UTF-8"}}},
+        {"no language",                           {{"LANG", "C"}}},
+        {"LANG is empty",                         {{"LANG", ""}}},
+        {"LC_ALL overrides LANG",                 {{"LANG", "C.UTF-8"}, {"LC_ALL", "POSIX"}}},
+        {"a locale that is not installed",        {{"LANG", "de_DE.UTF-8"}}},
+        {"a locale without UTF-8",                {{"LANG", "de_DE"}}},
+        {"a locale without a compose table",      {{"LANG", "xx_XX.UTF-8"}}},
+        {"an input method that is not installed", {{"QT_IM_MODULE", "none-such"}}},
+        {"an input method that is not running",   {{"QT_IM_MODULE", "ibus"}, {"XMODIFIERS", "@im=ibus"}}},
+    };
+    // clang-format on
     QTest::addColumn<Environment>("environment");
-    QTest::newRow("no language, in UTF-8") << Environment{{"LANG", "C.UTF-8"}};
-    QTest::newRow("no language") << Environment{{"LANG", "C"}};
-    QTest::newRow("nothing said") << Environment{{"LANG", ""}};
-    QTest::newRow("above all") << Environment{{"LANG", "C.UTF-8"}, {"LC_ALL", "POSIX"}};
-    QTest::newRow("a locale that is not installed") << Environment{{"LANG", "de_DE.UTF-8"}};
-    QTest::newRow("not in UTF-8") << Environment{{"LANG", "de_DE"}};
-    QTest::newRow("a locale without a table") << Environment{{"LANG", "xx_XX.UTF-8"}};
-    QTest::newRow("an input method that is not installed") << Environment{{"QT_IM_MODULE", "none-such"}};
-    QTest::newRow("an input method that does not run")
-        << Environment{{"QT_IM_MODULE", "ibus"}, {"XMODIFIERS", "@im=ibus"}};
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.environment;
 }
 
 void TextAccentScenarios::deadKeysComposeAccentedLetters()

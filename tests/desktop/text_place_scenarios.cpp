@@ -114,17 +114,24 @@ void TextPlaceScenarios::textStaysWhereItWasTyped()
 
 void TextPlaceScenarios::rightToLeftTextStaysWhereItWasTyped_data()
 {
+    struct Row
+    {
+        const char *name;
+        QString keys;
+        QString text;
+    };
+    // The keys on an Israeli keyboard.
+    const QList<Row> rows = {
+        {.name = "one word", .keys = "akuo", .text = "שלום"},
+        {.name = "two words", .keys = "akuo guko ", .text = "שלום עולם "},
+        {.name = "with digits", .keys = "akuo 12", .text = "שלום 12"},
+    };
     QTest::addColumn<double>("scale");
     QTest::addColumn<QString>("keys");
     QTest::addColumn<QString>("text");
     for (const double scale : {1.0, 1.5}) {
-        // The keys on an Israeli keyboard.
-        QTest::addRow("one word, scale %g", scale) << scale << "akuo"
-                                                   << "שלום";
-        QTest::addRow("two words, scale %g", scale) << scale << "akuo guko "
-                                                    << "שלום עולם ";
-        QTest::addRow("with figures, scale %g", scale) << scale << "akuo 12"
-                                                       << "שלום 12";
+        for (const Row &row : rows)
+            QTest::addRow("%s, scale %g", row.name, scale) << scale << row.keys << row.text;
     }
 }
 

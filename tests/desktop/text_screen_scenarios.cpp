@@ -39,34 +39,47 @@ private Q_SLOTS:
 
 void TextScreenScenarios::theFieldHasTheScaleOfItsScreen_data()
 {
+    struct Row
+    {
+        const char *name;
+        QList<QRect> screens;
+        double scale;
+        double scaleOfSecond;
+        QPoint press;
+        double scaleThere;
+        QSize size;
+    };
+    const QList<QRect> row = {kScreen, kScreenBeside};
+    const QList<QRect> largeRow = {kLargeScreen, kScreenBesideLarge};
+    const QList<QRect> column = {kScreen, kScreenBelow};
+    // The field is clipped at the edge of its screen. In the row "slightly over the edge" it is not, because
+    // its middle stays on its screen; nor is it beside a screen of the same scale.
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        // name, screens, scale, scale of second, press, scale there, size
+        {"beside a denser screen",                  row,      1.0, 2.0, {1200, 100},  1.0, {79, 32}},
+        {"beside the last line of a denser screen", row,      1.0, 2.0, {1200, 900},  1.0, {79, 32}},
+        {"at the very edge",                        row,      1.0, 2.0, {1279, 100},  1.0, {1, 32}},
+        {"beside a coarser screen",                 largeRow, 2.0, 1.0, {2380, 1350}, 2.0, {179, 64}},
+        {"beside a screen with a fractional scale", row,      1.0, 1.5, {1200, 100},  1.0, {79, 32}},
+        {"above a denser screen",                   column,   1.0, 2.0, {300, 1015},  1.0, {340, 12}},
+        {"slightly over the edge",                  row,      1.0, 2.0, {1100, 100},  1.0, {340, 32}},
+        {"beside a screen of the same scale",       row,      1.0, 1.0, {1200, 100},  1.0, {340, 32}},
+        {"on the denser screen",                    row,      1.0, 2.0, {1400, 300},  2.0, {680, 64}},
+        {"on the coarser screen",                   row,      2.0, 1.0, {1400, 300},  1.0, {340, 32}},
+    };
+    // clang-format on
     QTest::addColumn<QList<QRect>>("screens");
     QTest::addColumn<double>("scale");
     QTest::addColumn<double>("scaleOfSecond");
     QTest::addColumn<QPoint>("press");
     QTest::addColumn<double>("scaleThere");
     QTest::addColumn<QSize>("size");
-
-    const QList<QRect> row = {kScreen, kScreenBeside};
-    const QList<QRect> largeRow = {kLargeScreen, kScreenBesideLarge};
-    const QList<QRect> column = {kScreen, kScreenBelow};
-    // The field is clipped at the edge of its screen.
-    QTest::newRow("beside a denser screen") << row << 1.0 << 2.0 << QPoint(1200, 100) << 1.0 << QSize(79, 32);
-    QTest::newRow("beside the last line of a denser screen")
-        << row << 1.0 << 2.0 << QPoint(1200, 900) << 1.0 << QSize(79, 32);
-    QTest::newRow("at the very edge") << row << 1.0 << 2.0 << QPoint(1279, 100) << 1.0 << QSize(1, 32);
-    QTest::newRow("beside a coarser screen")
-        << largeRow << 2.0 << 1.0 << QPoint(2380, 1350) << 2.0 << QSize(179, 64);
-    QTest::newRow("beside one with a broken scale")
-        << row << 1.0 << 1.5 << QPoint(1200, 100) << 1.0 << QSize(79, 32);
-    QTest::newRow("above a denser screen")
-        << column << 1.0 << 2.0 << QPoint(300, 1015) << 1.0 << QSize(340, 12);
-    // Its middle stays on its screen, and the rest extends over the other one.
-    QTest::newRow("a little over the edge")
-        << row << 1.0 << 2.0 << QPoint(1100, 100) << 1.0 << QSize(340, 32);
-    QTest::newRow("beside a screen of the same scale")
-        << row << 1.0 << 1.0 << QPoint(1200, 100) << 1.0 << QSize(340, 32);
-    QTest::newRow("on the denser screen") << row << 1.0 << 2.0 << QPoint(1400, 300) << 2.0 << QSize(680, 64);
-    QTest::newRow("on the coarser screen") << row << 2.0 << 1.0 << QPoint(1400, 300) << 1.0 << QSize(340, 32);
+    for (const Row &each : rows) {
+        QTest::newRow(each.name) << each.screens << each.scale << each.scaleOfSecond << each.press
+                                 << each.scaleThere << each.size;
+    }
 }
 
 void TextScreenScenarios::theFieldHasTheScaleOfItsScreen()

@@ -46,12 +46,12 @@ void blockSettings(const DesktopSession &session, const QString &obstacle)
 {
     const QDir home = session.home();
     bool done = false;
-    if (obstacle == "a file in the folder's place")
+    if (obstacle == "a file instead of the folder")
         done = home.mkpath(".config") && QFile(home.filePath(kFolder)).open(QFile::WriteOnly);
-    else if (obstacle == "a folder in the file's place")
+    else if (obstacle == "a folder instead of the file")
         done = home.mkpath(kFile);
     if (!done)
-        failRig("cannot spoil the settings");
+        failRig("cannot block the settings");
 }
 
 } // namespace
@@ -168,19 +168,33 @@ void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNotADrag()
 
 void ToolbarPlaceScenarios::anUnusableSavedPlaceIsCorrected_data()
 {
+    struct Row
+    {
+        const char *name;
+        QByteArray saved;
+        /// Null for the default place.
+        QRect panel;
+    };
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        // name, saved, panel
+        {"text",                 "over there on the right",    {}},
+        {"empty",                "",                           {}},
+        {"comma-separated",      "200, 300, 151, 477, DUMMY0", {}},
+        {"not numbers",          "nan nan nan nan DUMMY0",     {}},
+        {"infinite",             "inf inf 151 477 DUMMY0",     {}},
+        {"another size",         "200 300 999 10 DUMMY0",      {200, 303, 151, 477}},
+        {"beyond the left edge", "-5000 300 151 477 DUMMY0",   {0, 303, 151, 477}},
+        {"beyond the top edge",  "200 5000 151 477 DUMMY0",    {200, 0, 151, 477}},
+        {"on no screen",         "9000 -9000 151 477 DUMMY9",  {1769, 603, 151, 477}},
+        {"barely visible",       "1900 300 151 477 DUMMY0",    {1769, 303, 151, 477}},
+    };
+    // clang-format on
     QTest::addColumn<QByteArray>("saved");
     QTest::addColumn<QRect>("panel");
-    const QRect defaultPlace;
-    QTest::newRow("words") << QByteArray("over there on the right") << defaultPlace;
-    QTest::newRow("nothing") << QByteArray() << defaultPlace;
-    QTest::newRow("a list") << QByteArray("200, 300, 151, 477, DUMMY0") << defaultPlace;
-    QTest::newRow("no numbers") << QByteArray("nan nan nan nan DUMMY0") << defaultPlace;
-    QTest::newRow("endless") << QByteArray("inf inf 151 477 DUMMY0") << defaultPlace;
-    QTest::newRow("other size") << QByteArray("200 300 999 10 DUMMY0") << QRect(200, 303, 151, 477);
-    QTest::newRow("off to the left") << QByteArray("-5000 300 151 477 DUMMY0") << QRect(0, 303, 151, 477);
-    QTest::newRow("off to the top") << QByteArray("200 5000 151 477 DUMMY0") << QRect(200, 0, 151, 477);
-    QTest::newRow("on no screen") << QByteArray("9000 -9000 151 477 DUMMY9") << QRect(1769, 603, 151, 477);
-    QTest::newRow("hardly to be seen") << QByteArray("1900 300 151 477 DUMMY0") << QRect(1769, 303, 151, 477);
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.saved << row.panel;
 }
 
 void ToolbarPlaceScenarios::anUnusableSavedPlaceIsCorrected()
@@ -240,7 +254,7 @@ void ToolbarPlaceScenarios::switchesSurviveARestart()
 void ToolbarPlaceScenarios::unwritableSettingsBreakNothing_data()
 {
     QTest::addColumn<QString>("obstacle");
-    for (const char *obstacle : {"a file in the folder's place", "a folder in the file's place"})
+    for (const char *obstacle : {"a file instead of the folder", "a folder instead of the file"})
         QTest::newRow(obstacle) << QString(obstacle);
 }
 

@@ -24,18 +24,27 @@ struct Mark
     QList<QPoint> free;
 };
 
+// A table, one field per line:
+// clang-format off
 const QList<Mark> kMarks = {
-    {button::kPen, {{400, 330}, {560, 400}}, {{500, 350}, {600, 350}}},
-    {button::kLine, {{420, 310}, {500, 350}, {580, 390}}, {{400, 350}, {500, 400}, {588, 401}, {594, 391}}},
-    // The last two are on the arrow's head.
-    {button::kArrow, {{420, 310}, {500, 350}, {588, 401}, {595, 391}}, {{400, 350}, {500, 400}}},
-    {button::kRectangle,
-     {{400, 300}, {500, 300}, {400, 350}, {600, 350}, {500, 400}, {600, 400}},
-     {{500, 350}, {410, 310}}},
-    {button::kEllipse,
-     {{500, 300}, {400, 350}, {600, 350}, {500, 400}},
-     {{500, 350}, {400, 300}, {600, 400}}},
+    {.tool = button::kPen,
+     .inked = {{400, 330}, {560, 400}},
+     .free = {{500, 350}, {600, 350}}},
+    {.tool = button::kLine,
+     .inked = {{420, 310}, {500, 350}, {580, 390}},
+     .free = {{400, 350}, {500, 400}, {588, 401}, {594, 391}}},
+    // The last two inked places are on the arrow's head.
+    {.tool = button::kArrow,
+     .inked = {{420, 310}, {500, 350}, {588, 401}, {595, 391}},
+     .free = {{400, 350}, {500, 400}}},
+    {.tool = button::kRectangle,
+     .inked = {{400, 300}, {500, 300}, {400, 350}, {600, 350}, {500, 400}, {600, 400}},
+     .free = {{500, 350}, {410, 310}}},
+    {.tool = button::kEllipse,
+     .inked = {{500, 300}, {400, 350}, {600, 350}, {500, 400}},
+     .free = {{500, 350}, {400, 300}, {600, 400}}},
 };
+// clang-format on
 
 bool haveColor(const Screenshot &screen, const QList<QPoint> &places, const QColor &color)
 {

@@ -15,11 +15,25 @@ struct ButtonRef
     int index = 0;
 };
 
+/// Buttons that switch no canvas on.
+// A table, one row per line:
+// clang-format off
 const QList<ButtonRef> kButtonsWithoutCanvas = {
-    {button::kClicks},   {button::kRing},     {button::kFade},       {button::kColor, 2}, {button::kColor, 7},
-    {button::kWidth, 0}, {button::kWidth, 2}, {button::kAppearance}, {button::kUndo},     {button::kClear},
-    {button::kClicks},   {button::kRing},     {button::kAppearance},
+    {.name = button::kClicks},
+    {.name = button::kRing},
+    {.name = button::kFade},
+    {.name = button::kColor, .index = 2},
+    {.name = button::kColor, .index = 7},
+    {.name = button::kWidth, .index = 0},
+    {.name = button::kWidth, .index = 2},
+    {.name = button::kAppearance},
+    {.name = button::kUndo},
+    {.name = button::kClear},
+    {.name = button::kClicks},
+    {.name = button::kRing},
+    {.name = button::kAppearance},
 };
+// clang-format on
 
 bool lostFocus(WindowBeneath &window)
 {

@@ -94,10 +94,10 @@ void TrayPopupScenarios::aMenuOpenedDuringAGrabCanBeClosedAfterwards_data()
 {
     QTest::addColumn<bool>("isKeyboardGrab");
     QTest::addColumn<bool>("isClosedByEsc");
-    QTest::newRow("of the pointer, closed by a click") << false << false;
-    QTest::newRow("of the pointer, closed by Esc") << false << true;
-    QTest::newRow("of the keyboard, closed by a click") << true << false;
-    QTest::newRow("of the keyboard, closed by Esc") << true << true;
+    QTest::newRow("pointer grab, closed by a click") << false << false;
+    QTest::newRow("pointer grab, closed by Esc") << false << true;
+    QTest::newRow("keyboard grab, closed by a click") << true << false;
+    QTest::newRow("keyboard grab, closed by Esc") << true << true;
 }
 
 // A tray that opens the menu on a press holds the pointer until the release.

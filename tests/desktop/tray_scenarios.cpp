@@ -143,7 +143,7 @@ void TrayScenarios::theItemLeavesWithTheProgram()
 void TrayScenarios::withoutATrayTheProgramWorks_data()
 {
     QTest::addColumn<QString>("bus");
-    QTest::newRow("a session bus without one") << QString();
+    QTest::newRow("a session bus without a tray") << QString();
     QTest::newRow("no session bus") << QString("unix:path=/dev/null/no-bus");
 }
 

@@ -31,15 +31,31 @@ private Q_SLOTS:
 
 void UndoScenarios::undoShortcutsWorkAcrossScreens_data()
 {
+    struct Row
+    {
+        const char *name;
+        QList<Key> modifiers;
+        QString keyboardMap;
+        /// The position of Z with that map.
+        Key key;
+    };
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        // name, modifiers, keyboard map, key
+        {"Ctrl",                        {Key::Ctrl},             "us",    Key::Z},
+        {"Ctrl and Shift",              {Key::Ctrl, Key::Shift}, "us",    Key::Z},
+        {"Super",                       {Key::Super},            "us",    Key::Z},
+        {"German keyboard",             {Key::Ctrl},             "de",    Key::Y},
+        {"Hebrew keyboard",             {Key::Ctrl},             "il,us", Key::Z},
+        {"Russian and German keyboard", {Key::Super},            "ru,de", Key::Y},
+    };
+    // clang-format on
     QTest::addColumn<QList<Key>>("modifiers");
     QTest::addColumn<QString>("keyboardMap");
     QTest::addColumn<Key>("key");
-    QTest::newRow("Ctrl") << QList<Key>{Key::Ctrl} << "us" << Key::Z;
-    QTest::newRow("Ctrl and Shift") << QList<Key>{Key::Ctrl, Key::Shift} << "us" << Key::Z;
-    QTest::newRow("Super") << QList<Key>{Key::Super} << "us" << Key::Z;
-    QTest::newRow("where the letter is on a German keyboard") << QList<Key>{Key::Ctrl} << "de" << Key::Y;
-    QTest::newRow("with Hebrew letters") << QList<Key>{Key::Ctrl} << "il,us" << Key::Z;
-    QTest::newRow("with Russian letters, beside German ones") << QList<Key>{Key::Super} << "ru,de" << Key::Y;
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.modifiers << row.keyboardMap << row.key;
 }
 
 void UndoScenarios::undoShortcutsWorkAcrossScreens()

@@ -45,7 +45,7 @@ public:
         const QString opener = prefix.filePath("user/xdg-open");
         writeFile(opener, "#!/usr/bin/env bash\n"
                           "{ echo \"$1\"; grep SigBlk /proc/self/status; env; } >\"$0.part\"\n"
-                          "mv \"$0.part\" \"$0.told\"\n");
+                          "mv \"$0.part\" \"$0.report\"\n");
         QFile::setPermissions(opener, QFile::ReadOwner | QFile::ExeOwner);
         // From now on the rig runs this program.
         qputenv("ZEIGEWERK_BINARY", program().toLocal8Bit());
@@ -63,7 +63,7 @@ public:
     }
     QStringList openerReport() const
     {
-        QFile report(m_prefix.filePath("user/xdg-open.told"));
+        QFile report(m_prefix.filePath("user/xdg-open.report"));
         return report.open(QFile::ReadOnly) ? QString::fromUtf8(report.readAll()).split('\n') : QStringList();
     }
 

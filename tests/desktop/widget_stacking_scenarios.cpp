@@ -37,10 +37,10 @@ void WidgetStackingScenarios::levelsKeepTheirOrder_data()
     QTest::addColumn<QStringList>("shown");
 
     // The slab is at (200, 500), and the other windows overlap it.
-    QTest::newRow("from the bottom") << QStringList{"overlay", "show", "effect 250 600"};
-    QTest::newRow("from the top") << QStringList{"effect 250 600", "show", "overlay"};
-    QTest::newRow("the slab once more") << QStringList{"show", "effect 250 600", "overlay", "show"};
-    QTest::newRow("the slab hidden meanwhile")
+    QTest::newRow("bottom to top") << QStringList{"overlay", "show", "effect 250 600"};
+    QTest::newRow("top to bottom") << QStringList{"effect 250 600", "show", "overlay"};
+    QTest::newRow("the slab shown again") << QStringList{"show", "effect 250 600", "overlay", "show"};
+    QTest::newRow("the slab hidden in between")
         << QStringList{"show", "hide", "effect 250 600", "overlay", "show"};
 }
 

@@ -33,19 +33,32 @@ private Q_SLOTS:
 
 void WidgetWindowScenarios::theWindowIsPlacedInPoints_data()
 {
+    struct Row
+    {
+        const char *name;
+        QString scales;
+        QPoint origin;
+        QRect native;
+    };
+    // Points are relative to the lower left corner of the first screen, which is 1024 pixels high. In the row
+    // "mixed scales, second screen" the window is 120 points from its screen's left edge and 24 from its top.
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        // name, scales, origin, native
+        {"same scale, first screen",    "1;1",   {100, 200},  {100, 524, 150, 300}},
+        {"same scale, second screen",   "1;1",   {1400, 300}, {1400, 424, 150, 300}},
+        {"mixed scales, first screen",  "1;2",   {100, 200},  {100, 524, 150, 300}},
+        {"mixed scales, second screen", "1;2",   {1400, 700}, {1520, 48, 300, 600}},
+        {"first screen denser",         "2;1",   {1400, 20},  {1400, 192, 150, 300}},
+        {"fractional scale",            "1;1.5", {1400, 700}, {1460, 36, 225, 450}},
+    };
+    // clang-format on
     QTest::addColumn<QString>("scales");
     QTest::addColumn<QPoint>("origin");
     QTest::addColumn<QRect>("native");
-
-    // Points are relative to the lower left corner of the first screen, which is 1024 points high.
-    QTest::newRow("same scale, first screen") << "1;1" << QPoint(100, 200) << QRect(100, 524, 150, 300);
-    QTest::newRow("same scale, second screen") << "1;1" << QPoint(1400, 300) << QRect(1400, 424, 150, 300);
-    QTest::newRow("mixed scales, first screen") << "1;2" << QPoint(100, 200) << QRect(100, 524, 150, 300);
-    // 120 points from its left edge and 24 from its top.
-    QTest::newRow("mixed scales, second screen") << "1;2" << QPoint(1400, 700) << QRect(1520, 48, 300, 600);
-    QTest::newRow("the first screen is the denser one")
-        << "2;1" << QPoint(1400, 20) << QRect(1400, 192, 150, 300);
-    QTest::newRow("a broken scale") << "1;1.5" << QPoint(1400, 700) << QRect(1460, 36, 225, 450);
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.scales << row.origin << row.native;
 }
 
 void WidgetWindowScenarios::theWindowIsPlacedInPoints()
@@ -88,12 +101,12 @@ void WidgetWindowScenarios::clicksPassThroughTheOrnament_data()
     QTest::addColumn<QList<Move>>("moves");
     QTest::addColumn<int>("scale");
 
-    const Move sparse = {"move 200 400", {200, 324, 150, 300}};
-    const Move denser = {"move 1400 650", {1520, 148, 300, 600}};
-    QTest::newRow("scale 1") << "1;1" << QList<Move>{sparse} << 1;
+    const Move coarse = {"move 200 400", {200, 324, 150, 300}};
+    const Move dense = {"move 1400 650", {1520, 148, 300, 600}};
+    QTest::newRow("scale 1") << "1;1" << QList<Move>{coarse} << 1;
     QTest::newRow("scale 2") << "2;2" << QList<Move>{{"move 200 100", {400, 224, 300, 600}}} << 2;
-    QTest::newRow("moved to a denser screen") << "1;2" << QList<Move>{sparse, denser} << 2;
-    QTest::newRow("moved away from it") << "1;2" << QList<Move>{sparse, denser, sparse} << 1;
+    QTest::newRow("moved to a denser screen") << "1;2" << QList<Move>{coarse, dense} << 2;
+    QTest::newRow("moved away from a denser screen") << "1;2" << QList<Move>{coarse, dense, coarse} << 1;
 }
 
 void WidgetWindowScenarios::clicksPassThroughTheOrnament()

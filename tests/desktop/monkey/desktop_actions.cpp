@@ -37,31 +37,26 @@ QString restartWindowManager(ActionContext &context, RandomChoice &)
 
 std::vector<Action> desktopActions()
 {
-    // clang-format off: a table, one row a line
+    // A table, one row per line:
+    // clang-format off
     return {
-        {.name = "open a window", .weight = 25, .perform = windows<&OtherWindows::openWindow>},
-        {.name = "close a window", .weight = 20, .perform = windows<&OtherWindows::closeWindow>},
-        {.name = "activate a window", .weight = 20, .perform = windows<&OtherWindows::activateWindow>},
-        {.name = "focus a window", .weight = 10, .perform = windows<&OtherWindows::takeKeyboard>},
-        {.name = "raise a window", .weight = 20, .perform = windows<&OtherWindows::raiseWindow>},
-        {.name = "toggle full screen", .weight = 15, .perform = windows<&OtherWindows::toggleFullScreen>},
-        {.name = "open a popup", .weight = 15, .perform = windows<&OtherWindows::openPopup>},
-        {.name = "close a popup", .weight = 15, .perform = windows<&OtherWindows::closePopup>},
-        {.name = "raise a popup", .weight = 20, .perform = windows<&OtherWindows::raisePopup>},
-        {.name = "toggle a popup's pointer grab",
-         .weight = 10,
-         .perform = windows<&OtherWindows::togglePointerGrab>},
-        {.name = "change the screens", .weight = 6, .perform = desktop<&DesktopChanges::changeScreens>},
-        {.name = "toggle the compositor", .weight = 4, .perform = desktop<&DesktopChanges::toggleCompositor>},
-        {.name = "restart the window manager", .weight = 1, .perform = restartWindowManager},
-        {.name = "toggle the tray", .weight = 5, .perform = desktop<&DesktopChanges::toggleTray>},
-        {.name = "toggle the embedding tray",
-         .weight = 4,
-         .perform = desktop<&DesktopChanges::toggleEmbeddingTray>},
-        {.name = "switch the keyboard map",
-         .weight = 2,
-         .perform = desktop<&DesktopChanges::switchKeyboardMap>},
-        {.name = "use the tray", .weight = 12, .perform = desktop<&DesktopChanges::useTray>},
+        {"open a window",                 25, windows<&OtherWindows::openWindow>},
+        {"close a window",                20, windows<&OtherWindows::closeWindow>},
+        {"activate a window",             20, windows<&OtherWindows::activateWindow>},
+        {"focus a window",                10, windows<&OtherWindows::takeKeyboard>},
+        {"raise a window",                20, windows<&OtherWindows::raiseWindow>},
+        {"toggle full screen",            15, windows<&OtherWindows::toggleFullScreen>},
+        {"open a popup",                  15, windows<&OtherWindows::openPopup>},
+        {"close a popup",                 15, windows<&OtherWindows::closePopup>},
+        {"raise a popup",                 20, windows<&OtherWindows::raisePopup>},
+        {"toggle a popup's pointer grab", 10, windows<&OtherWindows::togglePointerGrab>},
+        {"change the screens",            6,  desktop<&DesktopChanges::changeScreens>},
+        {"toggle the compositor",         4,  desktop<&DesktopChanges::toggleCompositor>},
+        {"restart the window manager",    1,  restartWindowManager},
+        {"toggle the tray",               5,  desktop<&DesktopChanges::toggleTray>},
+        {"toggle the embedding tray",     4,  desktop<&DesktopChanges::toggleEmbeddingTray>},
+        {"switch the keyboard map",       2,  desktop<&DesktopChanges::switchKeyboardMap>},
+        {"use the tray",                  12, desktop<&DesktopChanges::useTray>},
     };
     // clang-format on
 }

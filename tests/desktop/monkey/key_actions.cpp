@@ -90,17 +90,18 @@ QString lock(ActionContext &context, RandomChoice &random)
 
 std::vector<Action> keyActions()
 {
-    // clang-format off: a table, one row a line
+    // A table, one row per line:
+    // clang-format off
     return {
-        {.name = "hot key", .weight = 120, .perform = hotKey},
-        {.name = "Esc", .weight = 30, .perform = escape},
-        {.name = "Return", .weight = 20, .perform = enter},
-        {.name = "undo", .weight = 30, .perform = undo},
-        {.name = "type", .weight = 50, .perform = type},
-        {.name = "edit", .weight = 20, .perform = edit},
-        {.name = "hold a key", .weight = 15, .perform = hold},
-        {.name = "release all keys", .weight = 40, .perform = releaseKeys},
-        {.name = "toggle a lock", .weight = 8, .perform = lock},
+        {"hot key",          120, hotKey},
+        {"Esc",              30,  escape},
+        {"Return",           20,  enter},
+        {"undo",             30,  undo},
+        {"type",             50,  type},
+        {"edit",             20,  edit},
+        {"hold a key",       15,  hold},
+        {"release all keys", 40,  releaseKeys},
+        {"toggle a lock",    8,   lock},
     };
     // clang-format on
 }

@@ -131,18 +131,19 @@ QString dragToolbar(ActionContext &context, RandomChoice &random)
 
 std::vector<Action> pointerActions()
 {
-    // clang-format off: a table, one row a line
+    // A table, one row per line:
+    // clang-format off
     return {
-        {.name = "move", .weight = 80, .perform = move},
-        {.name = "click", .weight = 80, .perform = click},
-        {.name = "press", .weight = 30, .perform = press},
-        {.name = "release", .weight = 20, .perform = releaseAny},
-        {.name = "release all buttons", .weight = 40, .perform = releaseButtons},
-        {.name = "drag", .weight = 120, .perform = drag},
-        {.name = "wheel", .weight = 40, .perform = wheel},
-        {.name = "wheel with Alt", .weight = 30, .perform = wheelWithAlt},
-        {.name = "use the toolbar", .weight = 90, .perform = useToolbar},
-        {.name = "drag the toolbar", .weight = 15, .perform = dragToolbar},
+        {"move",                80,  move},
+        {"click",               80,  click},
+        {"press",               30,  press},
+        {"release",             20,  releaseAny},
+        {"release all buttons", 40,  releaseButtons},
+        {"drag",                120, drag},
+        {"wheel",               40,  wheel},
+        {"wheel with Alt",      30,  wheelWithAlt},
+        {"use the toolbar",     90,  useToolbar},
+        {"drag the toolbar",    15,  dragToolbar},
     };
     // clang-format on
 }

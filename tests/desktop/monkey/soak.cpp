@@ -33,15 +33,14 @@ struct Value
     /// A change by this many MiB does not count, however small the value is.
     double granularity = 0.0;
 };
-// clang-format off: a table, one row a line
-constexpr std::array kValues = {
-    Value{.name = "proportional", .member = &Memory::proportional, .isJudged = false},
-    Value{.name = "proportional, without files",
-          .member = &Memory::proportionalWithoutFiles,
-          .isJudged = true,
-          .granularity = kHeapGranularity},
-    Value{.name = "private", .member = &Memory::privateOnly, .isJudged = false},
-    Value{.name = "resident", .member = &Memory::resident, .isJudged = true},
+// A table, one row per line:
+// clang-format off
+constexpr Value kValues[] = {
+    {.name = "proportional", .member = &Memory::proportional, .isJudged = false},
+    {.name = "proportional, without files", .member = &Memory::proportionalWithoutFiles, .isJudged = true,
+     .granularity = kHeapGranularity},
+    {.name = "private", .member = &Memory::privateOnly, .isJudged = false},
+    {.name = "resident", .member = &Memory::resident, .isJudged = true},
 };
 // clang-format on
 

@@ -30,14 +30,15 @@ struct CostsAtRate
     std::vector<Costs> floor;
 };
 
-void addLatency(Results &results, const std::vector<double> &times, const QString &who, const Bars &median,
+void addLatency(Results &results, const std::vector<double> &times, const QString &suffix, const Bars &median,
                 const Bars &high)
 {
-    results.add(QStringLiteral("motion to pixel, median") + who, percentile(times, 0.5), QStringLiteral("ms"),
-                median);
-    results.add(QStringLiteral("motion to pixel, p95") + who, percentile(times, 0.95), QStringLiteral("ms"));
-    results.add(QStringLiteral("motion to pixel, p99") + who, percentile(times, 0.99), QStringLiteral("ms"),
-                high);
+    results.add(QStringLiteral("motion to pixel, median") + suffix, percentile(times, 0.5),
+                QStringLiteral("ms"), median);
+    results.add(QStringLiteral("motion to pixel, p95") + suffix, percentile(times, 0.95),
+                QStringLiteral("ms"));
+    results.add(QStringLiteral("motion to pixel, p99") + suffix, percentile(times, 0.99),
+                QStringLiteral("ms"), high);
 }
 
 /// With a stroke along the horizontal path, which it begins and ends.

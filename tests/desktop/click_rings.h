@@ -56,7 +56,7 @@ public:
         return std::all_of(all.begin(), all.end(), [](const WatchedWindow &ring) { return ring.isGone; });
     }
     /// Makes a click far from all others and waits for its ring: earlier clicks have been handled by then.
-    bool hasSettled()
+    bool settle()
     {
         const QPoint place(1500, 900 - 10 * m_settlingClicks++);
         return session.pointer().clickAt(place) && eventually([&] { return ringsAt(place) == 1; });

@@ -123,7 +123,7 @@ void CompositorScenarios::aCanvasShownWhileTheCompositorIsBusyIsVisible()
     show.hotKey(Key::W);
     EVENTUALLY(show.isFilled(Qt::white, VirtualDisplay::kFullHd));
     const xcb_window_t whiteboard = show.overlays().constFirst().id;
-    const auto isShownAgainUnseen = [&] {
+    const auto showAgainWhilePaused = [&] {
         // While it works, the compositor may have grabbed the X server.
         if (!sleepsFor(show.session.compositorProcessId(), 100ms))
             return false;
@@ -141,7 +141,7 @@ void CompositorScenarios::aCanvasShownWhileTheCompositorIsBusyIsVisible()
                }) &&
                pauseTimer.elapsed() < kMaxPause;
     };
-    EVENTUALLY_WITHIN(20s, isShownAgainUnseen());
+    EVENTUALLY_WITHIN(20s, showAgainWhilePaused());
     EVENTUALLY(show.isFilled(Qt::white, VirtualDisplay::kFullHd));
 }
 

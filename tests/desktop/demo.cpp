@@ -22,6 +22,6 @@ int main(int argc, char *argv[])
     const QDir folder(arguments[1]);
     if (Demonstration(folder, scale).play() && SmallPictures(folder, scale).make())
         return 0;
-    std::fputs("The demonstration did not show what it should.\n", stderr);
+    std::fputs("The demonstration did not show the expected pictures.\n", stderr);
     return 1;
 }

@@ -98,9 +98,9 @@ DemoSlide::DemoSlide(DesktopSession &session, const QRect &rect)
 {
 }
 
-bool DemoSlide::isShown()
+bool DemoSlide::present()
 {
-    show(paintedSlide(m_rect.size(), false));
+    setPicture(paintedSlide(m_rect.size(), false));
     return m_window.takeFocus() &&
            eventually([&] { return m_session.screenshot().pixel(column(3).center()) == kBlue; });
 }
@@ -110,11 +110,11 @@ bool DemoSlide::isButtonPressed()
     const QList<QPoint> presses = m_window.presses();
     if (!std::any_of(presses.begin(), presses.end(), [](QPoint place) { return kButton.contains(place); }))
         return false;
-    show(paintedSlide(m_rect.size(), true));
+    setPicture(paintedSlide(m_rect.size(), true));
     return true;
 }
 
-void DemoSlide::show(const QImage &picture)
+void DemoSlide::setPicture(const QImage &picture)
 {
     // Set as the window's background, so that the server repaints it without us.
     Client &client = m_session.client();

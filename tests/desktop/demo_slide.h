@@ -11,13 +11,14 @@ class DemoSlide
 public:
     DemoSlide(DesktopSession &session, const QRect &rect);
 
-    bool isShown();
+    /// Paints the slide, focuses it, and waits until it is on the screen.
+    bool present();
     bool hasFocus() { return m_window.hasFocus(); }
     /// Whether a click has reached the button; the slide shows it from then on.
     bool isButtonPressed();
 
 private:
-    void show(const QImage &picture);
+    void setPicture(const QImage &picture);
 
     DesktopSession &m_session;
     QRect m_rect;

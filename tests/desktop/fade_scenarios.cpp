@@ -87,7 +87,7 @@ struct AutoFade
         session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
     }
 
-    bool isDrawnOn() { return session.client().inputFocus() != beneath.id(); }
+    bool isDrawing() { return session.client().inputFocus() != beneath.id(); }
 
     DesktopSession session{{.screens = {kSmallScreen}}};
     bool isStored;
@@ -109,7 +109,7 @@ private Q_SLOTS:
 void FadeScenarios::aStrokeStaysThenFadesAndTheProgramSleeps()
 {
     AutoFade show;
-    EVENTUALLY(show.isDrawnOn());
+    EVENTUALLY(show.isDrawing());
     WatchedStroke stroke(show.session);
     QVERIFY(stroke.draw());
     EVENTUALLY(stroke.sample().opacity == 1.0);
@@ -143,7 +143,7 @@ void FadeScenarios::aStrokeStaysThenFadesAndTheProgramSleeps()
 void FadeScenarios::theWhiteboardPausesFading()
 {
     AutoFade show;
-    EVENTUALLY(show.isDrawnOn());
+    EVENTUALLY(show.isDrawing());
     WatchedStroke stroke(show.session);
     QVERIFY(stroke.draw());
     show.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);

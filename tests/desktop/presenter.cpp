@@ -39,7 +39,7 @@ Presenter::Presenter(const QDir &folder, int scale)
 
 bool Presenter::begin()
 {
-    if (!m_slide.isShown() || !m_program.waitUntilReady())
+    if (!m_slide.present() || !m_program.waitUntilReady())
         return false;
     m_toolbar.emplace(m_session, m_program, m_scale);
     return true;

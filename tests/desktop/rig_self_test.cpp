@@ -139,7 +139,7 @@ void RigSelfTest::exitCodesAreReported()
     QVERIFY(!program.isRunning());
     EVENTUALLY(!isGrabbedByAnother(session, {Key::Ctrl, Key::Alt}, Key::P));
 
-    Program brief(session, {}, {QStringLiteral("--end-with-3")});
+    Program brief(session, {}, {QStringLiteral("--exit-with-3")});
     QCOMPARE(brief.waitForExit(), std::optional(3));
     QVERIFY(!brief.waitUntilReady());
 }
@@ -149,7 +149,7 @@ void RigSelfTest::unresponsiveProgramIsKilled()
     DesktopSession session({.windowManager = WindowManager::None, .compositor = Compositor::None});
     qint64 processId = 0;
     {
-        Program unresponsive(session, {}, {QStringLiteral("--deaf")});
+        Program unresponsive(session, {}, {QStringLiteral("--ignore-sigterm")});
         QVERIFY(unresponsive.waitUntilReady());
         processId = unresponsive.processId();
         QCOMPARE(unresponsive.terminate(200ms), std::nullopt);
@@ -195,9 +195,9 @@ void RigSelfTest::sessionEndsAllItsProcesses()
         mark = "HOME=" + session.environment().value(QStringLiteral("HOME")).toUtf8();
         server = session.display().serverProcessId();
         display = session.display().name();
-        Program program(session, {}, {QStringLiteral("--leave-helper")});
+        Program program(session, {}, {QStringLiteral("--leave-child")});
         QVERIFY(program.waitUntilReady());
-        // Bus, window manager, compositor, the stand-in and its helper.
+        // Bus, window manager, compositor, the stand-in and its child.
         EVENTUALLY(processesWithEnvironment(mark).size() == 5);
         QCOMPARE(program.terminate(), std::optional(0));
         EVENTUALLY(processesWithEnvironment(mark).size() == 4);

@@ -55,9 +55,9 @@ bool takeHotKey(xcb_connection_t *c, const xcb_screen_t *screen)
 int main(int argc, char **argv)
 {
     const char *option = argc > 1 ? argv[1] : "";
-    if (std::strcmp(option, "--end-with-3") == 0)
+    if (std::strcmp(option, "--exit-with-3") == 0)
         return 3;
-    if (std::strcmp(option, "--leave-helper") == 0 && fork() == 0) {
+    if (std::strcmp(option, "--leave-child") == 0 && fork() == 0) {
         setsid();
         pause();
     }
@@ -78,7 +78,7 @@ int main(int argc, char **argv)
 
     int signal = 0;
     // Ignores SIGTERM, like a program that hangs.
-    while (sigwait(&ending, &signal) == 0 && std::strcmp(option, "--deaf") == 0) {
+    while (sigwait(&ending, &signal) == 0 && std::strcmp(option, "--ignore-sigterm") == 0) {
     }
     xcb_disconnect(c);
     return 0;

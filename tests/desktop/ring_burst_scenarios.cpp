@@ -13,8 +13,8 @@ constexpr int kClicksPerBurst = 200;
 /// One for each sixtieth of a second in 450 ms, one for a late step that was due just before the ring opened,
 /// one at its beginning, and two when its window appears: the server clears it and sends an Expose event.
 constexpr int kMaxFrames = 27 + 1 + 1 + 2;
-/// For a ring that visibly moves.
-constexpr int kMinMovingFrames = 3;
+/// A ring that visibly moves has at least this many.
+constexpr int kMinFrames = 3;
 
 /// The measurements of one burst of rings.
 struct Burst
@@ -26,7 +26,7 @@ struct Burst
 
     qsizetype movingRings() const
     {
-        return std::count_if(frames.begin(), frames.end(), [](qsizetype n) { return n >= kMinMovingFrames; });
+        return std::count_if(frames.begin(), frames.end(), [](qsizetype n) { return n >= kMinFrames; });
     }
 };
 
@@ -47,7 +47,7 @@ public:
         const auto programBefore = program.cpuTime();
         const auto serverBefore = cpuTime(session.display().serverProcessId());
         session.pointer().clickAtOnce(kClicksPerBurst);
-        if (!eventually([&] { return isOver(burst); }, 60s))
+        if (!eventually([&] { return isFinished(burst); }, 60s))
             return std::nullopt;
         burst.programTime = program.cpuTime() - programBefore;
         burst.serverTime = cpuTime(session.display().serverProcessId()) - serverBefore;
@@ -68,7 +68,7 @@ private:
         return rings;
     }
 
-    bool isOver(Burst &burst)
+    bool isFinished(Burst &burst)
     {
         m_frames.catchUp();
         const QList<WatchedWindow> all = newRings();
@@ -90,8 +90,9 @@ void print(Burst burst)
     const auto perFrame = [&](std::chrono::nanoseconds time) {
         return std::chrono::duration<double, std::micro>(time).count() / static_cast<double>(all);
     };
-    qInfo().noquote() << QString("%1 rings at once, frames of one: least %2, middle %3, most %4; a frame of "
-                                 "a ring, its coming and going included: program %5 us, server %6 us")
+    qInfo().noquote() << QString(
+                             "%1 rings at once; frames per ring: min %2, median %3, max %4; time per frame, "
+                             "including opening and closing: program %5 us, server %6 us")
                              .arg(burst.maxAtOnce)
                              .arg(burst.frames.first())
                              .arg(burst.frames.at(burst.frames.size() / 2))

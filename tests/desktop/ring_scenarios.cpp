@@ -37,8 +37,8 @@ RingSample sampleOf(ClickRings &show, QPoint place)
     return {box.width(), double(maxDelta) / (kInk.red() - ground)};
 }
 
-/// Whether size and opacity belong to the same moment: both change linearly. Without a compositor everything
-/// visible is opaque.
+/// Whether size and opacity belong to the same moment: both always have made the same progress. Without a
+/// compositor everything visible is opaque.
 bool isConsistent(const RingSample &sample, bool isComposited)
 {
     const double scale = double(sample.width) / kDiameter;
@@ -63,7 +63,7 @@ int countGrowthSteps(ClickRings &show, QPoint place)
     const QDeadlineTimer deadline(kDeadline);
     while (!show.areAllGone()) {
         if (deadline.hasExpired()) {
-            QTest::qFail("the ring does not go", __FILE__, __LINE__);
+            QTest::qFail("the ring does not disappear", __FILE__, __LINE__);
             break;
         }
         const RingSample sample = sampleOf(show, place);

@@ -85,12 +85,12 @@ void StackingScenarios::aScreenLockerIsNeverCovered()
     const xcb_window_t overlay = show.overlays().constFirst().id;
     const Popup locker(show.session, VirtualDisplay::kFullHd, Qt::black);
     // Something that makes the program check the order again, among it a popup of the locker itself.
-    const Popup ofLocker(show.session, {300, 200, 400, 300}, Qt::green);
+    const Popup lockerPopup(show.session, {300, 200, 400, 300}, Qt::green);
     const Popup popup(show.session, {800, 200, 100, 100}, Qt::red);
     popup.lowerBelow(locker);
     EVENTUALLY(show.session.client().isAbove(overlay, popup.id()));
     QVERIFY(show.session.client().isAbove(locker.id(), overlay));
-    QVERIFY(show.session.client().isAbove(ofLocker.id(), overlay));
+    QVERIFY(show.session.client().isAbove(lockerPopup.id(), overlay));
 
     // A mode that is switched on meanwhile stays below the locker, too.
     show.hotKey(Key::W);

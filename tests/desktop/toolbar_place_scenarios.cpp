@@ -118,11 +118,11 @@ void ToolbarPlaceScenarios::itCanBeDraggedAndKeepsItsPlaceAfterARestart()
         EVENTUALLY(SettingsFile(session).has("ZeigewerkToolbar"));
         QCOMPARE(run.program.terminate(), std::optional(0));
     }
-    Run again(session, scale);
-    QCOMPARE(again.presenter.panel(), moved);
+    Run restarted(session, scale);
+    QCOMPARE(restarted.presenter.panel(), moved);
     // It really is there: clicks on it work.
-    QVERIFY(again.presenter.click(button::kColor, 4));
-    EVENTUALLY(again.presenter.isOn(button::kColor, 4));
+    QVERIFY(restarted.presenter.click(button::kColor, 4));
+    EVENTUALLY(restarted.presenter.isOn(button::kColor, 4));
 }
 
 void ToolbarPlaceScenarios::draggingItWhileDrawingLeavesNoInk()

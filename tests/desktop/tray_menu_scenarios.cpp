@@ -30,14 +30,14 @@ void TrayMenuScenarios::theTrayShowsTheWholeMenu()
     TrayPresentation show;
     const QStringList expected = {kDraw,  kSpot, kBoard, kClicks,   kPin,      kRing,     kFade, kDark, "",
                                   kClear, kHide, "",     kHints[0], kHints[1], kHints[2], "",    kQuit};
-    const QStringList withMark = {kDraw, kSpot, kBoard, kClicks, kPin, kRing, kFade, kDark};
+    const QStringList checkable = {kDraw, kSpot, kBoard, kClicks, kPin, kRing, kFade, kDark};
     QStringList labels;
     for (const TrayMenuItem &entry : show.menu()) {
         labels += entry.label;
         QVERIFY2(entry.visible, qPrintable(entry.label));
         QCOMPARE(entry.isSeparator(), entry.label.isEmpty());
         QCOMPARE(entry.enabled, !kHints.contains(entry.label));
-        QCOMPARE(entry.toggleType, withMark.contains(entry.label) ? "checkmark" : "");
+        QCOMPARE(entry.toggleType, checkable.contains(entry.label) ? "checkmark" : "");
         QVERIFY(entry.children.isEmpty());
         // The tray displays the shortcut itself, in its own language.
         const QStringList key = entry.label == kQuit ? QStringList{"Control", "Q"} : QStringList();

@@ -86,8 +86,8 @@ void WheelElsewhereScenarios::altAndTheWheelResizeTheSpotlight()
     QVERIFY(show.beneath.hasFocus());
 
     QCOMPARE(show.program.terminate(), std::optional(0));
-    Program again(show.session);
-    QVERIFY(again.waitUntilReady());
+    Program restarted(show.session);
+    QVERIFY(restarted.waitUntilReady());
     show.hotKey(Key::S);
     EVENTUALLY(reaches(show, kRadius - 3 * kNotch));
 }

@@ -36,8 +36,8 @@ void WheelScenarios::theWheelResizesTheSpotlightPermanently()
     EVENTUALLY(isStored(show.session, chosen));
 
     QCOMPARE(show.program.terminate(), std::optional(0));
-    Program again(show.session);
-    QVERIFY(again.waitUntilReady());
+    Program restarted(show.session);
+    QVERIFY(restarted.waitUntilReady());
     show.hotKey(Key::S);
     EVENTUALLY(reaches(show.session, chosen, show.beneathColor()));
 }

@@ -24,7 +24,7 @@ private Q_SLOTS:
     void theWindowIsPlacedInPoints();
     void clicksPassThroughTheOrnament_data();
     void clicksPassThroughTheOrnament();
-    void aMaskedWidgetKeepsItsOrnamentClickThrough();
+    void theOrnamentIsClickThroughWithAndWithoutAMask();
     void showingItLeavesTheKeyboardAlone();
     void keysReadAfterTakingTheFocusKeepTheirAccents();
     void theWindowSurvivesLosingItsScreen();
@@ -145,7 +145,7 @@ void WidgetWindowScenarios::clicksPassThroughTheOrnament()
     }
 }
 
-void WidgetWindowScenarios::aMaskedWidgetKeepsItsOrnamentClickThrough()
+void WidgetWindowScenarios::theOrnamentIsClickThroughWithAndWithoutAMask()
 {
     DesktopSession session({.compositor = Compositor::None});
     WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::blue);

@@ -1,4 +1,4 @@
-// A program of Qt with one empty window: what every program of Qt has in memory.
+// A Qt program with one empty window: the memory that every Qt program needs.
 
 #include <QApplication>
 #include <QWidget>

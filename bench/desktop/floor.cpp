@@ -7,8 +7,8 @@ Floor::Floor(rig::DesktopSession &session)
                .environment = session.environment(),
                .separateOutput = true})
 {
-    constexpr int kPatience = 5000;
-    if (!m_child.process().waitForReadyRead(kPatience))
+    constexpr int kTimeout = 5000;
+    if (!m_child.process().waitForReadyRead(kTimeout))
         throw rig::RigError("the floor client does not start");
 }
 

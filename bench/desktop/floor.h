@@ -1,16 +1,17 @@
-// The floor: the least that a program can do to put the same ink on the same screen.
+// The floor: the minimum that any program has to do to put the same ink on the same screen.
 #pragma once
 
-#include "stage.h"
+#include "instruments.h"
 
 namespace zeigewerk::bench {
 
-/// A client of nothing but xcb with one transparent window over the whole screen. For each motion with the
-/// button held it fills the rectangle that a stroke's newest segment damages, and puts it with shared memory.
+/// A plain xcb client with one transparent window over the whole screen. For each motion with the button
+/// pressed it fills the rectangle that the stroke's newest segment damages, and puts it through shared
+/// memory.
 class Floor
 {
 public:
-    /// Comes back when its window is on the screen. Throws RigError if it does not come.
+    /// Waits until its window is on the screen. Throws RigError if it does not appear.
     explicit Floor(rig::DesktopSession &session);
 
     qint64 processId() const { return m_child.processId(); }

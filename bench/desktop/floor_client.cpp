@@ -1,5 +1,5 @@
-// Puts the damage of a stroke on the screen and does nothing else: see Floor. Says "ready" when its window is
-// shown; ends with its connection.
+// Puts the damage of a stroke on the screen and does nothing else: see Floor. Prints "ready" once its window
+// is shown; ends with its connection.
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -16,7 +16,7 @@
 
 namespace {
 
-/// A stroke of 5 pixels, with the pixel that antialiasing may touch.
+/// A stroke 5 pixels wide, plus the pixel that antialiasing may touch.
 constexpr int kReach = 4;
 constexpr std::uint32_t kInk = 0xFFF29A00;
 constexpr std::uint8_t kDepth = 32;

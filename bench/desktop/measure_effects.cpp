@@ -1,6 +1,6 @@
+#include "instruments.h"
 #include "measures.h"
 #include "settings_file.h"
-#include "stage.h"
 
 namespace zeigewerk::bench {
 
@@ -15,22 +15,22 @@ double shareOfCore(Milliseconds spent)
     return 100.0 * (spent / Milliseconds(std::chrono::seconds(kSeconds)));
 }
 
-/// The spotlight follows a mouse of that many samples a second for ten seconds.
+/// The spotlight follows a mouse with that many samples per second for ten seconds.
 void measureSpotlight(Results &results, double rate, const Bars &bars)
 {
-    rig::Presentation show(stageSetup());
-    Hand hand(show.session.client());
-    const Path path = wander(kScreen);
-    hand.moveTo(path(0));
-    awaitRest(show.session, show.program.processId());
+    rig::Presentation show(benchSetup());
+    Mouse mouse(show.session.client());
+    const Path path = penPath(kScreen);
+    mouse.moveTo(path(0));
+    awaitIdle(show.session, show.program.processId());
     PixelWatch watch(show.session.client(), {kScreen.width() - 2, kScreen.height() - 2});
     show.hotKey(rig::Key::S);
     watch.untilChanged(std::chrono::steady_clock::now());
 
     const Costs before = Costs::of(show.session, show.program.processId());
-    // At any rate the same way in the same time, in steps as wide as that takes.
-    const Path sameWay = [&](int sample) { return path(static_cast<int>(sample * 1000.0 / rate)); };
-    hand.follow(sameWay, 1, static_cast<int>(kSeconds * rate), rate);
+    // The same distance in the same time at any rate, in steps of matching size.
+    const Path sameDistance = [&](int sample) { return path(static_cast<int>(sample * 1000.0 / rate)); };
+    mouse.follow(sameDistance, 1, static_cast<int>(kSeconds * rate), rate);
     const Costs spent = Costs::of(show.session, show.program.processId()) - before;
     const QString what = QStringLiteral("spotlight, mouse of %1 Hz: ").arg(rate);
     results.add(what + QStringLiteral("program"), shareOfCore(spent.program), QStringLiteral("%"), bars);
@@ -41,9 +41,9 @@ void measureSpotlight(Results &results, double rate, const Bars &bars)
 void measureFade(Results &results)
 {
     constexpr int kShapes = 100;
-    rig::DesktopSession session(stageSetup());
+    rig::DesktopSession session(benchSetup());
     if (!rig::SettingsFile(session).write("ZeigewerkAutoFade=true\n"))
-        throw rig::RigError("no settings");
+        throw rig::RigError("cannot write the settings");
     rig::WindowBeneath beneath(session, QRect(QPoint(0, 0), kScreen), QColor(0x20, 0x60, 0xA0));
     rig::Program program(session);
     if (!beneath.takeFocus() || !program.waitUntilReady())
@@ -51,15 +51,15 @@ void measureFade(Results &results)
     session.keyboard().chord({rig::Key::Ctrl, rig::Key::Alt}, rig::Key::D);
     if (!rig::eventually(
             [&] { return session.client().isOfProcess(session.client().inputFocus(), program.processId()); }))
-        throw rig::RigError("drawing does not begin");
+        throw rig::RigError("drawing does not start");
 
-    Hand hand(session.client());
-    const Path path = wander(kScreen);
+    Mouse mouse(session.client());
+    const Path path = penPath(kScreen);
     const Costs before = Costs::of(session, program.processId());
     for (int shape = 0; shape < kShapes; ++shape)
-        hand.scribble(path(100 * shape));
+        mouse.scribble(path(100 * shape));
     const Costs drawn = Costs::of(session, program.processId());
-    awaitRest(session, program.processId());
+    awaitIdle(session, program.processId());
     const Costs spent = Costs::of(session, program.processId()) - drawn;
     results.add(QStringLiteral("drawing 100 shapes: program"), (drawn - before).program.count(),
                 QStringLiteral("ms"));

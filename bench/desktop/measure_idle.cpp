@@ -1,5 +1,5 @@
+#include "instruments.h"
 #include "measures.h"
-#include "stage.h"
 
 namespace zeigewerk::bench {
 
@@ -23,15 +23,15 @@ rig::Memory memoryOfEmptyWindow(rig::DesktopSession &session)
         return std::any_of(windows.begin(), windows.end(), [](const auto &info) { return info.viewable; });
     };
     if (!rig::eventually(isShown))
-        throw rig::RigError("no empty window");
-    awaitRest(session, window.processId());
+        throw rig::RigError("the empty window does not appear");
+    awaitIdle(session, window.processId());
     return rig::memoryOf(window.processId());
 }
 
 void measureWakeups(Results &results, rig::DesktopSession &session, qint64 processId)
 {
     constexpr int kTenSeconds = 10'000;
-    awaitRest(session, processId);
+    awaitIdle(session, processId);
     const int before = rig::wakeups(processId);
     QTest::qSleep(kTenSeconds);
     results.add(QStringLiteral("wakeups in 10 s, all modes off"), rig::wakeups(processId) - before, QString(),
@@ -43,9 +43,9 @@ void measureWakeups(Results &results, rig::DesktopSession &session, qint64 proce
 void measureIdle(Results &results)
 {
     results.heading(QStringLiteral("Memory and idle"));
-    rig::Presentation show(stageSetup());
+    rig::Presentation show(benchSetup());
     const qint64 processId = show.program.processId();
-    awaitRest(show.session, processId);
+    awaitIdle(show.session, processId);
     const rig::Memory idle = rig::memoryOf(processId);
     addMemory(results, QStringLiteral("idle"), idle);
     const rig::Memory empty = memoryOfEmptyWindow(show.session);
@@ -55,23 +55,23 @@ void measureIdle(Results &results)
                 idle.footprint() - empty.footprint(), QStringLiteral("MiB"), {20.0, {}});
     measureWakeups(results, show.session, processId);
 
-    Hand hand(show.session.client());
-    const Path path = wander(kScreen);
+    Mouse mouse(show.session.client());
+    const Path path = penPath(kScreen);
     show.hotKey(rig::Key::D);
     if (!rig::eventually([&] { return show.hasKeyboard(); }))
-        throw rig::RigError("drawing does not begin");
-    hand.moveTo(path(0));
-    hand.press();
+        throw rig::RigError("drawing does not start");
+    mouse.moveTo(path(0));
+    mouse.press();
     constexpr int kSamples = 4000;
-    hand.follow(path, 1, kSamples, 1000.0);
-    awaitRest(show.session, processId);
+    mouse.follow(path, 1, kSamples, 1000.0);
+    awaitIdle(show.session, processId);
     addMemory(results, QStringLiteral("drawing"), rig::memoryOf(processId), {65.0, 50.0});
-    hand.release();
+    mouse.release();
     show.hotKey(rig::Key::C);
     show.hotKey(rig::Key::D);
     if (!rig::eventually([&] { return show.overlays().isEmpty(); }))
-        throw rig::RigError("the overlay stays");
-    awaitRest(show.session, processId);
+        throw rig::RigError("the overlay does not close");
+    awaitIdle(show.session, processId);
     addMemory(results, QStringLiteral("cleared and hidden"), rig::memoryOf(processId));
     measureWakeups(results, show.session, processId);
 }

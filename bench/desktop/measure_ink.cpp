@@ -8,17 +8,21 @@ namespace {
 
 constexpr int kLatencySamples = 250;
 /// Left of the toolbar.
-constexpr QPoint kLevelStart(200, 1500);
+constexpr QPoint kLineStart(200, 1500);
 
 struct Rate
 {
     int perSecond;
-    int samplesPerTurn;
+    int samplesPerRound;
     Bars bars;
 };
-const Rate kRates[] = {{60, 200, {80.0, 40.0}}, {250, 400, {}}, {1000, 800, {45.0, 20.0}}};
+const Rate kRates[] = {
+    {.perSecond = 60, .samplesPerRound = 200, .bars = {80.0, 40.0}},
+    {.perSecond = 250, .samplesPerRound = 400, .bars = {}},
+    {.perSecond = 1000, .samplesPerRound = 800, .bars = {45.0, 20.0}},
+};
 
-/// What 1,000 samples cost in each turn, drawn by the program and by the floor.
+/// The costs of 1,000 samples in each round, drawn by the program and by the floor.
 struct CostsAtRate
 {
     Rate rate;
@@ -26,57 +30,58 @@ struct CostsAtRate
     std::vector<Costs> floor;
 };
 
-void addLatency(Results &results, const std::vector<double> &times, const QString &who, const Bars &median,
+void addLatency(Results &results, const std::vector<double> &times, const QString &suffix, const Bars &median,
                 const Bars &high)
 {
-    results.add(QStringLiteral("motion to pixel, median") + who, percentile(times, 0.5), QStringLiteral("ms"),
-                median);
-    results.add(QStringLiteral("motion to pixel, p95") + who, percentile(times, 0.95), QStringLiteral("ms"));
-    results.add(QStringLiteral("motion to pixel, p99") + who, percentile(times, 0.99), QStringLiteral("ms"),
-                high);
+    results.add(QStringLiteral("motion to pixel, median") + suffix, percentile(times, 0.5),
+                QStringLiteral("ms"), median);
+    results.add(QStringLiteral("motion to pixel, p95") + suffix, percentile(times, 0.95),
+                QStringLiteral("ms"));
+    results.add(QStringLiteral("motion to pixel, p99") + suffix, percentile(times, 0.99),
+                QStringLiteral("ms"), high);
 }
 
-/// With a stroke begun on the level path; ends it.
+/// With a stroke along the horizontal path, which it begins and ends.
 std::vector<double> latency(rig::DesktopSession &session, qint64 programId)
 {
-    Hand hand(session.client());
-    hand.moveTo(kLevelStart);
-    hand.press();
-    awaitRest(session, programId);
-    std::vector<double> times = motionToPixel(session, level(kLevelStart), kLatencySamples);
-    hand.release();
+    Mouse mouse(session.client());
+    mouse.moveTo(kLineStart);
+    mouse.press();
+    awaitIdle(session, programId);
+    std::vector<double> times = motionToPixel(session, horizontalPath(kLineStart), kLatencySamples);
+    mouse.release();
     return times;
 }
 
-std::vector<CostsAtRate> inTurns(OngoingStroke &byProgram, OngoingStroke &byFloor)
+std::vector<CostsAtRate> measureAlternately(OngoingStroke &byProgram, OngoingStroke &byFloor)
 {
     std::vector<CostsAtRate> all;
     for (const Rate &rate : kRates) {
         CostsAtRate costs{rate, {}, {}};
-        for (int turn = 0; turn < kTurns; ++turn) {
-            costs.program.push_back(byProgram.nextCosts(rate.samplesPerTurn, rate.perSecond));
-            costs.floor.push_back(byFloor.nextCosts(rate.samplesPerTurn, rate.perSecond));
+        for (int round = 0; round < kRounds; ++round) {
+            costs.program.push_back(byProgram.nextCosts(rate.samplesPerRound, rate.perSecond));
+            costs.floor.push_back(byFloor.nextCosts(rate.samplesPerRound, rate.perSecond));
         }
         all.push_back(costs);
     }
     return all;
 }
 
-/// Of what one of the three processes has spent in each turn.
-double median(const std::vector<Costs> &turns, Milliseconds Costs::*whose)
+/// The median over the rounds of the time that one of the processes has spent.
+double median(const std::vector<Costs> &rounds, Milliseconds Costs::*process)
 {
     std::vector<double> times;
-    times.reserve(turns.size());
-    for (const Costs &costs : turns)
-        times.push_back((costs.*whose).count());
+    times.reserve(rounds.size());
+    for (const Costs &costs : rounds)
+        times.push_back((costs.*process).count());
     return percentile(times, 0.5);
 }
 
 double medianRatio(const CostsAtRate &costs)
 {
     std::vector<double> ratios;
-    for (std::size_t turn = 0; turn < costs.program.size(); ++turn)
-        ratios.push_back(costs.program[turn].program / costs.floor[turn].program);
+    for (std::size_t round = 0; round < costs.program.size(); ++round)
+        ratios.push_back(costs.program[round].program / costs.floor[round].program);
     return percentile(ratios, 0.5);
 }
 
@@ -106,17 +111,17 @@ void addFloor(Results &results, const CostsAtRate &costs)
 void measureInk(Results &results)
 {
     results.heading(QStringLiteral("Drawing"));
-    rig::Presentation show(stageSetup());
+    rig::Presentation show(benchSetup());
     beginDrawing(show);
     addLatency(results, latency(show.session, show.program.processId()), {}, {1.0, 0.6}, {3.0, 2.0});
 
-    rig::DesktopSession session(stageSetup());
+    rig::DesktopSession session(benchSetup());
     const rig::WindowBeneath beneath(session, QRect(QPoint(0, 0), kScreen), QColor(0x20, 0x60, 0xA0));
     const Floor floor(session);
     const std::vector<double> floorLatency = latency(session, floor.processId());
     OngoingStroke byProgram(show.session, show.program.processId());
     OngoingStroke byFloor(session, floor.processId());
-    const std::vector<CostsAtRate> all = inTurns(byProgram, byFloor);
+    const std::vector<CostsAtRate> all = measureAlternately(byProgram, byFloor);
     for (const CostsAtRate &costs : all)
         addProgram(results, costs);
     results.heading(QStringLiteral("The floor: the same damage put by a client that does nothing else"));

@@ -1,6 +1,6 @@
 #include "measures.h"
 #include "ongoing_stroke.h"
-#include "wander.h"
+#include "pen_path.h"
 
 #include <array>
 #include <optional>
@@ -11,29 +11,29 @@ namespace {
 
 constexpr int kLongStroke = 20'000;
 constexpr int kShapes = 10'000;
-/// Samples of a turn, at each pace.
+/// Samples of a round, at each rate.
 constexpr int kMeasured = 200;
 /// Per second.
-constexpr std::array kPaces{60.0, 1000.0};
-/// What "no slower" means among measurements that vary from one to the next.
+constexpr std::array kSampleRates{60.0, 1000.0};
+/// What "no slower" means for measurements that vary.
 constexpr Bars kSameCost{1.3, 1.1};
 
-/// A desktop of its own where the program draws.
+/// A separate desktop on which the program draws.
 struct Drawing
 {
     Drawing() { beginDrawing(show); }
 
-    double nextCost(double pace) { return stroke->nextCosts(kMeasured, pace).program.count(); }
+    double nextCost(double rate) { return stroke->nextCosts(kMeasured, rate).program.count(); }
 
-    rig::Presentation show{stageSetup()};
-    Hand hand{show.session.client()};
+    rig::Presentation show{benchSetup()};
+    Mouse mouse{show.session.client()};
     std::optional<OngoingStroke> stroke;
 };
 
-void scribbleAll(Hand &hand)
+void scribbleAll(Mouse &mouse)
 {
     for (int shape = 0; shape < kShapes; ++shape)
-        hand.scribble(scattered(kScreen, shape).toPoint());
+        mouse.scribble(scattered(kScreen, shape).toPoint());
 }
 
 void measureUndo(Results &results, Drawing &drawing)
@@ -43,10 +43,11 @@ void measureUndo(Results &results, Drawing &drawing)
     rig::Keyboard &keyboard = session.keyboard();
     std::vector<double> times;
     for (int i = 0; i < kTimes; ++i) {
-        // Beside everything else, so that it is seen to go; the second sample is a peak of the scribble.
+        // Away from everything else, so that its removal is visible; the second sample is a peak of the
+        // scribble.
         const QPoint start(20, 1000);
-        drawing.hand.scribble(start);
-        awaitRest(session, drawing.show.program.processId());
+        drawing.mouse.scribble(start);
+        awaitIdle(session, drawing.show.program.processId());
         PixelWatch watch(session.client(), start + QPoint(20, 15));
         keyboard.press(rig::Key::Ctrl);
         const auto begin = std::chrono::steady_clock::now();
@@ -65,23 +66,24 @@ void measureMuchInk(Results &results)
 {
     results.heading(QStringLiteral("Much ink: the program's time for 1,000 samples"));
     Drawing fresh;
-    Drawing onLongStroke;
+    Drawing longStroke;
     Drawing aboveShapes;
-    scribbleAll(aboveShapes.hand);
-    for (Drawing *drawing : {&fresh, &onLongStroke, &aboveShapes})
+    scribbleAll(aboveShapes.mouse);
+    for (Drawing *drawing : {&fresh, &longStroke, &aboveShapes})
         drawing->stroke.emplace(drawing->show.session, drawing->show.program.processId());
-    constexpr int kLast = static_cast<int>(kPaces.size()) * kTurns * (OngoingStroke::kWarmUp + kMeasured);
-    onLongStroke.stroke->goOnTo(kLongStroke - kLast);
-    for (const double pace : kPaces) {
+    constexpr int kMeasuredSamples =
+        static_cast<int>(kSampleRates.size()) * kRounds * (OngoingStroke::kWarmUp + kMeasured);
+    longStroke.stroke->continueTo(kLongStroke - kMeasuredSamples);
+    for (const double rate : kSampleRates) {
         std::vector<double> costs;
         std::vector<double> ratiosOfLong;
         std::vector<double> ratiosAbove;
-        for (int turn = 0; turn < kTurns; ++turn) {
-            costs.push_back(fresh.nextCost(pace));
-            ratiosOfLong.push_back(onLongStroke.nextCost(pace) / costs.back());
-            ratiosAbove.push_back(aboveShapes.nextCost(pace) / costs.back());
+        for (int round = 0; round < kRounds; ++round) {
+            costs.push_back(fresh.nextCost(rate));
+            ratiosOfLong.push_back(longStroke.nextCost(rate) / costs.back());
+            ratiosAbove.push_back(aboveShapes.nextCost(rate) / costs.back());
         }
-        const QString at = QStringLiteral(", at %1 Hz").arg(pace);
+        const QString at = QStringLiteral(", at %1 Hz").arg(rate);
         results.add(QStringLiteral("the first of a stroke") + at, percentile(costs, 0.5),
                     QStringLiteral("ms"));
         results.add(QStringLiteral("the last of 20,000") + at, percentile(ratiosOfLong, 0.5),

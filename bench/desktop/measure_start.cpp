@@ -1,5 +1,5 @@
+#include "instruments.h"
 #include "measures.h"
-#include "stage.h"
 
 namespace zeigewerk::bench {
 
@@ -7,7 +7,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A place on the toolbar's background, known from a first start.
+/// A place on the toolbar's background, taken from a first start.
 QPoint placeOnToolbar(rig::DesktopSession &session)
 {
     const rig::Program program(session);
@@ -24,7 +24,7 @@ QPoint placeOnToolbar(rig::DesktopSession &session)
         },
         10s);
     if (!found)
-        throw rig::RigError("no toolbar");
+        throw rig::RigError("the toolbar does not appear");
     return toolbar->geometry.center();
 }
 
@@ -34,7 +34,7 @@ void measureStart(Results &results)
 {
     results.heading(QStringLiteral("Start"));
     constexpr int kStarts = 20;
-    rig::DesktopSession session(stageSetup());
+    rig::DesktopSession session(benchSetup());
     const QPoint place = placeOnToolbar(session);
     std::vector<double> times;
     for (int i = 0; i < kStarts; ++i) {
@@ -43,8 +43,8 @@ void measureStart(Results &results)
         rig::Program program(session);
         times.push_back(watch.untilChanged(start).count());
         if (!program.waitUntilReady() || program.terminate() != 0)
-            throw rig::RigError("the program does not start and end as it should");
-        awaitRest(session, session.display().serverProcessId());
+            throw rig::RigError("the program does not start and end correctly");
+        awaitIdle(session, session.display().serverProcessId());
     }
     results.add(QStringLiteral("start to toolbar on screen, median"), percentile(times, 0.5),
                 QStringLiteral("ms"), {80.0, 50.0});

@@ -5,32 +5,32 @@ namespace zeigewerk::bench {
 OngoingStroke::OngoingStroke(rig::DesktopSession &session, qint64 programId)
     : m_session(session)
     , m_programId(programId)
-    , m_hand(session.client())
-    , m_path(wander(kScreen))
+    , m_mouse(session.client())
+    , m_path(penPath(kScreen))
 {
-    m_hand.moveTo(m_path(0));
-    m_hand.press();
+    m_mouse.moveTo(m_path(0));
+    m_mouse.press();
 }
 
-void OngoingStroke::goOnTo(int samples)
+void OngoingStroke::continueTo(int samples)
 {
-    // As fast as the program follows without a queue.
-    constexpr double kHurry = 2000.0;
-    follow(samples - m_next, kHurry);
+    // The fastest rate that the program follows without a queue.
+    constexpr double kFastRate = 2000.0;
+    follow(samples - m_next, kFastRate);
 }
 
-Costs OngoingStroke::nextCosts(int samples, double pace)
+Costs OngoingStroke::nextCosts(int samples, double rate)
 {
-    follow(kWarmUp, pace);
+    follow(kWarmUp, rate);
     const Costs before = Costs::of(m_session, m_programId);
-    follow(samples, pace);
-    awaitRest(m_session, m_programId);
+    follow(samples, rate);
+    awaitIdle(m_session, m_programId);
     return (Costs::of(m_session, m_programId) - before) * (1000.0 / samples);
 }
 
-void OngoingStroke::follow(int samples, double pace)
+void OngoingStroke::follow(int samples, double rate)
 {
-    m_hand.follow(m_path, m_next, samples, pace);
+    m_mouse.follow(m_path, m_next, samples, rate);
     m_next += samples;
 }
 

@@ -1,39 +1,41 @@
-// What the samples of a stroke cost.
+// The cost of a stroke's samples.
 #pragma once
 
-#include "stage.h"
+#include "instruments.h"
 
 namespace zeigewerk::bench {
 
-/// What is compared is measured in so many turns, since what else a machine does makes one minute dearer than
-/// the next; their median counts.
-inline constexpr int kTurns = 5;
+/// Measurements that are compared alternate over this many rounds, and the median counts: other load on a
+/// machine makes one minute slower than the next.
+inline constexpr int kRounds = 5;
 
-/// A stroke that wanders all over the screen, on and on.
+/// A stroke all over the screen that never ends.
 class OngoingStroke
 {
 public:
-    /// In the others' turns a program's memory leaves the processor's caches. To fetch it again is what a
-    /// stroke costs at its beginning and not at each sample, so these samples of each turn do not count.
+    /// While others are measured, a program's memory drops out of the processor's caches. Loading it again is
+    /// a cost of a stroke's beginning rather than of each sample, so the first samples of a round do not
+    /// count.
     static constexpr int kWarmUp = 50;
 
-    /// Begins it, on a desktop where that process draws. The session must outlive the stroke.
+    /// Begins the stroke, on the desktop on which that process draws. The session must outlive the stroke.
     OngoingStroke(rig::DesktopSession &session, qint64 programId);
     OngoingStroke(const OngoingStroke &) = delete;
     OngoingStroke &operator=(const OngoingStroke &) = delete;
-    ~OngoingStroke() { m_hand.release(); }
+    ~OngoingStroke() { m_mouse.release(); }
 
-    /// In a hurry, until it has so many samples.
-    void goOnTo(int samples);
-    /// What 1,000 samples cost at that many a second, reckoned from `samples` of them after the warm-up.
-    Costs nextCosts(int samples, double pace);
+    /// Continues quickly until the stroke has that many samples.
+    void continueTo(int samples);
+    /// The costs of 1,000 samples at that rate per second, extrapolated from `samples` of them after the
+    /// warm-up.
+    Costs nextCosts(int samples, double rate);
 
 private:
-    void follow(int samples, double pace);
+    void follow(int samples, double rate);
 
     rig::DesktopSession &m_session;
     qint64 m_programId;
-    Hand m_hand;
+    Mouse m_mouse;
     Path m_path;
     int m_next = 1;
 };

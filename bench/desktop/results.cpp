@@ -34,7 +34,7 @@ QString verdict(double value, const Bars &bars)
                                                 : text + QStringLiteral("  met");
 }
 
-/// The processor as the kernel names it.
+/// The processor's name from /proc/cpuinfo.
 QString processorName()
 {
     QFile file(QStringLiteral("/proc/cpuinfo"));

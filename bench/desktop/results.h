@@ -1,4 +1,4 @@
-// What was measured, and what was wanted.
+// The measured values and their targets.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@
 
 namespace zeigewerk::bench {
 
-/// Figures that a value should not exceed: what is demanded, and what would be better still.
+/// Upper limits of a value: the bar is required, beyond is better still.
 struct Bars
 {
     std::optional<double> bar = {};
@@ -18,14 +18,15 @@ struct Bars
 class Results
 {
 public:
-    /// Prints the line at once.
+    /// Also prints the line at once.
     void add(const QString &name, double value, const QString &unit, const Bars &bars = {});
-    /// A line between groups of values.
+    /// A heading for the values that follow.
     void heading(const QString &text);
 
-    /// Everything added so far, with the machine and the time, as JSON; false if the file cannot be written.
+    /// Writes everything added so far as JSON, with the machine and the time; false if the file cannot be
+    /// written.
     bool writeJson(const QString &path) const;
-    /// How many values are above their bar.
+    /// How many values exceed their bar.
     int misses() const;
 
 private:
@@ -42,8 +43,7 @@ private:
     QString m_group;
 };
 
-/// The value below which that part (0 to 1) of the values lies: the nearest one at or above it. The values
-/// must not be empty.
+/// The nearest-rank percentile for a fraction between 0 and 1. The values must not be empty.
 double percentile(std::vector<double> values, double part);
 
 } // namespace zeigewerk::bench

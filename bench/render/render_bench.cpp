@@ -1,11 +1,11 @@
-// What painting costs: single shapes, one more sample of a stroke, whole canvases, undo, the spotlight.
-// Each benchmark of a sample or a step paints only its damage, as a surface does.
+// The cost of painting: single shapes, one more sample of a stroke, whole canvases, undo, the spotlight.
+// Benchmarks of a sample or a step paint only its damage, as a surface does.
 
 #include "core/app_delegate.h"
 #include "drawing/render_shape.h"
+#include "pen_path.h"
 #include "platform/paint_damage.h"
 #include "recording/recording_desktop.h"
-#include "wander.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -22,7 +22,7 @@ constexpr QSize kScreen(3840, 2160);
 
 QPointF penPoint(int sample)
 {
-    return bench::wander(kScreen, sample);
+    return bench::penPosition(kScreen, sample);
 }
 
 Shape stroke(Tool tool, int points)
@@ -51,7 +51,7 @@ QImage blankScreen()
     return image;
 }
 
-/// A surface that shows nothing but one shape.
+/// A surface that shows a single shape.
 class OneShape : public platform::SurfaceContent
 {
 public:
@@ -123,7 +123,7 @@ public:
     AppDelegate app;
 };
 
-/// A few of every tool that is dragged out, all over the screen.
+/// A few shapes of every tool that is dragged, all over the screen.
 void drawShapes(Program &program, int count)
 {
     for (int i = 0; i < count; ++i) {
@@ -151,7 +151,7 @@ void samplePen(benchmark::State &state, Tool tool, int points, int others)
     while (state.KeepRunning()) {
         program.view().mouseDragged({penPoint(sample++), {}});
         program.surface().display();
-        // Going on would make the stroke longer than it says.
+        // More samples would make the stroke longer than stated.
         if (sample == points + 100) {
             state.PauseTiming();
             program.view().mouseUp({penPoint(sample), {}});
@@ -227,7 +227,7 @@ void wholeCanvasOfScribbles(benchmark::State &state)
 }
 BENCHMARK(wholeCanvasOfScribbles)->Arg(0)->Arg(100)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
-/// One more shape among others, and taking it back.
+/// Draws one more shape among others, and undoes it.
 void drawAndUndo(benchmark::State &state)
 {
     Program program;
@@ -242,7 +242,7 @@ void drawAndUndo(benchmark::State &state)
 }
 BENCHMARK(drawAndUndo)->Arg(0)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 
-/// The spotlight appears, where every pixel is dimmed.
+/// The first frame of the spotlight, in which every pixel is dimmed.
 void wholeSpotlight(benchmark::State &state)
 {
     Program program;

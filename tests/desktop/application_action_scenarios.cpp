@@ -1,4 +1,4 @@
-// Worked by other programs, over the session bus.
+// Other programs control the program over the session bus.
 #include "registered_test.h"
 #include "rig/bus.h"
 #include "tray_presentation.h"
@@ -14,19 +14,19 @@ const QString kInvalidArguments = "org.freedesktop.DBus.Error.InvalidArgs";
 const QString kUnknownMethod = "org.freedesktop.DBus.Error.UnknownMethod";
 const QString kNotSupported = "org.freedesktop.DBus.Error.NotSupported";
 
-/// A presentation with somebody who works the program over the bus.
-class Remote : public TrayPresentation
+/// A presentation that can be controlled over the session bus.
+class BusPresentation : public TrayPresentation
 {
 public:
-    Remote()
+    BusPresentation()
         : m_bus(session)
     {
-        // The name comes soon after the toolbar.
-        if (!eventually([&] { return answers("Activate", {QVariantMap()}); }))
+        // The program takes its bus name shortly after showing the toolbar.
+        if (!eventually([&] { return succeeds("Activate", {QVariantMap()}); }))
             throw RigError("the program is not on the bus");
     }
 
-    bool answers(const QString &method, const QVariantList &arguments)
+    bool succeeds(const QString &method, const QVariantList &arguments)
     {
         return m_bus.call(kId, kPath, kInterface, method, arguments).has_value();
     }
@@ -36,7 +36,7 @@ public:
     }
     bool activate(const QString &action)
     {
-        return answers("ActivateAction", {action, QVariantList(), QVariantMap()});
+        return succeeds("ActivateAction", {action, QVariantList(), QVariantMap()});
     }
 
 private:
@@ -50,52 +50,65 @@ class ApplicationActionScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void anActionIsAClickOnItsEntry();
-    void aShortcutOfTheDesktopDrawsAndClears();
-    void whatThereIsNotIsAnErrorAndNothingElse();
+    void anActionDoesWhatItsMenuEntryDoes();
+    void desktopShortcutsCanDrawAndClear();
+    void invalidCallsFailAndChangeNothing();
     void activatingARunningProgramChangesNothing();
-    void quittingIsAnsweredAndEndsIt();
-    void theBusStartsItForAnAction();
+    void quitRepliesAndEndsTheProgram();
+    void theBusStartsTheProgramForAnAction();
 };
 
-void ApplicationActionScenarios::anActionIsAClickOnItsEntry()
+void ApplicationActionScenarios::anActionDoesWhatItsMenuEntryDoes()
 {
     using namespace label;
-    const QList<std::pair<QString, QStringList>> marks = {
-        {"draw", {kDraw, kDark}},     {"spotlight", {kSpot, kDark}},   {"whiteboard", {kBoard, kDark}},
-        {"clicks", {kClicks, kDark}}, {"cursor-ring", {kRing, kDark}}, {"auto-fade", {kFade, kDark}},
-        {"dark-toolbar", {}}};
-    Remote on;
-    for (const auto &mark : marks) {
-        QVERIFY2(on.activate(mark.first), qPrintable(mark.first));
-        EVENTUALLY(on.checked() == mark.second);
-        QVERIFY2(on.activate(mark.first), qPrintable(mark.first));
-        EVENTUALLY(on.checked() == QStringList{kDark});
+    struct Row
+    {
+        QString action;
+        QStringList checked;
+    };
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        {.action = "draw",         .checked = {kDraw, kDark}},
+        {.action = "spotlight",    .checked = {kSpot, kDark}},
+        {.action = "whiteboard",   .checked = {kBoard, kDark}},
+        {.action = "clicks",       .checked = {kClicks, kDark}},
+        {.action = "cursor-ring",  .checked = {kRing, kDark}},
+        {.action = "auto-fade",    .checked = {kFade, kDark}},
+        {.action = "dark-toolbar", .checked = {}},
+    };
+    // clang-format on
+    BusPresentation show;
+    for (const Row &row : rows) {
+        QVERIFY2(show.activate(row.action), qPrintable(row.action));
+        EVENTUALLY(show.checked() == row.checked);
+        QVERIFY2(show.activate(row.action), qPrintable(row.action));
+        EVENTUALLY(show.checked() == QStringList{kDark});
     }
 }
 
-void ApplicationActionScenarios::aShortcutOfTheDesktopDrawsAndClears()
+void ApplicationActionScenarios::desktopShortcutsCanDrawAndClear()
 {
-    Remote on;
-    QVERIFY(on.activate("draw"));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    QVERIFY(on.activate("clear"));
-    EVENTUALLY(on.isUntouched({300, 200, 300, 200}));
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    // The bus may overtake the mouse.
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    QVERIFY(on.activate("pin"));
-    EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    QVERIFY(on.activate("toolbar"));
-    EVENTUALLY(!on.toolbar());
-    QVERIFY(on.activate("toolbar"));
-    EVENTUALLY(on.toolbar());
+    BusPresentation show;
+    QVERIFY(show.activate("draw"));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
+    QVERIFY(show.activate("clear"));
+    EVENTUALLY(show.isUntouched({300, 200, 300, 200}));
+    QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
+    // The bus may be faster than the mouse.
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
+    QVERIFY(show.activate("pin"));
+    EVENTUALLY(show.beneath.hasFocus());
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
+    QVERIFY(show.activate("toolbar"));
+    EVENTUALLY(!show.toolbar());
+    QVERIFY(show.activate("toolbar"));
+    EVENTUALLY(show.toolbar());
 }
 
-void ApplicationActionScenarios::whatThereIsNotIsAnErrorAndNothingElse()
+void ApplicationActionScenarios::invalidCallsFailAndChangeNothing()
 {
     struct Row
     {
@@ -112,7 +125,7 @@ void ApplicationActionScenarios::whatThereIsNotIsAnErrorAndNothingElse()
         {"ActivateAction", {QString(100'000, u'd'), none, data}, kInvalidArguments},
         // No action takes a parameter.
         {"ActivateAction", {"draw", QVariantList{true}, data}, kInvalidArguments},
-        // Other types, and other numbers of arguments, are other methods.
+        // Calls with other types or numbers of arguments are unknown methods.
         {"ActivateAction", {}, kUnknownMethod},
         {"ActivateAction", {"draw", none}, kUnknownMethod},
         {"ActivateAction", {1, none, data}, kUnknownMethod},
@@ -120,35 +133,35 @@ void ApplicationActionScenarios::whatThereIsNotIsAnErrorAndNothingElse()
         {"Open", {QStringList{"file:///tmp/a.svg"}, data}, kNotSupported},
         {"Draw", {}, kUnknownMethod},
     };
-    Remote on;
+    BusPresentation show;
     for (const Row &row : rows)
-        QCOMPARE(on.errorOf(row.method, row.arguments), row.error);
-    // Had one of them done anything, that would show before what is asked for next.
-    QVERIFY(on.activate("clicks"));
-    EVENTUALLY(on.checked() == QStringList({label::kClicks, label::kDark}));
-    QVERIFY(on.beneath.hasFocus());
-    QCOMPARE(on.program.output(), QByteArray());
+        QCOMPARE(show.errorOf(row.method, row.arguments), row.error);
+    // Any effect of the calls above would be visible before the effect of this one.
+    QVERIFY(show.activate("clicks"));
+    EVENTUALLY(show.checked() == QStringList({label::kClicks, label::kDark}));
+    QVERIFY(show.beneath.hasFocus());
+    QCOMPARE(show.program.output(), QByteArray());
 }
 
 void ApplicationActionScenarios::activatingARunningProgramChangesNothing()
 {
-    Remote on;
-    QVERIFY(on.activate("draw"));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.answers("Activate", {QVariantMap()}));
-    QVERIFY(on.activate("clicks"));
-    EVENTUALLY(on.checked() == QStringList({label::kDraw, label::kClicks, label::kDark}));
-    QVERIFY(on.hasKeyboard());
+    BusPresentation show;
+    QVERIFY(show.activate("draw"));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.succeeds("Activate", {QVariantMap()}));
+    QVERIFY(show.activate("clicks"));
+    EVENTUALLY(show.checked() == QStringList({label::kDraw, label::kClicks, label::kDark}));
+    QVERIFY(show.hasKeyboard());
 }
 
-void ApplicationActionScenarios::quittingIsAnsweredAndEndsIt()
+void ApplicationActionScenarios::quitRepliesAndEndsTheProgram()
 {
-    Remote on;
-    QVERIFY(on.activate("quit"));
-    QCOMPARE(on.program.waitForExit(), std::optional(0));
+    BusPresentation show;
+    QVERIFY(show.activate("quit"));
+    QCOMPARE(show.program.waitForExit(), std::optional(0));
 }
 
-void ApplicationActionScenarios::theBusStartsItForAnAction()
+void ApplicationActionScenarios::theBusStartsTheProgramForAnAction()
 {
     DesktopSession session;
     const QColor color(0x20, 0x60, 0xA0);
@@ -160,7 +173,7 @@ void ApplicationActionScenarios::theBusStartsItForAnAction()
     };
     QVERIFY(!activate("spotlight"));
 
-    // As it is installed.
+    // The service file as it would be installed.
     const QDir services(session.home().filePath(".local/share/dbus-1/services"));
     QVERIFY(services.mkpath("."));
     QFile service(services.filePath(kId + ".service"));

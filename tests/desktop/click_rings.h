@@ -7,7 +7,7 @@
 
 namespace zeigewerk::rig {
 
-/// A presentation whose presenter shows clicks, and somebody who watches the rings.
+/// A presentation in which clicks can be shown, and a watch for their rings.
 class ClickRings : public Presentation
 {
 public:
@@ -21,14 +21,14 @@ public:
     {
     }
 
-    /// Comes back when clicks are shown; false if they are not.
+    /// Switches the showing of clicks on; false if that fails.
     bool turnOn()
     {
         hotKey(Key::K);
         return eventually([&] { return presenter.isOn(button::kClicks); });
     }
 
-    /// The rings that were on the screen since the presentation began, in their order.
+    /// The rings that have been on the screen since the presentation began, in order.
     QList<WatchedWindow> rings()
     {
         QList<WatchedWindow> rings;
@@ -39,13 +39,13 @@ public:
         }
         return rings;
     }
-    /// How many of them were round that pixel.
+    /// How many of them were around that pixel.
     int ringsAt(QPoint place)
     {
         int count = 0;
         for (const WatchedWindow &ring : rings()) {
-            const QPoint off = ring.geometry.topLeft() + QPoint(kSide / 2, kSide / 2) - place;
-            if (std::abs(off.x()) <= 1 && std::abs(off.y()) <= 1)
+            const QPoint offset = ring.geometry.topLeft() + QPoint(kSide / 2, kSide / 2) - place;
+            if (std::abs(offset.x()) <= 1 && std::abs(offset.y()) <= 1)
                 ++count;
         }
         return count;
@@ -55,10 +55,10 @@ public:
         const QList<WatchedWindow> all = rings();
         return std::all_of(all.begin(), all.end(), [](const WatchedWindow &ring) { return ring.isGone; });
     }
-    /// A click far from all others whose ring has come. What an earlier press brings about comes before it.
-    bool hasSettled()
+    /// Makes a click far from all others and waits for its ring: earlier clicks have been handled by then.
+    bool settle()
     {
-        const QPoint place(1500, 900 - 10 * m_closingClicks++);
+        const QPoint place(1500, 900 - 10 * m_settlingClicks++);
         return session.pointer().clickAt(place) && eventually([&] { return ringsAt(place) == 1; });
     }
 
@@ -66,7 +66,7 @@ public:
 
 private:
     WindowWatch m_watch;
-    int m_closingClicks = 0;
+    int m_settlingClicks = 0;
 };
 
 } // namespace zeigewerk::rig

@@ -1,4 +1,4 @@
-// Which clicks give a ring.
+// Which clicks show a ring.
 #include "click_rings.h"
 #include "registered_test.h"
 
@@ -29,149 +29,149 @@ class ClickScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void fastClicksGiveARingEach();
+    void everyFastClickShowsARing();
     void clicksAreShownOnlyWhileTheModeIsOn();
-    void otherButtonsGiveNone();
-    void leftIsWhereTheUserHasPutIt();
-    void anOpenMenuOfAnotherProgramHidesNoClick();
-    void ourOwnWindowsGiveARingEach();
-    void withNobodyClickingItSleeps();
+    void otherButtonsShowNoRing();
+    void afterSwappingTheLogicalLeftButtonCounts();
+    void clicksOnAnotherProgramsMenuShowRings();
+    void clicksOnOurOwnWindowsShowRings();
+    void withoutClicksTheProgramSleeps();
 };
 
-void ClickScenarios::fastClicksGiveARingEach()
+void ClickScenarios::everyFastClickShowsARing()
 {
     constexpr int kClicks = 20;
-    ClickRings on;
-    QVERIFY(on.turnOn());
-    on.beneath.forget();
-    // At one place, since a ring comes where the pointer is by then.
+    ClickRings show;
+    QVERIFY(show.turnOn());
+    show.beneath.forget();
+    // All at one place, because a ring opens where the pointer is when the program handles the click.
     const QList<QPoint> places(kClicks, {600, 400});
-    QVERIFY(on.session.pointer().moveTo(places.first()));
+    QVERIFY(show.session.pointer().moveTo(places.first()));
     for (int i = 0; i < kClicks; ++i)
-        QVERIFY(on.session.pointer().click());
-    EVENTUALLY(on.ringsAt(places.first()) == kClicks);
-    EVENTUALLY(on.areAllGone());
-    EVENTUALLY(on.isUntouched({0, 0, 1700, 1080}));
-    // None of them took a click.
-    EVENTUALLY(on.beneath.presses() == places);
-    EVENTUALLY(on.beneath.releases() == places);
-    QVERIFY(on.beneath.hasFocus());
-    // Nor is there one too many.
-    QVERIFY(on.hasSettled());
-    QCOMPARE(on.rings().size(), kClicks + 1);
+        QVERIFY(show.session.pointer().click());
+    EVENTUALLY(show.ringsAt(places.first()) == kClicks);
+    EVENTUALLY(show.areAllGone());
+    EVENTUALLY(show.isUntouched({0, 0, 1700, 1080}));
+    // The rings intercepted no clicks.
+    EVENTUALLY(show.beneath.presses() == places);
+    EVENTUALLY(show.beneath.releases() == places);
+    QVERIFY(show.beneath.hasFocus());
+    // And there is no extra ring.
+    QVERIFY(show.settle());
+    QCOMPARE(show.rings().size(), kClicks + 1);
 }
 
 void ClickScenarios::clicksAreShownOnlyWhileTheModeIsOn()
 {
-    ClickRings on;
-    QVERIFY(on.session.pointer().clickAt({300, 300}));
-    QVERIFY(on.turnOn());
-    QVERIFY(on.session.pointer().clickAt({500, 300}));
-    EVENTUALLY(on.ringsAt({500, 300}) == 1);
-    on.hotKey(Key::K);
-    EVENTUALLY(!on.presenter.isOn(button::kClicks));
-    QVERIFY(on.session.pointer().clickAt({700, 300}));
-    QVERIFY(on.turnOn());
-    QVERIFY(on.hasSettled());
-    QCOMPARE(on.rings().size(), 2);
+    ClickRings show;
+    QVERIFY(show.session.pointer().clickAt({300, 300}));
+    QVERIFY(show.turnOn());
+    QVERIFY(show.session.pointer().clickAt({500, 300}));
+    EVENTUALLY(show.ringsAt({500, 300}) == 1);
+    show.hotKey(Key::K);
+    EVENTUALLY(!show.presenter.isOn(button::kClicks));
+    QVERIFY(show.session.pointer().clickAt({700, 300}));
+    QVERIFY(show.turnOn());
+    QVERIFY(show.settle());
+    QCOMPARE(show.rings().size(), 2);
 }
 
-void ClickScenarios::otherButtonsGiveNone()
+void ClickScenarios::otherButtonsShowNoRing()
 {
-    ClickRings on;
-    QVERIFY(on.turnOn());
-    QVERIFY(on.session.pointer().clickAt({300, 300}, Pointer::Middle));
-    QVERIFY(on.session.pointer().clickAt({300, 300}, Pointer::Right));
-    QVERIFY(on.session.pointer().wheel(2));
-    // A press while another button is held is one all the same, and its release is none.
-    QVERIFY(on.session.pointer().press(Pointer::Right));
-    QVERIFY(on.session.pointer().clickAt({600, 300}));
-    QVERIFY(on.session.pointer().release(Pointer::Right));
-    EVENTUALLY(on.ringsAt({600, 300}) == 1);
-    QVERIFY(on.hasSettled());
-    QCOMPARE(on.rings().size(), 2);
+    ClickRings show;
+    QVERIFY(show.turnOn());
+    QVERIFY(show.session.pointer().clickAt({300, 300}, Pointer::Middle));
+    QVERIFY(show.session.pointer().clickAt({300, 300}, Pointer::Right));
+    QVERIFY(show.session.pointer().wheel(2));
+    // A press while another button is pressed counts too, and its release does not.
+    QVERIFY(show.session.pointer().press(Pointer::Right));
+    QVERIFY(show.session.pointer().clickAt({600, 300}));
+    QVERIFY(show.session.pointer().release(Pointer::Right));
+    EVENTUALLY(show.ringsAt({600, 300}) == 1);
+    QVERIFY(show.settle());
+    QCOMPARE(show.rings().size(), 2);
 }
 
-void ClickScenarios::leftIsWhereTheUserHasPutIt()
+void ClickScenarios::afterSwappingTheLogicalLeftButtonCounts()
 {
-    ClickRings on;
-    QVERIFY(on.turnOn());
+    ClickRings show;
+    QVERIFY(show.turnOn());
     QList<std::uint8_t> map;
-    for (int button = 1; button <= buttonCount(on.session); ++button)
+    for (int button = 1; button <= buttonCount(show.session); ++button)
         map.append(static_cast<std::uint8_t>(button));
-    const QList<std::uint8_t> usual = map;
+    const QList<std::uint8_t> original = map;
     map.swapItemsAt(0, 2);
-    QVERIFY(setPointerMapping(on.session, map));
-    on.beneath.forget();
-    // By the button's place on the mouse; what is pressed by it is another question.
-    QVERIFY(on.session.pointer().moveTo({600, 300}));
-    on.session.pointer().click(Pointer::Right);
-    EVENTUALLY(on.beneath.presses(Pointer::Left).size() == 1);
-    EVENTUALLY(on.ringsAt({600, 300}) == 1);
-    QVERIFY(on.session.pointer().moveTo({800, 300}));
-    on.session.pointer().click(Pointer::Left);
-    EVENTUALLY(on.beneath.presses(Pointer::Right).size() == 1);
-    QVERIFY(on.session.pointer().moveTo({1000, 300}));
-    on.session.pointer().click(Pointer::Right);
-    EVENTUALLY(on.ringsAt({1000, 300}) == 1);
-    QCOMPARE(on.rings().size(), 2);
-    QVERIFY(setPointerMapping(on.session, usual));
-    QVERIFY(on.hasSettled());
-    QCOMPARE(on.rings().size(), 3);
+    QVERIFY(setPointerMapping(show.session, map));
+    show.beneath.forget();
+    // Pointer's buttons are the physical ones, which the mapping swaps.
+    QVERIFY(show.session.pointer().moveTo({600, 300}));
+    show.session.pointer().click(Pointer::Right);
+    EVENTUALLY(show.beneath.presses(Pointer::Left).size() == 1);
+    EVENTUALLY(show.ringsAt({600, 300}) == 1);
+    QVERIFY(show.session.pointer().moveTo({800, 300}));
+    show.session.pointer().click(Pointer::Left);
+    EVENTUALLY(show.beneath.presses(Pointer::Right).size() == 1);
+    QVERIFY(show.session.pointer().moveTo({1000, 300}));
+    show.session.pointer().click(Pointer::Right);
+    EVENTUALLY(show.ringsAt({1000, 300}) == 1);
+    QCOMPARE(show.rings().size(), 2);
+    QVERIFY(setPointerMapping(show.session, original));
+    QVERIFY(show.settle());
+    QCOMPARE(show.rings().size(), 3);
 }
 
-void ClickScenarios::anOpenMenuOfAnotherProgramHidesNoClick()
+void ClickScenarios::clicksOnAnotherProgramsMenuShowRings()
 {
-    ClickRings on;
-    QVERIFY(on.turnOn());
-    const Popup menu(on.session, {300, 300, 200, 400}, Qt::green);
+    ClickRings show;
+    QVERIFY(show.turnOn());
+    const Popup menu(show.session, {300, 300, 200, 400}, Qt::green);
     QVERIFY(menu.grabPointer());
-    on.beneath.forget();
+    show.beneath.forget();
     for (const QPoint &place : {QPoint(400, 500), QPoint(900, 500)}) {
-        QVERIFY(on.session.pointer().clickAt(place));
-        EVENTUALLY(on.ringsAt(place) == 1);
+        QVERIFY(show.session.pointer().clickAt(place));
+        EVENTUALLY(show.ringsAt(place) == 1);
     }
     EVENTUALLY(menu.presses() == 2);
-    QVERIFY(on.beneath.presses().isEmpty());
+    QVERIFY(show.beneath.presses().isEmpty());
     menu.ungrabPointer();
-    QVERIFY(on.hasSettled());
-    QCOMPARE(on.rings().size(), 3);
+    QVERIFY(show.settle());
+    QCOMPARE(show.rings().size(), 3);
 }
 
-void ClickScenarios::ourOwnWindowsGiveARingEach()
+void ClickScenarios::clicksOnOurOwnWindowsShowRings()
 {
-    ClickRings on;
-    QVERIFY(on.turnOn());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().moveTo({400, 600}));
-    QVERIFY(on.session.pointer().press());
-    EVENTUALLY(on.ringsAt({400, 600}) == 1);
-    QVERIFY(on.session.pointer().moveTo({500, 600}));
-    QVERIFY(on.session.pointer().release());
-    EVENTUALLY(on.pixel({450, 600}) == kInk);
-    const QPoint line = on.presenter.button(button::kLine).extents.center();
-    QVERIFY(on.session.pointer().clickAt(line));
-    EVENTUALLY(on.presenter.isOn(button::kLine));
-    EVENTUALLY(on.ringsAt(line) == 1);
-    QVERIFY(on.hasSettled());
-    QCOMPARE(on.rings().size(), 3);
+    ClickRings show;
+    QVERIFY(show.turnOn());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().moveTo({400, 600}));
+    QVERIFY(show.session.pointer().press());
+    EVENTUALLY(show.ringsAt({400, 600}) == 1);
+    QVERIFY(show.session.pointer().moveTo({500, 600}));
+    QVERIFY(show.session.pointer().release());
+    EVENTUALLY(show.pixel({450, 600}) == kInk);
+    const QPoint line = show.presenter.button(button::kLine).extents.center();
+    QVERIFY(show.session.pointer().clickAt(line));
+    EVENTUALLY(show.presenter.isOn(button::kLine));
+    EVENTUALLY(show.ringsAt(line) == 1);
+    QVERIFY(show.settle());
+    QCOMPARE(show.rings().size(), 3);
 }
 
-void ClickScenarios::withNobodyClickingItSleeps()
+void ClickScenarios::withoutClicksTheProgramSleeps()
 {
-    ClickRings on;
-    QVERIFY(on.turnOn());
+    ClickRings show;
+    QVERIFY(show.turnOn());
     for (int i = 0; i < 5; ++i)
-        QVERIFY(on.session.pointer().clickAt({300 + 100 * i, 300}));
-    EVENTUALLY(on.rings().size() == 5 && on.areAllGone());
-    EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
-    // That the pointer moves is no click.
-    QTimer hand;
+        QVERIFY(show.session.pointer().clickAt({300 + 100 * i, 300}));
+    EVENTUALLY(show.rings().size() == 5 && show.areAllGone());
+    EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));
+    // Motion is not a click.
+    QTimer mover;
     int steps = 0;
-    hand.callOnTimeout([&] { steps += on.session.pointer().moveTo({300 + steps, 500}); });
-    hand.start(50ms);
-    QVERIFY(sleepsFor(on.program.processId(), 2s));
+    mover.callOnTimeout([&] { steps += show.session.pointer().moveTo({300 + steps, 500}); });
+    mover.start(50ms);
+    QVERIFY(sleepsFor(show.program.processId(), 2s));
     QVERIFY(steps > 0);
 }
 

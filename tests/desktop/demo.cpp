@@ -1,4 +1,4 @@
-// Plays the demonstration and keeps its pictures, which the documents show.
+// Plays the demonstration and saves its pictures for the documents.
 
 #include "demonstration.h"
 #include "small_pictures.h"
@@ -9,7 +9,7 @@
 
 int main(int argc, char *argv[])
 {
-    // The slide is painted in memory; the program is what needs a display.
+    // The slide is painted in memory; only the program needs a display.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication app(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
@@ -22,6 +22,6 @@ int main(int argc, char *argv[])
     const QDir folder(arguments[1]);
     if (Demonstration(folder, scale).play() && SmallPictures(folder, scale).make())
         return 0;
-    std::fputs("The demonstration did not show what it should.\n", stderr);
+    std::fputs("The demonstration did not show the expected pictures.\n", stderr);
     return 1;
 }

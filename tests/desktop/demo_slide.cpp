@@ -98,9 +98,9 @@ DemoSlide::DemoSlide(DesktopSession &session, const QRect &rect)
 {
 }
 
-bool DemoSlide::isShown()
+bool DemoSlide::present()
 {
-    show(paintedSlide(m_rect.size(), false));
+    setPicture(paintedSlide(m_rect.size(), false));
     return m_window.takeFocus() &&
            eventually([&] { return m_session.screenshot().pixel(column(3).center()) == kBlue; });
 }
@@ -110,13 +110,13 @@ bool DemoSlide::isButtonPressed()
     const QList<QPoint> presses = m_window.presses();
     if (!std::any_of(presses.begin(), presses.end(), [](QPoint place) { return kButton.contains(place); }))
         return false;
-    show(paintedSlide(m_rect.size(), true));
+    setPicture(paintedSlide(m_rect.size(), true));
     return true;
 }
 
-void DemoSlide::show(const QImage &picture)
+void DemoSlide::setPicture(const QImage &picture)
 {
-    // As the window's background, so that the server repaints it without us.
+    // Set as the window's background, so that the server repaints it without us.
     Client &client = m_session.client();
     xcb_connection_t *xcb = client.connection();
     const xcb_pixmap_t pixmap = xcb_generate_id(xcb);
@@ -125,7 +125,7 @@ void DemoSlide::show(const QImage &picture)
     const std::uint8_t depth = client.screen().root_depth;
     xcb_create_pixmap(xcb, depth, pixmap, m_window.id(), width, static_cast<std::uint16_t>(picture.height()));
     xcb_create_gc(xcb, context, pixmap, 0, nullptr);
-    constexpr int kRowsAtOnce = 100; // stays below the largest request of any server
+    constexpr int kRowsAtOnce = 100; // small enough for any server's maximum request size
     for (int row = 0; row < picture.height(); row += kRowsAtOnce) {
         const int rows = std::min(kRowsAtOnce, picture.height() - row);
         xcb_put_image(xcb, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, context, width,

@@ -4,20 +4,21 @@
 
 namespace zeigewerk::rig {
 
-/// What is presented in the demonstration: a slide with a title, a chart and a button that shows when it has
-/// been clicked. Places are native root pixels on a screen of 1920 x 1080.
+/// The slide of the demonstration: a title, a chart, and a button that shows when it has been clicked. Places
+/// are native root pixels on a screen of 1920 x 1080.
 class DemoSlide
 {
 public:
     DemoSlide(DesktopSession &session, const QRect &rect);
 
-    bool isShown();
+    /// Paints the slide, focuses it, and waits until it is on the screen.
+    bool present();
     bool hasFocus() { return m_window.hasFocus(); }
-    /// Whether a click reached the button; the slide shows it from then on.
+    /// Whether a click has reached the button; the slide shows it from then on.
     bool isButtonPressed();
 
 private:
-    void show(const QImage &picture);
+    void setPicture(const QImage &picture);
 
     DesktopSession &m_session;
     QRect m_rect;
@@ -25,7 +26,7 @@ private:
 };
 
 QPoint slideTitleLeft();
-/// The middle of the best quarter's column.
+/// The middle of the highest column.
 QPoint slideChartTop();
 QPoint slideButton();
 

@@ -12,7 +12,7 @@ bool Demonstration::play()
 
 bool Demonstration::showToolbar()
 {
-    return shows("1-toolbar.png", "the toolbar at the right edge, over somebody's slide",
+    return shows("1-toolbar.png", "the toolbar at the right edge, over a slide",
                  [&] { return isDark(toolbar().background()); });
 }
 
@@ -35,7 +35,7 @@ bool Demonstration::everyTool()
 
 bool Demonstration::undo()
 {
-    return choose(button::kUndo) && shows("3-undo.png", "the newest mark taken back", [&] {
+    return choose(button::kUndo) && shows("3-undo.png", "the latest mark undone", [&] {
                return count({1300, 540, 230, 100}, kInks[Orange]) == 0 &&
                       count(kDemoSlide, kInks[Red]) > 1000;
            });
@@ -45,7 +45,7 @@ bool Demonstration::text()
 {
     const QRect line(520, 270, 460, 90);
     return take(button::kText, Green, Medium) && write({530, 290}, {860, 292}, "Rekord") &&
-           shows("4-text.png", "a word, typed and entered", [&] { return count(line, kInks[Green]) > 200; });
+           shows("4-text.png", "a typed word", [&] { return count(line, kInks[Green]) > 200; });
 }
 
 bool Demonstration::freehand()
@@ -54,7 +54,7 @@ bool Demonstration::freehand()
     return choose(button::kClear) && eventually([&] { return count(kDemoSlide, kInks[Red]) == 0; }) &&
            drawWith(button::kPen, Orange, Medium, loopAround(slideChartTop(), 260, 330)) &&
            drawWithShift(straight({160, 960}, {1060, 985})) &&
-           shows("5-pen.png", "the pen: a loop, and with Shift a level line", [&] {
+           shows("5-pen.png", "the pen: a loop, and with Shift a horizontal line", [&] {
                const QRect line = session().screenshot().bounds(kInks[Orange], beneathChart);
                return count(kDemoSlide, kInks[Red]) == 0 && line.width() > 850 && line.height() <= 12 &&
                       count(QRect(slideChartTop() - QPoint(140, 180), QSize(280, 360)), kInks[Orange]) > 1000;
@@ -77,13 +77,13 @@ bool Demonstration::clickRing()
     if (!choose(button::kClicks) || !eventually([&] { return toolbar().isOn(button::kClicks); }))
         return false;
     const QColor paper = pixel(place);
-    // It lives for half a second only and is small at first, so what is kept is the very picture on which it
-    // was seen.
+    // A ring lives for half a second only and is small at first, so the screenshot that detected it is the
+    // one to keep.
     const auto isSeen = [&] {
         const Screenshot now = session().screenshot();
         const int inked = around.width() * around.height() - now.count(paper, around, 40);
         return inked > 300 * scale() * scale() &&
-               keep(now, "7-click.png", "a ring round a click on the slide", true);
+               keep(now, "7-click.png", "a ring around a click on the slide", true);
     };
     bool wasSeen = false;
     for (int attempt = 0; attempt < 20 && !wasSeen; ++attempt)
@@ -103,7 +103,7 @@ bool Demonstration::isRingShown()
 bool Demonstration::spotlight()
 {
     return choose(button::kSpotlight) && session().pointer().moveTo(slideChartTop() + QPoint(0, 40)) &&
-           shows("8-spotlight.png", "the spotlight: everything dark but a circle round the pointer",
+           shows("8-spotlight.png", "the spotlight: everything is dark except a circle around the pointer",
                  [&] {
                      return isDark({1900, 20}) && !isDark(slideChartTop() + QPoint(78, 40)) &&
                             isDark(slideTitleLeft());
@@ -130,7 +130,7 @@ bool Demonstration::menu()
 {
     return choose(button::kAppearance) &&
            session().pointer().clickAt(toolbar().background(), Pointer::Right) &&
-           shows("10-menu.png", "the menu, which the tray's icon opens too", [&] {
+           shows("10-menu.png", "the menu, which the tray icon opens too", [&] {
                const QRect panel = toolbar().panel();
                const QList<WindowInfo> windows = session().client().windowsOfProcess(program().processId());
                return std::any_of(windows.begin(), windows.end(), [&](const WindowInfo &window) {

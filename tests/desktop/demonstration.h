@@ -4,13 +4,13 @@
 
 namespace zeigewerk::rig {
 
-/// Shows one feature after the other. Each step is looked for on the screen, and leaves a picture.
+/// Shows one feature after the other. Each step is verified on the screen and saved as a picture.
 class Demonstration : private Presenter
 {
 public:
     using Presenter::Presenter;
 
-    /// False as soon as a step does not show what it should.
+    /// False as soon as a step does not show the expected result.
     bool play();
 
 private:

@@ -25,46 +25,46 @@ private Q_SLOTS:
 
 void DrawingScenarios::hotKeyThenDragLeavesInk()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 300}, {450, 310}, {500, 300}}));
-    EVENTUALLY(on.pixel({450, 310}) == kInk);
-    EVENTUALLY(on.pixel({498, 300}) == kInk);
-    QCOMPARE(on.pixel({450, 330}), on.beneathColor());
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{400, 300}, {450, 310}, {500, 300}}));
+    EVENTUALLY(show.pixel({450, 310}) == kInk);
+    EVENTUALLY(show.pixel({498, 300}) == kInk);
+    QCOMPARE(show.pixel({450, 330}), show.beneathColor());
 }
 
 void DrawingScenarios::theSecondHotKeyClearsTheScreen()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    on.hotKey(Key::D);
-    EVENTUALLY(on.isUntouched({300, 200, 300, 200}));
-    QVERIFY(on.overlays().isEmpty());
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
+    show.hotKey(Key::D);
+    EVENTUALLY(show.isUntouched({300, 200, 300, 200}));
+    QVERIFY(show.overlays().isEmpty());
 
-    // What was drawn is gone, not only hidden.
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 700}, {500, 700}}));
-    EVENTUALLY(on.pixel({450, 700}) == kInk);
-    QVERIFY(on.isUntouched({300, 200, 300, 200}));
+    // The drawing is gone, not just hidden.
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{400, 700}, {500, 700}}));
+    EVENTUALLY(show.pixel({450, 700}) == kInk);
+    QVERIFY(show.isUntouched({300, 200, 300, 200}));
 }
 
 void DrawingScenarios::shiftDrawsAStraightLine()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.session.keyboard().press(Key::Shift);
-    QVERIFY(on.session.pointer().drag({{400, 300}, {460, 380}, {500, 290}, {700, 320}}));
-    on.session.keyboard().release(Key::Shift);
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.session.keyboard().press(Key::Shift);
+    QVERIFY(show.session.pointer().drag({{400, 300}, {460, 380}, {500, 290}, {700, 320}}));
+    show.session.keyboard().release(Key::Shift);
     const QRect around(300, 200, 500, 300);
-    EVENTUALLY(on.pixel({690, 300}) == kInk && on.isUntouched({300, 310, 500, 190}));
-    // Level with the press, as long as the drag, five wide.
-    const QRect ink = on.session.screenshot().bounds(kInk, around);
+    EVENTUALLY(show.pixel({690, 300}) == kInk && show.isUntouched({300, 310, 500, 190}));
+    // At the height of the press, as long as the drag, five pixels wide.
+    const QRect ink = show.session.screenshot().bounds(kInk, around);
     QCOMPARE(ink.top(), 298);
     QCOMPARE(ink.bottom(), 302);
     QVERIFY(std::abs(ink.right() - (400 + std::hypot(300, 20))) <= 3);
@@ -72,30 +72,30 @@ void DrawingScenarios::shiftDrawsAStraightLine()
 
 void DrawingScenarios::nothingDrawnReachesTheWindowBeneath()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    QVERIFY(on.beneath.presses().isEmpty());
-    QVERIFY(on.beneath.pressedKeys().isEmpty());
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
+    QVERIFY(show.beneath.presses().isEmpty());
+    QVERIFY(show.beneath.pressedKeys().isEmpty());
 }
 
 void DrawingScenarios::aClickLeavesADot()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().clickAt({640, 480}));
-    EVENTUALLY(on.pixel({640, 480}) == kInk);
-    QVERIFY(on.session.screenshot().bounds(kInk, {600, 440, 80, 80}).width() <= 6);
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().clickAt({640, 480}));
+    EVENTUALLY(show.pixel({640, 480}) == kInk);
+    QVERIFY(show.session.screenshot().bounds(kInk, {600, 440, 80, 80}).width() <= 6);
     // Other buttons draw nothing.
-    QVERIFY(on.session.pointer().clickAt({840, 480}, Pointer::Right));
-    QVERIFY(on.session.pointer().clickAt({640, 580}));
-    EVENTUALLY(on.pixel({640, 580}) == kInk);
-    QVERIFY(on.isUntouched({800, 440, 80, 80}));
+    QVERIFY(show.session.pointer().clickAt({840, 480}, Pointer::Right));
+    QVERIFY(show.session.pointer().clickAt({640, 580}));
+    EVENTUALLY(show.pixel({640, 580}) == kInk);
+    QVERIFY(show.isUntouched({800, 440, 80, 80}));
 }
 
 void DrawingScenarios::inkLandsUnderThePointerAtEveryScale_data()
@@ -108,20 +108,20 @@ void DrawingScenarios::inkLandsUnderThePointerAtEveryScale_data()
 void DrawingScenarios::inkLandsUnderThePointerAtEveryScale()
 {
     QFETCH(QString, scale);
-    Presentation on({}, {{"QT_SCALE_FACTOR", scale}});
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    Presentation show({}, {{"QT_SCALE_FACTOR", scale}});
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     const QList<QPoint> places = {{0, 0}, {1919, 0}, {0, 1079}, {1919, 1079}, {701, 333}, {960, 541}};
     for (const QPoint place : places) {
-        QVERIFY(on.session.pointer().clickAt(place));
-        EVENTUALLY(on.pixel(place) == kInk);
+        QVERIFY(show.session.pointer().clickAt(place));
+        EVENTUALLY(show.pixel(place) == kInk);
         const QRect around(place - QPoint(30, 30), QSize(61, 61));
         if (!QRect(0, 0, 1920, 1080).contains(around))
             continue;
-        // The dot has the stroke's width, of which the outermost pixels may be covered in part; those have
-        // the ink's colour only where nothing mixes them.
-        const int partly = on.session.isComposited() ? 0 : 2;
-        const QRect ink = on.session.screenshot().bounds(kInk, around, 2);
+        // The dot is as wide as a stroke. Pixels at its edge may be covered partly; without a compositor,
+        // which would blend them, they have the full colour of the ink.
+        const int partly = show.session.isComposited() ? 0 : 2;
+        const QRect ink = show.session.screenshot().bounds(kInk, around, 2);
         const double diameter = 5 * scale.toDouble();
         QVERIFY(ink.width() <= diameter + partly && ink.width() >= diameter - 3);
         QVERIFY(ink.height() <= diameter + partly && ink.height() >= diameter - 3);
@@ -132,66 +132,66 @@ void DrawingScenarios::inkLandsUnderThePointerAtEveryScale()
 
 void DrawingScenarios::theWhiteboardIsWhiteAndCanBeDrawnOn()
 {
-    Presentation on;
-    on.hotKey(Key::W);
-    EVENTUALLY(on.isFilled(Qt::white, {0, 0, 1920, 1080}));
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    on.hotKey(Key::W);
-    EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
+    Presentation show;
+    show.hotKey(Key::W);
+    EVENTUALLY(show.isFilled(Qt::white, {0, 0, 1920, 1080}));
+    QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
+    show.hotKey(Key::W);
+    EVENTUALLY(show.isUntouched({0, 0, 1920, 1080}));
 }
 
 void DrawingScenarios::aPinnedDrawingStaysAndLetsClicksThrough()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    on.beneath.forget();
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
+    show.beneath.forget();
 
-    on.hotKey(Key::P);
-    EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(on.session.pointer().clickAt({450, 300}));
-    EVENTUALLY(on.beneath.presses() == QList<QPoint>({{450, 300}}));
-    EVENTUALLY(on.beneath.releases() == QList<QPoint>({{450, 300}}));
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys().contains(Key::A));
-    QCOMPARE(on.pixel({450, 300}), kInk);
+    show.hotKey(Key::P);
+    EVENTUALLY(show.beneath.hasFocus());
+    QVERIFY(show.session.pointer().clickAt({450, 300}));
+    EVENTUALLY(show.beneath.presses() == QList<QPoint>({{450, 300}}));
+    EVENTUALLY(show.beneath.releases() == QList<QPoint>({{450, 300}}));
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys().contains(Key::A));
+    QCOMPARE(show.pixel({450, 300}), kInk);
 }
 
 void DrawingScenarios::aPinnedDrawingCanBeDrawnOnAgain()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    on.hotKey(Key::P);
-    EVENTUALLY(on.beneath.hasFocus());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 500}, {500, 500}}));
-    EVENTUALLY(on.pixel({450, 500}) == kInk);
-    QCOMPARE(on.pixel({450, 300}), kInk);
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
+    show.hotKey(Key::P);
+    EVENTUALLY(show.beneath.hasFocus());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{400, 500}, {500, 500}}));
+    EVENTUALLY(show.pixel({450, 500}) == kInk);
+    QCOMPARE(show.pixel({450, 300}), kInk);
 }
 
 void DrawingScenarios::aHiddenOverlayHoldsNoFrameBuffer()
 {
     const QRect wide(0, 0, 3840, 2160);
-    Presentation on({.screens = {wide}});
+    Presentation show({.screens = {wide}});
     const qint64 frameBuffer = qint64(wide.width()) * wide.height() * 4;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.overlays().isEmpty());
-    const qint64 before = on.program.residentBytes();
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.overlays().isEmpty());
+    const qint64 before = show.program.residentBytes();
 
-    on.hotKey(Key::W);
-    EVENTUALLY(on.isFilled(Qt::white, wide));
-    QVERIFY(on.program.residentBytes() - before > frameBuffer * 9 / 10);
-    on.hotKey(Key::W);
-    EVENTUALLY(on.overlays().isEmpty());
-    EVENTUALLY(on.program.residentBytes() - before < frameBuffer / 10);
+    show.hotKey(Key::W);
+    EVENTUALLY(show.isFilled(Qt::white, wide));
+    QVERIFY(show.program.residentBytes() - before > frameBuffer * 9 / 10);
+    show.hotKey(Key::W);
+    EVENTUALLY(show.overlays().isEmpty());
+    EVENTUALLY(show.program.residentBytes() - before < frameBuffer / 10);
 }
 
 REGISTER_GUILESS_TEST(DrawingScenarios)

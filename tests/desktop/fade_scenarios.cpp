@@ -13,24 +13,24 @@ const QRect kSmallScreen(0, 0, 1280, 800);
 const QPoint kStroke(300, 300);
 const QColor kGround(0x20, 0x60, 0xA0);
 
-/// What a program on a busy machine may lag behind the clock, in seconds.
-constexpr double kLag = 1.0;
-/// A step of opacity that a screenshot cannot tell.
-constexpr double kUnseenStep = 0.02;
+/// How far the program may lag behind the clock on a busy machine, in seconds.
+constexpr double kMaxLag = 1.0;
+/// Differences in opacity below this cannot be seen in a screenshot.
+constexpr double kOpacityTolerance = 0.02;
 
-/// How opaque a stroke of that age in seconds is.
+/// The opacity of a stroke of that age in seconds.
 double opacityAt(double age)
 {
     return std::clamp((4.8 - age) / 0.8, 0.0, 1.0);
 }
 
-/// One look at the stroke.
-struct StrokeLook
+/// One observation of the stroke.
+struct StrokeSample
 {
-    /// Between these the stroke's age was at that time, in seconds. What is on the screen may be older, not
-    /// newer, so the stroke is at least as opaque as the older age says.
-    double youngest = 0.0;
-    double oldest = 0.0;
+    /// The stroke's age at that moment was between these, in seconds. The screen may show an older state,
+    /// never a newer one, so the stroke is at least as opaque as at its maximum age.
+    double minAge = 0.0;
+    double maxAge = 0.0;
     double opacity = 0.0;
 };
 
@@ -39,7 +39,7 @@ double opacityOf(const QColor &seen)
     return double(seen.red() - kGround.red()) / (kInk.red() - kGround.red());
 }
 
-/// A stroke with auto-fade on, watched until it has gone.
+/// A stroke drawn with auto-fade on, observed until it has disappeared.
 class WatchedStroke
 {
 public:
@@ -53,31 +53,31 @@ public:
         Pointer &pointer = m_session.pointer();
         const bool drawn = pointer.moveTo(kStroke - QPoint(50, 0)) && pointer.press() &&
                            pointer.moveTo(kStroke + QPoint(50, 0));
-        m_sinceBefore.start();
+        m_sinceBeforeRelease.start();
         const bool released = pointer.release();
-        m_sinceAfter.start();
+        m_sinceAfterRelease.start();
         return drawn && released;
     }
 
-    StrokeLook look()
+    StrokeSample sample()
     {
-        StrokeLook look;
-        look.youngest = double(m_sinceAfter.elapsed()) / 1000.0;
-        look.opacity = opacityOf(m_session.screenshot().pixel(kStroke));
-        look.oldest = double(m_sinceBefore.elapsed()) / 1000.0;
-        return look;
+        StrokeSample sample;
+        sample.minAge = double(m_sinceAfterRelease.elapsed()) / 1000.0;
+        sample.opacity = opacityOf(m_session.screenshot().pixel(kStroke));
+        sample.maxAge = double(m_sinceBeforeRelease.elapsed()) / 1000.0;
+        return sample;
     }
 
 private:
     DesktopSession &m_session;
-    QElapsedTimer m_sinceBefore;
-    QElapsedTimer m_sinceAfter;
+    QElapsedTimer m_sinceBeforeRelease;
+    QElapsedTimer m_sinceAfterRelease;
 };
 
-/// Somebody draws with auto-fade on.
-struct Fading
+/// Drawing with auto-fade on.
+struct AutoFade
 {
-    Fading()
+    AutoFade()
         : isStored(SettingsFile(session).write("ZeigewerkAutoFade=true\n"))
         , beneath(session, kSmallScreen, kGround)
         , program(session)
@@ -87,7 +87,7 @@ struct Fading
         session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
     }
 
-    bool isDrawnOn() { return session.client().inputFocus() != beneath.id(); }
+    bool isDrawing() { return session.client().inputFocus() != beneath.id(); }
 
     DesktopSession session{{.screens = {kSmallScreen}}};
     bool isStored;
@@ -102,59 +102,59 @@ class FadeScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aStrokeHoldsDissolvesAndLeavesTheProgramAsleep();
-    void theWhiteboardHoldsWhatWouldFade();
+    void aStrokeStaysThenFadesAndTheProgramSleeps();
+    void theWhiteboardPausesFading();
 };
 
-void FadeScenarios::aStrokeHoldsDissolvesAndLeavesTheProgramAsleep()
+void FadeScenarios::aStrokeStaysThenFadesAndTheProgramSleeps()
 {
-    Fading on;
-    EVENTUALLY(on.isDrawnOn());
-    WatchedStroke stroke(on.session);
+    AutoFade show;
+    EVENTUALLY(show.isDrawing());
+    WatchedStroke stroke(show.session);
     QVERIFY(stroke.draw());
-    EVENTUALLY(stroke.look().opacity == 1.0);
+    EVENTUALLY(stroke.sample().opacity == 1.0);
 
-    QList<StrokeLook> looks;
+    QList<StrokeSample> samples;
     do
-        looks.append(stroke.look());
-    while (looks.constLast().opacity != 0.0 && looks.constLast().youngest < 10.0);
+        samples.append(stroke.sample());
+    while (samples.constLast().opacity != 0.0 && samples.constLast().minAge < 10.0);
 
-    double last = 1.0;
-    int dissolving = 0;
-    for (const StrokeLook &look : std::as_const(looks)) {
-        const QByteArray what = QByteArray::number(look.opacity) + " between " +
-                                QByteArray::number(look.youngest) + " and " +
-                                QByteArray::number(look.oldest) + " s";
-        QVERIFY2(look.opacity >= opacityAt(look.oldest) - kUnseenStep, what);
-        QVERIFY2(look.opacity <= opacityAt(look.youngest - kLag) + kUnseenStep, what);
-        QVERIFY2(look.opacity <= last, what);
-        last = look.opacity;
-        dissolving += look.opacity > 0.1 && look.opacity < 0.9 ? 1 : 0;
+    double previous = 1.0;
+    int fadingSamples = 0;
+    for (const StrokeSample &sample : std::as_const(samples)) {
+        const QByteArray message = QByteArray::number(sample.opacity) + " between " +
+                                   QByteArray::number(sample.minAge) + " and " +
+                                   QByteArray::number(sample.maxAge) + " s";
+        QVERIFY2(sample.opacity >= opacityAt(sample.maxAge) - kOpacityTolerance, message);
+        QVERIFY2(sample.opacity <= opacityAt(sample.minAge - kMaxLag) + kOpacityTolerance, message);
+        QVERIFY2(sample.opacity <= previous, message);
+        previous = sample.opacity;
+        fadingSamples += sample.opacity > 0.1 && sample.opacity < 0.9 ? 1 : 0;
     }
-    QCOMPARE(last, 0.0);
-    QVERIFY(dissolving > 0);
-    QVERIFY(on.session.screenshot().isFilled(kGround, {200, 200, 200, 200}));
+    QCOMPARE(previous, 0.0);
+    QVERIFY(fadingSamples > 0);
+    QVERIFY(show.session.screenshot().isFilled(kGround, {200, 200, 200, 200}));
 
-    // Still drawing, but nothing is left to fade.
-    EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
-    QVERIFY(on.session.client().inputFocus() != on.beneath.id());
+    // Drawing is still on, but nothing is left to fade.
+    EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));
+    QVERIFY(show.session.client().inputFocus() != show.beneath.id());
 }
 
-void FadeScenarios::theWhiteboardHoldsWhatWouldFade()
+void FadeScenarios::theWhiteboardPausesFading()
 {
-    Fading on;
-    EVENTUALLY(on.isDrawnOn());
-    WatchedStroke stroke(on.session);
+    AutoFade show;
+    EVENTUALLY(show.isDrawing());
+    WatchedStroke stroke(show.session);
     QVERIFY(stroke.draw());
-    on.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
-    EVENTUALLY(on.session.screenshot().pixel({300, 400}) == QColor(Qt::white));
-    // Long after it would have gone it is as it was …
-    EVENTUALLY_WITHIN(10s, stroke.look().youngest > 5.5);
-    QCOMPARE(on.session.screenshot().pixel(kStroke), kInk);
-    // … and without the whiteboard it goes.
-    on.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
-    EVENTUALLY(on.session.screenshot().isFilled(kGround, {200, 200, 200, 300}));
-    EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
+    show.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
+    EVENTUALLY(show.session.screenshot().pixel({300, 400}) == QColor(Qt::white));
+    // It is still there long after it would have disappeared …
+    EVENTUALLY_WITHIN(10s, stroke.sample().minAge > 5.5);
+    QCOMPARE(show.session.screenshot().pixel(kStroke), kInk);
+    // … and fades without the whiteboard.
+    show.session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
+    EVENTUALLY(show.session.screenshot().isFilled(kGround, {200, 200, 200, 300}));
+    EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));
 }
 
 REGISTER_GUILESS_TEST(FadeScenarios)

@@ -25,204 +25,214 @@ class FocusScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theKeyboardGoesBackToWhoHadIt_data();
-    void theKeyboardGoesBackToWhoHadIt();
-    void whenWhoHadItIsGoneTheNextWindowGetsIt();
-    void aDockDoesNotGetTheKeyboardOfAWindowThatIsGone();
+    void theKeyboardReturnsToItsPreviousOwner_data();
+    void theKeyboardReturnsToItsPreviousOwner();
+    void ifThePreviousOwnerIsGoneTheNextWindowGetsTheKeyboard();
+    void aDockNeverInheritsTheKeyboard();
     void aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards();
     void aPressOnACanvasTakesTheKeyboard();
     void theSpotlightLeavesTheKeyboardAlone();
-    void theKeyboardIsTakenAgainAfterItMovedUnderAGrab();
-    void whoTookTheKeyboardMeanwhileKeepsIt();
-    void aHeldEscReachesNobodyElse();
-    void aHotKeyUnderAHeldEscWorksAgain();
+    void aFocusChangeDuringAGrabIsReverted();
+    void aWindowThatTookTheKeyboardMeanwhileKeepsIt();
+    void aHeldEscReachesNoOtherWindow();
+    void aHotKeyPressedDuringAHeldEscWorksAgain();
 };
 
-void FocusScenarios::theKeyboardGoesBackToWhoHadIt_data()
+void FocusScenarios::theKeyboardReturnsToItsPreviousOwner_data()
 {
+    struct Row
+    {
+        const char *name;
+        QList<Key> into;
+        QList<Key> out;
+    };
+    // Esc is the plain key; letters are hot keys.
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        {.name = "drawing, hot key",            .into = {Key::D},                 .out = {Key::D}},
+        {.name = "drawing, Esc",                .into = {Key::D},                 .out = {Key::Escape}},
+        {.name = "drawing, pin",                .into = {Key::D},                 .out = {Key::P}},
+        {.name = "whiteboard, hot key",         .into = {Key::W},                 .out = {Key::W}},
+        {.name = "whiteboard, Esc",             .into = {Key::W},                 .out = {Key::Escape}},
+        {.name = "both, one after the other",   .into = {Key::D, Key::W},         .out = {Key::D, Key::W}},
+        {.name = "drawing with spotlight, Esc", .into = {Key::D, Key::S},         .out = {Key::Escape}},
+        {.name = "pinned and drawn on, Esc",    .into = {Key::D, Key::P, Key::D}, .out = {Key::Escape}},
+    };
+    // clang-format on
     QTest::addColumn<QList<Key>>("into");
     QTest::addColumn<QList<Key>>("out");
-
-    // Esc is the key itself, the letters are hot keys.
-    QTest::newRow("drawing, hot key") << QList<Key>{Key::D} << QList<Key>{Key::D};
-    QTest::newRow("drawing, Esc") << QList<Key>{Key::D} << QList<Key>{Key::Escape};
-    QTest::newRow("drawing, pin") << QList<Key>{Key::D} << QList<Key>{Key::P};
-    QTest::newRow("whiteboard, hot key") << QList<Key>{Key::W} << QList<Key>{Key::W};
-    QTest::newRow("whiteboard, Esc") << QList<Key>{Key::W} << QList<Key>{Key::Escape};
-    QTest::newRow("both, one after the other") << QList<Key>{Key::D, Key::W} << QList<Key>{Key::D, Key::W};
-    QTest::newRow("drawing with spotlight, Esc") << QList<Key>{Key::D, Key::S} << QList<Key>{Key::Escape};
-    QTest::newRow("pinned, drawn on again, Esc")
-        << QList<Key>{Key::D, Key::P, Key::D} << QList<Key>{Key::Escape};
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.into << row.out;
 }
 
-void FocusScenarios::theKeyboardGoesBackToWhoHadIt()
+void FocusScenarios::theKeyboardReturnsToItsPreviousOwner()
 {
     QFETCH(QList<Key>, into);
     QFETCH(QList<Key>, out);
-    Presentation on;
-    WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
+    Presentation show;
+    WindowBeneath other(show.session, {100, 100, 300, 300}, Qt::red);
     QVERIFY(other.opensWithFocus());
-    QVERIFY(on.beneath.takeFocus());
-    // One step at a time: an Esc between pinning and drawing on again would go to the window beneath.
+    QVERIFY(show.beneath.takeFocus());
+    // Step by step: an Esc between pinning and drawing again would go to the window beneath.
     for (const Key key : into) {
-        on.hotKey(key);
-        EVENTUALLY(key == Key::P   ? on.beneath.hasFocus()
-                   : key == Key::S ? on.isDimmed({1000, 1000})
-                                   : on.hasKeyboard());
+        show.hotKey(key);
+        EVENTUALLY(key == Key::P   ? show.beneath.hasFocus()
+                   : key == Key::S ? show.isDimmed({1000, 1000})
+                                   : show.hasKeyboard());
     }
     for (const Key key : out) {
         if (key == Key::Escape)
-            on.session.keyboard().tap(key);
+            show.session.keyboard().tap(key);
         else
-            on.hotKey(key);
+            show.hotKey(key);
     }
-    EVENTUALLY(on.beneath.hasFocus());
-    // Until the program has seen Esc released, it holds on to the keys.
-    EVENTUALLY(isKeyboardFree(on.session));
-    on.beneath.forget();
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
+    EVENTUALLY(show.beneath.hasFocus());
+    // The program keeps the keyboard grabbed until it has handled the release of Esc.
+    EVENTUALLY(isKeyboardFree(show.session));
+    show.beneath.forget();
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys() == QList<Key>{Key::A});
 }
 
-void FocusScenarios::whenWhoHadItIsGoneTheNextWindowGetsIt()
+void FocusScenarios::ifThePreviousOwnerIsGoneTheNextWindowGetsTheKeyboard()
 {
-    Presentation on;
-    auto other = std::make_unique<WindowBeneath>(on.session, QRect(100, 100, 300, 300), Qt::red);
+    Presentation show;
+    auto other = std::make_unique<WindowBeneath>(show.session, QRect(100, 100, 300, 300), Qt::red);
     QVERIFY(other->opensWithFocus());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     other.reset();
-    on.hotKey(Key::D);
-    EVENTUALLY(on.overlays().isEmpty());
-    EVENTUALLY(!on.hasKeyboard());
-    // Without a window manager there is no list of windows: then the keys go to the one under the pointer.
-    EVENTUALLY(on.beneath.hasFocus() || on.session.windowManagerProcessId() == 0);
-    QVERIFY(on.session.pointer().moveTo({1000, 800}));
-    on.beneath.forget();
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
+    show.hotKey(Key::D);
+    EVENTUALLY(show.overlays().isEmpty());
+    EVENTUALLY(!show.hasKeyboard());
+    // Without a window manager there is no list of windows; then the window under the pointer gets the keys.
+    EVENTUALLY(show.beneath.hasFocus() || show.session.windowManagerProcessId() == 0);
+    QVERIFY(show.session.pointer().moveTo({1000, 800}));
+    show.beneath.forget();
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys() == QList<Key>{Key::A});
 }
 
-void FocusScenarios::aDockDoesNotGetTheKeyboardOfAWindowThatIsGone()
+void FocusScenarios::aDockNeverInheritsTheKeyboard()
 {
-    // One that lists its docks among the windows.
-    Presentation on({.windowManager = WindowManager::Openbox});
-    const Dock dock(on.session, {0, 1050, 1920, 30}, "_NET_WM_STRUT", {0, 0, 0, 30});
-    auto other = std::make_unique<WindowBeneath>(on.session, QRect(100, 100, 300, 300), Qt::red);
+    // Openbox includes docks in its list of windows.
+    Presentation show({.windowManager = WindowManager::Openbox});
+    const Dock dock(show.session, {0, 1050, 1920, 30}, "_NET_WM_STRUT", {0, 0, 0, 30});
+    auto other = std::make_unique<WindowBeneath>(show.session, QRect(100, 100, 300, 300), Qt::red);
     QVERIFY(other->opensWithFocus());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     other.reset();
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
 void FocusScenarios::aWindowThatOpensWhileDrawingGetsTheKeyboardAfterwards()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    WindowBeneath later(on.session, {100, 100, 300, 300}, Qt::red);
-    QVERIFY(later.takeFocus() || on.hasKeyboard());
-    EVENTUALLY(on.hasKeyboard());
-    on.session.keyboard().tap(Key::Escape);
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    WindowBeneath later(show.session, {100, 100, 300, 300}, Qt::red);
+    QVERIFY(later.takeFocus() || show.hasKeyboard());
+    EVENTUALLY(show.hasKeyboard());
+    show.session.keyboard().tap(Key::Escape);
     EVENTUALLY(later.hasFocus());
-    EVENTUALLY(on.overlays().isEmpty());
+    EVENTUALLY(show.overlays().isEmpty());
 }
 
 void FocusScenarios::aPressOnACanvasTakesTheKeyboard()
 {
     const QList<QRect> screens = {{0, 0, 1280, 1024}, {1280, 0, 1280, 1024}};
-    Presentation on({.screens = screens});
-    QVERIFY(on.session.pointer().moveTo({100, 100}));
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    const xcb_window_t first = on.session.client().inputFocus();
-    QVERIFY(on.session.pointer().clickAt({1800, 500}));
-    EVENTUALLY(on.hasKeyboard() && on.session.client().inputFocus() != first);
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    Presentation show({.screens = screens});
+    QVERIFY(show.session.pointer().moveTo({100, 100}));
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    const xcb_window_t first = show.session.client().inputFocus();
+    QVERIFY(show.session.pointer().clickAt({1800, 500}));
+    EVENTUALLY(show.hasKeyboard() && show.session.client().inputFocus() != first);
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
 void FocusScenarios::theSpotlightLeavesTheKeyboardAlone()
 {
-    Presentation on;
-    WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
+    Presentation show;
+    WindowBeneath other(show.session, {100, 100, 300, 300}, Qt::red);
     QVERIFY(other.opensWithFocus());
-    on.hotKey(Key::S);
-    EVENTUALLY(on.isDimmed({1000, 1000}));
-    QVERIFY(on.beneath.takeFocus());
-    on.hotKey(Key::S);
-    EVENTUALLY(on.overlays().isEmpty());
-    QVERIFY(on.beneath.hasFocus());
+    show.hotKey(Key::S);
+    EVENTUALLY(show.isDimmed({1000, 1000}));
+    QVERIFY(show.beneath.takeFocus());
+    show.hotKey(Key::S);
+    EVENTUALLY(show.overlays().isEmpty());
+    QVERIFY(show.beneath.hasFocus());
 }
 
-void FocusScenarios::theKeyboardIsTakenAgainAfterItMovedUnderAGrab()
+void FocusScenarios::aFocusChangeDuringAGrabIsReverted()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     {
-        const KeyboardGrab grab(on.session);
-        on.session.client().setInputFocus(on.beneath.id());
+        const KeyboardGrab grab(show.session);
+        show.session.client().setInputFocus(show.beneath.id());
     }
-    EVENTUALLY(on.hasKeyboard());
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    EVENTUALLY(show.hasKeyboard());
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
-void FocusScenarios::whoTookTheKeyboardMeanwhileKeepsIt()
+void FocusScenarios::aWindowThatTookTheKeyboardMeanwhileKeepsIt()
 {
-    Presentation on;
-    WindowBeneath other(on.session, {100, 100, 300, 300}, Qt::red);
+    Presentation show;
+    WindowBeneath other(show.session, {100, 100, 300, 300}, Qt::red);
     QVERIFY(other.opensWithFocus());
-    QVERIFY(on.beneath.takeFocus());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    // The hot key comes before the program takes the keyboard again.
-    on.session.client().setInputFocus(other.id());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.overlays().isEmpty());
+    QVERIFY(show.beneath.takeFocus());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    // The hot key arrives before the program takes the keyboard back.
+    show.session.client().setInputFocus(other.id());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.overlays().isEmpty());
     QVERIFY(other.hasFocus());
 }
 
-void FocusScenarios::aHeldEscReachesNobodyElse()
+void FocusScenarios::aHeldEscReachesNoOtherWindow()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.beneath.forget();
-    on.session.keyboard().press(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.beneath.forget();
+    show.session.keyboard().press(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
     // The server repeats a held key after 660 ms.
-    THROUGHOUT(1000ms, on.beneath.pressedKeys().isEmpty());
-    on.session.keyboard().release(Key::Escape);
-    EVENTUALLY(isKeyboardFree(on.session));
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
+    THROUGHOUT(1000ms, show.beneath.pressedKeys().isEmpty());
+    show.session.keyboard().release(Key::Escape);
+    EVENTUALLY(isKeyboardFree(show.session));
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys() == QList<Key>{Key::A});
 }
 
-void FocusScenarios::aHotKeyUnderAHeldEscWorksAgain()
+void FocusScenarios::aHotKeyPressedDuringAHeldEscWorksAgain()
 {
-    Presentation on;
-    Keyboard &keyboard = on.session.keyboard();
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    Presentation show;
+    Keyboard &keyboard = show.session.keyboard();
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     keyboard.press(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(!isKeyboardFree(on.session));
+    EVENTUALLY(show.beneath.hasFocus());
+    EVENTUALLY(!isKeyboardFree(show.session));
     for (const Key key : {Key::Ctrl, Key::Alt, Key::S})
         keyboard.press(key);
-    EVENTUALLY(on.isDimmed({10, 10}));
+    EVENTUALLY(show.isDimmed({10, 10}));
     keyboard.release(Key::Escape);
-    // Whoever got the hot key's press must get its release, or the next press looks like a repeat. Without
-    // that the program would let go of the keyboard at once.
-    THROUGHOUT(500ms, !isKeyboardFree(on.session));
+    // The grab must last until the hot key is released; otherwise its next press would look like a repeat.
+    THROUGHOUT(500ms, !isKeyboardFree(show.session));
     for (const Key key : {Key::S, Key::Alt, Key::Ctrl})
         keyboard.release(key);
-    EVENTUALLY(isKeyboardFree(on.session));
-    on.hotKey(Key::S);
-    EVENTUALLY(on.isUntouched({0, 0, 100, 100}));
+    EVENTUALLY(isKeyboardFree(show.session));
+    show.hotKey(Key::S);
+    EVENTUALLY(show.isUntouched({0, 0, 100, 100}));
 }
 
 REGISTER_GUILESS_TEST(FocusScenarios)

@@ -10,25 +10,25 @@ class HotKeyScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aTakenHotKeyLeavesTheOthers();
+    void otherHotKeysWorkWhenOneIsTaken();
     void locksDoNotMatter_data();
     void locksDoNotMatter();
     void aHeldHotKeyTogglesOnce();
-    void whileAnotherHasTheKeyboardAHotKeyDoesNothing();
-    void hotKeysAreTheirPlacesOnAnyLayout();
+    void hotKeysDoNothingDuringAKeyboardGrab();
+    void hotKeysAreKeyPositionsOnAnyLayout();
     void hotKeysNeverReachTheApplications();
 };
 
-void HotKeyScenarios::aTakenHotKeyLeavesTheOthers()
+void HotKeyScenarios::otherHotKeysWorkWhenOneIsTaken()
 {
     DesktopSession session;
     WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::blue);
-    HotKeyThief thief(session, {Key::Ctrl, Key::Alt}, Key::D);
+    KeyGrab otherProgram(session, {Key::Ctrl, Key::Alt}, Key::D);
     Program program(session);
     QVERIFY(program.waitUntilReady());
 
     session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
-    EVENTUALLY(thief.presses() == 1);
+    EVENTUALLY(otherProgram.presses() == 1);
     session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
     EVENTUALLY(session.screenshot().isFilled(Qt::white, {100, 100, 500, 500}));
     session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::W);
@@ -49,82 +49,82 @@ void HotKeyScenarios::locksDoNotMatter()
 {
     QFETCH(bool, capsLock);
     QFETCH(bool, numLock);
-    Presentation on;
-    QVERIFY(on.session.keyboard().setLock(Key::CapsLock, capsLock));
-    QVERIFY(on.session.keyboard().setLock(Key::NumLock, numLock));
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.beneath.hasFocus());
-    on.hotKey(Key::S);
-    EVENTUALLY(on.isDimmed({10, 10}));
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    Presentation show;
+    QVERIFY(show.session.keyboard().setLock(Key::CapsLock, capsLock));
+    QVERIFY(show.session.keyboard().setLock(Key::NumLock, numLock));
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.beneath.hasFocus());
+    show.hotKey(Key::S);
+    EVENTUALLY(show.isDimmed({10, 10}));
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.isUntouched({0, 0, 1920, 1080}));
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
 void HotKeyScenarios::aHeldHotKeyTogglesOnce()
 {
-    Presentation on;
-    on.session.keyboard().press(Key::Ctrl);
-    on.session.keyboard().press(Key::Alt);
-    on.session.keyboard().press(Key::W);
-    EVENTUALLY(on.pixel({10, 10}) == QColor(Qt::white));
-    // The server repeats a held key after 660 ms, and then 25 times a second.
-    THROUGHOUT(1200ms, on.pixel({10, 10}) == QColor(Qt::white));
-    on.session.keyboard().release(Key::W);
-    on.session.keyboard().press(Key::W);
-    EVENTUALLY(on.isUntouched({0, 0, 100, 100}));
+    Presentation show;
+    show.session.keyboard().press(Key::Ctrl);
+    show.session.keyboard().press(Key::Alt);
+    show.session.keyboard().press(Key::W);
+    EVENTUALLY(show.pixel({10, 10}) == QColor(Qt::white));
+    // The server repeats a held key after 660 ms, and then 25 times per second.
+    THROUGHOUT(1200ms, show.pixel({10, 10}) == QColor(Qt::white));
+    show.session.keyboard().release(Key::W);
+    show.session.keyboard().press(Key::W);
+    EVENTUALLY(show.isUntouched({0, 0, 100, 100}));
     for (const Key key : {Key::W, Key::Alt, Key::Ctrl})
-        on.session.keyboard().release(key);
+        show.session.keyboard().release(key);
 }
 
-void HotKeyScenarios::hotKeysAreTheirPlacesOnAnyLayout()
+void HotKeyScenarios::hotKeysAreKeyPositionsOnAnyLayout()
 {
-    // Here the places of a US keyboard carry other letters: D is E, P is L.
-    Presentation on;
-    on.session.display().setKeyboardMap("us(dvorak)");
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    // On this layout the key positions carry other letters: D is E, P is L.
+    Presentation show;
+    show.session.display().setKeyboardMap("us(dvorak)");
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
 void HotKeyScenarios::hotKeysNeverReachTheApplications()
 {
-    Presentation on;
-    on.beneath.forget();
-    on.hotKey(Key::K);
-    on.hotKey(Key::T);
-    on.hotKey(Key::P);
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys().contains(Key::A));
+    Presentation show;
+    show.beneath.forget();
+    show.hotKey(Key::K);
+    show.hotKey(Key::T);
+    show.hotKey(Key::P);
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys().contains(Key::A));
     for (const Key key : {Key::K, Key::T, Key::P})
-        QVERIFY(!on.beneath.pressedKeys().contains(key));
+        QVERIFY(!show.beneath.pressedKeys().contains(key));
 }
 
-void HotKeyScenarios::whileAnotherHasTheKeyboardAHotKeyDoesNothing()
+void HotKeyScenarios::hotKeysDoNothingDuringAKeyboardGrab()
 {
-    Presentation on;
+    Presentation show;
     {
-        const KeyboardGrab grab(on.session);
-        on.hotKey(Key::D);
-        on.hotKey(Key::W);
-        on.hotKey(Key::K);
+        const KeyboardGrab grab(show.session);
+        show.hotKey(Key::D);
+        show.hotKey(Key::W);
+        show.hotKey(Key::K);
     }
-    // What they had brought about would come before this.
-    on.hotKey(Key::S);
-    EVENTUALLY(on.isDimmed({10, 10}));
-    QVERIFY(!on.hasKeyboard());
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.overlays().isEmpty());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.beneath.hasFocus());
+    // Any effect of those keys would be visible before this one.
+    show.hotKey(Key::S);
+    EVENTUALLY(show.isDimmed({10, 10}));
+    QVERIFY(!show.hasKeyboard());
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.overlays().isEmpty());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
 REGISTER_GUILESS_TEST(HotKeyScenarios)

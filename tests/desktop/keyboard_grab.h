@@ -4,7 +4,8 @@
 
 namespace zeigewerk::rig {
 
-/// Another program that holds on to the keyboard, as a window switcher does.
+/// Another program that has grabbed the whole keyboard, as a window switcher does. See KeyGrab for a single
+/// key.
 class KeyboardGrab
 {
 public:
@@ -19,7 +20,7 @@ public:
     }
     ~KeyboardGrab()
     {
-        // Whoever types next types to everybody.
+        // The next keys are for everybody again.
         xcb_ungrab_keyboard(m_client.connection(), XCB_CURRENT_TIME);
         m_client.roundTrip();
     }

@@ -9,29 +9,29 @@
 
 namespace zeigewerk::rig {
 
-/// The pen as the program starts with it.
+/// The pen's initial colour.
 inline const QColor kInk(0xF2, 0x9A, 0x00);
 inline constexpr double kDimming = 0.55;
 /// Without its shadow, at scale 1.
 inline constexpr QSize kToolbar(151, 477);
 inline constexpr int kSmallestScreenWidth = 640;
 
-/// What the spotlight's dimming makes of a colour.
+/// A colour under the spotlight's dimming.
 inline QColor dimmed(const QColor &color)
 {
     const auto dim = [](int component) { return qRound(component * (1 - kDimming)); };
     return {dim(color.red()), dim(color.green()), dim(color.blue())};
 }
 
-/// For presenters who look for buttons by their names.
+/// For scenarios that look for buttons by name.
 inline DesktopSetup withAccessibility(DesktopSetup setup)
 {
     setup.accessibility = true;
     return setup;
 }
 
-/// What every scenario begins with: somebody presents an ordinary window, which has the keyboard, and the
-/// program waits for its hot keys.
+/// The start of every scenario: an ordinary window is presented and has the keyboard, and the program waits
+/// for its hot keys.
 class Presentation
 {
 public:
@@ -47,7 +47,7 @@ public:
     void hotKey(Key key) { session.keyboard().chord({Key::Ctrl, Key::Alt}, key); }
     QColor pixel(QPoint place) { return session.screenshot().pixel(place); }
     QColor beneathColor() const { return {0x20, 0x60, 0xA0}; }
-    /// Whether the rectangle has that one colour wherever the toolbar, shadow included, does not lie.
+    /// Whether the rectangle has that colour everywhere except under the toolbar and its shadow.
     bool isFilled(const QColor &color, const QRect &rect)
     {
         const std::optional<WindowInfo> bar = toolbar();
@@ -56,8 +56,8 @@ public:
         return std::all_of(besideToolbar.begin(), besideToolbar.end(),
                            [&](const QRect &part) { return screen.isFilled(color, part); });
     }
-    /// Whether the spotlight's dimming lies over that colour there, which looks the same a pixel below.
-    /// Without a compositor it is black in every second row.
+    /// Whether the spotlight's dimming covers that colour there; the pixel below must have the same colour.
+    /// Without a compositor every second row is black instead.
     bool isDimmed(QPoint place, const QColor &ground)
     {
         const Screenshot screen = session.screenshot();
@@ -69,7 +69,7 @@ public:
                (here == ground || below == ground);
     }
     bool isDimmed(QPoint place) { return isDimmed(place, beneathColor()); }
-    /// Whether nothing but the window beneath, and the toolbar, shows in that rectangle.
+    /// Whether the rectangle shows nothing but the window beneath, and perhaps the toolbar.
     bool isUntouched(const QRect &rect) { return isFilled(beneathColor(), rect); }
 
     /// The program's windows on the screen.
@@ -82,7 +82,7 @@ public:
         }
         return shown;
     }
-    /// Those of them that are as large as a screen.
+    /// The program's windows that are as large as a screen.
     QList<WindowInfo> overlays()
     {
         QList<WindowInfo> overlays;
@@ -102,8 +102,7 @@ public:
         }
         return std::nullopt;
     }
-    /// Whether one of the program's windows has the keyboard: the last thing that happens when interaction
-    /// begins.
+    /// Whether a window of the program has the keyboard: the last step when drawing or the whiteboard starts.
     bool hasKeyboard()
     {
         const xcb_window_t focus = session.client().inputFocus();

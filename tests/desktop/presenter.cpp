@@ -39,7 +39,7 @@ Presenter::Presenter(const QDir &folder, int scale)
 
 bool Presenter::begin()
 {
-    if (!m_slide.isShown() || !m_program.waitUntilReady())
+    if (!m_slide.present() || !m_program.waitUntilReady())
         return false;
     m_toolbar.emplace(m_session, m_program, m_scale);
     return true;
@@ -52,7 +52,7 @@ bool Presenter::choose(const QString &button, int index)
 
 bool Presenter::take(const QString &tool, int color, int width)
 {
-    // The toolbar answers in the order of its clicks, but the canvas does not wait for it.
+    // The toolbar handles its clicks in order, but the canvas is independent of that order.
     return choose(tool) && choose(button::kColor, color) && choose(button::kWidth, width) &&
            eventually([&] { return m_toolbar->isOn(button::kWidth, width); }) && isDrawing();
 }

@@ -11,31 +11,32 @@ class ProcessScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutADisplayItSaysSoAndEnds_data();
-    void withoutADisplayItSaysSoAndEnds();
-    void signalsEndItInOrder_data();
-    void signalsEndItInOrder();
-    void writingToWhoeverIsGoneDoesNotEndIt();
+    void withoutADisplayItReportsThatAndExits_data();
+    void withoutADisplayItReportsThatAndExits();
+    void signalsEndItCleanly_data();
+    void signalsEndItCleanly();
+    void aBrokenPipeDoesNotEndIt();
     void afterAKillTheDesktopIsUsable();
-    void waitingItSleeps();
-    void aSecondStartEndsQuietly();
-    void ofTwoStartsAtOnceOneStays();
-    void oneThatWasKilledIsInNobodysWay();
-    void whenTheDisplayGoesItSaysSoAndEnds_data();
-    void whenTheDisplayGoesItSaysSoAndEnds();
-    void inAWaylandSessionItSaysWhatWillNotWork();
+    void itSleepsWhenIdle();
+    void aSecondInstanceExitsQuietly();
+    void ofTwoSimultaneousStartsOneRemains();
+    void aKilledInstanceDoesNotBlockTheNext();
+    void whenTheDisplayGoesAwayItReportsThatAndExits_data();
+    void whenTheDisplayGoesAwayItReportsThatAndExits();
+    void inAWaylandSessionItReportsItsLimits();
 };
 
-void ProcessScenarios::withoutADisplayItSaysSoAndEnds_data()
+void ProcessScenarios::withoutADisplayItReportsThatAndExits_data()
 {
     QTest::addColumn<QString>("display");
     QTest::addColumn<QByteArray>("line");
-    QTest::newRow("none") << QString("") << QByteArray("zeigewerk: no X11 display: DISPLAY is not set\n");
-    QTest::newRow("unreachable") << QString(":64999")
-                                 << QByteArray("zeigewerk: cannot reach the X11 display :64999\n");
+    const QByteArray notSet = "zeigewerk: no X11 display: DISPLAY is not set\n";
+    const QByteArray unreachable = "zeigewerk: cannot reach the X11 display :64999\n";
+    QTest::newRow("not set") << QString("") << notSet;
+    QTest::newRow("unreachable") << QString(":64999") << unreachable;
 }
 
-void ProcessScenarios::withoutADisplayItSaysSoAndEnds()
+void ProcessScenarios::withoutADisplayItReportsThatAndExits()
 {
     QFETCH(QString, display);
     QFETCH(QByteArray, line);
@@ -45,7 +46,7 @@ void ProcessScenarios::withoutADisplayItSaysSoAndEnds()
     QCOMPARE(program.output(), line);
 }
 
-void ProcessScenarios::signalsEndItInOrder_data()
+void ProcessScenarios::signalsEndItCleanly_data()
 {
     QTest::addColumn<int>("signal");
     QTest::newRow("SIGTERM") << SIGTERM;
@@ -53,89 +54,89 @@ void ProcessScenarios::signalsEndItInOrder_data()
     QTest::newRow("SIGHUP") << SIGHUP;
 }
 
-void ProcessScenarios::signalsEndItInOrder()
+void ProcessScenarios::signalsEndItCleanly()
 {
     QFETCH(int, signal);
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QCOMPARE(kill(static_cast<pid_t>(on.program.processId()), signal), 0);
-    QCOMPARE(on.program.waitForExit(), std::optional(0));
-    QVERIFY(on.program.output().isEmpty());
-    QVERIFY(!isGrabbedByAnother(on.session, {Key::Ctrl, Key::Alt}, Key::D));
-    EVENTUALLY(on.beneath.hasFocus());
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QCOMPARE(kill(static_cast<pid_t>(show.program.processId()), signal), 0);
+    QCOMPARE(show.program.waitForExit(), std::optional(0));
+    QVERIFY(show.program.output().isEmpty());
+    QVERIFY(!isGrabbedByAnother(show.session, {Key::Ctrl, Key::Alt}, Key::D));
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
-void ProcessScenarios::writingToWhoeverIsGoneDoesNotEndIt()
+void ProcessScenarios::aBrokenPipeDoesNotEndIt()
 {
-    Presentation on;
-    QCOMPARE(kill(static_cast<pid_t>(on.program.processId()), SIGPIPE), 0);
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QCOMPARE(on.program.terminate(), std::optional(0));
+    Presentation show;
+    QCOMPARE(kill(static_cast<pid_t>(show.program.processId()), SIGPIPE), 0);
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QCOMPARE(show.program.terminate(), std::optional(0));
 }
 
 void ProcessScenarios::afterAKillTheDesktopIsUsable()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QCOMPARE(kill(static_cast<pid_t>(on.program.processId()), SIGKILL), 0);
-    EVENTUALLY(!on.program.isRunning());
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().clickAt({500, 500}));
-    EVENTUALLY(on.beneath.presses().size() == 1);
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys().contains(Key::A));
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QCOMPARE(kill(static_cast<pid_t>(show.program.processId()), SIGKILL), 0);
+    EVENTUALLY(!show.program.isRunning());
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().clickAt({500, 500}));
+    EVENTUALLY(show.beneath.presses().size() == 1);
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys().contains(Key::A));
 }
 
-void ProcessScenarios::waitingItSleeps()
+void ProcessScenarios::itSleepsWhenIdle()
 {
-    Presentation on;
-    // Everything on and off again, so that whatever could keep a timer has run.
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    Presentation show;
+    // Modes are switched on and off again, so that anything that might leave a timer running has run.
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     for (const Key key : {Key::S, Key::S, Key::D})
-        on.hotKey(key);
-    EVENTUALLY(on.beneath.hasFocus() && on.overlays().isEmpty());
-    // What was under way ends; from then on nothing happens any more.
-    EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
-    QVERIFY(sleepsFor(on.program.processId(), 4s));
+        show.hotKey(key);
+    EVENTUALLY(show.beneath.hasFocus() && show.overlays().isEmpty());
+    // Pending work is finished first; afterwards nothing happens any more.
+    EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));
+    QVERIFY(sleepsFor(show.program.processId(), 4s));
 }
 
-void ProcessScenarios::aSecondStartEndsQuietly()
+void ProcessScenarios::aSecondInstanceExitsQuietly()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     for (int i = 0; i < 3; ++i) {
-        Program second(on.session);
+        Program second(show.session);
         QCOMPARE(second.waitForExit(), std::optional(0));
         QVERIFY(second.output().isEmpty());
     }
-    // The first one goes on as if nothing had been.
-    QVERIFY(on.program.isRunning());
-    QVERIFY(on.hasKeyboard());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.beneath.hasFocus() && on.overlays().isEmpty());
+    // The first instance is not affected.
+    QVERIFY(show.program.isRunning());
+    QVERIFY(show.hasKeyboard());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.beneath.hasFocus() && show.overlays().isEmpty());
 }
 
-void ProcessScenarios::ofTwoStartsAtOnceOneStays()
+void ProcessScenarios::ofTwoSimultaneousStartsOneRemains()
 {
     DesktopSession session;
     for (int i = 0; i < 3; ++i) {
         Program one(session);
         Program other(session);
         EVENTUALLY(!one.isRunning() || !other.isRunning());
-        Program &gone = one.isRunning() ? other : one;
-        Program &stays = one.isRunning() ? one : other;
-        QCOMPARE(gone.waitForExit(), std::optional(0));
-        QVERIFY(stays.waitUntilReady());
-        QCOMPARE(stays.terminate(), std::optional(0));
+        Program &exited = one.isRunning() ? other : one;
+        Program &remaining = one.isRunning() ? one : other;
+        QCOMPARE(exited.waitForExit(), std::optional(0));
+        QVERIFY(remaining.waitUntilReady());
+        QCOMPARE(remaining.terminate(), std::optional(0));
     }
 }
 
-void ProcessScenarios::oneThatWasKilledIsInNobodysWay()
+void ProcessScenarios::aKilledInstanceDoesNotBlockTheNext()
 {
     DesktopSession session;
     Program first(session);
@@ -146,43 +147,43 @@ void ProcessScenarios::oneThatWasKilledIsInNobodysWay()
     QVERIFY(second.waitUntilReady());
 }
 
-void ProcessScenarios::whenTheDisplayGoesItSaysSoAndEnds_data()
+void ProcessScenarios::whenTheDisplayGoesAwayItReportsThatAndExits_data()
 {
     QTest::addColumn<int>("signal");
     QTest::addColumn<QList<Key>>("modes");
-    QTest::newRow("it ends, waiting") << SIGTERM << QList<Key>{};
-    QTest::newRow("it is killed, waiting") << SIGKILL << QList<Key>{};
-    QTest::newRow("it ends, with everything on") << SIGTERM << QList<Key>{Key::K, Key::S, Key::D};
-    QTest::newRow("it is killed, with everything on") << SIGKILL << QList<Key>{Key::K, Key::S, Key::D};
+    QTest::newRow("terminated while idle") << SIGTERM << QList<Key>{};
+    QTest::newRow("killed while idle") << SIGKILL << QList<Key>{};
+    QTest::newRow("terminated with all modes on") << SIGTERM << QList<Key>{Key::K, Key::S, Key::D};
+    QTest::newRow("killed with all modes on") << SIGKILL << QList<Key>{Key::K, Key::S, Key::D};
 }
 
-void ProcessScenarios::whenTheDisplayGoesItSaysSoAndEnds()
+void ProcessScenarios::whenTheDisplayGoesAwayItReportsThatAndExits()
 {
     QFETCH(int, signal);
     QFETCH(QList<Key>, modes);
-    Presentation on;
+    Presentation show;
     for (const Key mode : modes)
-        on.hotKey(mode);
-    // The last one, if any.
-    EVENTUALLY(on.hasKeyboard() == modes.contains(Key::D));
-    QCOMPARE(kill(static_cast<pid_t>(on.session.display().serverProcessId()), signal), 0);
-    QCOMPARE(on.program.waitForExit(), std::optional(1));
-    QCOMPARE(on.program.output(), QByteArray("zeigewerk: the X11 display has gone away\n"));
+        show.hotKey(mode);
+    // Drawing is switched on last, if at all.
+    EVENTUALLY(show.hasKeyboard() == modes.contains(Key::D));
+    QCOMPARE(kill(static_cast<pid_t>(show.session.display().serverProcessId()), signal), 0);
+    QCOMPARE(show.program.waitForExit(), std::optional(1));
+    QCOMPARE(show.program.output(), QByteArray("zeigewerk: the X11 display has gone away\n"));
 }
 
-void ProcessScenarios::inAWaylandSessionItSaysWhatWillNotWork()
+void ProcessScenarios::inAWaylandSessionItReportsItsLimits()
 {
-    Presentation on({}, {{"WAYLAND_DISPLAY", "wayland-0"}, {"XDG_SESSION_TYPE", "wayland"}});
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
+    Presentation show({}, {{"WAYLAND_DISPLAY", "wayland-0"}, {"XDG_SESSION_TYPE", "wayland"}});
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
     QCOMPARE(
-        on.program.output(),
+        show.program.output(),
         QByteArray("zeigewerk: in this Wayland session hot keys, click rings and what follows the pointer "
                    "work over X11 programs only\n"));
-    // It is no reason for a second start to speak.
-    Program second(on.session, {{"WAYLAND_DISPLAY", "wayland-0"}});
+    // A second instance does not print the message.
+    Program second(show.session, {{"WAYLAND_DISPLAY", "wayland-0"}});
     QCOMPARE(second.waitForExit(), std::optional(0));
     QVERIFY(second.output().isEmpty());
 }

@@ -1,4 +1,4 @@
-// What the rig says of a program's buttons, against a program whose buttons are known.
+// Tests the rig's accessibility support with a program whose buttons are known.
 #include "registered_test.h"
 #include "rig.h"
 
@@ -19,13 +19,13 @@ class RigAccessibilitySelfTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void buttonsAreFoundInTheirOrder();
+    void buttonsAreFoundInOrder();
     void pressingNeedsNoPointer();
-    void clicksMeetTheMiddleOfTheExtentsAtEveryScale_data();
-    void clicksMeetTheMiddleOfTheExtentsAtEveryScale();
-    void eachProgramIsFoundForItself();
-    void unaskedForThereIsNoAccessibilityBus();
-    void nothingOfTheBusIsLeftBehind();
+    void clicksWithinTheExtentsHitAtEveryScale_data();
+    void clicksWithinTheExtentsHitAtEveryScale();
+    void programsAreToldApart();
+    void theAccessibilityBusRunsOnlyOnRequest();
+    void noBusProcessIsLeftBehind();
 };
 
 void RigAccessibilitySelfTest::initTestCase()
@@ -33,7 +33,7 @@ void RigAccessibilitySelfTest::initTestCase()
     qputenv("ZEIGEWERK_BINARY", RIG_ACCESSIBLE_STAND_IN);
 }
 
-void RigAccessibilitySelfTest::buttonsAreFoundInTheirOrder()
+void RigAccessibilitySelfTest::buttonsAreFoundInOrder()
 {
     DesktopSession session({.accessibility = true});
     Program program(session);
@@ -71,14 +71,14 @@ void RigAccessibilitySelfTest::pressingNeedsNoPointer()
     QVERIFY(reader.press(*reader.find(kToggle)));
     EVENTUALLY(!reader.find(kToggle)->isChecked());
 
-    // Nobody who is gone can be pressed, nor asked.
+    // After the program has ended, its buttons can neither be pressed nor listed.
     const AccessibleButton button = *reader.find(kOpen);
     QCOMPARE(program.terminate(), std::optional(0));
     QVERIFY(!reader.press(button));
     QVERIFY(reader.buttons().isEmpty());
 }
 
-void RigAccessibilitySelfTest::clicksMeetTheMiddleOfTheExtentsAtEveryScale_data()
+void RigAccessibilitySelfTest::clicksWithinTheExtentsHitAtEveryScale_data()
 {
     QTest::addColumn<QString>("scales");
     QTest::addColumn<QRect>("screen");
@@ -88,7 +88,7 @@ void RigAccessibilitySelfTest::clicksMeetTheMiddleOfTheExtentsAtEveryScale_data(
     QTest::newRow("2") << "2" << QRect(0, 0, 3840, 2160) << QSize(120, 80);
 }
 
-void RigAccessibilitySelfTest::clicksMeetTheMiddleOfTheExtentsAtEveryScale()
+void RigAccessibilitySelfTest::clicksWithinTheExtentsHitAtEveryScale()
 {
     QFETCH(QString, scales);
     QFETCH(QRect, screen);
@@ -100,7 +100,7 @@ void RigAccessibilitySelfTest::clicksMeetTheMiddleOfTheExtentsAtEveryScale()
     const QRect extents = reader.find("Farbe", 1)->extents;
     QVERIFY(std::abs(extents.width() - size.width()) <= 1 && std::abs(extents.height() - size.height()) <= 1);
     QByteArray expected;
-    // The middle, and just inside of two corners.
+    // The middle, and just inside two corners.
     for (const QPoint place :
          {extents.center(), extents.topLeft() + QPoint(3, 3), extents.bottomRight() - QPoint(3, 3)}) {
         QVERIFY(session.pointer().clickAt(place));
@@ -111,7 +111,7 @@ void RigAccessibilitySelfTest::clicksMeetTheMiddleOfTheExtentsAtEveryScale()
     EVENTUALLY(reader.find(kToggle)->isChecked());
 }
 
-void RigAccessibilitySelfTest::eachProgramIsFoundForItself()
+void RigAccessibilitySelfTest::programsAreToldApart()
 {
     DesktopSession session({.accessibility = true});
     Program one(session);
@@ -123,7 +123,7 @@ void RigAccessibilitySelfTest::eachProgramIsFoundForItself()
     QVERIFY(one.output().isEmpty());
 }
 
-void RigAccessibilitySelfTest::unaskedForThereIsNoAccessibilityBus()
+void RigAccessibilitySelfTest::theAccessibilityBusRunsOnlyOnRequest()
 {
     DesktopSession session;
     const QProcessEnvironment environment = session.environment();
@@ -133,7 +133,7 @@ void RigAccessibilitySelfTest::unaskedForThereIsNoAccessibilityBus()
     QCOMPARE(processesWithEnvironment(mark).size(), 3);
 }
 
-void RigAccessibilitySelfTest::nothingOfTheBusIsLeftBehind()
+void RigAccessibilitySelfTest::noBusProcessIsLeftBehind()
 {
     QByteArray mark;
     {
@@ -141,8 +141,8 @@ void RigAccessibilitySelfTest::nothingOfTheBusIsLeftBehind()
         mark = "HOME=" + session.environment().value("HOME").toUtf8();
         Program program(session);
         Accessibility reader(session, program);
-        // Session bus, window manager, compositor, the stand-in, the launcher of the accessibility bus, that
-        // bus, and its registry.
+        // Session bus, window manager, compositor, the stand-in, the accessibility bus with its launcher and
+        // its registry.
         EVENTUALLY(processesWithEnvironment(mark).size() == 7);
     }
     QVERIFY(processesWithEnvironment(mark).isEmpty());

@@ -1,5 +1,5 @@
-// Behaves towards screen readers as the program does: a window that no window manager touches, with buttons
-// some of which are toggles and some of which have the same name. Says on its output what was clicked.
+// Imitates the program for screen readers: an unmanaged window with buttons, some of which are toggles or
+// have equal names. Prints which button was used.
 #include <QApplication>
 #include <QGridLayout>
 #include <QPushButton>
@@ -13,7 +13,7 @@
 
 namespace {
 
-void say(const QString &what)
+void print(const QString &what)
 {
     std::puts(qUtf8Printable(what));
     std::fflush(stdout);
@@ -28,16 +28,17 @@ QPushButton *addButton(QGridLayout &grid, const QString &name, bool isToggle = f
     button->setCheckable(isToggle);
     const int number = grid.count();
     grid.addWidget(button, number / 2, number % 2);
-    const auto sayUsed = [=] { say(QString("%1 used at %2").arg(name).arg(number)); };
+    const auto printUsed = [=] { print(QString("%1 used at %2").arg(name).arg(number)); };
     // A screen reader toggles a toggle without clicking it.
     if (isToggle)
-        QObject::connect(button, &QPushButton::toggled, sayUsed);
+        QObject::connect(button, &QPushButton::toggled, printUsed);
     else
-        QObject::connect(button, &QPushButton::clicked, sayUsed);
+        QObject::connect(button, &QPushButton::clicked, printUsed);
     return button;
 }
 
-/// SIGTERM comes as an event, since a handler could call nothing of Qt. Blocked before Qt has any threads.
+/// SIGTERM arrives as an event, because a signal handler must not call Qt. It is blocked before Qt starts
+/// threads.
 int blockedSigterm()
 {
     sigset_t ending;

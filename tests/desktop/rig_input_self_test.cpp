@@ -10,17 +10,17 @@ class RigInputSelfTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void clicksReachTheWindowBeneathWhereTheyAreMade();
-    void dragMakesOneMotionForEachPoint();
-    void keysReachTheWindowThatTookTheFocus();
-    void focusReturnsToAnotherWindow();
+    void clicksReachTheWindowBeneathAtTheirPlaces();
+    void aDragSendsOneMotionPerPoint();
+    void keysReachTheFocusedWindow();
+    void focusMovesBetweenWindows();
     void locksAreSetAndCleared_data();
     void locksAreSetAndCleared();
-    void germanMapKeepsTheKeysAtTheirPlaces();
-    void trialGrabFindsTheThiefAndNothingElse();
+    void theGermanMapKeepsKeyPositions();
+    void onlyGrabbedHotKeysAreReportedAsGrabbed();
 };
 
-void RigInputSelfTest::clicksReachTheWindowBeneathWhereTheyAreMade()
+void RigInputSelfTest::clicksReachTheWindowBeneathAtTheirPlaces()
 {
     DesktopSession session;
     WindowBeneath beneath(session, kBeneath, kBlue);
@@ -40,11 +40,11 @@ void RigInputSelfTest::clicksReachTheWindowBeneathWhereTheyAreMade()
     QVERIFY(beneath.events().isEmpty());
 }
 
-void RigInputSelfTest::dragMakesOneMotionForEachPoint()
+void RigInputSelfTest::aDragSendsOneMotionPerPoint()
 {
     DesktopSession session;
     WindowBeneath beneath(session, kBeneath, kBlue);
-    // Another window has the focus, so the window manager looks at the press first.
+    // Another window has the focus, so the window manager handles the press first.
     WindowBeneath other(session, QRect(1100, 100, 300, 300), Qt::green);
     QVERIFY(other.takeFocus());
     const QList<QPoint> motions = {{310, 305}, {311, 305}, {312, 306}, {400, 305}};
@@ -55,7 +55,7 @@ void RigInputSelfTest::dragMakesOneMotionForEachPoint()
     QVERIFY(!session.pointer().moveTo({5000, 300}));
 }
 
-void RigInputSelfTest::keysReachTheWindowThatTookTheFocus()
+void RigInputSelfTest::keysReachTheFocusedWindow()
 {
     DesktopSession session;
     WindowBeneath beneath(session, kBeneath, kBlue);
@@ -70,12 +70,12 @@ void RigInputSelfTest::keysReachTheWindowThatTookTheFocus()
     QCOMPARE(beneath.events().last().state, modifierMask({Key::Ctrl}));
 }
 
-void RigInputSelfTest::focusReturnsToAnotherWindow()
+void RigInputSelfTest::focusMovesBetweenWindows()
 {
     DesktopSession session;
     WindowBeneath one(session, kBeneath, kBlue);
     WindowBeneath other(session, QRect(1100, 100, 300, 300), Qt::green);
-    // Else that may come in between later.
+    // Otherwise the initial focus could come later, in between.
     QVERIFY(other.opensWithFocus());
     QVERIFY(one.takeFocus());
     one.forget();
@@ -85,7 +85,7 @@ void RigInputSelfTest::focusReturnsToAnotherWindow()
     EVENTUALLY(!one.events().isEmpty() && one.events().last().kind == InputEvent::Kind::FocusOut);
     QVERIFY(one.takeFocus());
     one.forget();
-    // Not every window that a window manager activates is told of its focus; its keys come.
+    // Not every activated window gets a FocusIn event, but it gets its keys.
     session.keyboard().tap(Key::A);
     EVENTUALLY(one.pressedKeys() == QList<Key>{Key::A});
 }
@@ -115,7 +115,7 @@ void RigInputSelfTest::locksAreSetAndCleared()
     QCOMPARE(beneath.events().last().state, modifierMask({key}));
 }
 
-void RigInputSelfTest::germanMapKeepsTheKeysAtTheirPlaces()
+void RigInputSelfTest::theGermanMapKeepsKeyPositions()
 {
     DesktopSession session;
     constexpr xcb_keysym_t kOdiaeresis = 0xF6;
@@ -128,29 +128,29 @@ void RigInputSelfTest::germanMapKeepsTheKeysAtTheirPlaces()
     QCOMPARE(symbol(Key::Semicolon), xcb_keysym_t(';'));
     session.display().setKeyboardMap(QStringLiteral("de"));
     QCOMPARE(symbol(Key::Semicolon), kOdiaeresis);
-    // The first event of another keyboard could bring that one's map along.
+    // The first event of another keyboard device could bring back that device's map.
     session.keyboard().tap(Key::Semicolon);
     QCOMPARE(symbol(Key::Semicolon), kOdiaeresis);
     QCOMPARE(symbol(Key::Z), xcb_keysym_t('y'));
 }
 
-void RigInputSelfTest::trialGrabFindsTheThiefAndNothingElse()
+void RigInputSelfTest::onlyGrabbedHotKeysAreReportedAsGrabbed()
 {
     DesktopSession session;
     const Modifiers modifiers = {Key::Ctrl, Key::Alt};
     QVERIFY(!isGrabbedByAnother(session, modifiers, Key::P));
     {
-        HotKeyThief thief(session, modifiers, Key::P);
+        KeyGrab grab(session, modifiers, Key::P);
         QVERIFY(isGrabbedByAnother(session, modifiers, Key::P));
         QVERIFY(!isGrabbedByAnother(session, modifiers, Key::D));
         QVERIFY(!isGrabbedByAnother(session, {Key::Ctrl}, Key::P));
-        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("hot key taken")));
-        QVERIFY_THROWS_EXCEPTION(RigError, HotKeyThief(session, modifiers, Key::P));
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("already grabbed")));
+        QVERIFY_THROWS_EXCEPTION(RigError, KeyGrab(session, modifiers, Key::P));
         QVERIFY(session.keyboard().setLock(Key::CapsLock, true));
         session.keyboard().chord(modifiers, Key::P);
-        EVENTUALLY(thief.presses() == 1);
+        EVENTUALLY(grab.presses() == 1);
     }
-    // The trial has left nothing behind, and the thief neither.
+    // Neither the trial grab nor the real one has left anything behind.
     EVENTUALLY(!isGrabbedByAnother(session, modifiers, Key::P));
 }
 

@@ -1,4 +1,4 @@
-// The rig itself, without the program: what it says of a desktop must be so before anything is judged by it.
+// Tests the rig itself, without the program: its observations must be right before a test can rely on them.
 #include "rig_self_test.h"
 
 #include "registered_test.h"
@@ -26,14 +26,14 @@ private Q_SLOTS:
     void screensComeAndGo();
     void raisedWindowIsAboveTheOther();
     void fullScreenWindowCoversTheScreen();
-    void programIsReadyAndSeen();
-    void programTellsHowItEnded();
-    void deafProgramIsEndedAllTheSame();
+    void programIsReadyAndVisible();
+    void exitCodesAreReported();
+    void unresponsiveProgramIsKilled();
     void translucencyComesAndGoesWithTheCompositor();
     void desktopWithoutManagersWorks();
     void sessionEndsAllItsProcesses();
-    void conditionsAreAskedUntilTheyAreSettled();
-    void pictureOfAFailureShowsTheScreen();
+    void conditionsArePolledUntilSettled();
+    void failurePicturesShowTheScreen();
 };
 
 void RigSelfTest::initTestCase()
@@ -106,7 +106,7 @@ void RigSelfTest::fullScreenWindowCoversTheScreen()
     EVENTUALLY(session.screenshot().bounds(kBlue, VirtualDisplay::kFullHd) == kBeneath);
 }
 
-void RigSelfTest::programIsReadyAndSeen()
+void RigSelfTest::programIsReadyAndVisible()
 {
     DesktopSession session;
     WindowBeneath beneath(session, kBeneath, Qt::white);
@@ -130,7 +130,7 @@ void RigSelfTest::programIsReadyAndSeen()
     QVERIFY(!ours.first().overrideRedirect);
 }
 
-void RigSelfTest::programTellsHowItEnded()
+void RigSelfTest::exitCodesAreReported()
 {
     DesktopSession session({.windowManager = WindowManager::None, .compositor = Compositor::None});
     Program program(session);
@@ -139,21 +139,21 @@ void RigSelfTest::programTellsHowItEnded()
     QVERIFY(!program.isRunning());
     EVENTUALLY(!isGrabbedByAnother(session, {Key::Ctrl, Key::Alt}, Key::P));
 
-    Program brief(session, {}, {QStringLiteral("--end-with-3")});
+    Program brief(session, {}, {QStringLiteral("--exit-with-3")});
     QCOMPARE(brief.waitForExit(), std::optional(3));
     QVERIFY(!brief.waitUntilReady());
 }
 
-void RigSelfTest::deafProgramIsEndedAllTheSame()
+void RigSelfTest::unresponsiveProgramIsKilled()
 {
     DesktopSession session({.windowManager = WindowManager::None, .compositor = Compositor::None});
     qint64 processId = 0;
     {
-        Program deaf(session, {}, {QStringLiteral("--deaf")});
-        QVERIFY(deaf.waitUntilReady());
-        processId = deaf.processId();
-        QCOMPARE(deaf.terminate(200ms), std::nullopt);
-        QVERIFY(deaf.isRunning());
+        Program unresponsive(session, {}, {QStringLiteral("--ignore-sigterm")});
+        QVERIFY(unresponsive.waitUntilReady());
+        processId = unresponsive.processId();
+        QCOMPARE(unresponsive.terminate(200ms), std::nullopt);
+        QVERIFY(unresponsive.isRunning());
     }
     QCOMPARE(kill(static_cast<pid_t>(processId), 0), -1);
 }
@@ -165,13 +165,13 @@ void RigSelfTest::translucencyComesAndGoesWithTheCompositor()
     Program program(session);
     QVERIFY(program.waitUntilReady());
     const QRect window(100, 100, 200, 150);
-    const QColor mixed(0xFF, 0x7F, 0x7F);
+    const QColor blended(0xFF, 0x7F, 0x7F);
     const QColor opaque(0x80, 0, 0);
-    EVENTUALLY(session.screenshot().isFilled(mixed, window, 1));
+    EVENTUALLY(session.screenshot().isFilled(blended, window, 1));
     session.stopCompositor();
     EVENTUALLY(session.screenshot().isFilled(opaque, window));
     session.startCompositor();
-    EVENTUALLY(session.screenshot().isFilled(mixed, window, 1));
+    EVENTUALLY(session.screenshot().isFilled(blended, window, 1));
 }
 
 void RigSelfTest::desktopWithoutManagersWorks()
@@ -195,9 +195,9 @@ void RigSelfTest::sessionEndsAllItsProcesses()
         mark = "HOME=" + session.environment().value(QStringLiteral("HOME")).toUtf8();
         server = session.display().serverProcessId();
         display = session.display().name();
-        Program program(session, {}, {QStringLiteral("--leave-helper")});
+        Program program(session, {}, {QStringLiteral("--leave-child")});
         QVERIFY(program.waitUntilReady());
-        // Bus, window manager, compositor, the stand-in and its helper.
+        // Bus, window manager, compositor, the stand-in and its child.
         EVENTUALLY(processesWithEnvironment(mark).size() == 5);
         QCOMPARE(program.terminate(), std::optional(0));
         EVENTUALLY(processesWithEnvironment(mark).size() == 4);
@@ -206,24 +206,24 @@ void RigSelfTest::sessionEndsAllItsProcesses()
     QCOMPARE(kill(static_cast<pid_t>(server), 0), -1);
     QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("no connection to display")));
     QVERIFY_THROWS_EXCEPTION(RigError, Client{display});
-    QVERIFY(DesktopSession::living().isEmpty());
+    QVERIFY(DesktopSession::all().isEmpty());
 }
 
-void RigSelfTest::conditionsAreAskedUntilTheyAreSettled()
+void RigSelfTest::conditionsArePolledUntilSettled()
 {
-    int asked = 0;
-    QVERIFY(eventually([&] { return ++asked == 3; }));
-    QCOMPARE(asked, 3);
+    int polls = 0;
+    QVERIFY(eventually([&] { return ++polls == 3; }));
+    QCOMPARE(polls, 3);
     QVERIFY(!eventually([] { return false; }, 20ms));
     QVERIFY(throughout(20ms, [] { return true; }));
-    asked = 0;
-    QVERIFY(!throughout(1s, [&] { return ++asked < 3; }));
-    QCOMPARE(asked, 3);
+    polls = 0;
+    QVERIFY(!throughout(1s, [&] { return ++polls < 3; }));
+    QCOMPARE(polls, 3);
 }
 
-void RigSelfTest::pictureOfAFailureShowsTheScreen()
+void RigSelfTest::failurePicturesShowTheScreen()
 {
-    // A folder of its own, so that the same test may run twice at a time.
+    // A separate folder, so that two runs of this test do not interfere.
     const QTemporaryDir folder;
     qputenv("ZEIGEWERK_FAILURES_DIR", QFile::encodeName(folder.path()));
     const auto restored = qScopeGuard([] { qunsetenv("ZEIGEWERK_FAILURES_DIR"); });

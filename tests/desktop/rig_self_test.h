@@ -1,4 +1,4 @@
-// What the rig's tests of itself put on the screen.
+// The window that the rig's self tests show.
 #pragma once
 
 #include <QColor>

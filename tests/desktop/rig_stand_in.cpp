@@ -1,5 +1,5 @@
-// Behaves towards the desktop as the program does, as far as the rig looks: it holds Ctrl+Alt+P, shows a
-// half-transparent override-redirect window, and ends on SIGTERM.
+// Imitates the program as far as the rig depends on it: it grabs Ctrl+Alt+P, shows a half-transparent
+// override-redirect window, and ends on SIGTERM.
 #include <unistd.h>
 #include <xcb/xcb.h>
 
@@ -54,10 +54,10 @@ bool takeHotKey(xcb_connection_t *c, const xcb_screen_t *screen)
 
 int main(int argc, char **argv)
 {
-    const char *wish = argc > 1 ? argv[1] : "";
-    if (std::strcmp(wish, "--end-with-3") == 0)
+    const char *option = argc > 1 ? argv[1] : "";
+    if (std::strcmp(option, "--exit-with-3") == 0)
         return 3;
-    if (std::strcmp(wish, "--leave-helper") == 0 && fork() == 0) {
+    if (std::strcmp(option, "--leave-child") == 0 && fork() == 0) {
         setsid();
         pause();
     }
@@ -77,8 +77,8 @@ int main(int argc, char **argv)
     std::fflush(stdout);
 
     int signal = 0;
-    // Deaf to SIGTERM, as a program that hangs is.
-    while (sigwait(&ending, &signal) == 0 && std::strcmp(wish, "--deaf") == 0) {
+    // Ignores SIGTERM, like a program that hangs.
+    while (sigwait(&ending, &signal) == 0 && std::strcmp(option, "--ignore-sigterm") == 0) {
     }
     xcb_disconnect(c);
     return 0;

@@ -1,4 +1,4 @@
-// Screens that are turned, moved, and of every scale.
+// Screens that are rotated, moved, resized, and at all scales.
 #include "presentation.h"
 #include "registered_test.h"
 #include "two_screens.h"
@@ -7,11 +7,11 @@ using namespace zeigewerk::rig;
 
 namespace {
 
-/// Watches the canvases being made.
-class Screens : public Presentation
+/// A presentation with a watch for new canvases.
+class ScreenPresentation : public Presentation
 {
 public:
-    explicit Screens(const DesktopSetup &setup, const QMap<QString, QString> &environment = {})
+    explicit ScreenPresentation(const DesktopSetup &setup, const QMap<QString, QString> &environment = {})
         : Presentation(setup, environment)
         , m_watch(session)
     {
@@ -22,7 +22,7 @@ public:
         hotKey(Key::D);
         return eventually([&] { return hasKeyboard(); });
     }
-    /// Whether one canvas is shown for each screen that there is, and covers it.
+    /// Whether each screen is covered by exactly one canvas.
     bool overlaysMatch()
     {
         QList<QRect> shown;
@@ -32,24 +32,24 @@ public:
         return shown.size() == screens.size() &&
                std::is_permutation(shown.begin(), shown.end(), screens.begin());
     }
-    /// How many canvases were made since this was last asked.
+    /// How many canvases have been created since the last call.
     int newOverlays()
     {
-        int all = 0;
+        int total = 0;
         for (const WatchedWindow &window : m_watch.windows()) {
             const bool isLarge = window.geometry.width() >= kSmallestScreenWidth;
-            all += isLarge && session.client().isOfProcess(window.id, program.processId());
+            total += isLarge && session.client().isOfProcess(window.id, program.processId());
         }
-        return all - std::exchange(m_overlays, all);
+        return total - std::exchange(m_overlays, total);
     }
-    /// Whether a stroke of the pen through that pixel has it in its middle.
+    /// Whether a stroke through that pixel is centred on it.
     bool inkIsUnder(QPoint place, int width)
     {
         if (!session.pointer().drag({place - QPoint(40, 0), place + QPoint(40, 0)}) ||
             !eventually([&] { return pixel(place) == kInk; }))
             return false;
         const QRect ink = session.screenshot().bounds(kInk, QRect(place - QPoint(1, 30), QSize(3, 61)));
-        // A row on either side is covered in part where the width is no whole odd number.
+        // At widths that are not odd integers, the rows at the edges are covered partly.
         return std::abs(2 * (place.y() - ink.top()) + 1 - ink.height()) <= 1 &&
                std::abs(ink.height() - width) <= 1;
     }
@@ -66,46 +66,46 @@ class ScreenChangeScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aScreenChangesWhileDrawing_data();
-    void aScreenChangesWhileDrawing();
+    void drawingContinuesWhenAScreenChanges_data();
+    void drawingContinuesWhenAScreenChanges();
     void inkIsUnderThePointerAtMixedScales_data();
     void inkIsUnderThePointerAtMixedScales();
-    void edgesAreCovered();
-    void aDockThatAppearsIsNoChangeOfScreens();
+    void canvasesReachTheScreenEdges();
+    void aNewDockIsNotAScreenChange();
 };
 
-void ScreenChangeScenarios::aScreenChangesWhileDrawing_data()
+void ScreenChangeScenarios::drawingContinuesWhenAScreenChanges_data()
 {
     QTest::addColumn<int>("output");
     QTest::addColumn<QRect>("screen");
-    QTest::newRow("turned by a quarter") << 1 << QRect(1280, 0, 900, 1600);
+    QTest::newRow("rotated by 90 degrees") << 1 << QRect(1280, 0, 900, 1600);
     QTest::newRow("larger") << 1 << QRect(1280, 0, 2560, 1440);
     QTest::newRow("smaller") << 0 << QRect(0, 0, 800, 600);
     QTest::newRow("lower") << 1 << QRect(1280, 400, 1600, 900);
     QTest::newRow("with a gap") << 1 << QRect(1500, 0, 1600, 900);
-    QTest::newRow("a third one below") << 2 << QRect(300, 1024, 1024, 768);
+    QTest::newRow("a third screen below") << 2 << QRect(300, 1024, 1024, 768);
 }
 
-void ScreenChangeScenarios::aScreenChangesWhileDrawing()
+void ScreenChangeScenarios::drawingContinuesWhenAScreenChanges()
 {
     QFETCH(int, output);
     QFETCH(QRect, screen);
-    Screens on({.screens = {kLeft, kRight}});
-    QVERIFY(on.startDrawing());
-    QVERIFY(on.overlaysMatch());
-    on.newOverlays();
+    ScreenPresentation show({.screens = {kLeft, kRight}});
+    QVERIFY(show.startDrawing());
+    QVERIFY(show.overlaysMatch());
+    show.newOverlays();
 
-    on.session.display().plug(output, screen);
-    EVENTUALLY(on.overlaysMatch());
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.inkIsUnder(screen.center(), 5));
-    QVERIFY(on.inkIsUnder(on.session.display().screens().value(0).center(), 5));
-    // All of them once, for one change.
-    QCOMPARE(on.newOverlays(), static_cast<int>(on.session.display().screens().size()));
-    // The toolbar is where it can be reached.
-    const std::optional<WindowInfo> bar = on.toolbar();
+    show.session.display().plug(output, screen);
+    EVENTUALLY(show.overlaysMatch());
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.inkIsUnder(screen.center(), 5));
+    QVERIFY(show.inkIsUnder(show.session.display().screens().value(0).center(), 5));
+    // One change recreates each canvas once.
+    QCOMPARE(show.newOverlays(), static_cast<int>(show.session.display().screens().size()));
+    // The toolbar is within reach.
+    const std::optional<WindowInfo> bar = show.toolbar();
     QVERIFY(bar);
-    const QMap<int, QRect> screens = on.session.display().screens();
+    const QMap<int, QRect> screens = show.session.display().screens();
     QVERIFY(std::any_of(screens.begin(), screens.end(),
                         [&](const QRect &one) { return one.contains(bar->geometry.center()); }));
 }
@@ -128,45 +128,46 @@ void ScreenChangeScenarios::inkIsUnderThePointerAtMixedScales()
     QFETCH(int, left);
     QFETCH(int, right);
     const QRect offset(1280, 300, 1600, 900);
-    Screens on({.screens = {kLeft, offset}}, {{"QT_SCREEN_SCALE_FACTORS", scales}});
-    QVERIFY(on.startDrawing());
-    QVERIFY(on.overlaysMatch());
+    ScreenPresentation show({.screens = {kLeft, offset}}, {{"QT_SCREEN_SCALE_FACTORS", scales}});
+    QVERIFY(show.startDrawing());
+    QVERIFY(show.overlaysMatch());
     for (const QPoint place : {QPoint(300, 100), QPoint(641, 1000), QPoint(800, 513)})
-        QVERIFY(on.inkIsUnder(place, left));
+        QVERIFY(show.inkIsUnder(place, left));
     for (const QPoint place : {QPoint(1400, 350), QPoint(2001, 777), QPoint(2800, 1150)})
-        QVERIFY(on.inkIsUnder(place, right));
+        QVERIFY(show.inkIsUnder(place, right));
 }
 
-void ScreenChangeScenarios::edgesAreCovered()
+void ScreenChangeScenarios::canvasesReachTheScreenEdges()
 {
     const QRect gap(1500, 100, 1600, 900);
-    Screens on({.screens = {kLeft, gap}}, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=1.25;DUMMY1=1.5"}});
-    on.hotKey(Key::W);
+    ScreenPresentation show({.screens = {kLeft, gap}},
+                            {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=1.25;DUMMY1=1.5"}});
+    show.hotKey(Key::W);
     for (const QRect &screen : {kLeft, gap}) {
         for (const QPoint corner :
              {screen.topLeft(), screen.topRight(), screen.bottomLeft(), screen.bottomRight()})
-            EVENTUALLY(on.pixel(corner) == QColor(Qt::white));
+            EVENTUALLY(show.pixel(corner) == QColor(Qt::white));
     }
-    QVERIFY(on.isFilled(Qt::white, QRect(kLeft.left(), kLeft.bottom(), kLeft.width(), 1)));
-    QVERIFY(on.isFilled(Qt::white, QRect(gap.right(), gap.top(), 1, gap.height())));
+    QVERIFY(show.isFilled(Qt::white, QRect(kLeft.left(), kLeft.bottom(), kLeft.width(), 1)));
+    QVERIFY(show.isFilled(Qt::white, QRect(gap.right(), gap.top(), 1, gap.height())));
 }
 
-void ScreenChangeScenarios::aDockThatAppearsIsNoChangeOfScreens()
+void ScreenChangeScenarios::aNewDockIsNotAScreenChange()
 {
-    // There is nobody to list it, and to say how much room it leaves, without a window manager.
-    Screens on({.windowManager = WindowManager::Openbox});
-    QVERIFY(on.startDrawing());
-    QVERIFY(on.session.pointer().drag({{400, 300}, {500, 300}}));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    on.newOverlays();
-    const Dock dock(on.session, {0, 1040, 1920, 40}, "_NET_WM_STRUT_PARTIAL",
+    // Without a window manager nobody lists the dock or computes the remaining work area.
+    ScreenPresentation show({.windowManager = WindowManager::Openbox});
+    QVERIFY(show.startDrawing());
+    QVERIFY(show.session.pointer().drag({{400, 300}, {500, 300}}));
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
+    show.newOverlays();
+    const Dock dock(show.session, {0, 1040, 1920, 40}, "_NET_WM_STRUT_PARTIAL",
                     {0, 0, 0, 40, 0, 0, 0, 0, 0, 0, 0, 1919});
-    QVERIFY(on.session.pointer().drag({{400, 500}, {500, 500}}));
-    EVENTUALLY(on.pixel({450, 500}) == kInk);
-    QCOMPARE(on.pixel({450, 300}), kInk);
-    QCOMPARE(on.newOverlays(), 0);
-    // It is drawn upon, too.
-    QVERIFY(on.inkIsUnder({300, 1060}, 5));
+    QVERIFY(show.session.pointer().drag({{400, 500}, {500, 500}}));
+    EVENTUALLY(show.pixel({450, 500}) == kInk);
+    QCOMPARE(show.pixel({450, 300}), kInk);
+    QCOMPARE(show.newOverlays(), 0);
+    // The dock can be drawn on, too.
+    QVERIFY(show.inkIsUnder({300, 1060}, 5));
 }
 
 REGISTER_GUILESS_TEST(ScreenChangeScenarios)

@@ -4,7 +4,7 @@
 
 namespace zeigewerk::rig {
 
-/// The program's settings in a session's home.
+/// The program's settings file in a session's home.
 class SettingsFile
 {
 public:
@@ -13,7 +13,7 @@ public:
     {
     }
 
-    /// Writes lines such as "Key=value" for the program to find when it starts; false if that fails.
+    /// Writes lines such as "Key=value" before the program starts; false if that fails.
     bool write(const QByteArray &lines) const
     {
         const QByteArray text = "[General]\n" + lines;
@@ -24,8 +24,8 @@ public:
     }
 
     bool has(const QString &key) const { return !value(key).isEmpty(); }
-    /// The value as it stands in the file; empty if there is none. Read by hand: Qt's settings keep a file in
-    /// memory, and one that is replaced while they read it they take for the new one ever after.
+    /// The value in the file; empty if there is none. Not read with QSettings, which caches files: a file
+    /// that is replaced while it is being read would be mistaken for the new one from then on.
     QString value(const QString &key) const
     {
         QFile file(m_path);

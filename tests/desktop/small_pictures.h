@@ -4,22 +4,22 @@
 
 namespace zeigewerk::rig {
 
-/// By what a mark is seen to be whole.
-struct WholeMark
+/// Tells whether a mark is complete.
+struct MarkExtent
 {
-    /// Its ink spans at least that.
-    QSize least;
-    /// There is some of it here.
+    /// The minimum size of its ink's bounding rectangle.
+    QSize minSize;
+    /// A place that must contain ink.
     QRect end;
 };
 
-/// Draws one mark with each tool, and shows the toolbar, for pictures small enough to stand beside a text.
+/// Draws one mark with each tool, and shows the toolbar, for pictures small enough to be placed in a text.
 class SmallPictures : private Presenter
 {
 public:
     using Presenter::Presenter;
 
-    /// False as soon as a picture does not show what it should.
+    /// False as soon as a picture does not show the expected content.
     bool make();
 
 private:
@@ -27,9 +27,9 @@ private:
     bool showsToolbar(const char *file, const char *what, bool hasDarkLook);
     bool strokes();
     bool text();
-    /// Waits until all of a mark of that ink is seen in that part; then wipes it.
+    /// Waits until the complete mark is visible in that part, saves the picture, and clears the canvas.
     bool showsMark(const char *file, const char *what, const QRect &part, const QColor &ink,
-                   const WholeMark &whole);
+                   const MarkExtent &extent);
 };
 
 } // namespace zeigewerk::rig

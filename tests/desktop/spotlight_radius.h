@@ -1,4 +1,4 @@
-// How wide the spotlight is, for scenarios with the wheel.
+// The spotlight's radius, for scenarios with the wheel.
 #pragma once
 
 #include "presentation.h"
@@ -6,13 +6,13 @@
 
 namespace zeigewerk::rig {
 
-/// As many points as the spotlight's radius when nothing is stored, and by a notch of the wheel.
+/// In points: the default radius, and the change for one notch of the wheel.
 inline constexpr int kRadius = 90;
 inline constexpr int kNotch = 8;
-/// Where these scenarios have the spotlight.
+/// The spotlight's place in these scenarios.
 inline constexpr QPoint kMiddle = QPoint(600, 400);
 
-/// Whether the spotlight's edge is that far from its middle, on that ground.
+/// Whether the spotlight has that radius, over that background.
 inline bool reaches(DesktopSession &session, int radius, const QColor &ground)
 {
     const Screenshot seen = session.screenshot();

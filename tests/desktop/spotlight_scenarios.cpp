@@ -11,8 +11,8 @@ private Q_SLOTS:
     void theHoleIsUnderThePointerAndFollowsIt();
     void clicksGoThroughTheSpotlight();
     void escEndsTheSpotlightFromAnyApplication();
-    void escBelongsToTheApplicationsWithoutTheSpotlight();
-    void overTheWhiteboardTheRestIsGrey();
+    void withoutTheSpotlightEscReachesTheApplications();
+    void overTheWhiteboardTheDimmedAreaIsGrey();
     void theStoredRadiusIsUsed_data();
     void theStoredRadiusIsUsed();
     void followingThePointerLeavesNoTrace();
@@ -20,67 +20,67 @@ private Q_SLOTS:
 
 void SpotlightScenarios::theHoleIsUnderThePointerAndFollowsIt()
 {
-    Presentation on;
-    QVERIFY(on.session.pointer().moveTo({600, 400}));
-    on.hotKey(Key::S);
-    EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
-    QCOMPARE(on.pixel({600, 400}), on.beneathColor());
-    QCOMPARE(on.pixel({600 + kRadius - 3, 400}), on.beneathColor());
-    QCOMPARE(on.pixel({600 + kRadius + 3, 400}), dimmed(on.beneathColor()));
-    QCOMPARE(on.pixel({600, 400 - kRadius + 3}), on.beneathColor());
-    QCOMPARE(on.pixel({600, 400 - kRadius - 3}), dimmed(on.beneathColor()));
+    Presentation show;
+    QVERIFY(show.session.pointer().moveTo({600, 400}));
+    show.hotKey(Key::S);
+    EVENTUALLY(show.pixel({10, 10}) == dimmed(show.beneathColor()));
+    QCOMPARE(show.pixel({600, 400}), show.beneathColor());
+    QCOMPARE(show.pixel({600 + kRadius - 3, 400}), show.beneathColor());
+    QCOMPARE(show.pixel({600 + kRadius + 3, 400}), dimmed(show.beneathColor()));
+    QCOMPARE(show.pixel({600, 400 - kRadius + 3}), show.beneathColor());
+    QCOMPARE(show.pixel({600, 400 - kRadius - 3}), dimmed(show.beneathColor()));
 
-    QVERIFY(on.session.pointer().moveTo({1500, 900}));
-    EVENTUALLY(on.pixel({1500, 900}) == on.beneathColor());
-    EVENTUALLY(on.pixel({600, 400}) == dimmed(on.beneathColor()));
+    QVERIFY(show.session.pointer().moveTo({1500, 900}));
+    EVENTUALLY(show.pixel({1500, 900}) == show.beneathColor());
+    EVENTUALLY(show.pixel({600, 400}) == dimmed(show.beneathColor()));
 }
 
 void SpotlightScenarios::clicksGoThroughTheSpotlight()
 {
-    Presentation on;
-    on.hotKey(Key::S);
-    EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().clickAt({700, 500}));
-    EVENTUALLY(on.beneath.presses() == QList<QPoint>({{700, 500}}));
-    QVERIFY(on.beneath.hasFocus());
+    Presentation show;
+    show.hotKey(Key::S);
+    EVENTUALLY(show.pixel({10, 10}) == dimmed(show.beneathColor()));
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().clickAt({700, 500}));
+    EVENTUALLY(show.beneath.presses() == QList<QPoint>({{700, 500}}));
+    QVERIFY(show.beneath.hasFocus());
 }
 
 void SpotlightScenarios::escEndsTheSpotlightFromAnyApplication()
 {
-    Presentation on;
-    on.hotKey(Key::S);
-    EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
-    on.beneath.forget();
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
-    QVERIFY(!on.beneath.pressedKeys().contains(Key::Escape));
-    QVERIFY(on.beneath.hasFocus());
+    Presentation show;
+    show.hotKey(Key::S);
+    EVENTUALLY(show.pixel({10, 10}) == dimmed(show.beneathColor()));
+    show.beneath.forget();
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.isUntouched({0, 0, 1920, 1080}));
+    QVERIFY(!show.beneath.pressedKeys().contains(Key::Escape));
+    QVERIFY(show.beneath.hasFocus());
 }
 
-void SpotlightScenarios::escBelongsToTheApplicationsWithoutTheSpotlight()
+void SpotlightScenarios::withoutTheSpotlightEscReachesTheApplications()
 {
-    Presentation on;
-    QVERIFY(!isGrabbedByAnother(on.session, {}, Key::Escape));
-    on.hotKey(Key::S);
-    EVENTUALLY(isGrabbedByAnother(on.session, {}, Key::Escape));
-    on.hotKey(Key::S);
-    EVENTUALLY(!isGrabbedByAnother(on.session, {}, Key::Escape));
-    on.beneath.forget();
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.pressedKeys().contains(Key::Escape));
+    Presentation show;
+    QVERIFY(!isGrabbedByAnother(show.session, {}, Key::Escape));
+    show.hotKey(Key::S);
+    EVENTUALLY(isGrabbedByAnother(show.session, {}, Key::Escape));
+    show.hotKey(Key::S);
+    EVENTUALLY(!isGrabbedByAnother(show.session, {}, Key::Escape));
+    show.beneath.forget();
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.pressedKeys().contains(Key::Escape));
 }
 
-void SpotlightScenarios::overTheWhiteboardTheRestIsGrey()
+void SpotlightScenarios::overTheWhiteboardTheDimmedAreaIsGrey()
 {
-    Presentation on;
-    QVERIFY(on.session.pointer().moveTo({600, 400}));
-    on.hotKey(Key::W);
-    on.hotKey(Key::S);
-    EVENTUALLY(on.pixel({10, 10}) == dimmed(Qt::white));
-    EVENTUALLY(on.pixel({600, 400}) == QColor(Qt::white));
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.isUntouched({0, 0, 1920, 1080}));
+    Presentation show;
+    QVERIFY(show.session.pointer().moveTo({600, 400}));
+    show.hotKey(Key::W);
+    show.hotKey(Key::S);
+    EVENTUALLY(show.pixel({10, 10}) == dimmed(Qt::white));
+    EVENTUALLY(show.pixel({600, 400}) == QColor(Qt::white));
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.isUntouched({0, 0, 1920, 1080}));
 }
 
 void SpotlightScenarios::theStoredRadiusIsUsed_data()
@@ -88,12 +88,12 @@ void SpotlightScenarios::theStoredRadiusIsUsed_data()
     QTest::addColumn<QByteArray>("stored");
     QTest::addColumn<int>("radius");
 
-    QTest::newRow("a stored radius") << QByteArray("200") << 200;
+    QTest::newRow("valid") << QByteArray("200") << 200;
     QTest::newRow("text") << QByteArray("wide") << kRadius;
     QTest::newRow("zero") << QByteArray("0") << kRadius;
-    QTest::newRow("no number") << QByteArray("nan") << kRadius;
-    QTest::newRow("so large that nothing is dimmed") << QByteArray("1e9") << -1;
-    QTest::newRow("endless") << QByteArray("inf") << -1;
+    QTest::newRow("not a number") << QByteArray("nan") << kRadius;
+    QTest::newRow("too large to dim anything") << QByteArray("1e9") << -1;
+    QTest::newRow("infinite") << QByteArray("inf") << -1;
 }
 
 void SpotlightScenarios::theStoredRadiusIsUsed()
@@ -115,7 +115,7 @@ void SpotlightScenarios::theStoredRadiusIsUsed()
 
     session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::S);
     if (radius < 0) {
-        // Drawing over it shows that the overlay is up and paints, undimmed.
+        // Drawing proves that the overlay is shown and painted, without dimming.
         session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
         EVENTUALLY(isGrabbedByAnother(session, {}, Key::Escape));
         EVENTUALLY(session.client().inputFocus() != beneath.id());
@@ -131,16 +131,16 @@ void SpotlightScenarios::theStoredRadiusIsUsed()
 
 void SpotlightScenarios::followingThePointerLeavesNoTrace()
 {
-    Presentation on;
-    on.hotKey(Key::S);
-    QVERIFY(on.session.pointer().moveTo({300, 300}));
-    EVENTUALLY(on.isDimmed({10, 10}) && on.pixel({300, 300}) == on.beneathColor());
+    Presentation show;
+    show.hotKey(Key::S);
+    QVERIFY(show.session.pointer().moveTo({300, 300}));
+    EVENTUALLY(show.isDimmed({10, 10}) && show.pixel({300, 300}) == show.beneathColor());
     for (int i = 0; i <= 60; ++i)
-        QVERIFY(on.session.pointer().moveTo({300 + 20 * i, 300 + (i * i) % 500}));
-    QVERIFY(on.session.pointer().moveTo({1600, 800}));
-    EVENTUALLY(on.pixel({1600, 800}) == on.beneathColor());
-    // All that the hole has left is dimmed again, evenly.
-    EVENTUALLY(on.isFilled(dimmed(on.beneathColor()), {0, 0, 1500, 1080}));
+        QVERIFY(show.session.pointer().moveTo({300 + 20 * i, 300 + (i * i) % 500}));
+    QVERIFY(show.session.pointer().moveTo({1600, 800}));
+    EVENTUALLY(show.pixel({1600, 800}) == show.beneathColor());
+    // Everything that the hole has left is dimmed again, evenly.
+    EVENTUALLY(show.isFilled(dimmed(show.beneathColor()), {0, 0, 1500, 1080}));
 }
 
 REGISTER_GUILESS_TEST(SpotlightScenarios)

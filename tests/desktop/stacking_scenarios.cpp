@@ -12,125 +12,125 @@ private Q_SLOTS:
     void inkStaysAboveAWindowRaisedLater();
     void inkStaysAboveAFullScreenWindow();
     void inkStaysAboveAPopup();
-    void inkStaysAboveAPopupThatIsRaisedAgainAndAgain();
+    void inkStaysAboveAPopupThatIsRaisedRepeatedly();
     void aScreenLockerIsNeverCovered();
-    void aScreenLockerIsNeverCoveredWhereNothingElseIs();
+    void aScreenLockerIsNeverCoveredOnAnEmptyDesktop();
     void aScreenLockerIsNeverCoveredWhileTheScreensAreOff();
-    void nothingIsRestackedWithoutNeed();
+    void nothingIsRestackedNeedlessly();
 
 private:
-    /// A pinned stroke from (400, 300) to (500, 300).
-    static bool pinAStroke(Presentation &on)
+    /// Draws a stroke from (400, 300) to (500, 300) and pins it.
+    static bool pinAStroke(Presentation &show)
     {
-        on.hotKey(Key::D);
-        if (!eventually([&] { return on.hasKeyboard(); }) ||
-            !on.session.pointer().drag({{400, 300}, {500, 300}}))
+        show.hotKey(Key::D);
+        if (!eventually([&] { return show.hasKeyboard(); }) ||
+            !show.session.pointer().drag({{400, 300}, {500, 300}}))
             return false;
-        on.hotKey(Key::P);
-        return eventually([&] { return on.beneath.hasFocus() && on.pixel({450, 300}) == kInk; });
+        show.hotKey(Key::P);
+        return eventually([&] { return show.beneath.hasFocus() && show.pixel({450, 300}) == kInk; });
     }
-    /// Whether the program shows something, and all of it is below that window.
-    static bool isBelow(Presentation &on, xcb_window_t window)
+    /// Whether the program shows any windows, all of them below that window.
+    static bool isBelow(Presentation &show, xcb_window_t window)
     {
-        const QList<WindowInfo> shown = on.shownWindows();
+        const QList<WindowInfo> shown = show.shownWindows();
         return !shown.isEmpty() && std::all_of(shown.begin(), shown.end(), [&](const WindowInfo &ours) {
-            return on.session.client().isAbove(window, ours.id);
+            return show.session.client().isAbove(window, ours.id);
         });
     }
 };
 
 void StackingScenarios::inkStaysAboveAWindowRaisedLater()
 {
-    Presentation on;
-    QVERIFY(pinAStroke(on));
-    const WindowBeneath later(on.session, {300, 200, 400, 300}, Qt::green);
-    EVENTUALLY(on.pixel({350, 250}) == QColor(Qt::green));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
+    Presentation show;
+    QVERIFY(pinAStroke(show));
+    const WindowBeneath later(show.session, {300, 200, 400, 300}, Qt::green);
+    EVENTUALLY(show.pixel({350, 250}) == QColor(Qt::green));
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
 }
 
 void StackingScenarios::inkStaysAboveAFullScreenWindow()
 {
-    Presentation on;
-    QVERIFY(pinAStroke(on));
-    QVERIFY(on.beneath.setFullScreen(true));
-    EVENTUALLY(on.pixel({450, 300}) == kInk);
-    EVENTUALLY(on.pixel({2, 2}) == on.beneathColor());
+    Presentation show;
+    QVERIFY(pinAStroke(show));
+    QVERIFY(show.beneath.setFullScreen(true));
+    EVENTUALLY(show.pixel({450, 300}) == kInk);
+    EVENTUALLY(show.pixel({2, 2}) == show.beneathColor());
 }
 
 void StackingScenarios::inkStaysAboveAPopup()
 {
-    // No window manager helps here: the popup is on top until the program has looked.
-    Presentation on;
-    QVERIFY(pinAStroke(on));
-    const Popup popup(on.session, {300, 200, 400, 300}, Qt::green);
-    EVENTUALLY(on.pixel({350, 250}) == QColor(Qt::green) && on.pixel({450, 300}) == kInk);
-    const Popup second(on.session, {310, 210, 300, 200}, Qt::red);
-    EVENTUALLY(on.pixel({350, 250}) == QColor(Qt::red) && on.pixel({450, 300}) == kInk);
+    // The window manager is not involved: the popup is on top until the program corrects that.
+    Presentation show;
+    QVERIFY(pinAStroke(show));
+    const Popup popup(show.session, {300, 200, 400, 300}, Qt::green);
+    EVENTUALLY(show.pixel({350, 250}) == QColor(Qt::green) && show.pixel({450, 300}) == kInk);
+    const Popup second(show.session, {310, 210, 300, 200}, Qt::red);
+    EVENTUALLY(show.pixel({350, 250}) == QColor(Qt::red) && show.pixel({450, 300}) == kInk);
 }
 
-void StackingScenarios::inkStaysAboveAPopupThatIsRaisedAgainAndAgain()
+void StackingScenarios::inkStaysAboveAPopupThatIsRaisedRepeatedly()
 {
-    Presentation on;
-    QVERIFY(pinAStroke(on));
-    Popup popup(on.session, {300, 200, 400, 300}, Qt::green);
+    Presentation show;
+    QVERIFY(pinAStroke(show));
+    Popup popup(show.session, {300, 200, 400, 300}, Qt::green);
     for (int i = 0; i < 100; ++i)
         popup.raise();
-    EVENTUALLY(on.pixel({350, 250}) == QColor(Qt::green) && on.pixel({450, 300}) == kInk);
+    EVENTUALLY(show.pixel({350, 250}) == QColor(Qt::green) && show.pixel({450, 300}) == kInk);
 }
 
 void StackingScenarios::aScreenLockerIsNeverCovered()
 {
-    Presentation on;
-    QVERIFY(pinAStroke(on));
-    const xcb_window_t overlay = on.overlays().constFirst().id;
-    const Popup locker(on.session, VirtualDisplay::kFullHd, Qt::black);
-    // Something happens that makes the program look again; the locker's own popup among it.
-    const Popup ofLocker(on.session, {300, 200, 400, 300}, Qt::green);
-    const Popup popup(on.session, {800, 200, 100, 100}, Qt::red);
+    Presentation show;
+    QVERIFY(pinAStroke(show));
+    const xcb_window_t overlay = show.overlays().constFirst().id;
+    const Popup locker(show.session, VirtualDisplay::kFullHd, Qt::black);
+    // Something that makes the program check the order again, among it a popup of the locker itself.
+    const Popup lockerPopup(show.session, {300, 200, 400, 300}, Qt::green);
+    const Popup popup(show.session, {800, 200, 100, 100}, Qt::red);
     popup.lowerBelow(locker);
-    EVENTUALLY(on.session.client().isAbove(overlay, popup.id()));
-    QVERIFY(on.session.client().isAbove(locker.id(), overlay));
-    QVERIFY(on.session.client().isAbove(ofLocker.id(), overlay));
+    EVENTUALLY(show.session.client().isAbove(overlay, popup.id()));
+    QVERIFY(show.session.client().isAbove(locker.id(), overlay));
+    QVERIFY(show.session.client().isAbove(lockerPopup.id(), overlay));
 
-    // A mode that is switched on meanwhile stays below it, too.
-    on.hotKey(Key::W);
-    EVENTUALLY(on.hasKeyboard());
-    THROUGHOUT(400ms, on.session.client().isAbove(locker.id(), overlay));
+    // A mode that is switched on meanwhile stays below the locker, too.
+    show.hotKey(Key::W);
+    EVENTUALLY(show.hasKeyboard());
+    THROUGHOUT(400ms, show.session.client().isAbove(locker.id(), overlay));
 }
 
-void StackingScenarios::aScreenLockerIsNeverCoveredWhereNothingElseIs()
+void StackingScenarios::aScreenLockerIsNeverCoveredOnAnEmptyDesktop()
 {
-    Presentation on;
-    QVERIFY(on.beneath.hide());
-    const Popup locker(on.session, VirtualDisplay::kFullHd, Qt::black);
-    // What comes up has all of ours put in order.
-    on.hotKey(Key::W);
-    EVENTUALLY(on.hasKeyboard());
-    THROUGHOUT(400ms, isBelow(on, locker.id()));
+    Presentation show;
+    QVERIFY(show.beneath.hide());
+    const Popup locker(show.session, VirtualDisplay::kFullHd, Qt::black);
+    // Showing a canvas makes the program restack all its windows.
+    show.hotKey(Key::W);
+    EVENTUALLY(show.hasKeyboard());
+    THROUGHOUT(400ms, isBelow(show, locker.id()));
 }
 
 void StackingScenarios::aScreenLockerIsNeverCoveredWhileTheScreensAreOff()
 {
-    Presentation on;
-    on.session.display().unplug(0);
-    const Popup locker(on.session, VirtualDisplay::kFullHd, Qt::black);
-    // The program looks again.
-    const Popup popup(on.session, {800, 200, 100, 100}, Qt::red);
+    Presentation show;
+    show.session.display().unplug(0);
+    const Popup locker(show.session, VirtualDisplay::kFullHd, Qt::black);
+    // Makes the program check the order again.
+    const Popup popup(show.session, {800, 200, 100, 100}, Qt::red);
     popup.lowerBelow(locker);
-    THROUGHOUT(400ms, isBelow(on, locker.id()));
+    THROUGHOUT(400ms, isBelow(show, locker.id()));
 }
 
-void StackingScenarios::nothingIsRestackedWithoutNeed()
+void StackingScenarios::nothingIsRestackedNeedlessly()
 {
-    Presentation on;
-    QVERIFY(pinAStroke(on));
-    const Popup popup(on.session, {300, 200, 400, 300}, Qt::green);
-    const xcb_window_t overlay = on.overlays().constFirst().id;
-    EVENTUALLY(on.session.client().isAbove(overlay, popup.id()) &&
-               on.session.client().isAbove(on.toolbar()->id, overlay));
-    const QList<xcb_window_t> order = on.session.client().stackedChildren(on.session.client().root());
-    // Longer than the last look after a change.
-    THROUGHOUT(600ms, on.session.client().stackedChildren(on.session.client().root()) == order);
+    Presentation show;
+    QVERIFY(pinAStroke(show));
+    const Popup popup(show.session, {300, 200, 400, 300}, Qt::green);
+    const xcb_window_t overlay = show.overlays().constFirst().id;
+    EVENTUALLY(show.session.client().isAbove(overlay, popup.id()) &&
+               show.session.client().isAbove(show.toolbar()->id, overlay));
+    const QList<xcb_window_t> order = show.session.client().stackedChildren(show.session.client().root());
+    // Longer than until the program's last check after a change.
+    THROUGHOUT(600ms, show.session.client().stackedChildren(show.session.client().root()) == order);
 }
 
 REGISTER_GUILESS_TEST(StackingScenarios)

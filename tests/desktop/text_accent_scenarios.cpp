@@ -1,6 +1,6 @@
-// Accents that a presenter types by a dead key and a letter.
+// Accented letters, typed with a dead key and a letter.
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 
@@ -8,19 +8,19 @@ namespace {
 
 using Environment = QMap<QString, QString>;
 
-/// A German keyboard, in a session with these variables.
+/// A German keyboard, and these environment variables.
 DesktopSetup germanWith(const Environment &environment = {})
 {
     return {.keyboardMap = "de", .environment = environment};
 }
 
-/// What the open field holds, as another program gets it.
-QString textIn(Writing &on, ClipboardUser &other)
+/// The text in the open field, copied to another program.
+QString textIn(TextPresentation &show, ClipboardUser &other)
 {
     const QString before = "what was copied before";
     other.copy(before);
-    on.command(Key::A);
-    on.command(Key::C);
+    show.command(Key::A);
+    show.command(Key::C);
     eventually([&] { return other.paste() != before; });
     return other.paste().value_or(QString());
 }
@@ -32,62 +32,73 @@ class TextAccentScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aDeadKeyPutsItsAccentOnTheLetter_data();
-    void aDeadKeyPutsItsAccentOnTheLetter();
-    void accentsComeOntoTheCanvas();
+    void deadKeysComposeAccentedLetters_data();
+    void deadKeysComposeAccentedLetters();
+    void accentedLettersAppearOnTheCanvas();
 };
 
-void TextAccentScenarios::aDeadKeyPutsItsAccentOnTheLetter_data()
+void TextAccentScenarios::deadKeysComposeAccentedLetters_data()
 {
+    struct Row
+    {
+        const char *name;
+        Environment environment;
+    };
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        {"no language, UTF-8",                    {{"LANG", "C.UTF-8"}}},
+        {"no language",                           {{"LANG", "C"}}},
+        {"LANG is empty",                         {{"LANG", ""}}},
+        {"LC_ALL overrides LANG",                 {{"LANG", "C.UTF-8"}, {"LC_ALL", "POSIX"}}},
+        {"a locale that is not installed",        {{"LANG", "de_DE.UTF-8"}}},
+        {"a locale without UTF-8",                {{"LANG", "de_DE"}}},
+        {"a locale without a compose table",      {{"LANG", "xx_XX.UTF-8"}}},
+        {"an input method that is not installed", {{"QT_IM_MODULE", "none-such"}}},
+        {"an input method that is not running",   {{"QT_IM_MODULE", "ibus"}, {"XMODIFIERS", "@im=ibus"}}},
+    };
+    // clang-format on
     QTest::addColumn<Environment>("environment");
-    QTest::newRow("no language, in UTF-8") << Environment{{"LANG", "C.UTF-8"}};
-    QTest::newRow("no language") << Environment{{"LANG", "C"}};
-    QTest::newRow("nothing said") << Environment{{"LANG", ""}};
-    QTest::newRow("above all") << Environment{{"LANG", "C.UTF-8"}, {"LC_ALL", "POSIX"}};
-    QTest::newRow("a locale that is not installed") << Environment{{"LANG", "de_DE.UTF-8"}};
-    QTest::newRow("not in UTF-8") << Environment{{"LANG", "de_DE"}};
-    QTest::newRow("a locale without a table") << Environment{{"LANG", "xx_XX.UTF-8"}};
-    QTest::newRow("an input method that is not installed") << Environment{{"QT_IM_MODULE", "none-such"}};
-    QTest::newRow("an input method that does not run")
-        << Environment{{"QT_IM_MODULE", "ibus"}, {"XMODIFIERS", "@im=ibus"}};
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.environment;
 }
 
-void TextAccentScenarios::aDeadKeyPutsItsAccentOnTheLetter()
+void TextAccentScenarios::deadKeysComposeAccentedLetters()
 {
     QFETCH(Environment, environment);
-    Writing on(germanWith(environment));
-    ClipboardUser other(on.session);
-    QVERIFY(on.open({300, 300}));
-    const auto accented = [&on](const Modifiers &modifiers, Key accent, Key letter) {
-        on.session.keyboard().chord(modifiers, accent);
-        on.session.keyboard().tap(letter);
+    TextPresentation show(germanWith(environment));
+    ClipboardUser other(show.session);
+    QVERIFY(show.open({300, 300}));
+    const auto typeAccented = [&show](const Modifiers &modifiers, Key accent, Key letter) {
+        show.session.keyboard().chord(modifiers, accent);
+        show.session.keyboard().tap(letter);
     };
-    accented({}, Key::Equal, Key::E);
-    accented({Key::Shift}, Key::Equal, Key::A);
-    accented({}, Key::Grave, Key::O);
-    // The accent by itself.
-    accented({}, Key::Equal, Key::Space);
-    on.session.keyboard().tap(Key::E);
-    QCOMPARE(textIn(on, other), QString("éàô'e"));
+    typeAccented({}, Key::Equal, Key::E);
+    typeAccented({Key::Shift}, Key::Equal, Key::A);
+    typeAccented({}, Key::Grave, Key::O);
+    // The accent alone.
+    typeAccented({}, Key::Equal, Key::Space);
+    show.session.keyboard().tap(Key::E);
+    QCOMPARE(textIn(show, other), QString("éàô'e"));
 }
 
-void TextAccentScenarios::accentsComeOntoTheCanvas()
+void TextAccentScenarios::accentedLettersAppearOnTheCanvas()
 {
-    Writing on(germanWith());
-    ClipboardUser other(on.session);
+    TextPresentation show(germanWith());
+    ClipboardUser other(show.session);
     const QPoint typed(300, 300);
     const QPoint pasted(300, 500);
-    QVERIFY(on.open(typed));
-    on.session.keyboard().tap(Key::Equal);
-    on.session.keyboard().tap(Key::E);
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isWritten(typed));
+    QVERIFY(show.open(typed));
+    show.session.keyboard().tap(Key::Equal);
+    show.session.keyboard().tap(Key::E);
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isWritten(typed));
     other.copy("é");
-    QVERIFY(on.open(pasted));
-    on.command(Key::V);
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isWritten(pasted));
-    QCOMPARE(on.inkAt(typed), on.inkAt(pasted));
+    QVERIFY(show.open(pasted));
+    show.command(Key::V);
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isWritten(pasted));
+    QCOMPARE(show.inkAt(typed), show.inkAt(pasted));
 }
 
 REGISTER_GUILESS_TEST(TextAccentScenarios)

@@ -1,6 +1,6 @@
-// Who has the keyboard while a presenter's text field is open, and after it.
+// The keyboard while a text field is open, and afterwards.
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
@@ -10,119 +10,119 @@ class TextKeyboardScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void noKeyIsLostHoweverFastTheHand();
-    void aFieldWaitsWhileTheOtherScreenIsDrawnOn();
-    void theKeyboardGoesBackFromTheField();
-    void theFieldTakesTheKeyboardAgain();
+    void fastTypingLosesNoKeys();
+    void theFieldStaysOpenWhileTheOtherScreenIsDrawnOn();
+    void theKeyboardReturnsFromTheField();
+    void theFieldTakesTheKeyboardBack();
     void aPinnedFieldLetsClicksThrough();
-    void aHeldEscDiscardsTheTextAndEndsNothingMore();
+    void aHeldEscOnlyDiscardsTheText();
 };
 
-void TextKeyboardScenarios::noKeyIsLostHoweverFastTheHand()
+void TextKeyboardScenarios::fastTypingLosesNoKeys()
 {
-    Writing on;
-    QVERIFY(on.open({100, 100}));
-    on.session.keyboard().type("abcdefgh");
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isWritten({100, 100}));
-    const QRect slow = on.inkAt({100, 100});
+    TextPresentation show;
+    QVERIFY(show.open({100, 100}));
+    show.session.keyboard().type("abcdefgh");
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isWritten({100, 100}));
+    const QRect slow = show.inkAt({100, 100});
     // Each click closes one field and opens the next.
     const QList<QPoint> places = {{100, 200}, {100, 300}, {100, 400}, {100, 500}, {100, 600}, {100, 700}};
     for (const QPoint &place : places) {
-        QVERIFY(on.session.pointer().clickAt(place));
-        on.session.keyboard().type("abcdefgh");
+        QVERIFY(show.session.pointer().clickAt(place));
+        show.session.keyboard().type("abcdefgh");
     }
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isDrawing());
     for (const QPoint &place : places)
-        EVENTUALLY(on.inkAt(place) == slow);
+        EVENTUALLY(show.inkAt(place) == slow);
 }
 
-void TextKeyboardScenarios::aFieldWaitsWhileTheOtherScreenIsDrawnOn()
+void TextKeyboardScenarios::theFieldStaysOpenWhileTheOtherScreenIsDrawnOn()
 {
     const QPoint left(300, 300);
     const QPoint right(1600, 300);
-    Writing on({.screens = {{0, 0, 1280, 1024}, {1280, 0, 1600, 900}}});
-    QVERIFY(on.open(left));
-    on.session.keyboard().type("hier");
-    QVERIFY(on.pick(button::kPen));
-    QVERIFY(on.session.pointer().drag({right, right + QPoint(100, 0)}));
-    EVENTUALLY(on.pixel(right) == kInk);
-    QVERIFY(on.field().has_value());
-    EVENTUALLY(on.hasKeyboard() && !on.isTyping());
-    // Without the keyboard it has no caret: the ink is the text's.
-    EVENTUALLY(!on.inkAt(left).isEmpty());
+    TextPresentation show({.screens = {{0, 0, 1280, 1024}, {1280, 0, 1600, 900}}});
+    QVERIFY(show.open(left));
+    show.session.keyboard().type("hier");
+    QVERIFY(show.pick(button::kPen));
+    QVERIFY(show.session.pointer().drag({right, right + QPoint(100, 0)}));
+    EVENTUALLY(show.pixel(right) == kInk);
+    QVERIFY(show.field().has_value());
+    EVENTUALLY(show.hasKeyboard() && !show.isTyping());
+    // Without the keyboard it shows no caret: the ink is that of the text.
+    EVENTUALLY(!show.inkAt(left).isEmpty());
 
-    // A press on its own screen takes the text over; what is drawn there is a stroke.
-    const QRect typed = on.inkAt(left);
-    QVERIFY(on.session.pointer().drag({{300, 700}, {400, 700}}));
-    EVENTUALLY(!on.field() && on.pixel({350, 700}) == kInk);
-    EVENTUALLY(isNear(on.inkAt(left), typed));
+    // A press on the field's own screen finishes the text; the drag draws a stroke there.
+    const QRect typed = show.inkAt(left);
+    QVERIFY(show.session.pointer().drag({{300, 700}, {400, 700}}));
+    EVENTUALLY(!show.field() && show.pixel({350, 700}) == kInk);
+    EVENTUALLY(isNear(show.inkAt(left), typed));
 }
 
-void TextKeyboardScenarios::theKeyboardGoesBackFromTheField()
+void TextKeyboardScenarios::theKeyboardReturnsFromTheField()
 {
-    Writing on;
-    QVERIFY(on.open({200, 500}));
-    on.session.keyboard().type("weg");
-    on.hotKey(Key::D);
-    EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(on.isUntouched(Rehearsal::kLeftOfToolbar));
-    on.beneath.forget();
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
+    TextPresentation show;
+    QVERIFY(show.open({200, 500}));
+    show.session.keyboard().type("weg");
+    show.hotKey(Key::D);
+    EVENTUALLY(show.beneath.hasFocus());
+    EVENTUALLY(show.isUntouched(ToolbarPresentation::kLeftOfToolbar));
+    show.beneath.forget();
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys() == QList<Key>{Key::A});
 }
 
-void TextKeyboardScenarios::theFieldTakesTheKeyboardAgain()
+void TextKeyboardScenarios::theFieldTakesTheKeyboardBack()
 {
-    Writing on;
-    QVERIFY(on.open({200, 500}));
-    on.session.client().setInputFocus(on.beneath.id());
-    EVENTUALLY(on.isTyping());
-    on.session.keyboard().type("da");
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
-    EVENTUALLY(!on.inkAt({200, 500}).isEmpty());
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    TextPresentation show;
+    QVERIFY(show.open({200, 500}));
+    show.session.client().setInputFocus(show.beneath.id());
+    EVENTUALLY(show.isTyping());
+    show.session.keyboard().type("da");
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isDrawing());
+    EVENTUALLY(!show.inkAt({200, 500}).isEmpty());
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
 void TextKeyboardScenarios::aPinnedFieldLetsClicksThrough()
 {
-    Writing on;
-    QVERIFY(on.open({200, 500}));
-    on.session.keyboard().type("da");
-    EVENTUALLY(!on.inkAt({200, 500}).isEmpty());
-    on.hotKey(Key::P);
-    EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(on.field().has_value());
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().clickAt({300, 510}));
-    EVENTUALLY(on.beneath.presses() == QList<QPoint>{QPoint(300, 510)});
-    // Drawn on again, the field goes on where it was.
-    on.hotKey(Key::P);
-    EVENTUALLY(on.isTyping());
+    TextPresentation show;
+    QVERIFY(show.open({200, 500}));
+    show.session.keyboard().type("da");
+    EVENTUALLY(!show.inkAt({200, 500}).isEmpty());
+    show.hotKey(Key::P);
+    EVENTUALLY(show.beneath.hasFocus());
+    QVERIFY(show.field().has_value());
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().clickAt({300, 510}));
+    EVENTUALLY(show.beneath.presses() == QList<QPoint>{QPoint(300, 510)});
+    // After unpinning, the field continues to take input.
+    show.hotKey(Key::P);
+    EVENTUALLY(show.isTyping());
 }
 
-void TextKeyboardScenarios::aHeldEscDiscardsTheTextAndEndsNothingMore()
+void TextKeyboardScenarios::aHeldEscOnlyDiscardsTheText()
 {
-    Writing on;
-    QVERIFY(on.open({200, 500}));
-    on.session.keyboard().type("weg");
-    on.session.keyboard().press(Key::Escape);
-    EVENTUALLY(on.isDrawing());
-    // The server repeats a held key after 660 ms, and then 25 times a second.
-    THROUGHOUT(1200ms, on.isDrawing());
-    // Other keys act meanwhile, and so does the next press of this one.
-    QVERIFY(on.pick(button::kPen));
+    TextPresentation show;
+    QVERIFY(show.open({200, 500}));
+    show.session.keyboard().type("weg");
+    show.session.keyboard().press(Key::Escape);
+    EVENTUALLY(show.isDrawing());
+    // The server repeats a held key after 660 ms, and then 25 times per second.
+    THROUGHOUT(1200ms, show.isDrawing());
+    // Other keys work meanwhile, and so does the next press of Esc.
+    QVERIFY(show.pick(button::kPen));
     const QPoint stroke(600, 300);
-    QVERIFY(on.session.pointer().drag({stroke, stroke + QPoint(100, 0)}));
-    EVENTUALLY(on.pixel(stroke) == kInk);
-    on.command(Key::Z);
-    EVENTUALLY(on.pixel(stroke) == on.beneathColor());
-    on.session.keyboard().release(Key::Escape);
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    QVERIFY(show.session.pointer().drag({stroke, stroke + QPoint(100, 0)}));
+    EVENTUALLY(show.pixel(stroke) == kInk);
+    show.command(Key::Z);
+    EVENTUALLY(show.pixel(stroke) == show.beneathColor());
+    show.session.keyboard().release(Key::Escape);
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
 REGISTER_GUILESS_TEST(TextKeyboardScenarios)

@@ -1,7 +1,7 @@
-// Keys and clicks come in the order in which they were made, however the program gets to read them.
-#include "absence.h"
+// Keys and clicks take effect in the order in which they were made, however the program reads them.
+#include "paused_process.h"
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 #include <xcb/xtest.h>
 
@@ -13,18 +13,17 @@ namespace {
 const QPoint kWordPlace(100, 100);
 const QString kWord("abcdefgh");
 
-/// A hand without any time between its strokes: the server is told all of them at once, and gives many the
-/// same millisecond.
-class Haste
+/// Input without any pauses: the server receives everything at once, and many events get the same timestamp.
+class InputBurst
 {
 public:
-    explicit Haste(Writing &on)
-        : m_client(on.session.client())
+    explicit InputBurst(TextPresentation &show)
+        : m_client(show.session.client())
     {
     }
-    ~Haste() { m_client.roundTrip(); }
-    Haste(const Haste &) = delete;
-    Haste &operator=(const Haste &) = delete;
+    ~InputBurst() { m_client.roundTrip(); }
+    InputBurst(const InputBurst &) = delete;
+    InputBurst &operator=(const InputBurst &) = delete;
 
     void clickAt(QPoint place)
     {
@@ -49,16 +48,16 @@ private:
     Client &m_client;
 };
 
-/// A word stands there, typed at leisure.
-QRect inkOfWord(Writing &on)
+/// Writes a word slowly, and returns its ink.
+QRect inkOfWord(TextPresentation &show)
 {
-    if (!on.open(kWordPlace))
+    if (!show.open(kWordPlace))
         throw RigError("no field opens");
-    on.session.keyboard().type(kWord);
-    on.session.keyboard().tap(Key::Return);
-    if (!eventually([&] { return on.isWritten(kWordPlace); }))
+    show.session.keyboard().type(kWord);
+    show.session.keyboard().tap(Key::Return);
+    if (!eventually([&] { return show.isWritten(kWordPlace); }))
         throw RigError("nothing is written");
-    return on.inkAt(kWordPlace);
+    return show.inkAt(kWordPlace);
 }
 
 } // namespace
@@ -68,145 +67,145 @@ class TextOrderScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void keysOfTheSameMillisecondGoWhereTheyWereTyped();
-    void keysBeforeAClickAreTheOldField();
-    void keysAfterAClickAreTheNewField();
-    void keysAfterReturnAreTheCanvas();
-    void keysAfterEscAreTheCanvas();
-    void returnAndAClickAndKeysKeepTheirOrder();
-    void anEscThatWaitedReachesNobodyElse();
+    void keysWithEqualTimestampsReachTheirFields();
+    void keysBeforeAClickGoToTheOldField();
+    void keysAfterAClickGoToTheNewField();
+    void keysAfterReturnGoToTheCanvas();
+    void keysAfterEscGoToTheCanvas();
+    void returnClicksAndKeysKeepTheirOrder();
+    void aDelayedEscReachesNoOtherWindow();
 };
 
-void TextOrderScenarios::keysOfTheSameMillisecondGoWhereTheyWereTyped()
+void TextOrderScenarios::keysWithEqualTimestampsReachTheirFields()
 {
-    Writing on;
-    const QRect word = inkOfWord(on);
+    TextPresentation show;
+    const QRect word = inkOfWord(show);
     const QList<QPoint> places = {{100, 200}, {100, 300}, {100, 400}, {100, 500}, {100, 600}, {100, 700}};
-    QVERIFY(on.open(places.first()));
+    QVERIFY(show.open(places.first()));
     {
-        Haste hand(on);
+        InputBurst burst(show);
         for (const QPoint &place : places) {
             if (place != places.first())
-                hand.clickAt(place);
+                burst.clickAt(place);
             for (const Key key : {Key::A, Key::B, Key::C, Key::D, Key::E, Key::F, Key::G, Key::H})
-                hand.tap(key);
+                burst.tap(key);
         }
-        hand.tap(Key::Return);
+        burst.tap(Key::Return);
     }
     for (const QPoint &place : places)
-        EVENTUALLY(on.inkAt(place) == word);
-    EVENTUALLY(on.isDrawing());
+        EVENTUALLY(show.inkAt(place) == word);
+    EVENTUALLY(show.isDrawing());
 }
 
-void TextOrderScenarios::keysBeforeAClickAreTheOldField()
+void TextOrderScenarios::keysBeforeAClickGoToTheOldField()
 {
-    Writing on;
-    const QRect word = inkOfWord(on);
-    QVERIFY(on.open({100, 300}));
+    TextPresentation show;
+    const QRect word = inkOfWord(show);
+    QVERIFY(show.open({100, 300}));
     {
-        const Absence absence(on.program.processId());
-        on.session.keyboard().type(kWord);
-        QVERIFY(on.session.pointer().clickAt({100, 500}));
-        on.session.keyboard().type(kWord);
-        QVERIFY(on.session.pointer().clickAt({100, 700}));
+        const PausedProcess paused(show.program.processId());
+        show.session.keyboard().type(kWord);
+        QVERIFY(show.session.pointer().clickAt({100, 500}));
+        show.session.keyboard().type(kWord);
+        QVERIFY(show.session.pointer().clickAt({100, 700}));
     }
-    EVENTUALLY(on.inkAt({100, 300}) == word);
-    EVENTUALLY(on.inkAt({100, 500}) == word);
-    EVENTUALLY(on.isTyping());
+    EVENTUALLY(show.inkAt({100, 300}) == word);
+    EVENTUALLY(show.inkAt({100, 500}) == word);
+    EVENTUALLY(show.isTyping());
 }
 
-void TextOrderScenarios::keysAfterAClickAreTheNewField()
+void TextOrderScenarios::keysAfterAClickGoToTheNewField()
 {
-    Writing on;
-    const QRect word = inkOfWord(on);
-    // Which connection is read first is a matter of luck.
+    TextPresentation show;
+    const QRect word = inkOfWord(show);
+    // It is random which connection is read first.
     for (const int round : {1, 2, 3, 4, 5}) {
         const QPoint first(100 + 240 * round, 300);
         const QPoint second(100 + 240 * round, 500);
-        QVERIFY(on.open(first));
-        on.session.keyboard().type(kWord.left(2));
+        QVERIFY(show.open(first));
+        show.session.keyboard().type(kWord.left(2));
         {
-            const Absence absence(on.program.processId());
-            on.session.keyboard().type(kWord.mid(2));
-            QVERIFY(on.session.pointer().clickAt(second));
-            on.session.keyboard().type(kWord);
-            on.session.keyboard().tap(Key::Return);
+            const PausedProcess paused(show.program.processId());
+            show.session.keyboard().type(kWord.mid(2));
+            QVERIFY(show.session.pointer().clickAt(second));
+            show.session.keyboard().type(kWord);
+            show.session.keyboard().tap(Key::Return);
         }
-        EVENTUALLY(on.inkAt(second) == word);
-        EVENTUALLY(on.isDrawing());
-        QCOMPARE(on.inkAt(first), word);
+        EVENTUALLY(show.inkAt(second) == word);
+        EVENTUALLY(show.isDrawing());
+        QCOMPARE(show.inkAt(first), word);
     }
 }
 
-void TextOrderScenarios::keysAfterReturnAreTheCanvas()
+void TextOrderScenarios::keysAfterReturnGoToTheCanvas()
 {
-    Writing on;
-    inkOfWord(on);
-    QVERIFY(on.open({100, 300}));
-    on.session.keyboard().type(kWord);
+    TextPresentation show;
+    inkOfWord(show);
+    QVERIFY(show.open({100, 300}));
+    show.session.keyboard().type(kWord);
     {
-        const Absence absence(on.program.processId());
-        on.session.keyboard().tap(Key::Return);
-        // What Return has written goes, and what stood before it.
-        on.command(Key::Z);
-        on.command(Key::Z);
+        const PausedProcess paused(show.program.processId());
+        show.session.keyboard().tap(Key::Return);
+        // Undoes the text that Return has finished, and the one before it.
+        show.command(Key::Z);
+        show.command(Key::Z);
     }
-    EVENTUALLY(on.isDrawing());
-    EVENTUALLY(on.isUntouched(Rehearsal::kLeftOfToolbar));
+    EVENTUALLY(show.isDrawing());
+    EVENTUALLY(show.isUntouched(ToolbarPresentation::kLeftOfToolbar));
 }
 
-void TextOrderScenarios::keysAfterEscAreTheCanvas()
+void TextOrderScenarios::keysAfterEscGoToTheCanvas()
 {
-    Writing on;
-    QVERIFY(on.open({100, 300}));
-    on.session.keyboard().type(kWord);
-    on.beneath.forget();
+    TextPresentation show;
+    QVERIFY(show.open({100, 300}));
+    show.session.keyboard().type(kWord);
+    show.beneath.forget();
     {
-        const Absence absence(on.program.processId());
-        on.session.keyboard().tap(Key::Escape);
-        on.session.keyboard().tap(Key::Escape);
+        const PausedProcess paused(show.program.processId());
+        show.session.keyboard().tap(Key::Escape);
+        show.session.keyboard().tap(Key::Escape);
     }
-    EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(on.isUntouched(Rehearsal::kLeftOfToolbar));
-    QVERIFY(on.beneath.pressedKeys().isEmpty());
+    EVENTUALLY(show.beneath.hasFocus());
+    EVENTUALLY(show.isUntouched(ToolbarPresentation::kLeftOfToolbar));
+    QVERIFY(show.beneath.pressedKeys().isEmpty());
 }
 
-void TextOrderScenarios::returnAndAClickAndKeysKeepTheirOrder()
+void TextOrderScenarios::returnClicksAndKeysKeepTheirOrder()
 {
-    Writing on;
-    const QRect word = inkOfWord(on);
-    QVERIFY(on.open({100, 300}));
-    on.session.keyboard().type(kWord);
+    TextPresentation show;
+    const QRect word = inkOfWord(show);
+    QVERIFY(show.open({100, 300}));
+    show.session.keyboard().type(kWord);
     {
-        const Absence absence(on.program.processId());
-        on.session.keyboard().tap(Key::Return);
-        on.command(Key::Z);
-        QVERIFY(on.session.pointer().clickAt({100, 500}));
-        on.session.keyboard().type(kWord);
-        on.session.keyboard().tap(Key::Return);
-        QVERIFY(on.session.pointer().clickAt({100, 700}));
-        on.session.keyboard().type(kWord);
+        const PausedProcess paused(show.program.processId());
+        show.session.keyboard().tap(Key::Return);
+        show.command(Key::Z);
+        QVERIFY(show.session.pointer().clickAt({100, 500}));
+        show.session.keyboard().type(kWord);
+        show.session.keyboard().tap(Key::Return);
+        QVERIFY(show.session.pointer().clickAt({100, 700}));
+        show.session.keyboard().type(kWord);
     }
-    EVENTUALLY(on.inkAt({100, 500}) == word);
-    EVENTUALLY(on.isTyping());
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.inkAt({100, 700}) == word && on.isUntouched({90, 280, 400, 60}));
+    EVENTUALLY(show.inkAt({100, 500}) == word);
+    EVENTUALLY(show.isTyping());
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.inkAt({100, 700}) == word && show.isUntouched({90, 280, 400, 60}));
 }
 
-void TextOrderScenarios::anEscThatWaitedReachesNobodyElse()
+void TextOrderScenarios::aDelayedEscReachesNoOtherWindow()
 {
-    Writing on;
-    QVERIFY(on.open({100, 300}));
-    on.beneath.forget();
+    TextPresentation show;
+    QVERIFY(show.open({100, 300}));
+    show.beneath.forget();
     {
-        const Absence absence(on.program.processId());
-        on.session.keyboard().tap(Key::Return);
-        on.session.keyboard().press(Key::Escape);
+        const PausedProcess paused(show.program.processId());
+        show.session.keyboard().tap(Key::Return);
+        show.session.keyboard().press(Key::Escape);
     }
-    EVENTUALLY(on.beneath.hasFocus());
+    EVENTUALLY(show.beneath.hasFocus());
     // The server repeats a held key after 660 ms.
-    THROUGHOUT(1000ms, on.beneath.pressedKeys().isEmpty());
-    on.session.keyboard().release(Key::Escape);
+    THROUGHOUT(1000ms, show.beneath.pressedKeys().isEmpty());
+    show.session.keyboard().release(Key::Escape);
 }
 
 REGISTER_GUILESS_TEST(TextOrderScenarios)

@@ -1,6 +1,6 @@
-// Where a presenter's text stands: in the field, and then on the canvas.
+// The place of a text: in the field, and then on the canvas.
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 
@@ -10,13 +10,13 @@ namespace {
 class Ink
 {
 public:
-    Ink(Writing &on, const QRect &where)
-        : m_image(on.session.screenshot().image().copy(where))
+    Ink(TextPresentation &show, const QRect &where)
+        : m_image(show.session.screenshot().image().copy(where))
     {
     }
 
     bool isEmpty() const { return pixels() == 0; }
-    /// Whether both are ink at the same places, give or take a pixel.
+    /// Whether both have ink at the same places, within a pixel.
     bool isLike(const Ink &other) const { return covers(other) && other.covers(*this); }
 
 private:
@@ -68,107 +68,114 @@ class TextPlaceScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatIsTypedStaysWhereItWasTyped_data();
-    void whatIsTypedStaysWhereItWasTyped();
-    void textFromRightToLeftStaysWhereItWasTyped_data();
-    void textFromRightToLeftStaysWhereItWasTyped();
+    void textStaysWhereItWasTyped_data();
+    void textStaysWhereItWasTyped();
+    void rightToLeftTextStaysWhereItWasTyped_data();
+    void rightToLeftTextStaysWhereItWasTyped();
     void withoutACompositorTheFieldIsWhite();
 };
 
-void TextPlaceScenarios::whatIsTypedStaysWhereItWasTyped_data()
+void TextPlaceScenarios::textStaysWhereItWasTyped_data()
 {
     QTest::addColumn<double>("scale");
     for (const double scale : {1.0, 1.25, 1.5, 2.0})
         QTest::addRow("scale %g", scale) << scale;
 }
 
-void TextPlaceScenarios::whatIsTypedStaysWhereItWasTyped()
+void TextPlaceScenarios::textStaysWhereItWasTyped()
 {
     QFETCH(double, scale);
-    // Pixels that lie on broken points.
+    // Pixels that are not at whole points.
     const QPoint place(303, 401);
-    Writing on({.keyboardMap = "de"}, scale);
-    QVERIFY(on.open(place));
-    on.greet();
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isWritten(place));
-    QVERIFY(on.inkAt(place).height() > 14 * scale);
-    const QRect drawn = on.inkAt(place);
+    TextPresentation show({.keyboardMap = "de"}, scale);
+    QVERIFY(show.open(place));
+    show.typeGreeting();
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isWritten(place));
+    QVERIFY(show.inkAt(place).height() > 14 * scale);
+    const QRect drawn = show.inkAt(place);
 
-    // The same again in a field over it, whose white covers the first. The caret stands behind a blank, and
-    // is left out.
-    QVERIFY(on.open(place));
-    EVENTUALLY(!isNear(on.inkAt(place), drawn));
-    on.greet();
-    on.session.keyboard().tap(Key::Space);
+    // The same again in a field on top of it, whose white covers the first text. The caret comes after the
+    // space, outside the rectangle.
+    QVERIFY(show.open(place));
+    EVENTUALLY(!isNear(show.inkAt(place), drawn));
+    show.typeGreeting();
+    show.session.keyboard().tap(Key::Space);
     const auto typed = [&] {
         const QRect around = drawn.adjusted(-3, -8, 3, 8).translated(place);
-        return on.session.screenshot().bounds(kInk, around, 8).translated(-place);
+        return show.session.screenshot().bounds(kInk, around, 8).translated(-place);
     };
     EVENTUALLY(isNear(typed(), drawn));
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
-    // Painted twice, its edges are a little bolder.
-    EVENTUALLY(isNear(on.inkAt(place), drawn));
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isDrawing());
+    // Painted twice, the edges are a little bolder.
+    EVENTUALLY(isNear(show.inkAt(place), drawn));
 }
 
-void TextPlaceScenarios::textFromRightToLeftStaysWhereItWasTyped_data()
+void TextPlaceScenarios::rightToLeftTextStaysWhereItWasTyped_data()
 {
+    struct Row
+    {
+        const char *name;
+        QString keys;
+        QString text;
+    };
+    // The keys on an Israeli keyboard.
+    const QList<Row> rows = {
+        {.name = "one word", .keys = "akuo", .text = "שלום"},
+        {.name = "two words", .keys = "akuo guko ", .text = "שלום עולם "},
+        {.name = "with digits", .keys = "akuo 12", .text = "שלום 12"},
+    };
     QTest::addColumn<double>("scale");
     QTest::addColumn<QString>("keys");
     QTest::addColumn<QString>("text");
     for (const double scale : {1.0, 1.5}) {
-        // By the keys of an Israeli keyboard.
-        QTest::addRow("one word, scale %g", scale) << scale << "akuo"
-                                                   << "שלום";
-        QTest::addRow("two words, scale %g", scale) << scale << "akuo guko "
-                                                    << "שלום עולם ";
-        QTest::addRow("with figures, scale %g", scale) << scale << "akuo 12"
-                                                       << "שלום 12";
+        for (const Row &row : rows)
+            QTest::addRow("%s, scale %g", row.name, scale) << scale << row.keys << row.text;
     }
 }
 
-void TextPlaceScenarios::textFromRightToLeftStaysWhereItWasTyped()
+void TextPlaceScenarios::rightToLeftTextStaysWhereItWasTyped()
 {
     QFETCH(double, scale);
     QFETCH(QString, keys);
     QFETCH(QString, text);
     const QPoint place(303, 401);
-    const QRect around(place - QPoint(10, 10), (QSizeF(Writing::kField) * scale).toSize());
-    Writing on({.keyboardMap = "il,us"}, scale);
-    ClipboardUser other(on.session);
-    QVERIFY(on.open(place));
-    on.session.keyboard().type(keys);
-    on.command(Key::A);
-    on.command(Key::C);
+    const QRect around(place - QPoint(10, 10), (QSizeF(TextPresentation::kField) * scale).toSize());
+    TextPresentation show({.keyboardMap = "il,us"}, scale);
+    ClipboardUser other(show.session);
+    QVERIFY(show.open(place));
+    show.session.keyboard().type(keys);
+    show.command(Key::A);
+    show.command(Key::C);
     EVENTUALLY(other.paste() == text);
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
-    // Until the field, and its caret, are gone from the screen too.
-    EVENTUALLY(on.pixel(place + QPoint(250, 10)) == on.beneathColor() && !on.inkAt(place).isEmpty());
-    const Ink drawn(on, around);
-    // It begins at the left, as all text does.
-    QVERIFY(on.inkAt(place).left() >= 0);
-    QVERIFY(on.inkAt(place).left() < 20 * scale);
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isDrawing());
+    // The field and its caret must be gone from the screen, too.
+    EVENTUALLY(show.pixel(place + QPoint(250, 10)) == show.beneathColor() && !show.inkAt(place).isEmpty());
+    const Ink drawn(show, around);
+    // It begins at the left, like all text.
+    QVERIFY(show.inkAt(place).left() >= 0);
+    QVERIFY(show.inkAt(place).left() < 20 * scale);
 
-    // The same again in a field over it, in a moment at which the caret is dark.
-    QVERIFY(on.open(place));
-    EVENTUALLY(Ink(on, around).isEmpty());
-    on.session.keyboard().type(keys);
-    EVENTUALLY(Ink(on, around).isLike(drawn));
+    // The same again in a field on top of it, compared while the caret is off.
+    QVERIFY(show.open(place));
+    EVENTUALLY(Ink(show, around).isEmpty());
+    show.session.keyboard().type(keys);
+    EVENTUALLY(Ink(show, around).isLike(drawn));
 }
 
 void TextPlaceScenarios::withoutACompositorTheFieldIsWhite()
 {
-    Writing on({.compositor = Compositor::None});
-    QVERIFY(on.open({200, 500}));
-    // Right of the placeholder.
-    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, {500, 497, 39, 30}));
-    on.session.keyboard().type("da");
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
-    EVENTUALLY(!on.inkAt({200, 500}).isEmpty());
-    EVENTUALLY(on.isUntouched({300, 450, 400, 200}));
+    TextPresentation show({.compositor = Compositor::None});
+    QVERIFY(show.open({200, 500}));
+    // To the right of the placeholder.
+    EVENTUALLY(show.session.screenshot().isFilled(Qt::white, {500, 497, 39, 30}));
+    show.session.keyboard().type("da");
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isDrawing());
+    EVENTUALLY(!show.inkAt({200, 500}).isEmpty());
+    EVENTUALLY(show.isUntouched({300, 450, 400, 200}));
 }
 
 REGISTER_GUILESS_TEST(TextPlaceScenarios)

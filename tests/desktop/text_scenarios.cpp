@@ -1,6 +1,6 @@
-// How a presenter edits the text in the field.
+// Editing the text in the field.
 #include "registered_test.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 
@@ -9,94 +9,94 @@ class TextScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void textGoesToOtherProgramsAndComesFromThem();
-    void theMenuOfTheFieldPastes();
-    void undoBelongsToTheFieldAndThenToTheCanvas();
-    void escDiscardsTheTextOnly();
+    void textIsExchangedWithOtherPrograms();
+    void theContextMenuOfTheFieldPastes();
+    void undoAppliesToTheFieldAndThenToTheCanvas();
+    void escDiscardsOnlyTheText();
 };
 
-void TextScenarios::textGoesToOtherProgramsAndComesFromThem()
+void TextScenarios::textIsExchangedWithOtherPrograms()
 {
-    Writing on;
-    ClipboardUser other(on.session);
+    TextPresentation show;
+    ClipboardUser other(show.session);
     const QString text = "Straße nach 東京 😀";
     other.copy(text);
-    QVERIFY(on.open({300, 300}));
-    on.command(Key::V);
-    EVENTUALLY(!on.inkAt({300, 300}).isEmpty());
-    on.command(Key::A);
-    on.command(Key::X);
-    EVENTUALLY(on.session.client().selectionHasOwner("CLIPBOARD"));
+    QVERIFY(show.open({300, 300}));
+    show.command(Key::V);
+    EVENTUALLY(!show.inkAt({300, 300}).isEmpty());
+    show.command(Key::A);
+    show.command(Key::X);
+    EVENTUALLY(show.session.client().selectionHasOwner("CLIPBOARD"));
     other.copy("something else");
-    // Super is as good as Ctrl.
-    on.session.keyboard().chord({Key::Super}, Key::Z);
-    on.session.keyboard().chord({Key::Super}, Key::A);
-    on.session.keyboard().chord({Key::Super}, Key::C);
+    // Super works like Ctrl.
+    show.session.keyboard().chord({Key::Super}, Key::Z);
+    show.session.keyboard().chord({Key::Super}, Key::A);
+    show.session.keyboard().chord({Key::Super}, Key::C);
     EVENTUALLY(other.paste() == text);
-    QVERIFY(on.isTyping());
+    QVERIFY(show.isTyping());
 }
 
-void TextScenarios::theMenuOfTheFieldPastes()
+void TextScenarios::theContextMenuOfTheFieldPastes()
 {
-    Writing on;
-    ClipboardUser other(on.session);
+    TextPresentation show;
+    ClipboardUser other(show.session);
     other.copy("abc");
-    QVERIFY(on.open({300, 300}));
-    const qsizetype windows = on.shownWindows().size();
-    QVERIFY(on.session.pointer().clickAt({400, 310}, Pointer::Right));
-    EVENTUALLY(on.shownWindows().size() == windows + 1);
-    // Nothing else can be done to a field without text.
-    on.session.keyboard().tap(Key::Down);
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.shownWindows().size() == windows);
-    EVENTUALLY(on.isTyping());
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
-    EVENTUALLY(!on.inkAt({300, 300}).isEmpty());
+    QVERIFY(show.open({300, 300}));
+    const qsizetype windows = show.shownWindows().size();
+    QVERIFY(show.session.pointer().clickAt({400, 310}, Pointer::Right));
+    EVENTUALLY(show.shownWindows().size() == windows + 1);
+    // In an empty field, Paste is the only enabled entry.
+    show.session.keyboard().tap(Key::Down);
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.shownWindows().size() == windows);
+    EVENTUALLY(show.isTyping());
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isDrawing());
+    EVENTUALLY(!show.inkAt({300, 300}).isEmpty());
 }
 
-void TextScenarios::undoBelongsToTheFieldAndThenToTheCanvas()
+void TextScenarios::undoAppliesToTheFieldAndThenToTheCanvas()
 {
-    Writing on;
-    ClipboardUser other(on.session);
+    TextPresentation show;
+    ClipboardUser other(show.session);
     const QPoint stroke(600, 300);
-    QVERIFY(on.pick(button::kPen));
-    QVERIFY(on.session.pointer().drag({stroke, stroke + QPoint(100, 0)}));
-    EVENTUALLY(on.pixel(stroke) == kInk);
-    QVERIFY(on.pick(button::kText));
+    QVERIFY(show.pick(button::kPen));
+    QVERIFY(show.session.pointer().drag({stroke, stroke + QPoint(100, 0)}));
+    EVENTUALLY(show.pixel(stroke) == kInk);
+    QVERIFY(show.pick(button::kText));
 
-    QVERIFY(on.open({200, 500}));
-    on.session.keyboard().type("weg");
-    on.command(Key::Z);
-    on.command(Key::Z);
-    on.session.keyboard().type("neu");
-    on.command(Key::A);
-    on.command(Key::C);
+    QVERIFY(show.open({200, 500}));
+    show.session.keyboard().type("weg");
+    show.command(Key::Z);
+    show.command(Key::Z);
+    show.session.keyboard().type("neu");
+    show.command(Key::A);
+    show.command(Key::C);
     EVENTUALLY(other.paste() == QString("neu"));
-    QCOMPARE(on.pixel(stroke), kInk);
+    QCOMPARE(show.pixel(stroke), kInk);
 
-    on.session.keyboard().tap(Key::Return);
-    EVENTUALLY(on.isDrawing());
-    EVENTUALLY(!on.inkAt({200, 500}).isEmpty());
-    on.command(Key::Z);
-    EVENTUALLY(on.isUntouched({100, 450, 400, 200}));
-    QCOMPARE(on.pixel(stroke), kInk);
-    on.command(Key::Z);
-    EVENTUALLY(on.pixel(stroke) == on.beneathColor());
+    show.session.keyboard().tap(Key::Return);
+    EVENTUALLY(show.isDrawing());
+    EVENTUALLY(!show.inkAt({200, 500}).isEmpty());
+    show.command(Key::Z);
+    EVENTUALLY(show.isUntouched({100, 450, 400, 200}));
+    QCOMPARE(show.pixel(stroke), kInk);
+    show.command(Key::Z);
+    EVENTUALLY(show.pixel(stroke) == show.beneathColor());
 }
 
-void TextScenarios::escDiscardsTheTextOnly()
+void TextScenarios::escDiscardsOnlyTheText()
 {
-    Writing on;
-    QVERIFY(on.open({200, 500}));
-    on.session.keyboard().type("weg");
-    EVENTUALLY(!on.inkAt({200, 500}).isEmpty());
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.isDrawing());
-    EVENTUALLY(on.isUntouched({100, 450, 500, 200}));
-    QVERIFY(on.presenter.isOn(button::kDraw));
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    TextPresentation show;
+    QVERIFY(show.open({200, 500}));
+    show.session.keyboard().type("weg");
+    EVENTUALLY(!show.inkAt({200, 500}).isEmpty());
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.isDrawing());
+    EVENTUALLY(show.isUntouched({100, 450, 500, 200}));
+    QVERIFY(show.presenter.isOn(button::kDraw));
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
 REGISTER_GUILESS_TEST(TextScenarios)

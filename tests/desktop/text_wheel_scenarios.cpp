@@ -1,19 +1,19 @@
-// The wheel over a presenter's text field does what it does on the canvas beneath.
+// The wheel over a text field works as on the canvas beneath.
 #include "registered_test.h"
 #include "spotlight_radius.h"
-#include "writing.h"
+#include "text_presentation.h"
 
 using namespace zeigewerk::rig;
 
 namespace {
 
-/// A field is open under the pointer, and the spotlight on. No window manager, since most of them have a use
-/// of their own for Alt and the wheel.
-class FieldUnderPointer : public Writing
+/// A field is open under the pointer, and the spotlight is on. No window manager, because most of them use
+/// Alt and the wheel themselves.
+class FieldUnderPointer : public TextPresentation
 {
 public:
-    explicit FieldUnderPointer(Mice mice = Mice::XTestOnly)
-        : Writing({.windowManager = WindowManager::None, .mice = mice})
+    explicit FieldUnderPointer(ExtraDevice extraDevice = ExtraDevice::None)
+        : TextPresentation({.windowManager = WindowManager::None, .extraDevice = extraDevice})
     {
         if (!open(kMiddle) || !session.pointer().moveTo(kMiddle + QPoint(100, 10)))
             throw RigError("no field is open under the pointer");
@@ -36,42 +36,42 @@ private Q_SLOTS:
 
 void TextWheelScenarios::theClassicWheelResizesTheSpotlight()
 {
-    FieldUnderPointer on;
-    QVERIFY(on.session.pointer().wheel(2));
-    EVENTUALLY(isStored(on.session, kRadius + 2 * kNotch));
-    on.session.keyboard().press(Key::Alt);
-    QVERIFY(on.session.pointer().wheel(-3));
-    EVENTUALLY(isStored(on.session, kRadius - kNotch));
-    on.session.keyboard().release(Key::Alt);
-    // It is no horizontal wheel.
-    QVERIFY(on.session.pointer().click(Pointer::WheelRight));
-    QVERIFY(on.session.pointer().wheel(1));
-    EVENTUALLY(isStored(on.session, kRadius));
+    FieldUnderPointer show;
+    QVERIFY(show.session.pointer().wheel(2));
+    EVENTUALLY(isStored(show.session, kRadius + 2 * kNotch));
+    show.session.keyboard().press(Key::Alt);
+    QVERIFY(show.session.pointer().wheel(-3));
+    EVENTUALLY(isStored(show.session, kRadius - kNotch));
+    show.session.keyboard().release(Key::Alt);
+    // The horizontal wheel has no effect.
+    QVERIFY(show.session.pointer().click(Pointer::WheelRight));
+    QVERIFY(show.session.pointer().wheel(1));
+    EVENTUALLY(isStored(show.session, kRadius));
 }
 
 void TextWheelScenarios::aScrollAxisResizesTheSpotlight()
 {
     if (!ScrollMouse::isAvailable())
         QSKIP("this X server comes without its test driver for input devices");
-    FieldUnderPointer on(Mice::WithScrollAxis);
-    ScrollMouse mouse(on.session.display().devicePath());
-    // From the first notch Qt learns where the axis stands, and no more. When the letter shows, it has.
+    FieldUnderPointer show(ExtraDevice::ScrollMouse);
+    ScrollMouse mouse(show.session.display().devicePath());
+    // With the first notch Qt only learns the position of the axis; once the letter is visible, it has.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    on.session.keyboard().type("m");
-    EVENTUALLY(!on.inkAt(kMiddle).isEmpty());
+    show.session.keyboard().type("m");
+    EVENTUALLY(!show.inkAt(kMiddle).isEmpty());
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on.session, kRadius + kNotch));
+    EVENTUALLY(isStored(show.session, kRadius + kNotch));
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on.session, kRadius + 2 * kNotch));
+    EVENTUALLY(isStored(show.session, kRadius + 2 * kNotch));
     QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on.session, kRadius - kNotch));
-    // Fingers: a third of a notch is five points.
+    EVENTUALLY(isStored(show.session, kRadius - kNotch));
+    // Smooth scrolling: a third of a notch scrolls 5 points, which changes the radius by 6.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch / 3));
-    EVENTUALLY(isStored(on.session, kRadius - kNotch + 6));
-    on.session.keyboard().press(Key::Alt);
+    EVENTUALLY(isStored(show.session, kRadius - kNotch + 6));
+    show.session.keyboard().press(Key::Alt);
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on.session, kRadius + 6));
-    on.session.keyboard().release(Key::Alt);
+    EVENTUALLY(isStored(show.session, kRadius + 6));
+    show.session.keyboard().release(Key::Alt);
 }
 
 REGISTER_GUILESS_TEST(TextWheelScenarios)

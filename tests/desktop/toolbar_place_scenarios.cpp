@@ -1,7 +1,7 @@
-// Where the toolbar stands, and what is kept from one run of the program to the next.
+// The place of the toolbar, and what is kept from one run of the program to the next.
 #include "registered_test.h"
-#include "rehearsal.h"
 #include "settings_file.h"
+#include "toolbar_presentation.h"
 
 #include <cstdlib>
 
@@ -19,7 +19,7 @@ const Program &ready(Program &program)
     return program;
 }
 
-/// From one start of the program to its end.
+/// A run of the program, from start to exit.
 struct Run
 {
     explicit Run(DesktopSession &session, double scale = 1.0)
@@ -34,24 +34,24 @@ struct Run
 
 const DesktopSetup kSetup = {.accessibility = true};
 
-bool standsAtItsFirstPlace(const QRect &panel, const QRect &screen, int scale = 1)
+bool isAtDefaultPlace(const QRect &panel, const QRect &screen, int scale = 1)
 {
-    // Half a point more or less above than below.
+    // The centre may be off by half a point.
     return panel.size() == ToolbarUser::kPanelSize * scale && panel.right() == screen.right() - 24 * scale &&
            std::abs(panel.center().y() - screen.center().y()) <= scale;
 }
 
-/// Permissions would not do: they hinder no super user, as which tests run in many a container.
+/// Permissions would not work: they do not stop the super user, as which tests run in many containers.
 void blockSettings(const DesktopSession &session, const QString &obstacle)
 {
     const QDir home = session.home();
     bool done = false;
-    if (obstacle == "a file in the folder's place")
+    if (obstacle == "a file instead of the folder")
         done = home.mkpath(".config") && QFile(home.filePath(kFolder)).open(QFile::WriteOnly);
-    else if (obstacle == "a folder in the file's place")
+    else if (obstacle == "a folder instead of the file")
         done = home.mkpath(kFile);
     if (!done)
-        failRig("cannot spoil the settings");
+        failRig("cannot block the settings");
 }
 
 } // namespace
@@ -63,17 +63,17 @@ class ToolbarPlaceScenarios : public QObject
 private Q_SLOTS:
     void itStartsAtTheRightEdgeOfTheScreen_data();
     void itStartsAtTheRightEdgeOfTheScreen();
-    void draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain_data();
-    void draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain();
-    void draggedWhileDrawingItLeavesNoInk();
-    void notDraggedItsPlaceIsNotSaved();
-    void aClickOnItsBackgroundIsNoDrag();
-    void anUnusableSavedPlaceIsMadeUsable_data();
-    void anUnusableSavedPlaceIsMadeUsable();
-    void itFollowsItsScreenAwayAndBack();
-    void whatWasSwitchedSurvivesARestart();
-    void settingsThatCannotBeWrittenHinderNothing_data();
-    void settingsThatCannotBeWrittenHinderNothing();
+    void itCanBeDraggedAndKeepsItsPlaceAfterARestart_data();
+    void itCanBeDraggedAndKeepsItsPlaceAfterARestart();
+    void draggingItWhileDrawingLeavesNoInk();
+    void withoutADragItsPlaceIsNotSaved();
+    void aClickOnItsBackgroundIsNotADrag();
+    void anUnusableSavedPlaceIsCorrected_data();
+    void anUnusableSavedPlaceIsCorrected();
+    void itReturnsWhenItsScreenComesBack();
+    void switchesSurviveARestart();
+    void unwritableSettingsBreakNothing_data();
+    void unwritableSettingsBreakNothing();
 };
 
 void ToolbarPlaceScenarios::itStartsAtTheRightEdgeOfTheScreen_data()
@@ -89,10 +89,10 @@ void ToolbarPlaceScenarios::itStartsAtTheRightEdgeOfTheScreen()
     const QRect screen(QPoint(0, 0), VirtualDisplay::kFullHd.size() * scale);
     DesktopSession session({.screens = {screen}, .accessibility = true});
     Run run(session, scale);
-    QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), screen, scale));
+    QVERIFY(isAtDefaultPlace(run.presenter.panel(), screen, scale));
 }
 
-void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain_data()
+void ToolbarPlaceScenarios::itCanBeDraggedAndKeepsItsPlaceAfterARestart_data()
 {
     QTest::addColumn<bool>("byTheGrip");
     QTest::addColumn<int>("scale");
@@ -101,49 +101,49 @@ void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgai
     QTest::newRow("grip, scale 2") << true << 2;
 }
 
-void ToolbarPlaceScenarios::draggedByItsBackgroundItGoesAlongAndIsFoundThereAgain()
+void ToolbarPlaceScenarios::itCanBeDraggedAndKeepsItsPlaceAfterARestart()
 {
     QFETCH(bool, byTheGrip);
     QFETCH(int, scale);
     DesktopSession session(
         {.screens = {QRect(QPoint(0, 0), VirtualDisplay::kFullHd.size() * scale)}, .accessibility = true});
-    const QPoint way(-600 * scale, -150 * scale);
-    QRect left;
+    const QPoint offset(-600 * scale, -150 * scale);
+    QRect moved;
     {
         Run run(session, scale);
-        left = run.presenter.panel().translated(way);
+        moved = run.presenter.panel().translated(offset);
         const QPoint from = byTheGrip ? run.presenter.grip() : run.presenter.background();
-        QVERIFY(session.pointer().drag({from, from + way / 2, from + way}));
-        EVENTUALLY(run.presenter.panel() == left);
+        QVERIFY(session.pointer().drag({from, from + offset / 2, from + offset}));
+        EVENTUALLY(run.presenter.panel() == moved);
         EVENTUALLY(SettingsFile(session).has("ZeigewerkToolbar"));
         QCOMPARE(run.program.terminate(), std::optional(0));
     }
-    Run again(session, scale);
-    QCOMPARE(again.presenter.panel(), left);
-    // It is really there: what is clicked on answers.
-    QVERIFY(again.presenter.click(button::kColor, 4));
-    EVENTUALLY(again.presenter.isOn(button::kColor, 4));
+    Run restarted(session, scale);
+    QCOMPARE(restarted.presenter.panel(), moved);
+    // It really is there: clicks on it work.
+    QVERIFY(restarted.presenter.click(button::kColor, 4));
+    EVENTUALLY(restarted.presenter.isOn(button::kColor, 4));
 }
 
-void ToolbarPlaceScenarios::draggedWhileDrawingItLeavesNoInk()
+void ToolbarPlaceScenarios::draggingItWhileDrawingLeavesNoInk()
 {
-    Rehearsal on;
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    const QRect panel = on.presenter.panel();
-    const QPoint grip = on.presenter.grip();
-    QVERIFY(on.session.pointer().drag({grip, grip - QPoint(200, 0), grip - QPoint(500, 0)}));
-    EVENTUALLY(on.presenter.panel() == panel.translated(-500, 0));
-    QVERIFY(on.strokeFrom({400, 300}));
-    EVENTUALLY(on.strokeColor({400, 300}) == kInk);
-    EVENTUALLY(on.isUntouched({600, 0, 1320, 1080}));
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    const QRect panel = show.presenter.panel();
+    const QPoint grip = show.presenter.grip();
+    QVERIFY(show.session.pointer().drag({grip, grip - QPoint(200, 0), grip - QPoint(500, 0)}));
+    EVENTUALLY(show.presenter.panel() == panel.translated(-500, 0));
+    QVERIFY(show.strokeFrom({400, 300}));
+    EVENTUALLY(show.strokeColor({400, 300}) == kInk);
+    EVENTUALLY(show.isUntouched({600, 0, 1320, 1080}));
 }
 
-void ToolbarPlaceScenarios::notDraggedItsPlaceIsNotSaved()
+void ToolbarPlaceScenarios::withoutADragItsPlaceIsNotSaved()
 {
     DesktopSession session(kSetup);
     Run run(session);
-    // What it does save shows that it could have saved its place.
+    // That this is saved proves that the place could have been saved.
     QVERIFY(run.presenter.click(button::kAppearance));
     EVENTUALLY(SettingsFile(session).has("ZeigewerkDarkUI"));
     QVERIFY(run.presenter.click(button::kHide));
@@ -154,36 +154,50 @@ void ToolbarPlaceScenarios::notDraggedItsPlaceIsNotSaved()
     QVERIFY(!SettingsFile(session).has("ZeigewerkToolbar"));
 }
 
-void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNoDrag()
+void ToolbarPlaceScenarios::aClickOnItsBackgroundIsNotADrag()
 {
     DesktopSession session(kSetup);
     Run run(session);
     QVERIFY(session.pointer().clickAt(run.presenter.grip()));
     QVERIFY(session.pointer().clickAt(run.presenter.background()));
-    // What comes after it is saved.
+    // This later change is saved.
     QVERIFY(run.presenter.click(button::kAppearance));
     EVENTUALLY(SettingsFile(session).has("ZeigewerkDarkUI"));
     QVERIFY(!SettingsFile(session).has("ZeigewerkToolbar"));
 }
 
-void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable_data()
+void ToolbarPlaceScenarios::anUnusableSavedPlaceIsCorrected_data()
 {
+    struct Row
+    {
+        const char *name;
+        QByteArray saved;
+        /// Null for the default place.
+        QRect panel;
+    };
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        // name, saved, panel
+        {"text",                 "over there on the right",    {}},
+        {"empty",                "",                           {}},
+        {"comma-separated",      "200, 300, 151, 477, DUMMY0", {}},
+        {"not numbers",          "nan nan nan nan DUMMY0",     {}},
+        {"infinite",             "inf inf 151 477 DUMMY0",     {}},
+        {"another size",         "200 300 999 10 DUMMY0",      {200, 303, 151, 477}},
+        {"beyond the left edge", "-5000 300 151 477 DUMMY0",   {0, 303, 151, 477}},
+        {"beyond the top edge",  "200 5000 151 477 DUMMY0",    {200, 0, 151, 477}},
+        {"on no screen",         "9000 -9000 151 477 DUMMY9",  {1769, 603, 151, 477}},
+        {"barely visible",       "1900 300 151 477 DUMMY0",    {1769, 303, 151, 477}},
+    };
+    // clang-format on
     QTest::addColumn<QByteArray>("saved");
     QTest::addColumn<QRect>("panel");
-    const QRect firstPlace;
-    QTest::newRow("words") << QByteArray("over there on the right") << firstPlace;
-    QTest::newRow("nothing") << QByteArray() << firstPlace;
-    QTest::newRow("a list") << QByteArray("200, 300, 151, 477, DUMMY0") << firstPlace;
-    QTest::newRow("no numbers") << QByteArray("nan nan nan nan DUMMY0") << firstPlace;
-    QTest::newRow("endless") << QByteArray("inf inf 151 477 DUMMY0") << firstPlace;
-    QTest::newRow("other size") << QByteArray("200 300 999 10 DUMMY0") << QRect(200, 303, 151, 477);
-    QTest::newRow("off to the left") << QByteArray("-5000 300 151 477 DUMMY0") << QRect(0, 303, 151, 477);
-    QTest::newRow("off to the top") << QByteArray("200 5000 151 477 DUMMY0") << QRect(200, 0, 151, 477);
-    QTest::newRow("on no screen") << QByteArray("9000 -9000 151 477 DUMMY9") << QRect(1769, 603, 151, 477);
-    QTest::newRow("hardly to be seen") << QByteArray("1900 300 151 477 DUMMY0") << QRect(1769, 303, 151, 477);
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.saved << row.panel;
 }
 
-void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable()
+void ToolbarPlaceScenarios::anUnusableSavedPlaceIsCorrected()
 {
     QFETCH(QByteArray, saved);
     QFETCH(QRect, panel);
@@ -192,32 +206,32 @@ void ToolbarPlaceScenarios::anUnusableSavedPlaceIsMadeUsable()
     QVERIFY(SettingsFile(session).write("ZeigewerkToolbar=" + saved + '\n'));
     Run run(session);
     if (panel.isNull())
-        QVERIFY(standsAtItsFirstPlace(run.presenter.panel(), VirtualDisplay::kFullHd));
+        QVERIFY(isAtDefaultPlace(run.presenter.panel(), VirtualDisplay::kFullHd));
     else
         QCOMPARE(run.presenter.panel(), panel);
     QVERIFY(run.presenter.click(button::kColor, 4));
     EVENTUALLY(run.presenter.isOn(button::kColor, 4));
 }
 
-void ToolbarPlaceScenarios::itFollowsItsScreenAwayAndBack()
+void ToolbarPlaceScenarios::itReturnsWhenItsScreenComesBack()
 {
     const QRect second(1920, 0, 1280, 1024);
     DesktopSession session({.screens = {VirtualDisplay::kFullHd, second}, .accessibility = true});
     Run run(session);
-    const QPoint way(600, -100);
-    const QRect left = run.presenter.panel().translated(way);
+    const QPoint offset(600, -100);
+    const QRect moved = run.presenter.panel().translated(offset);
     const QPoint grip = run.presenter.grip();
-    QVERIFY(session.pointer().drag({grip, grip + way / 2, grip + way}));
-    EVENTUALLY(run.presenter.panel() == left);
+    QVERIFY(session.pointer().drag({grip, grip + offset / 2, grip + offset}));
+    EVENTUALLY(run.presenter.panel() == moved);
     session.display().unplug(1);
     EVENTUALLY(VirtualDisplay::kFullHd.contains(run.presenter.panel()));
     QVERIFY(run.presenter.click(button::kColor, 4));
     EVENTUALLY(run.presenter.isOn(button::kColor, 4));
     session.display().plug(1, second);
-    EVENTUALLY(run.presenter.panel() == left);
+    EVENTUALLY(run.presenter.panel() == moved);
 }
 
-void ToolbarPlaceScenarios::whatWasSwitchedSurvivesARestart()
+void ToolbarPlaceScenarios::switchesSurviveARestart()
 {
     DesktopSession session(kSetup);
     const auto isLight = [&](Run &run) {
@@ -237,21 +251,21 @@ void ToolbarPlaceScenarios::whatWasSwitchedSurvivesARestart()
     }
 }
 
-void ToolbarPlaceScenarios::settingsThatCannotBeWrittenHinderNothing_data()
+void ToolbarPlaceScenarios::unwritableSettingsBreakNothing_data()
 {
     QTest::addColumn<QString>("obstacle");
-    for (const char *obstacle : {"a file in the folder's place", "a folder in the file's place"})
+    for (const char *obstacle : {"a file instead of the folder", "a folder instead of the file"})
         QTest::newRow(obstacle) << QString(obstacle);
 }
 
-void ToolbarPlaceScenarios::settingsThatCannotBeWrittenHinderNothing()
+void ToolbarPlaceScenarios::unwritableSettingsBreakNothing()
 {
     QFETCH(QString, obstacle);
     DesktopSession session(kSetup);
     blockSettings(session, obstacle);
     Run run(session);
     const QRect panel = run.presenter.panel();
-    QVERIFY(standsAtItsFirstPlace(panel, VirtualDisplay::kFullHd));
+    QVERIFY(isAtDefaultPlace(panel, VirtualDisplay::kFullHd));
     const QPoint grip = run.presenter.grip();
     QVERIFY(session.pointer().drag({grip, grip - QPoint(100, 0), grip - QPoint(300, 0)}));
     EVENTUALLY(run.presenter.panel() == panel.translated(-300, 0));

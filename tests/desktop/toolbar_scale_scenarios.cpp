@@ -1,4 +1,4 @@
-// The toolbar while screens of different scales go and come.
+// The toolbar while screens of different scales are plugged in and unplugged.
 #include "presentation.h"
 #include "registered_test.h"
 
@@ -12,7 +12,7 @@ constexpr QRect kMainAlone(0, 0, 2560, 1440);
 constexpr QRect kMainBeside(1920, 0, 2560, 1440);
 constexpr QRect kProjector(0, 0, 1920, 1080);
 
-/// In points of a screen: from its right edge and from half its height.
+/// Converts to points relative to the screen's right edge and vertical centre.
 QRectF fromRightMiddle(const QRect &rect, const QRect &screen, double scale)
 {
     return {(rect.left() - screen.left() - screen.width()) / scale,
@@ -27,7 +27,7 @@ bool isNearly(const QRectF &a, const QRectF &b)
            std::abs(a.right() - b.right()) <= kPoints && std::abs(a.bottom() - b.bottom()) <= kPoints;
 }
 
-/// Where the toolbar's window is, and where on it the swatch of the pen's colour is painted.
+/// The places of the toolbar's window and of the swatch with the pen's colour.
 struct Look
 {
     QRectF toolbar;
@@ -39,12 +39,12 @@ struct Look
     }
 };
 
-Look lookOn(Presentation &on, const QRect &screen, double scale)
+Look lookOn(Presentation &show, const QRect &screen, double scale)
 {
-    const std::optional<WindowInfo> window = on.toolbar();
+    const std::optional<WindowInfo> window = show.toolbar();
     const QRect toolbar = window ? window->geometry : QRect();
     return {.toolbar = fromRightMiddle(toolbar, screen, scale),
-            .swatch = fromRightMiddle(on.session.screenshot().bounds(kInk, toolbar), screen, scale)};
+            .swatch = fromRightMiddle(show.session.screenshot().bounds(kInk, toolbar), screen, scale)};
 }
 
 } // namespace
@@ -73,11 +73,11 @@ void ToolbarScaleScenarios::itLooksTheSameOnEveryScreen()
     QFETCH(double, scale);
     QFETCH(double, projectorScale);
     const auto factors = QStringLiteral("DUMMY0=%1;DUMMY1=%2").arg(scale).arg(projectorScale);
-    Presentation on({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", factors}});
-    EVENTUALLY(!lookOn(on, kMain, scale).swatch.isEmpty());
-    const Look before = lookOn(on, kMain, scale);
+    Presentation show({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", factors}});
+    EVENTUALLY(!lookOn(show, kMain, scale).swatch.isEmpty());
+    const Look before = lookOn(show, kMain, scale);
 
-    Outputs outputs(on.session.client());
+    Outputs outputs(show.session.client());
     const QMap<int, QRect> both = {{0, kMain}, {1, kProjector}};
     const QList<QMap<int, QRect>> steps = {{{0, kMainAlone}},
                                            both,
@@ -92,36 +92,36 @@ void ToolbarScaleScenarios::itLooksTheSameOnEveryScreen()
     for (const QMap<int, QRect> &screens : steps) {
         outputs.apply(screens);
         if (screens.isEmpty()) {
-            THROUGHOUT(300ms, on.toolbar().has_value());
+            THROUGHOUT(300ms, show.toolbar().has_value());
             continue;
         }
-        // It is on its own screen for as long as that is there.
+        // It stays on its own screen while that exists.
         const bool isAtHome = screens.contains(0);
         const QRect screen = screens.value(isAtHome ? 0 : 1);
-        EVENTUALLY(lookOn(on, screen, isAtHome ? scale : projectorScale).isLike(before));
+        EVENTUALLY(lookOn(show, screen, isAtHome ? scale : projectorScale).isLike(before));
     }
 }
 
 void ToolbarScaleScenarios::itLooksTheSameIfItWasHiddenMeanwhile()
 {
-    Presentation on({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=2;DUMMY1=1"}});
-    EVENTUALLY(!lookOn(on, kMain, 2.0).swatch.isEmpty());
-    const Look before = lookOn(on, kMain, 2.0);
-    Outputs outputs(on.session.client());
+    Presentation show({.screens = {kMain, kProjector}}, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=2;DUMMY1=1"}});
+    EVENTUALLY(!lookOn(show, kMain, 2.0).swatch.isEmpty());
+    const Look before = lookOn(show, kMain, 2.0);
+    Outputs outputs(show.session.client());
     const auto changeBehindIt = [&](const QMap<int, QRect> &screens) {
-        on.hotKey(Key::T);
-        if (!eventually([&] { return !on.toolbar(); }))
+        show.hotKey(Key::T);
+        if (!eventually([&] { return !show.toolbar(); }))
             return false;
         outputs.apply(screens);
-        on.hotKey(Key::T);
-        return eventually([&] { return on.toolbar().has_value(); });
+        show.hotKey(Key::T);
+        return eventually([&] { return show.toolbar().has_value(); });
     };
     QVERIFY(changeBehindIt({{1, kProjector}}));
-    EVENTUALLY(lookOn(on, kProjector, 1.0).isLike(before));
+    EVENTUALLY(lookOn(show, kProjector, 1.0).isLike(before));
     QVERIFY(changeBehindIt({{0, kMain}, {1, kProjector}}));
-    EVENTUALLY(lookOn(on, kMain, 2.0).isLike(before));
+    EVENTUALLY(lookOn(show, kMain, 2.0).isLike(before));
     QVERIFY(changeBehindIt({{0, kMainAlone}}));
-    EVENTUALLY(lookOn(on, kMainAlone, 2.0).isLike(before));
+    EVENTUALLY(lookOn(show, kMainAlone, 2.0).isLike(before));
 }
 
 REGISTER_GUILESS_TEST(ToolbarScaleScenarios)

@@ -1,6 +1,6 @@
 // What the buttons of the toolbar do.
 #include "registered_test.h"
-#include "rehearsal.h"
+#include "toolbar_presentation.h"
 
 #include <algorithm>
 
@@ -11,7 +11,7 @@ namespace {
 constexpr QPoint kStrokePlace(400, 300);
 constexpr QPoint kOtherStrokePlace(400, 500);
 
-/// As the eye goes over the toolbar: from top to bottom, from left to right.
+/// From top to bottom, and from left to right.
 QList<AccessibleButton> inReadingOrder(QList<AccessibleButton> buttons)
 {
     std::stable_sort(buttons.begin(), buttons.end(), [](const auto &one, const auto &other) {
@@ -29,22 +29,22 @@ class ToolbarScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyButtonIsKnownToScreenReaders();
+    void everyButtonIsExposedToScreenReaders();
     void drawingIsTurnedOnAndOff();
     void theWhiteboardIsTurnedOnAndOff();
     void theSpotlightIsTurnedOnAndOff();
     void theRingIsTurnedOnAndOff();
-    void pinningLeavesTheDrawingAndLetsClicksThrough();
-    void undoAndClearTakeShapesAway();
+    void pinningKeepsTheDrawingAndLetsClicksThrough();
+    void undoAndClearRemoveShapes();
     void clicksAndFadeAreTurnedOnAndOff();
-    void screenReadersPressAsThePointerClicks();
+    void screenReadersCanPressButtons();
     void quitEndsTheProgram();
 };
 
-void ToolbarScenarios::everyButtonIsKnownToScreenReaders()
+void ToolbarScenarios::everyButtonIsExposedToScreenReaders()
 {
     using namespace button;
-    Rehearsal on;
+    ToolbarPresentation show;
     QStringList expected = {kDraw,        kWhiteboard, kSpotlight, kRing,      kClicks,  kFade, kPin, kPen,
                             kHighlighter, kLine,       kArrow,     kRectangle, kEllipse, kText, kUndo};
     expected += QStringList(8, kColor) + QStringList(3, kWidth);
@@ -52,7 +52,7 @@ void ToolbarScenarios::everyButtonIsKnownToScreenReaders()
     const QStringList toggles = expected.mid(0, 7);
     const QStringList actions = {kUndo, kAppearance, kClear, kHide, kQuit};
 
-    const QList<AccessibleButton> buttons = inReadingOrder(on.presenter.buttons());
+    const QList<AccessibleButton> buttons = inReadingOrder(show.presenter.buttons());
     QStringList names;
     QList<int> checked;
     for (const AccessibleButton &each : buttons) {
@@ -64,7 +64,7 @@ void ToolbarScenarios::everyButtonIsKnownToScreenReaders()
         QVERIFY2(!each.is(AccessibleState::Focusable), qPrintable(each.name));
     }
     QCOMPARE(names, expected);
-    // The pen, orange, and the middle width.
+    // The pen, orange, and the medium width.
     QCOMPARE(checked, QList<int>({7, 15, 24}));
     for (const AccessibleButton &each : buttons) {
         const bool isToggle = toggles.contains(each.name);
@@ -76,175 +76,175 @@ void ToolbarScenarios::everyButtonIsKnownToScreenReaders()
 
 void ToolbarScenarios::drawingIsTurnedOnAndOff()
 {
-    Rehearsal on;
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.presenter.isOn(button::kDraw));
-    QVERIFY(on.strokeFrom(kStrokePlace));
-    EVENTUALLY(on.strokeColor(kStrokePlace) == kInk);
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.presenter.isOn(button::kDraw));
+    QVERIFY(show.strokeFrom(kStrokePlace));
+    EVENTUALLY(show.strokeColor(kStrokePlace) == kInk);
 
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(on.isSlideUntouched());
-    QVERIFY(!on.presenter.isOn(button::kDraw));
-    QVERIFY(on.session.pointer().clickAt(kStrokePlace));
-    EVENTUALLY(on.beneath.presses() == QList<QPoint>{kStrokePlace});
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.beneath.hasFocus());
+    EVENTUALLY(show.isSlideUntouched());
+    QVERIFY(!show.presenter.isOn(button::kDraw));
+    QVERIFY(show.session.pointer().clickAt(kStrokePlace));
+    EVENTUALLY(show.beneath.presses() == QList<QPoint>{kStrokePlace});
 }
 
 void ToolbarScenarios::theWhiteboardIsTurnedOnAndOff()
 {
-    Rehearsal on;
-    QVERIFY(on.presenter.click(button::kWhiteboard));
-    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, Rehearsal::kLeftOfToolbar));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.presenter.isOn(button::kWhiteboard));
-    QVERIFY(!on.presenter.isOn(button::kDraw));
-    QVERIFY(on.strokeFrom(kStrokePlace));
-    EVENTUALLY(on.strokeColor(kStrokePlace) == kInk);
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kWhiteboard));
+    EVENTUALLY(show.session.screenshot().isFilled(Qt::white, ToolbarPresentation::kLeftOfToolbar));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.presenter.isOn(button::kWhiteboard));
+    QVERIFY(!show.presenter.isOn(button::kDraw));
+    QVERIFY(show.strokeFrom(kStrokePlace));
+    EVENTUALLY(show.strokeColor(kStrokePlace) == kInk);
 
-    QVERIFY(on.presenter.click(button::kWhiteboard));
-    EVENTUALLY(on.isSlideUntouched());
-    QVERIFY(!on.presenter.isOn(button::kWhiteboard));
+    QVERIFY(show.presenter.click(button::kWhiteboard));
+    EVENTUALLY(show.isSlideUntouched());
+    QVERIFY(!show.presenter.isOn(button::kWhiteboard));
 }
 
 void ToolbarScenarios::theSpotlightIsTurnedOnAndOff()
 {
-    Rehearsal on;
-    QVERIFY(on.presenter.click(button::kSpotlight));
-    EVENTUALLY(on.pixel({10, 10}) == dimmed(on.beneathColor()));
-    QVERIFY(on.presenter.isOn(button::kSpotlight));
-    QVERIFY(on.beneath.hasFocus());
-    QVERIFY(on.session.pointer().moveTo(kStrokePlace));
-    EVENTUALLY(on.pixel(kStrokePlace) == on.beneathColor());
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kSpotlight));
+    EVENTUALLY(show.pixel({10, 10}) == dimmed(show.beneathColor()));
+    QVERIFY(show.presenter.isOn(button::kSpotlight));
+    QVERIFY(show.beneath.hasFocus());
+    QVERIFY(show.session.pointer().moveTo(kStrokePlace));
+    EVENTUALLY(show.pixel(kStrokePlace) == show.beneathColor());
 
-    QVERIFY(on.presenter.click(button::kSpotlight));
-    EVENTUALLY(on.isSlideUntouched());
-    QVERIFY(!on.presenter.isOn(button::kSpotlight));
+    QVERIFY(show.presenter.click(button::kSpotlight));
+    EVENTUALLY(show.isSlideUntouched());
+    QVERIFY(!show.presenter.isOn(button::kSpotlight));
 }
 
 void ToolbarScenarios::theRingIsTurnedOnAndOff()
 {
-    Rehearsal on;
+    ToolbarPresentation show;
     const auto ring = [](QPoint pointer) { return QRect(pointer - QPoint(28, 28), QSize(56, 56)); };
-    QVERIFY(on.presenter.click(button::kRing));
+    QVERIFY(show.presenter.click(button::kRing));
     for (const QPoint place : {kStrokePlace, kOtherStrokePlace}) {
-        QVERIFY(on.session.pointer().moveTo(place));
+        QVERIFY(show.session.pointer().moveTo(place));
         // Around the pointer, and nowhere else.
-        EVENTUALLY(!on.isUntouched(ring(place).adjusted(0, 0, 0, -40)));
-        EVENTUALLY(!on.isUntouched(ring(place).adjusted(0, 40, 0, 0)));
-        EVENTUALLY(on.isUntouched(ring(place == kStrokePlace ? kOtherStrokePlace : kStrokePlace)));
+        EVENTUALLY(!show.isUntouched(ring(place).adjusted(0, 0, 0, -40)));
+        EVENTUALLY(!show.isUntouched(ring(place).adjusted(0, 40, 0, 0)));
+        EVENTUALLY(show.isUntouched(ring(place == kStrokePlace ? kOtherStrokePlace : kStrokePlace)));
     }
-    QVERIFY(on.presenter.isOn(button::kRing));
-    QVERIFY(on.beneath.hasFocus());
+    QVERIFY(show.presenter.isOn(button::kRing));
+    QVERIFY(show.beneath.hasFocus());
 
-    QVERIFY(on.presenter.click(button::kRing));
-    EVENTUALLY(!on.presenter.isOn(button::kRing));
-    QVERIFY(on.session.pointer().moveTo(kStrokePlace));
-    EVENTUALLY(on.isSlideUntouched());
+    QVERIFY(show.presenter.click(button::kRing));
+    EVENTUALLY(!show.presenter.isOn(button::kRing));
+    QVERIFY(show.session.pointer().moveTo(kStrokePlace));
+    EVENTUALLY(show.isSlideUntouched());
 }
 
-void ToolbarScenarios::pinningLeavesTheDrawingAndLetsClicksThrough()
+void ToolbarScenarios::pinningKeepsTheDrawingAndLetsClicksThrough()
 {
-    Rehearsal on;
+    ToolbarPresentation show;
     // There is nothing to pin yet.
-    QVERIFY(on.presenter.click(button::kPin));
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(!on.presenter.isOn(button::kPin));
-    QVERIFY(on.strokeFrom(kStrokePlace));
-    EVENTUALLY(on.strokeColor(kStrokePlace) == kInk);
+    QVERIFY(show.presenter.click(button::kPin));
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(!show.presenter.isOn(button::kPin));
+    QVERIFY(show.strokeFrom(kStrokePlace));
+    EVENTUALLY(show.strokeColor(kStrokePlace) == kInk);
 
-    QVERIFY(on.presenter.click(button::kPin));
-    EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(on.presenter.isOn(button::kPin));
-    QVERIFY(!on.presenter.isOn(button::kDraw));
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().clickAt(kStrokePlace));
-    EVENTUALLY(on.beneath.presses() == QList<QPoint>{kStrokePlace});
-    QCOMPARE(on.strokeColor(kStrokePlace), kInk);
+    QVERIFY(show.presenter.click(button::kPin));
+    EVENTUALLY(show.beneath.hasFocus());
+    QVERIFY(show.presenter.isOn(button::kPin));
+    QVERIFY(!show.presenter.isOn(button::kDraw));
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().clickAt(kStrokePlace));
+    EVENTUALLY(show.beneath.presses() == QList<QPoint>{kStrokePlace});
+    QCOMPARE(show.strokeColor(kStrokePlace), kInk);
 
-    // Unpinned, it is drawn on again.
-    QVERIFY(on.presenter.click(button::kPin));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.presenter.isOn(button::kDraw));
-    QVERIFY(!on.presenter.isOn(button::kPin));
-    QCOMPARE(on.strokeColor(kStrokePlace), kInk);
+    // After unpinning, it can be drawn on again.
+    QVERIFY(show.presenter.click(button::kPin));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.presenter.isOn(button::kDraw));
+    QVERIFY(!show.presenter.isOn(button::kPin));
+    QCOMPARE(show.strokeColor(kStrokePlace), kInk);
 }
 
-void ToolbarScenarios::undoAndClearTakeShapesAway()
+void ToolbarScenarios::undoAndClearRemoveShapes()
 {
-    Rehearsal on;
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.strokeFrom(kStrokePlace));
-    QVERIFY(on.strokeFrom(kOtherStrokePlace));
-    EVENTUALLY(on.strokeColor(kOtherStrokePlace) == kInk);
-    QVERIFY(on.presenter.click(button::kUndo));
-    EVENTUALLY(on.strokeColor(kOtherStrokePlace) == on.beneathColor());
-    QCOMPARE(on.strokeColor(kStrokePlace), kInk);
-    QVERIFY(on.presenter.click(button::kUndo));
-    EVENTUALLY(on.isSlideUntouched());
-    // With nothing left it does nothing. Toolbar and canvas hear of the hand on ways of their own, so the
-    // next stroke waits until the toolbar has answered a later click.
-    QVERIFY(on.presenter.click(button::kUndo));
-    QVERIFY(on.presenter.click(button::kWidth, 2));
-    EVENTUALLY(on.presenter.isOn(button::kWidth, 2));
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.strokeFrom(kStrokePlace));
+    QVERIFY(show.strokeFrom(kOtherStrokePlace));
+    EVENTUALLY(show.strokeColor(kOtherStrokePlace) == kInk);
+    QVERIFY(show.presenter.click(button::kUndo));
+    EVENTUALLY(show.strokeColor(kOtherStrokePlace) == show.beneathColor());
+    QCOMPARE(show.strokeColor(kStrokePlace), kInk);
+    QVERIFY(show.presenter.click(button::kUndo));
+    EVENTUALLY(show.isSlideUntouched());
+    // With nothing left this has no effect. Toolbar and canvas receive input independently, so the test waits
+    // until the toolbar has handled a later click.
+    QVERIFY(show.presenter.click(button::kUndo));
+    QVERIFY(show.presenter.click(button::kWidth, 2));
+    EVENTUALLY(show.presenter.isOn(button::kWidth, 2));
 
-    QVERIFY(on.strokeFrom(kStrokePlace));
-    QVERIFY(on.strokeFrom(kOtherStrokePlace));
-    EVENTUALLY(on.strokeColor(kOtherStrokePlace) == kInk);
-    QVERIFY(on.presenter.click(button::kClear));
-    EVENTUALLY(on.isSlideUntouched());
-    // It is still drawn on.
-    QVERIFY(on.hasKeyboard());
-    QVERIFY(on.strokeFrom(kStrokePlace));
-    EVENTUALLY(on.strokeColor(kStrokePlace) == kInk);
-    QCOMPARE(on.strokeColor(kOtherStrokePlace), on.beneathColor());
+    QVERIFY(show.strokeFrom(kStrokePlace));
+    QVERIFY(show.strokeFrom(kOtherStrokePlace));
+    EVENTUALLY(show.strokeColor(kOtherStrokePlace) == kInk);
+    QVERIFY(show.presenter.click(button::kClear));
+    EVENTUALLY(show.isSlideUntouched());
+    // Drawing is still on.
+    QVERIFY(show.hasKeyboard());
+    QVERIFY(show.strokeFrom(kStrokePlace));
+    EVENTUALLY(show.strokeColor(kStrokePlace) == kInk);
+    QCOMPARE(show.strokeColor(kOtherStrokePlace), show.beneathColor());
 }
 
 void ToolbarScenarios::clicksAndFadeAreTurnedOnAndOff()
 {
-    Rehearsal on;
+    ToolbarPresentation show;
     for (const QString &mode : {button::kClicks, button::kFade}) {
         for (const bool expected : {true, false}) {
-            QVERIFY(on.presenter.click(mode));
-            EVENTUALLY(on.presenter.isOn(mode) == expected);
+            QVERIFY(show.presenter.click(mode));
+            EVENTUALLY(show.presenter.isOn(mode) == expected);
         }
     }
 }
 
-void ToolbarScenarios::screenReadersPressAsThePointerClicks()
+void ToolbarScenarios::screenReadersCanPressButtons()
 {
-    Rehearsal on;
+    ToolbarPresentation show;
     const auto press = [&](const QString &name, int index = 0) {
-        return on.presenter.reader().press(on.presenter.button(name, index));
+        return show.presenter.reader().press(show.presenter.button(name, index));
     };
     QVERIFY(press(button::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.presenter.isOn(button::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.presenter.isOn(button::kDraw));
     QVERIFY(press(button::kRectangle));
     QVERIFY(press(button::kColor, 3));
-    EVENTUALLY(on.presenter.isOn(button::kRectangle) && on.presenter.isOn(button::kColor, 3));
-    QVERIFY(!on.presenter.isOn(button::kPen));
-    QVERIFY(on.session.pointer().drag({kStrokePlace, kStrokePlace + QPoint(100, 100)}));
-    EVENTUALLY(on.pixel(kStrokePlace + QPoint(100, 50)) == QColor(0x34, 0xC7, 0x59));
+    EVENTUALLY(show.presenter.isOn(button::kRectangle) && show.presenter.isOn(button::kColor, 3));
+    QVERIFY(!show.presenter.isOn(button::kPen));
+    QVERIFY(show.session.pointer().drag({kStrokePlace, kStrokePlace + QPoint(100, 100)}));
+    EVENTUALLY(show.pixel(kStrokePlace + QPoint(100, 50)) == QColor(0x34, 0xC7, 0x59));
     QVERIFY(press(button::kUndo));
-    EVENTUALLY(on.isSlideUntouched());
+    EVENTUALLY(show.isSlideUntouched());
     QVERIFY(press(button::kDraw));
-    EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(!on.presenter.isOn(button::kDraw));
+    EVENTUALLY(show.beneath.hasFocus());
+    QVERIFY(!show.presenter.isOn(button::kDraw));
 }
 
 void ToolbarScenarios::quitEndsTheProgram()
 {
-    Rehearsal on;
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.presenter.click(button::kQuit));
-    QCOMPARE(on.program.waitForExit(), std::optional(0));
-    QVERIFY(on.program.output().isEmpty());
-    EVENTUALLY(on.isUntouched(VirtualDisplay::kFullHd));
-    EVENTUALLY(on.beneath.hasFocus());
+    ToolbarPresentation show;
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.presenter.click(button::kQuit));
+    QCOMPARE(show.program.waitForExit(), std::optional(0));
+    QVERIFY(show.program.output().isEmpty());
+    EVENTUALLY(show.isUntouched(VirtualDisplay::kFullHd));
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
 REGISTER_GUILESS_TEST(ToolbarScenarios)

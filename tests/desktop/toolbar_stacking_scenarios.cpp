@@ -6,8 +6,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A place on the toolbar's background, beside its buttons; its shadow is as wide on the left as on the
-/// right.
+/// A place on the toolbar's background, beside its buttons; the shadow is equally wide on both sides.
 QPoint backgroundOf(const WindowInfo &toolbar)
 {
     return toolbar.geometry.center() - QPoint(kToolbar.width() / 2 - 3, 0);
@@ -33,138 +32,138 @@ private Q_SLOTS:
     void itStaysAboveAFullScreenWindow();
     void itIsAboveTheOverlays();
     void aClickOnItLeavesTheKeyboardAlone();
-    void itsShadowTakesNoClicks();
-    void itIsThereAgainWhenTheScreensAre();
-    void withoutACompositorItIsThereToo();
+    void clicksPassThroughItsShadow();
+    void itComesBackWithTheScreens();
+    void itWorksWithoutACompositor();
 
 private:
-    /// Whether the toolbar shows its picture, and not one colour that covers it.
-    static bool isSeen(Presentation &on, const QColor &cover)
+    /// Whether the toolbar is visible, and not covered by that colour.
+    static bool isVisible(Presentation &show, const QColor &cover)
     {
-        const std::optional<WindowInfo> toolbar = on.toolbar();
+        const std::optional<WindowInfo> toolbar = show.toolbar();
         if (!toolbar)
             return false;
         const QRect middle = middleOf(*toolbar);
-        return on.session.screenshot().count(cover, middle) < middle.width() * middle.height() / 2;
+        return show.session.screenshot().count(cover, middle) < middle.width() * middle.height() / 2;
     }
 };
 
 void ToolbarStackingScenarios::itIsShownFromTheStart()
 {
-    Presentation on;
-    EVENTUALLY(isSeen(on, on.beneathColor()));
-    const WindowInfo toolbar = *on.toolbar();
+    Presentation show;
+    EVENTUALLY(isVisible(show, show.beneathColor()));
+    const WindowInfo toolbar = *show.toolbar();
     QVERIFY(toolbar.overrideRedirect);
     QVERIFY(VirtualDisplay::kFullHd.contains(toolbar.geometry));
-    QVERIFY(on.session.client().isAbove(toolbar.id, on.beneath.id()));
-    QVERIFY(on.beneath.hasFocus());
+    QVERIFY(show.session.client().isAbove(toolbar.id, show.beneath.id()));
+    QVERIFY(show.beneath.hasFocus());
 }
 
 void ToolbarStackingScenarios::itStaysAboveAWindowRaisedLater()
 {
-    Presentation on;
-    EVENTUALLY(isSeen(on, on.beneathColor()));
-    WindowBeneath later(on.session, VirtualDisplay::kFullHd, Qt::green);
-    EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green));
-    EVENTUALLY(isSeen(on, Qt::green));
-    const Popup popup(on.session, VirtualDisplay::kFullHd.adjusted(10, 10, -10, -10), Qt::magenta);
-    EVENTUALLY(on.pixel({20, 20}) == QColor(Qt::magenta) && isSeen(on, Qt::magenta));
+    Presentation show;
+    EVENTUALLY(isVisible(show, show.beneathColor()));
+    WindowBeneath later(show.session, VirtualDisplay::kFullHd, Qt::green);
+    EVENTUALLY(show.pixel({2, 2}) == QColor(Qt::green));
+    EVENTUALLY(isVisible(show, Qt::green));
+    const Popup popup(show.session, VirtualDisplay::kFullHd.adjusted(10, 10, -10, -10), Qt::magenta);
+    EVENTUALLY(show.pixel({20, 20}) == QColor(Qt::magenta) && isVisible(show, Qt::magenta));
 }
 
 void ToolbarStackingScenarios::itStaysAboveAFullScreenWindow()
 {
-    Presentation on;
-    EVENTUALLY(isSeen(on, on.beneathColor()));
-    // Before there is a full-screen window: some window managers show no other one then.
-    WindowBeneath later(on.session, VirtualDisplay::kFullHd, Qt::green);
+    Presentation show;
+    EVENTUALLY(isVisible(show, show.beneathColor()));
+    // Opened before there is a full-screen window, because some window managers would not show it then.
+    WindowBeneath later(show.session, VirtualDisplay::kFullHd, Qt::green);
     QVERIFY(later.opensWithFocus());
-    EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green));
-    QVERIFY(on.beneath.takeFocus());
-    QVERIFY(on.beneath.setFullScreen(true));
-    EVENTUALLY(on.pixel({2, 2}) == on.beneathColor() && isSeen(on, on.beneathColor()));
+    EVENTUALLY(show.pixel({2, 2}) == QColor(Qt::green));
+    QVERIFY(show.beneath.takeFocus());
+    QVERIFY(show.beneath.setFullScreen(true));
+    EVENTUALLY(show.pixel({2, 2}) == show.beneathColor() && isVisible(show, show.beneathColor()));
     QVERIFY(later.takeFocus());
     QVERIFY(later.setFullScreen(true));
-    EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green) && isSeen(on, Qt::green));
+    EVENTUALLY(show.pixel({2, 2}) == QColor(Qt::green) && isVisible(show, Qt::green));
 }
 
 void ToolbarStackingScenarios::itIsAboveTheOverlays()
 {
-    Presentation on;
-    EVENTUALLY(isSeen(on, on.beneathColor()));
+    Presentation show;
+    EVENTUALLY(isVisible(show, show.beneathColor()));
     for (int i = 0; i < 3; ++i) {
-        on.hotKey(Key::W);
-        EVENTUALLY(on.isFilled(Qt::white, VirtualDisplay::kFullHd));
-        EVENTUALLY(on.hasKeyboard() && on.overlays().size() == 1);
-        QVERIFY(on.session.client().isAbove(on.toolbar()->id, on.overlays().constFirst().id));
-        QVERIFY(isSeen(on, Qt::white));
-        // So it stays when somebody else comes up.
-        const Popup popup(on.session, VirtualDisplay::kFullHd.adjusted(10, 10, -10, -10), Qt::magenta);
-        EVENTUALLY(on.isFilled(Qt::white, VirtualDisplay::kFullHd) && isSeen(on, Qt::white));
-        on.hotKey(Key::W);
-        EVENTUALLY(on.overlays().isEmpty());
+        show.hotKey(Key::W);
+        EVENTUALLY(show.isFilled(Qt::white, VirtualDisplay::kFullHd));
+        EVENTUALLY(show.hasKeyboard() && show.overlays().size() == 1);
+        QVERIFY(show.session.client().isAbove(show.toolbar()->id, show.overlays().constFirst().id));
+        QVERIFY(isVisible(show, Qt::white));
+        // It stays visible when another program opens a popup.
+        const Popup popup(show.session, VirtualDisplay::kFullHd.adjusted(10, 10, -10, -10), Qt::magenta);
+        EVENTUALLY(show.isFilled(Qt::white, VirtualDisplay::kFullHd) && isVisible(show, Qt::white));
+        show.hotKey(Key::W);
+        EVENTUALLY(show.overlays().isEmpty());
     }
 }
 
 void ToolbarStackingScenarios::aClickOnItLeavesTheKeyboardAlone()
 {
-    Presentation on;
-    EVENTUALLY(isSeen(on, on.beneathColor()));
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().clickAt(backgroundOf(*on.toolbar())));
-    QVERIFY(on.session.pointer().clickAt({100, 100}));
-    EVENTUALLY(!on.beneath.presses().isEmpty());
-    QCOMPARE(on.beneath.presses(), QList<QPoint>{QPoint(100, 100)});
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
-    const QList<InputEvent> events = on.beneath.events();
+    Presentation show;
+    EVENTUALLY(isVisible(show, show.beneathColor()));
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().clickAt(backgroundOf(*show.toolbar())));
+    QVERIFY(show.session.pointer().clickAt({100, 100}));
+    EVENTUALLY(!show.beneath.presses().isEmpty());
+    QCOMPARE(show.beneath.presses(), QList<QPoint>{QPoint(100, 100)});
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys() == QList<Key>{Key::A});
+    const QList<InputEvent> events = show.beneath.events();
     for (const InputEvent &event : events)
         QVERIFY(event.isByGrab || event.kind != InputEvent::Kind::FocusOut);
 }
 
-void ToolbarStackingScenarios::itsShadowTakesNoClicks()
+void ToolbarStackingScenarios::clicksPassThroughItsShadow()
 {
-    Presentation on;
-    EVENTUALLY(isSeen(on, on.beneathColor()));
-    const QRect withShadow = on.toolbar()->geometry;
+    Presentation show;
+    EVENTUALLY(isVisible(show, show.beneathColor()));
+    const QRect withShadow = show.toolbar()->geometry;
     for (const QPoint corner : {withShadow.topLeft() + QPoint(2, 2), withShadow.bottomRight() - QPoint(2, 2),
                                 QPoint(withShadow.left() + 2, withShadow.center().y())}) {
-        on.beneath.forget();
-        QVERIFY(on.session.pointer().clickAt(corner));
-        EVENTUALLY(on.beneath.presses() == QList<QPoint>{corner});
+        show.beneath.forget();
+        QVERIFY(show.session.pointer().clickAt(corner));
+        EVENTUALLY(show.beneath.presses() == QList<QPoint>{corner});
     }
 }
 
-void ToolbarStackingScenarios::itIsThereAgainWhenTheScreensAre()
+void ToolbarStackingScenarios::itComesBackWithTheScreens()
 {
-    Presentation on;
-    EVENTUALLY(isSeen(on, on.beneathColor()));
-    on.hotKey(Key::D);
-    EVENTUALLY(!on.overlays().isEmpty());
-    on.session.display().unplug(0);
-    // It has noticed.
-    EVENTUALLY(on.overlays().isEmpty());
-    on.session.display().plug(0, VirtualDisplay::kFullHd);
-    EVENTUALLY(!on.overlays().isEmpty());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.overlays().isEmpty());
-    EVENTUALLY(isSeen(on, on.beneathColor()));
-    // On top of what comes later, too.
-    WindowBeneath later(on.session, VirtualDisplay::kFullHd, Qt::green);
-    EVENTUALLY(on.pixel({2, 2}) == QColor(Qt::green) && isSeen(on, Qt::green));
+    Presentation show;
+    EVENTUALLY(isVisible(show, show.beneathColor()));
+    show.hotKey(Key::D);
+    EVENTUALLY(!show.overlays().isEmpty());
+    show.session.display().unplug(0);
+    // The program has noticed the change.
+    EVENTUALLY(show.overlays().isEmpty());
+    show.session.display().plug(0, VirtualDisplay::kFullHd);
+    EVENTUALLY(!show.overlays().isEmpty());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.overlays().isEmpty());
+    EVENTUALLY(isVisible(show, show.beneathColor()));
+    // It also stays above windows that open later.
+    WindowBeneath later(show.session, VirtualDisplay::kFullHd, Qt::green);
+    EVENTUALLY(show.pixel({2, 2}) == QColor(Qt::green) && isVisible(show, Qt::green));
 }
 
-void ToolbarStackingScenarios::withoutACompositorItIsThereToo()
+void ToolbarStackingScenarios::itWorksWithoutACompositor()
 {
-    Presentation on({.compositor = Compositor::None});
-    EVENTUALLY(isSeen(on, on.beneathColor()));
-    on.hotKey(Key::W);
-    EVENTUALLY(on.isFilled(Qt::white, VirtualDisplay::kFullHd) && isSeen(on, Qt::white));
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().clickAt(backgroundOf(*on.toolbar())));
-    EVENTUALLY(on.hasKeyboard());
-    on.hotKey(Key::W);
-    EVENTUALLY(on.overlays().isEmpty() && on.beneath.hasFocus());
-    QVERIFY(on.beneath.presses().isEmpty());
+    Presentation show({.compositor = Compositor::None});
+    EVENTUALLY(isVisible(show, show.beneathColor()));
+    show.hotKey(Key::W);
+    EVENTUALLY(show.isFilled(Qt::white, VirtualDisplay::kFullHd) && isVisible(show, Qt::white));
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().clickAt(backgroundOf(*show.toolbar())));
+    EVENTUALLY(show.hasKeyboard());
+    show.hotKey(Key::W);
+    EVENTUALLY(show.overlays().isEmpty() && show.beneath.hasFocus());
+    QVERIFY(show.beneath.presses().isEmpty());
 }
 
 REGISTER_GUILESS_TEST(ToolbarStackingScenarios)

@@ -50,17 +50,18 @@ QPoint ToolbarUser::grip()
 
 QPoint ToolbarUser::background()
 {
-    // Between the edge and the one button of its row.
+    // Between the panel's edge and the only button of its row.
     return {panel().left() + qRound(20 * m_scale), button(button::kPin).extents.center().y()};
 }
 
 WindowInfo ToolbarUser::window()
 {
-    const QSize least = (QSizeF(kPanelSize) * m_scale).toSize();
+    const QSize minSize = (QSizeF(kPanelSize) * m_scale).toSize();
     for (const WindowInfo &info : m_session.client().windowsOfProcess(m_processId)) {
-        // With its shadow it is somewhat larger than the panel; the canvases are as large as a screen.
+        // The window is slightly larger than the panel because of its shadow; canvases are as large as a
+        // screen.
         const QSize size = info.geometry.size();
-        if (info.viewable && size.expandedTo(least) == size && size.width() < 2 * least.width())
+        if (info.viewable && size.expandedTo(minSize) == size && size.width() < 2 * minSize.width())
             return info;
     }
     return {};

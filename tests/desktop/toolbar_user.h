@@ -4,7 +4,7 @@
 
 namespace zeigewerk::rig {
 
-/// The names by which the toolbar's buttons are known.
+/// The accessible names of the toolbar's buttons.
 namespace button {
 
 inline const QString kDraw = "Zeichnen ein/aus (⌃⌥D)";
@@ -31,33 +31,33 @@ inline const QString kQuit = "Zeigewerk beenden";
 
 } // namespace button
 
-/// Works with the toolbar as a presenter does: finds a button by what it is called, and clicks on it where it
-/// is. The session's setup must ask for accessibility.
+/// Uses the toolbar as a presenter does: finds a button by its name and clicks on it. The session's setup
+/// must ask for accessibility.
 class ToolbarUser
 {
 public:
     /// The size of the panel in points.
     static constexpr QSize kPanelSize = QSize(151, 477);
 
-    /// Comes back when the toolbar is on the screen; throws RigError if it does not come.
+    /// Waits until the toolbar is on the screen; throws RigError if it does not appear.
     ToolbarUser(DesktopSession &session, const Program &program, double scale = 1.0);
 
     Accessibility &reader() { return m_reader; }
     QList<AccessibleButton> buttons() { return m_reader.buttons(); }
     /// Throws RigError if there is no such button.
     AccessibleButton button(const QString &name, int index = 0);
-    /// Whether a mode is on, or a tool, colour or width is the chosen one.
+    /// Whether a mode is on, or whether a tool, colour or width is selected.
     bool isOn(const QString &name, int index = 0) { return button(name, index).isChecked(); }
-    /// A click in the middle of the button; false if the pointer cannot do it.
+    /// Clicks in the middle of the button; false if the pointer fails to do it.
     bool click(const QString &name, int index = 0);
 
-    /// Where the buttons say that the panel is, without its shadow: native root pixels.
+    /// The panel without its shadow, computed from its buttons: native root pixels.
     QRect panel();
-    /// On the background, above the first row: the panel is dragged there.
+    /// On the background above the first row, where the panel can be dragged.
     QPoint grip();
-    /// On the background, where neither a button nor a line is, whatever is on.
+    /// On the background, away from buttons and lines in every state.
     QPoint background();
-    /// The window that shows the panel; without an id if no such window is on the screen.
+    /// The toolbar's window; without an id if it is not on the screen.
     WindowInfo window();
 
 private:

@@ -1,25 +1,39 @@
-// The toolbar as a window among those of others: it takes the mouse and never the keyboard.
-#include "absence.h"
+// The toolbar's window: it takes mouse input, but never the keyboard.
+#include "paused_process.h"
 #include "registered_test.h"
-#include "rehearsal.h"
+#include "toolbar_presentation.h"
 
 using namespace zeigewerk::rig;
 using namespace std::chrono_literals;
 
 namespace {
 
-/// What turns no canvas on.
-struct Harmless
+/// A button and its index among those of the same name.
+struct ButtonRef
 {
     QString name;
     int index = 0;
 };
 
-const QList<Harmless> kHarmless = {
-    {button::kClicks},   {button::kRing},     {button::kFade},       {button::kColor, 2}, {button::kColor, 7},
-    {button::kWidth, 0}, {button::kWidth, 2}, {button::kAppearance}, {button::kUndo},     {button::kClear},
-    {button::kClicks},   {button::kRing},     {button::kAppearance},
+/// Buttons that switch no canvas on.
+// A table, one row per line:
+// clang-format off
+const QList<ButtonRef> kButtonsWithoutCanvas = {
+    {.name = button::kClicks},
+    {.name = button::kRing},
+    {.name = button::kFade},
+    {.name = button::kColor, .index = 2},
+    {.name = button::kColor, .index = 7},
+    {.name = button::kWidth, .index = 0},
+    {.name = button::kWidth, .index = 2},
+    {.name = button::kAppearance},
+    {.name = button::kUndo},
+    {.name = button::kClear},
+    {.name = button::kClicks},
+    {.name = button::kRing},
+    {.name = button::kAppearance},
 };
+// clang-format on
 
 bool lostFocus(WindowBeneath &window)
 {
@@ -29,10 +43,10 @@ bool lostFocus(WindowBeneath &window)
     });
 }
 
-/// The toolbar's look by its ground, which nothing but the backdrop colours.
-bool isDark(Rehearsal &on, QPoint background)
+/// Recognizes the look by the background, which only the appearance changes.
+bool isDark(ToolbarPresentation &show, QPoint background)
 {
-    return on.pixel(background).lightness() < 0x60;
+    return show.pixel(background).lightness() < 0x60;
 }
 
 } // namespace
@@ -42,217 +56,217 @@ class ToolbarWindowScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void clickingTheToolbarLeavesTheKeyboardWithTheEditor();
-    void theSpotlightButtonLeavesTheKeyboardWithTheEditor();
-    void clicksOnTheToolbarReachNobodyElse();
-    void theToolbarStaysUsableOverItsOwnCanvases();
+    void clickingTheToolbarLeavesTheKeyboardAlone();
+    void theSpotlightButtonLeavesTheKeyboardAlone();
+    void clicksOnTheToolbarReachNoOtherWindow();
+    void theToolbarIsUsableOverOurCanvases();
     void theToolbarIsUsableOverAFullScreenWindow();
-    void hiddenItIsGoneAndComesBackAtTheSamePlace();
-    void toggledInARushItEndsAsItShould();
-    void toggledWhileTheProgramIsBusyItShows();
-    void theAppearanceChangesTheToolbarsOwnColours();
+    void itHidesAndComesBackAtTheSamePlace();
+    void rapidTogglingEndsInTheRightState();
+    void togglingWhileTheProgramIsBusyEndsVisible();
+    void theAppearanceChangesOnlyTheToolbarsColours();
     void hoveringShowsATooltip();
 };
 
-void ToolbarWindowScenarios::clickingTheToolbarLeavesTheKeyboardWithTheEditor()
+void ToolbarWindowScenarios::clickingTheToolbarLeavesTheKeyboardAlone()
 {
-    Rehearsal on;
-    on.beneath.forget();
+    ToolbarPresentation show;
+    show.beneath.forget();
     QList<Key> typed;
-    for (const Harmless &each : kHarmless) {
-        QVERIFY(on.presenter.click(each.name, each.index));
-        on.session.keyboard().tap(Key::A);
+    for (const ButtonRef &each : kButtonsWithoutCanvas) {
+        QVERIFY(show.presenter.click(each.name, each.index));
+        show.session.keyboard().tap(Key::A);
         typed.append(Key::A);
-        EVENTUALLY(on.beneath.pressedKeys() == typed);
+        EVENTUALLY(show.beneath.pressedKeys() == typed);
     }
-    // All of it was clicked indeed.
-    EVENTUALLY(on.presenter.isOn(button::kColor, 7) && on.presenter.isOn(button::kWidth, 2));
-    QVERIFY(on.beneath.hasFocus());
-    QVERIFY(!lostFocus(on.beneath));
+    // All clicks have had their effect.
+    EVENTUALLY(show.presenter.isOn(button::kColor, 7) && show.presenter.isOn(button::kWidth, 2));
+    QVERIFY(show.beneath.hasFocus());
+    QVERIFY(!lostFocus(show.beneath));
 }
 
-void ToolbarWindowScenarios::theSpotlightButtonLeavesTheKeyboardWithTheEditor()
+void ToolbarWindowScenarios::theSpotlightButtonLeavesTheKeyboardAlone()
 {
-    Rehearsal on;
-    on.beneath.forget();
-    QVERIFY(on.presenter.click(button::kSpotlight));
-    EVENTUALLY(on.isDimmed({10, 10}));
-    on.session.keyboard().tap(Key::A);
-    QVERIFY(on.presenter.click(button::kSpotlight));
-    EVENTUALLY(on.isSlideUntouched());
-    on.session.keyboard().tap(Key::B);
-    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>({Key::A, Key::B}));
-    QVERIFY(!lostFocus(on.beneath));
+    ToolbarPresentation show;
+    show.beneath.forget();
+    QVERIFY(show.presenter.click(button::kSpotlight));
+    EVENTUALLY(show.isDimmed({10, 10}));
+    show.session.keyboard().tap(Key::A);
+    QVERIFY(show.presenter.click(button::kSpotlight));
+    EVENTUALLY(show.isSlideUntouched());
+    show.session.keyboard().tap(Key::B);
+    EVENTUALLY(show.beneath.pressedKeys() == QList<Key>({Key::A, Key::B}));
+    QVERIFY(!lostFocus(show.beneath));
 }
 
-void ToolbarWindowScenarios::clicksOnTheToolbarReachNobodyElse()
+void ToolbarWindowScenarios::clicksOnTheToolbarReachNoOtherWindow()
 {
-    Rehearsal on;
-    on.beneath.forget();
-    QVERIFY(on.presenter.click(button::kColor, 1));
-    QVERIFY(on.session.pointer().clickAt(on.presenter.background()));
-    QVERIFY(on.session.pointer().clickAt(on.presenter.grip()));
-    QVERIFY(on.session.pointer().clickAt({400, 300}));
-    EVENTUALLY(on.beneath.presses() == QList<QPoint>({{400, 300}}));
-    EVENTUALLY(on.presenter.isOn(button::kColor, 1));
+    ToolbarPresentation show;
+    show.beneath.forget();
+    QVERIFY(show.presenter.click(button::kColor, 1));
+    QVERIFY(show.session.pointer().clickAt(show.presenter.background()));
+    QVERIFY(show.session.pointer().clickAt(show.presenter.grip()));
+    QVERIFY(show.session.pointer().clickAt({400, 300}));
+    EVENTUALLY(show.beneath.presses() == QList<QPoint>({{400, 300}}));
+    EVENTUALLY(show.presenter.isOn(button::kColor, 1));
 }
 
-void ToolbarWindowScenarios::theToolbarStaysUsableOverItsOwnCanvases()
+void ToolbarWindowScenarios::theToolbarIsUsableOverOurCanvases()
 {
-    Rehearsal on;
-    const QPoint background = on.presenter.background();
-    const QColor ground = on.pixel(background);
+    ToolbarPresentation show;
+    const QPoint background = show.presenter.background();
+    const QColor ground = show.pixel(background);
     for (const Key mode : {Key::D, Key::W}) {
-        on.hotKey(mode);
-        EVENTUALLY(on.hasKeyboard() && (mode != Key::W || on.pixel({10, 10}) == QColor(Qt::white)));
-        // Seen, and reached: a press on it is no stroke.
-        EVENTUALLY(std::abs(on.pixel(background).lightness() - ground.lightness()) < 20);
+        show.hotKey(mode);
+        EVENTUALLY(show.hasKeyboard() && (mode != Key::W || show.pixel({10, 10}) == QColor(Qt::white)));
+        // It is visible and can be clicked: a press on it draws nothing.
+        EVENTUALLY(std::abs(show.pixel(background).lightness() - ground.lightness()) < 20);
         const int color = mode == Key::D ? 3 : 5;
-        QVERIFY(on.presenter.click(button::kColor, color));
-        EVENTUALLY(on.presenter.isOn(button::kColor, color));
-        QVERIFY(on.hasKeyboard());
+        QVERIFY(show.presenter.click(button::kColor, color));
+        EVENTUALLY(show.presenter.isOn(button::kColor, color));
+        QVERIFY(show.hasKeyboard());
     }
-    // Drawing goes on beneath it.
+    // Drawing continues beneath it.
     const QPoint left(1600, background.y());
-    QVERIFY(on.session.pointer().drag({left, background, left + QPoint(300, 0)}));
-    EVENTUALLY(on.pixel(left + QPoint(50, 0)) == QColor(0x0A, 0x84, 0xFF));
-    QVERIFY(std::abs(on.pixel(background).lightness() - ground.lightness()) < 20);
+    QVERIFY(show.session.pointer().drag({left, background, left + QPoint(300, 0)}));
+    EVENTUALLY(show.pixel(left + QPoint(50, 0)) == QColor(0x0A, 0x84, 0xFF));
+    QVERIFY(std::abs(show.pixel(background).lightness() - ground.lightness()) < 20);
 }
 
 void ToolbarWindowScenarios::theToolbarIsUsableOverAFullScreenWindow()
 {
-    Rehearsal on;
-    const QPoint background = on.presenter.background();
-    const QColor ground = on.pixel(background);
-    QVERIFY(on.beneath.setFullScreen(true));
-    // The picture alone may still be that of before.
-    EVENTUALLY(on.session.client().isAbove(on.presenter.window().id, on.beneath.id()) &&
-               on.pixel(background) == ground);
-    on.beneath.forget();
-    QVERIFY(on.presenter.click(button::kColor, 3));
-    EVENTUALLY(on.presenter.isOn(button::kColor, 3));
-    QVERIFY(on.beneath.hasFocus());
-    QVERIFY(on.beneath.presses().isEmpty());
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.strokeFrom({400, 300}));
-    EVENTUALLY(on.strokeColor({400, 300}) == QColor(0x34, 0xC7, 0x59));
+    ToolbarPresentation show;
+    const QPoint background = show.presenter.background();
+    const QColor ground = show.pixel(background);
+    QVERIFY(show.beneath.setFullScreen(true));
+    // The screen alone may not have changed yet.
+    EVENTUALLY(show.session.client().isAbove(show.presenter.window().id, show.beneath.id()) &&
+               show.pixel(background) == ground);
+    show.beneath.forget();
+    QVERIFY(show.presenter.click(button::kColor, 3));
+    EVENTUALLY(show.presenter.isOn(button::kColor, 3));
+    QVERIFY(show.beneath.hasFocus());
+    QVERIFY(show.beneath.presses().isEmpty());
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.strokeFrom({400, 300}));
+    EVENTUALLY(show.strokeColor({400, 300}) == QColor(0x34, 0xC7, 0x59));
 }
 
-void ToolbarWindowScenarios::hiddenItIsGoneAndComesBackAtTheSamePlace()
+void ToolbarWindowScenarios::itHidesAndComesBackAtTheSamePlace()
 {
-    Rehearsal on;
-    // Moved first: its first place it would find again in any case.
-    const QPoint grip = on.presenter.grip();
-    QVERIFY(on.session.pointer().drag({grip, grip - QPoint(300, 100)}));
-    EVENTUALLY(on.presenter.grip() == grip - QPoint(300, 100));
-    const QRect panel = on.presenter.panel();
-    const auto isShown = [&] { return on.presenter.window().id != XCB_WINDOW_NONE; };
+    ToolbarPresentation show;
+    // Moved first, because it would return to the default place in any case.
+    const QPoint grip = show.presenter.grip();
+    QVERIFY(show.session.pointer().drag({grip, grip - QPoint(300, 100)}));
+    EVENTUALLY(show.presenter.grip() == grip - QPoint(300, 100));
+    const QRect panel = show.presenter.panel();
+    const auto isShown = [&] { return show.presenter.window().id != XCB_WINDOW_NONE; };
 
-    QVERIFY(on.presenter.click(button::kHide));
+    QVERIFY(show.presenter.click(button::kHide));
     EVENTUALLY(!isShown());
-    EVENTUALLY(on.isUntouched(VirtualDisplay::kFullHd));
-    on.hotKey(Key::T);
+    EVENTUALLY(show.isUntouched(VirtualDisplay::kFullHd));
+    show.hotKey(Key::T);
     EVENTUALLY(isShown());
-    QCOMPARE(on.presenter.panel(), panel);
-    EVENTUALLY(on.pixel(panel.center()) != on.beneathColor());
+    QCOMPARE(show.presenter.panel(), panel);
+    EVENTUALLY(show.pixel(panel.center()) != show.beneathColor());
 
-    // While it is hidden, what turns a canvas on does not bring it back.
-    on.hotKey(Key::T);
+    // While it is hidden, switching a canvas on does not show it.
+    show.hotKey(Key::T);
     EVENTUALLY(!isShown());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     QVERIFY(!isShown());
-    on.hotKey(Key::T);
+    show.hotKey(Key::T);
     EVENTUALLY(isShown());
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.beneath.hasFocus());
-    QCOMPARE(on.presenter.panel(), panel);
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.beneath.hasFocus());
+    QCOMPARE(show.presenter.panel(), panel);
 }
 
-void ToolbarWindowScenarios::toggledInARushItEndsAsItShould()
+void ToolbarWindowScenarios::rapidTogglingEndsInTheRightState()
 {
     constexpr int kOddCount = 41;
-    Rehearsal on;
-    const QRect panel = on.presenter.panel();
-    const auto isShown = [&] { return on.presenter.window().id != XCB_WINDOW_NONE; };
-    const auto rush = [&] {
+    ToolbarPresentation show;
+    const QRect panel = show.presenter.panel();
+    const auto isShown = [&] { return show.presenter.window().id != XCB_WINDOW_NONE; };
+    const auto toggleRapidly = [&] {
         for (int i = 0; i < kOddCount; ++i)
-            on.hotKey(Key::T);
-        // The program takes its keys in order: once this one has been seen, all of them have.
-        on.hotKey(Key::D);
-        return eventually([&] { return on.hasKeyboard(); });
+            show.hotKey(Key::T);
+        // The program handles its keys in order: when this one has had its effect, so have the others.
+        show.hotKey(Key::D);
+        return eventually([&] { return show.hasKeyboard(); });
     };
-    QVERIFY(rush());
+    QVERIFY(toggleRapidly());
     EVENTUALLY(!isShown());
-    on.hotKey(Key::D);
-    EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(on.isUntouched(VirtualDisplay::kFullHd));
-    QVERIFY(rush());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.beneath.hasFocus());
+    EVENTUALLY(show.isUntouched(VirtualDisplay::kFullHd));
+    QVERIFY(toggleRapidly());
     EVENTUALLY(isShown());
-    QCOMPARE(on.presenter.panel(), panel);
-    EVENTUALLY(on.pixel(panel.center()) != on.beneathColor());
-    QVERIFY(on.presenter.click(button::kDraw));
-    EVENTUALLY(on.beneath.hasFocus());
+    QCOMPARE(show.presenter.panel(), panel);
+    EVENTUALLY(show.pixel(panel.center()) != show.beneathColor());
+    QVERIFY(show.presenter.click(button::kDraw));
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
-void ToolbarWindowScenarios::toggledWhileTheProgramIsBusyItShows()
+void ToolbarWindowScenarios::togglingWhileTheProgramIsBusyEndsVisible()
 {
-    Rehearsal on;
-    const QPoint middle = on.presenter.panel().center();
+    ToolbarPresentation show;
+    const QPoint middle = show.presenter.panel().center();
     {
-        const Absence absence(on.program.processId());
+        const PausedProcess paused(show.program.processId());
         for (int i = 0; i < 4; ++i)
-            on.hotKey(Key::T);
-        on.hotKey(Key::D);
+            show.hotKey(Key::T);
+        show.hotKey(Key::D);
     }
-    EVENTUALLY(on.hasKeyboard());
-    // The picture may be that of before until there is something new in it.
-    QVERIFY(on.strokeFrom({400, 300}));
-    EVENTUALLY(on.strokeColor({400, 300}) == kInk);
-    EVENTUALLY(on.pixel(middle) != on.beneathColor());
+    EVENTUALLY(show.hasKeyboard());
+    // The screen may show an older state until something new is drawn.
+    QVERIFY(show.strokeFrom({400, 300}));
+    EVENTUALLY(show.strokeColor({400, 300}) == kInk);
+    EVENTUALLY(show.pixel(middle) != show.beneathColor());
 }
 
-void ToolbarWindowScenarios::theAppearanceChangesTheToolbarsOwnColours()
+void ToolbarWindowScenarios::theAppearanceChangesOnlyTheToolbarsColours()
 {
-    Rehearsal on;
-    const QPoint background = on.presenter.background();
-    QVERIFY(isDark(on, background));
-    QVERIFY(on.presenter.click(button::kAppearance));
-    EVENTUALLY(!isDark(on, background));
-    QVERIFY(on.pixel(background).lightness() > 0xC0);
-    QVERIFY(on.isSlideUntouched());
-    QVERIFY(on.presenter.click(button::kAppearance));
-    EVENTUALLY(isDark(on, background));
+    ToolbarPresentation show;
+    const QPoint background = show.presenter.background();
+    QVERIFY(isDark(show, background));
+    QVERIFY(show.presenter.click(button::kAppearance));
+    EVENTUALLY(!isDark(show, background));
+    QVERIFY(show.pixel(background).lightness() > 0xC0);
+    QVERIFY(show.isSlideUntouched());
+    QVERIFY(show.presenter.click(button::kAppearance));
+    EVENTUALLY(isDark(show, background));
 }
 
 void ToolbarWindowScenarios::hoveringShowsATooltip()
 {
-    Rehearsal on;
-    const xcb_window_t toolbar = on.presenter.window().id;
+    ToolbarPresentation show;
+    const xcb_window_t toolbar = show.presenter.window().id;
     const auto tooltip = [&]() -> std::optional<WindowInfo> {
-        for (const WindowInfo &window : on.shownWindows()) {
+        for (const WindowInfo &window : show.shownWindows()) {
             if (window.id != toolbar && window.geometry.height() < 100)
                 return window;
         }
         return std::nullopt;
     };
     QVERIFY(!tooltip());
-    QVERIFY(on.session.pointer().moveTo(on.presenter.button(button::kDraw).extents.center()));
+    QVERIFY(show.session.pointer().moveTo(show.presenter.button(button::kDraw).extents.center()));
     EVENTUALLY(tooltip());
-    QVERIFY(on.session.client().isAbove(tooltip()->id, toolbar));
+    QVERIFY(show.session.client().isAbove(tooltip()->id, toolbar));
     QVERIFY(VirtualDisplay::kFullHd.contains(tooltip()->geometry));
-    QVERIFY(on.beneath.hasFocus());
-    QVERIFY(on.session.pointer().moveTo({400, 300}));
+    QVERIFY(show.beneath.hasFocus());
+    QVERIFY(show.session.pointer().moveTo({400, 300}));
     EVENTUALLY(!tooltip());
 
-    // Over the program's own canvas as well.
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().moveTo(on.presenter.button(button::kUndo).extents.center()));
+    // It also appears above the program's own canvas.
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().moveTo(show.presenter.button(button::kUndo).extents.center()));
     EVENTUALLY(tooltip());
-    for (const WindowInfo &window : on.shownWindows())
-        QVERIFY(window.id == tooltip()->id || on.session.client().isAbove(tooltip()->id, window.id));
+    for (const WindowInfo &window : show.shownWindows())
+        QVERIFY(window.id == tooltip()->id || show.session.client().isAbove(tooltip()->id, window.id));
 }
 
 REGISTER_GUILESS_TEST(ToolbarWindowScenarios)

@@ -1,9 +1,9 @@
-// The icon in a tray of the older kind.
+// The icon in a system tray of the older kind (XEmbed).
 
 #include "presentation.h"
 #include "registered_test.h"
 #include "rig/embedding_tray.h"
-#include "rig/grabs.h"
+#include "rig/grab_probe.h"
 #include "rig/tray_watcher.h"
 
 using namespace zeigewerk::rig;
@@ -12,12 +12,12 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr QPoint kTrayPlace(200, 1000);
-/// Two places on the icon, so far from each other that clicks on both are no double click.
-constexpr QPoint kHere(203, 1003);
-constexpr QPoint kThere(220, 1020);
+/// Two places on the icon, far enough apart not to make a double click.
+constexpr QPoint kFirstClick(203, 1003);
+constexpr QPoint kSecondClick(220, 1020);
 
-/// A presentation on a desktop that had its tray before the program came: one that comes later tells so in
-/// two ways, and Qt docks its icon twice.
+/// A presentation on a desktop whose tray was there before the program started. Qt docks its icon twice in a
+/// tray that starts later, because it is notified in two ways.
 struct DockedPresentation
 {
     DockedPresentation()
@@ -54,15 +54,15 @@ class TrayEmbeddingScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theIconIsDockedWheneverTheTrayComes_data();
-    void theIconIsDockedWheneverTheTrayComes();
+    void theIconIsDockedWheneverTheTrayStarts_data();
+    void theIconIsDockedWheneverTheTrayStarts();
     void theIconIsDockedAgainInTheNextTray();
-    void aWatcherThatIsLeftOverDoesNotHinder();
+    void aLeftoverWatcherDoesNotPreventDocking();
     void aClickOnTheIconOpensOneMenu_data();
     void aClickOnTheIconOpensOneMenu();
 };
 
-void TrayEmbeddingScenarios::theIconIsDockedWheneverTheTrayComes_data()
+void TrayEmbeddingScenarios::theIconIsDockedWheneverTheTrayStarts_data()
 {
     QTest::addColumn<bool>("trayIsFirst");
     QTest::addColumn<bool>("hasBus");
@@ -72,7 +72,7 @@ void TrayEmbeddingScenarios::theIconIsDockedWheneverTheTrayComes_data()
     QTest::newRow("tray later, no session bus") << false << false;
 }
 
-void TrayEmbeddingScenarios::theIconIsDockedWheneverTheTrayComes()
+void TrayEmbeddingScenarios::theIconIsDockedWheneverTheTrayStarts()
 {
     QFETCH(bool, trayIsFirst);
     QFETCH(bool, hasBus);
@@ -93,19 +93,19 @@ void TrayEmbeddingScenarios::theIconIsDockedWheneverTheTrayComes()
 
 void TrayEmbeddingScenarios::theIconIsDockedAgainInTheNextTray()
 {
-    Presentation on;
-    EmbeddingTray tray(on.session, kTrayPlace);
+    Presentation show;
+    EmbeddingTray tray(show.session, kTrayPlace);
     for (int start = 0; start < 3; ++start) {
         tray.start();
         EVENTUALLY(tray.icon().has_value());
         tray.stop();
-        EVENTUALLY(!on.session.client().selectionHasOwner("_NET_SYSTEM_TRAY_S0"));
+        EVENTUALLY(!show.session.client().selectionHasOwner("_NET_SYSTEM_TRAY_S0"));
     }
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
 }
 
-void TrayEmbeddingScenarios::aWatcherThatIsLeftOverDoesNotHinder()
+void TrayEmbeddingScenarios::aLeftoverWatcherDoesNotPreventDocking()
 {
     DesktopSession session;
     TrayWatcher watcher(session);
@@ -128,22 +128,22 @@ void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu_data()
 void TrayEmbeddingScenarios::aClickOnTheIconOpensOneMenu()
 {
     QFETCH(int, button);
-    DockedPresentation on;
-    const qsizetype withoutMenu = on.shownWindows().size();
-    QVERIFY(on.session.pointer().clickAt(kHere, button));
-    EVENTUALLY(on.shownWindows().size() > withoutMenu && !canGrabKeyboard(on.session));
-    // Longer than from a press to its release, which might open another one.
-    THROUGHOUT(200ms, on.shownWindows().size() == withoutMenu + 1);
-    QVERIFY(on.beneath.hasFocus());
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.shownWindows().size() == withoutMenu);
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
+    DockedPresentation show;
+    const qsizetype withoutMenu = show.shownWindows().size();
+    QVERIFY(show.session.pointer().clickAt(kFirstClick, button));
+    EVENTUALLY(show.shownWindows().size() > withoutMenu && !canGrabKeyboard(show.session));
+    // Longer than the time between press and release, which might open another menu.
+    THROUGHOUT(200ms, show.shownWindows().size() == withoutMenu + 1);
+    QVERIFY(show.beneath.hasFocus());
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.shownWindows().size() == withoutMenu);
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys() == QList<Key>{Key::A});
 
-    QVERIFY(on.session.pointer().clickAt(kThere, button));
-    EVENTUALLY(on.shownWindows().size() > withoutMenu && !canGrabKeyboard(on.session));
-    on.session.keyboard().chord({Key::Ctrl}, Key::Q);
-    QCOMPARE(on.program->waitForExit(), std::optional(0));
+    QVERIFY(show.session.pointer().clickAt(kSecondClick, button));
+    EVENTUALLY(show.shownWindows().size() > withoutMenu && !canGrabKeyboard(show.session));
+    show.session.keyboard().chord({Key::Ctrl}, Key::Q);
+    QCOMPARE(show.program->waitForExit(), std::optional(0));
 }
 
 REGISTER_GUILESS_TEST(TrayEmbeddingScenarios)

@@ -1,4 +1,4 @@
-// The menu as the tray shows it.
+// The menu as shown by the tray.
 
 #include "registered_test.h"
 #include "tray_presentation.h"
@@ -12,45 +12,45 @@ class TrayMenuScenarios : public QObject
 private Q_SLOTS:
     void theTrayShowsTheWholeMenu();
     void checkMarksFollowTheHotKeys();
-    void drawingIsClickedOnAndOff();
-    void spotlightIsClickedOnAndOff();
-    void whiteboardIsClickedOnAndOff();
-    void aRefusedPinIsTakenBackInTheTray();
+    void theDrawEntryTogglesDrawing();
+    void theSpotlightEntryTogglesTheSpotlight();
+    void theWhiteboardEntryTogglesTheWhiteboard();
+    void aRefusedPinClearsItsCheckMark();
     void pinningEndsDrawing();
-    void clearingWipesTheInk();
-    void theToolbarEntrySaysWhatItWillDo();
+    void clearingRemovesTheInk();
+    void theToolbarEntryNamesItsAction();
     void theDarkToolbarHasACheckMark();
     void quittingEndsTheProgram();
-    void manyChangesCostNothing();
+    void manyChangesLeakNoMemory();
 };
 
 void TrayMenuScenarios::theTrayShowsTheWholeMenu()
 {
     using namespace label;
-    TrayPresentation on;
+    TrayPresentation show;
     const QStringList expected = {kDraw,  kSpot, kBoard, kClicks,   kPin,      kRing,     kFade, kDark, "",
                                   kClear, kHide, "",     kHints[0], kHints[1], kHints[2], "",    kQuit};
-    const QStringList withMark = {kDraw, kSpot, kBoard, kClicks, kPin, kRing, kFade, kDark};
+    const QStringList checkable = {kDraw, kSpot, kBoard, kClicks, kPin, kRing, kFade, kDark};
     QStringList labels;
-    for (const TrayMenuItem &entry : on.menu()) {
+    for (const TrayMenuItem &entry : show.menu()) {
         labels += entry.label;
         QVERIFY2(entry.visible, qPrintable(entry.label));
         QCOMPARE(entry.isSeparator(), entry.label.isEmpty());
         QCOMPARE(entry.enabled, !kHints.contains(entry.label));
-        QCOMPARE(entry.toggleType, withMark.contains(entry.label) ? "checkmark" : "");
+        QCOMPARE(entry.toggleType, checkable.contains(entry.label) ? "checkmark" : "");
         QVERIFY(entry.children.isEmpty());
-        // The tray names the keys itself, in the language that it speaks.
+        // The tray displays the shortcut itself, in its own language.
         const QStringList key = entry.label == kQuit ? QStringList{"Control", "Q"} : QStringList();
         QCOMPARE(entry.shortcut.value(0), key);
     }
     QCOMPARE(labels, expected);
-    QCOMPARE(on.checked(), QStringList{kDark});
+    QCOMPARE(show.checked(), QStringList{kDark});
 }
 
 void TrayMenuScenarios::checkMarksFollowTheHotKeys()
 {
     using namespace label;
-    TrayPresentation on;
+    TrayPresentation show;
     const QList<std::pair<Key, QStringList>> steps = {
         {Key::D, {kDraw, kDark}},
         {Key::S, {kDraw, kSpot, kDark}},
@@ -61,146 +61,146 @@ void TrayMenuScenarios::checkMarksFollowTheHotKeys()
         {Key::K, {kDraw, kSpot, kDark}},
         {Key::S, {kDraw, kDark}},
         {Key::D, {kDark}},
-        // Nothing to pin, so this one changes nothing; the next tells that it is over.
+        // There is nothing to pin, so nothing changes; the next step proves that the key has been handled.
         {Key::P, {kDark}},
         {Key::W, {kBoard, kDark}},
     };
     for (const auto &step : steps) {
-        on.hotKey(step.first);
-        EVENTUALLY(on.checked() == step.second);
+        show.hotKey(step.first);
+        EVENTUALLY(show.checked() == step.second);
     }
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.checked() == QStringList{kDark});
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.checked() == QStringList{kDark});
 }
 
-void TrayMenuScenarios::drawingIsClickedOnAndOff()
+void TrayMenuScenarios::theDrawEntryTogglesDrawing()
 {
-    TrayPresentation on;
-    QVERIFY(on.click(label::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    EVENTUALLY(on.isChecked(label::kDraw));
-    QVERIFY(on.session.pointer().drag({{300, 500}, {400, 500}}));
-    EVENTUALLY(on.pixel({350, 500}) == kInk);
-    QVERIFY(on.click(label::kDraw));
-    EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(!on.isChecked(label::kDraw));
-    EVENTUALLY(on.pixel({350, 500}) == on.beneathColor());
+    TrayPresentation show;
+    QVERIFY(show.click(label::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    EVENTUALLY(show.isChecked(label::kDraw));
+    QVERIFY(show.session.pointer().drag({{300, 500}, {400, 500}}));
+    EVENTUALLY(show.pixel({350, 500}) == kInk);
+    QVERIFY(show.click(label::kDraw));
+    EVENTUALLY(show.beneath.hasFocus());
+    EVENTUALLY(!show.isChecked(label::kDraw));
+    EVENTUALLY(show.pixel({350, 500}) == show.beneathColor());
 }
 
-void TrayMenuScenarios::spotlightIsClickedOnAndOff()
+void TrayMenuScenarios::theSpotlightEntryTogglesTheSpotlight()
 {
-    TrayPresentation on;
-    QVERIFY(on.click(label::kSpot));
-    EVENTUALLY(on.pixel({10, 1000}) == dimmed(on.beneathColor()));
-    EVENTUALLY(on.isChecked(label::kSpot));
-    QVERIFY(on.beneath.hasFocus());
-    QVERIFY(on.click(label::kSpot));
-    EVENTUALLY(on.pixel({10, 1000}) == on.beneathColor());
-    EVENTUALLY(!on.isChecked(label::kSpot));
+    TrayPresentation show;
+    QVERIFY(show.click(label::kSpot));
+    EVENTUALLY(show.pixel({10, 1000}) == dimmed(show.beneathColor()));
+    EVENTUALLY(show.isChecked(label::kSpot));
+    QVERIFY(show.beneath.hasFocus());
+    QVERIFY(show.click(label::kSpot));
+    EVENTUALLY(show.pixel({10, 1000}) == show.beneathColor());
+    EVENTUALLY(!show.isChecked(label::kSpot));
 }
 
-void TrayMenuScenarios::whiteboardIsClickedOnAndOff()
+void TrayMenuScenarios::theWhiteboardEntryTogglesTheWhiteboard()
 {
-    TrayPresentation on;
-    QVERIFY(on.click(label::kBoard));
-    EVENTUALLY(on.pixel({10, 1000}) == QColor(Qt::white));
-    EVENTUALLY(on.hasKeyboard() && on.isChecked(label::kBoard));
-    QVERIFY(on.click(label::kBoard));
-    EVENTUALLY(on.pixel({10, 1000}) == on.beneathColor());
-    EVENTUALLY(on.beneath.hasFocus() && !on.isChecked(label::kBoard));
+    TrayPresentation show;
+    QVERIFY(show.click(label::kBoard));
+    EVENTUALLY(show.pixel({10, 1000}) == QColor(Qt::white));
+    EVENTUALLY(show.hasKeyboard() && show.isChecked(label::kBoard));
+    QVERIFY(show.click(label::kBoard));
+    EVENTUALLY(show.pixel({10, 1000}) == show.beneathColor());
+    EVENTUALLY(show.beneath.hasFocus() && !show.isChecked(label::kBoard));
 }
 
-void TrayMenuScenarios::aRefusedPinIsTakenBackInTheTray()
+void TrayMenuScenarios::aRefusedPinClearsItsCheckMark()
 {
-    TrayPresentation on;
-    const auto pin = on.entry(label::kPin);
+    TrayPresentation show;
+    const auto pin = show.entry(label::kPin);
     QVERIFY(pin);
-    on.tray.host.forget();
-    QVERIFY(on.click(label::kPin));
-    // A tray may have set the mark by itself, so it must hear that it is off.
-    EVENTUALLY(on.tray.host.toggleStatesTold(pin->id) == QList<int>({1, 0}));
-    QVERIFY(!on.isChecked(label::kPin));
+    show.tray.host.forget();
+    QVERIFY(show.click(label::kPin));
+    // A tray may have set the check mark itself, so it must be told that it is off.
+    EVENTUALLY(show.tray.host.reportedToggleStates(pin->id) == QList<int>({1, 0}));
+    QVERIFY(!show.isChecked(label::kPin));
 }
 
 void TrayMenuScenarios::pinningEndsDrawing()
 {
-    TrayPresentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{300, 500}, {400, 500}}));
-    EVENTUALLY(on.pixel({350, 500}) == kInk);
-    QVERIFY(on.click(label::kPin));
-    EVENTUALLY(on.beneath.hasFocus());
-    EVENTUALLY(on.checked() == QStringList({label::kPin, label::kDark}));
-    QCOMPARE(on.pixel({350, 500}), kInk);
+    TrayPresentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{300, 500}, {400, 500}}));
+    EVENTUALLY(show.pixel({350, 500}) == kInk);
+    QVERIFY(show.click(label::kPin));
+    EVENTUALLY(show.beneath.hasFocus());
+    EVENTUALLY(show.checked() == QStringList({label::kPin, label::kDark}));
+    QCOMPARE(show.pixel({350, 500}), kInk);
 }
 
-void TrayMenuScenarios::clearingWipesTheInk()
+void TrayMenuScenarios::clearingRemovesTheInk()
 {
-    TrayPresentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().drag({{300, 500}, {400, 500}}));
-    EVENTUALLY(on.pixel({350, 500}) == kInk);
-    QVERIFY(on.click(label::kClear));
-    EVENTUALLY(on.pixel({350, 500}) == on.beneathColor());
-    QVERIFY(on.hasKeyboard() && on.isChecked(label::kDraw));
+    TrayPresentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().drag({{300, 500}, {400, 500}}));
+    EVENTUALLY(show.pixel({350, 500}) == kInk);
+    QVERIFY(show.click(label::kClear));
+    EVENTUALLY(show.pixel({350, 500}) == show.beneathColor());
+    QVERIFY(show.hasKeyboard() && show.isChecked(label::kDraw));
 }
 
-void TrayMenuScenarios::theToolbarEntrySaysWhatItWillDo()
+void TrayMenuScenarios::theToolbarEntryNamesItsAction()
 {
-    TrayPresentation on;
-    QVERIFY(on.click(label::kHide));
-    EVENTUALLY(on.entry(label::kShow) && !on.entry(label::kHide));
-    EVENTUALLY(!on.toolbar());
-    QVERIFY(on.click(label::kShow));
-    EVENTUALLY(on.entry(label::kHide) && !on.entry(label::kShow));
-    EVENTUALLY(on.toolbar());
-    // The hot key is the same switch.
-    on.hotKey(Key::T);
-    EVENTUALLY(on.entry(label::kShow) && !on.toolbar());
+    TrayPresentation show;
+    QVERIFY(show.click(label::kHide));
+    EVENTUALLY(show.entry(label::kShow) && !show.entry(label::kHide));
+    EVENTUALLY(!show.toolbar());
+    QVERIFY(show.click(label::kShow));
+    EVENTUALLY(show.entry(label::kHide) && !show.entry(label::kShow));
+    EVENTUALLY(show.toolbar());
+    // The hot key does the same.
+    show.hotKey(Key::T);
+    EVENTUALLY(show.entry(label::kShow) && !show.toolbar());
 }
 
 void TrayMenuScenarios::theDarkToolbarHasACheckMark()
 {
-    TrayPresentation on;
-    QVERIFY(on.isChecked(label::kDark));
-    QVERIFY(on.click(label::kDark));
-    EVENTUALLY(!on.isChecked(label::kDark));
-    QVERIFY(on.click(label::kDark));
-    EVENTUALLY(on.isChecked(label::kDark));
+    TrayPresentation show;
+    QVERIFY(show.isChecked(label::kDark));
+    QVERIFY(show.click(label::kDark));
+    EVENTUALLY(!show.isChecked(label::kDark));
+    QVERIFY(show.click(label::kDark));
+    EVENTUALLY(show.isChecked(label::kDark));
 }
 
 void TrayMenuScenarios::quittingEndsTheProgram()
 {
-    TrayPresentation on;
-    QVERIFY(on.click(label::kQuit));
-    QCOMPARE(on.program.waitForExit(), std::optional(0));
-    EVENTUALLY(on.tray.watcher.items().isEmpty());
-    QVERIFY(on.program.output().isEmpty());
+    TrayPresentation show;
+    QVERIFY(show.click(label::kQuit));
+    QCOMPARE(show.program.waitForExit(), std::optional(0));
+    EVENTUALLY(show.tray.watcher.items().isEmpty());
+    QVERIFY(show.program.output().isEmpty());
 }
 
-void TrayMenuScenarios::manyChangesCostNothing()
+void TrayMenuScenarios::manyChangesLeakNoMemory()
 {
-    TrayPresentation on;
-    const auto clicks = on.entry(label::kClicks);
+    TrayPresentation show;
+    const auto clicks = show.entry(label::kClicks);
     QVERIFY(clicks);
     const auto toggle = [&](int times) {
-        on.tray.host.forget();
+        show.tray.host.forget();
         for (int i = 0; i < times; ++i) {
-            on.hotKey(Key::K);
-            if (!eventually([&] { return on.tray.host.toggleStatesTold(clicks->id).size() == i + 1; }))
+            show.hotKey(Key::K);
+            if (!eventually([&] { return show.tray.host.reportedToggleStates(clicks->id).size() == i + 1; }))
                 return false;
         }
         return true;
     };
-    QVERIFY(toggle(10)); // what is made once is made now
-    const qint64 before = on.program.residentBytes();
+    QVERIFY(toggle(10)); // the first changes may allocate memory that is kept
+    const qint64 before = show.program.residentBytes();
     QVERIFY(toggle(40));
     // Far less than 40 menus; the allocator may take a page or two at any time.
-    QVERIFY(on.program.residentBytes() - before < qint64{256} * 1024);
-    QCOMPARE(on.tray.host.layoutUpdates(), 0);
-    QVERIFY(!on.isChecked(label::kClicks));
+    QVERIFY(show.program.residentBytes() - before < qint64{256} * 1024);
+    QCOMPARE(show.tray.host.layoutUpdates(), 0);
+    QVERIFY(!show.isChecked(label::kClicks));
 }
 
 REGISTER_GUILESS_TEST(TrayMenuScenarios)

@@ -1,8 +1,8 @@
-// The menu as the program itself pops it up.
+// The menu as opened by the program itself.
 
 #include "keyboard_grab.h"
 #include "registered_test.h"
-#include "rig/grabs.h"
+#include "rig/grab_probe.h"
 #include "rig/popup.h"
 #include "toolbar_user.h"
 #include "tray_presentation.h"
@@ -15,19 +15,19 @@ namespace {
 /// In the left half, away from the toolbar.
 constexpr QPoint kMenuPlace(300, 300);
 
-/// The program's windows that came since others were noted.
+/// The program's windows that have opened since this was created.
 class NewWindows
 {
 public:
-    explicit NewWindows(Presentation &on)
-        : m_on(on)
+    explicit NewWindows(Presentation &show)
+        : m_show(show)
         , m_before(ids())
     {
     }
 
     QList<WindowInfo> now()
     {
-        QList<WindowInfo> found = m_on.shownWindows();
+        QList<WindowInfo> found = m_show.shownWindows();
         found.removeIf([this](const WindowInfo &window) { return m_before.contains(window.id); });
         return found;
     }
@@ -36,12 +36,12 @@ private:
     QList<xcb_window_t> ids()
     {
         QList<xcb_window_t> list;
-        for (const WindowInfo &window : m_on.shownWindows())
+        for (const WindowInfo &window : m_show.shownWindows())
             list.append(window.id);
         return list;
     }
 
-    Presentation &m_on;
+    Presentation &m_show;
     QList<xcb_window_t> m_before;
 };
 
@@ -52,157 +52,158 @@ class TrayPopupScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPlainClickOpensTheMenu_data();
-    void aPlainClickOpensTheMenu();
-    void aMenuOpenedDuringAGrabClosesOnceThatIsOver_data();
-    void aMenuOpenedDuringAGrabClosesOnceThatIsOver();
-    void escClosesTheMenuAndNothingElse();
-    void theOpenMenuStandsAboveTheWhiteboard();
+    void aClickOnTheItemOpensTheMenu_data();
+    void aClickOnTheItemOpensTheMenu();
+    void aMenuOpenedDuringAGrabCanBeClosedAfterwards_data();
+    void aMenuOpenedDuringAGrabCanBeClosedAfterwards();
+    void escClosesOnlyTheMenu();
+    void theOpenMenuIsAboveTheWhiteboard();
     void ctrlQQuitsOnlyWhileTheMenuIsOpen();
 };
 
-void TrayPopupScenarios::aPlainClickOpensTheMenu_data()
+void TrayPopupScenarios::aClickOnTheItemOpensTheMenu_data()
 {
     QTest::addColumn<bool>("isContextMenu");
     QTest::newRow("a plain click") << false;
     QTest::newRow("a right click in a tray that shows no menus") << true;
 }
 
-void TrayPopupScenarios::aPlainClickOpensTheMenu()
+void TrayPopupScenarios::aClickOnTheItemOpensTheMenu()
 {
     QFETCH(bool, isContextMenu);
-    TrayPresentation on;
-    NewWindows menus(on);
-    QVERIFY(on.session.pointer().moveTo(kMenuPlace));
-    QVERIFY(isContextMenu ? on.tray.host.openContextMenu(on.item, kMenuPlace)
-                          : on.tray.host.activate(on.item, kMenuPlace));
+    TrayPresentation show;
+    NewWindows menus(show);
+    QVERIFY(show.session.pointer().moveTo(kMenuPlace));
+    QVERIFY(isContextMenu ? show.tray.host.openContextMenu(show.item, kMenuPlace)
+                          : show.tray.host.activate(show.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
     const WindowInfo menu = menus.now().first();
     QCOMPARE(menu.geometry.topLeft(), kMenuPlace);
     QVERIFY(menu.overrideRedirect);
-    QVERIFY(on.beneath.hasFocus());
-    // A click into nothing closes it, and is for nobody else.
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().clickAt({100, 900}));
+    QVERIFY(show.beneath.hasFocus());
+    // A click outside closes the menu and reaches no other window.
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().clickAt({100, 900}));
     EVENTUALLY(menus.now().isEmpty());
-    QVERIFY(on.beneath.hasFocus());
-    QVERIFY(on.session.pointer().clickAt({100, 900}));
-    EVENTUALLY(!on.beneath.presses().isEmpty());
+    QVERIFY(show.beneath.hasFocus());
+    QVERIFY(show.session.pointer().clickAt({100, 900}));
+    EVENTUALLY(!show.beneath.presses().isEmpty());
 }
 
-void TrayPopupScenarios::aMenuOpenedDuringAGrabClosesOnceThatIsOver_data()
+void TrayPopupScenarios::aMenuOpenedDuringAGrabCanBeClosedAfterwards_data()
 {
-    QTest::addColumn<bool>("isOfKeyboard");
+    QTest::addColumn<bool>("isKeyboardGrab");
     QTest::addColumn<bool>("isClosedByEsc");
-    QTest::newRow("of the pointer, closed by a click") << false << false;
-    QTest::newRow("of the pointer, closed by Esc") << false << true;
-    QTest::newRow("of the keyboard, closed by a click") << true << false;
-    QTest::newRow("of the keyboard, closed by Esc") << true << true;
+    QTest::newRow("pointer grab, closed by a click") << false << false;
+    QTest::newRow("pointer grab, closed by Esc") << false << true;
+    QTest::newRow("keyboard grab, closed by a click") << true << false;
+    QTest::newRow("keyboard grab, closed by Esc") << true << true;
 }
 
-// A tray that opens the menu at a press has the pointer until the release.
-void TrayPopupScenarios::aMenuOpenedDuringAGrabClosesOnceThatIsOver()
+// A tray that opens the menu on a press holds the pointer until the release.
+void TrayPopupScenarios::aMenuOpenedDuringAGrabCanBeClosedAfterwards()
 {
-    QFETCH(bool, isOfKeyboard);
+    QFETCH(bool, isKeyboardGrab);
     QFETCH(bool, isClosedByEsc);
-    TrayPresentation on(withAccessibility({}));
-    ToolbarUser toolbar(on.session, on.program);
-    NewWindows menus(on);
-    QVERIFY(on.session.pointer().moveTo(kMenuPlace));
-    Popup tray(on.session, {600, 0, 100, 30}, Qt::gray);
-    std::optional<KeyboardGrab> switcher;
-    if (isOfKeyboard)
-        switcher.emplace(on.session);
+    TrayPresentation show(withAccessibility({}));
+    ToolbarUser toolbar(show.session, show.program);
+    NewWindows menus(show);
+    QVERIFY(show.session.pointer().moveTo(kMenuPlace));
+    Popup tray(show.session, {600, 0, 100, 30}, Qt::gray);
+    std::optional<KeyboardGrab> keyboardGrab;
+    if (isKeyboardGrab)
+        keyboardGrab.emplace(show.session);
     else
         QVERIFY(tray.grabPointer());
-    QVERIFY(on.tray.host.activate(on.item, kMenuPlace));
+    QVERIFY(show.tray.host.activate(show.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
-    switcher.reset();
+    keyboardGrab.reset();
     tray.ungrabPointer();
-    EVENTUALLY(!canGrabKeyboard(on.session) && !canGrabPointer(on.session));
+    EVENTUALLY(!canGrabKeyboard(show.session) && !canGrabPointer(show.session));
     if (isClosedByEsc)
-        on.session.keyboard().tap(Key::Escape);
+        show.session.keyboard().tap(Key::Escape);
     else
-        QVERIFY(on.session.pointer().clickAt({100, 900}));
+        QVERIFY(show.session.pointer().clickAt({100, 900}));
     EVENTUALLY(menus.now().isEmpty());
-    QVERIFY(on.beneath.hasFocus());
-    // Nothing of the grabs is left, neither in the server nor in the program.
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().clickAt({100, 900}));
-    EVENTUALLY(!on.beneath.presses().isEmpty());
+    QVERIFY(show.beneath.hasFocus());
+    // Nothing remains of the grabs, neither in the server nor in the program.
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().clickAt({100, 900}));
+    EVENTUALLY(!show.beneath.presses().isEmpty());
     QVERIFY(toolbar.click(button::kSpotlight));
-    EVENTUALLY(on.isChecked(label::kSpot));
+    EVENTUALLY(show.isChecked(label::kSpot));
 }
 
-void TrayPopupScenarios::escClosesTheMenuAndNothingElse()
+void TrayPopupScenarios::escClosesOnlyTheMenu()
 {
-    TrayPresentation on;
-    const auto openAndEsc = [&on] {
-        NewWindows menus(on);
-        return on.tray.host.activate(on.item, kMenuPlace) &&
+    TrayPresentation show;
+    const auto openAndEsc = [&show] {
+        NewWindows menus(show);
+        return show.tray.host.activate(show.item, kMenuPlace) &&
                eventually([&] { return menus.now().size() == 1; }) &&
-               (on.session.keyboard().tap(Key::Escape), eventually([&] { return menus.now().isEmpty(); }));
+               (show.session.keyboard().tap(Key::Escape), eventually([&] { return menus.now().isEmpty(); }));
     };
-    on.beneath.forget();
+    show.beneath.forget();
     QVERIFY(openAndEsc());
-    QVERIFY(on.beneath.hasFocus());
-    on.session.keyboard().tap(Key::A);
-    EVENTUALLY(on.beneath.pressedKeys() == QList<Key>{Key::A});
+    QVERIFY(show.beneath.hasFocus());
+    show.session.keyboard().tap(Key::A);
+    EVENTUALLY(show.beneath.pressedKeys() == QList<Key>{Key::A});
 
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     QVERIFY(openAndEsc());
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.isChecked(label::kDraw));
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.isChecked(label::kDraw));
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 
-    on.hotKey(Key::S);
-    EVENTUALLY(on.isChecked(label::kSpot));
+    show.hotKey(Key::S);
+    EVENTUALLY(show.isChecked(label::kSpot));
     QVERIFY(openAndEsc());
-    QVERIFY(on.isChecked(label::kSpot));
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(!on.isChecked(label::kSpot));
+    QVERIFY(show.isChecked(label::kSpot));
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(!show.isChecked(label::kSpot));
 }
 
-void TrayPopupScenarios::theOpenMenuStandsAboveTheWhiteboard()
+void TrayPopupScenarios::theOpenMenuIsAboveTheWhiteboard()
 {
-    TrayPresentation on;
-    on.hotKey(Key::W);
-    EVENTUALLY(on.hasKeyboard() && on.pixel({10, 1000}) == QColor(Qt::white));
-    QVERIFY(on.session.pointer().moveTo(kMenuPlace));
-    NewWindows menus(on);
-    QVERIFY(on.tray.host.activate(on.item, kMenuPlace));
+    TrayPresentation show;
+    show.hotKey(Key::W);
+    EVENTUALLY(show.hasKeyboard() && show.pixel({10, 1000}) == QColor(Qt::white));
+    QVERIFY(show.session.pointer().moveTo(kMenuPlace));
+    NewWindows menus(show);
+    QVERIFY(show.tray.host.activate(show.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
     const QRect menu = menus.now().first().geometry;
-    EVENTUALLY(!on.session.screenshot().isFilled(Qt::white, menu));
-    // Longer than the program takes to look after its windows' order.
-    THROUGHOUT(500ms, !on.session.screenshot().isFilled(Qt::white, menu));
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.session.screenshot().isFilled(Qt::white, menu));
+    EVENTUALLY(!show.session.screenshot().isFilled(Qt::white, menu));
+    // Longer than the program takes to check the stacking order.
+    THROUGHOUT(500ms, !show.session.screenshot().isFilled(Qt::white, menu));
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.session.screenshot().isFilled(Qt::white, menu));
 }
 
 void TrayPopupScenarios::ctrlQQuitsOnlyWhileTheMenuIsOpen()
 {
-    TrayPresentation on;
-    on.beneath.forget();
-    on.session.keyboard().chord({Key::Ctrl}, Key::Q);
-    EVENTUALLY(on.beneath.pressedKeys().contains(Key::Q));
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.session.keyboard().chord({Key::Ctrl}, Key::Q);
-    // The program takes its keys in order: what comes after has been seen, so what came before has been, too.
-    on.hotKey(Key::D);
-    EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(on.program.isRunning());
+    TrayPresentation show;
+    show.beneath.forget();
+    show.session.keyboard().chord({Key::Ctrl}, Key::Q);
+    EVENTUALLY(show.beneath.pressedKeys().contains(Key::Q));
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.session.keyboard().chord({Key::Ctrl}, Key::Q);
+    // The program handles its keys in order: when this one has had its effect, the one before has been
+    // handled.
+    show.hotKey(Key::D);
+    EVENTUALLY(show.beneath.hasFocus());
+    QVERIFY(show.program.isRunning());
 
-    NewWindows menus(on);
-    QVERIFY(on.tray.host.activate(on.item, kMenuPlace));
+    NewWindows menus(show);
+    QVERIFY(show.tray.host.activate(show.item, kMenuPlace));
     EVENTUALLY(menus.now().size() == 1);
-    on.session.keyboard().chord({Key::Ctrl}, Key::Q);
-    QCOMPARE(on.program.waitForExit(), std::optional(0));
-    EVENTUALLY(on.tray.watcher.items().isEmpty());
-    QVERIFY(on.beneath.hasFocus());
+    show.session.keyboard().chord({Key::Ctrl}, Key::Q);
+    QCOMPARE(show.program.waitForExit(), std::optional(0));
+    EVENTUALLY(show.tray.watcher.items().isEmpty());
+    QVERIFY(show.beneath.hasFocus());
 }
 
 REGISTER_GUILESS_TEST(TrayPopupScenarios)

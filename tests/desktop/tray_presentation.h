@@ -8,7 +8,7 @@
 
 namespace zeigewerk::rig {
 
-/// Both parts of a tray.
+/// Both parts of a tray: the watcher and a host.
 struct Tray
 {
     explicit Tray(const DesktopSession &session)
@@ -32,7 +32,7 @@ struct Tray
     TrayHost host;
 };
 
-/// A presentation on a desktop with a tray that shows the program's item.
+/// A presentation on a desktop whose tray shows the program's item.
 class TrayPresentation : public Presentation
 {
 public:
@@ -48,7 +48,7 @@ public:
     }
 
     QList<TrayMenuItem> menu() { return tray.host.menu(item); }
-    /// The menu's entry with that label, if it has one.
+    /// The menu entry with that label, if there is one.
     std::optional<TrayMenuItem> entry(const QString &label)
     {
         for (const TrayMenuItem &found : menu()) {
@@ -62,7 +62,7 @@ public:
         const auto found = entry(label);
         return found && found->isChecked();
     }
-    /// The labels of the entries with a check mark that is on.
+    /// The labels of the entries whose check mark is on.
     QStringList checked()
     {
         QStringList labels;
@@ -72,7 +72,7 @@ public:
         }
         return labels;
     }
-    /// False if there is no such entry, or the item did not take it.
+    /// False if there is no such entry, or the item does not accept the click.
     bool click(const QString &label)
     {
         const auto found = entry(label);

@@ -1,4 +1,4 @@
-// The item in the tray, whatever comes and goes.
+// The item in the tray when trays start and stop.
 
 #include "registered_test.h"
 #include "tray_presentation.h"
@@ -11,31 +11,31 @@ class TrayScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aTrayThatIsThereShowsTheItem();
-    void aWatcherAloneIsNoTray();
-    void aTrayThatRestartsShowsTheItemAgain_data();
-    void aTrayThatRestartsShowsTheItemAgain();
+    void anExistingTrayShowsTheItem();
+    void aWatcherAloneIsNotATray();
+    void aRestartedTrayShowsTheItemAgain_data();
+    void aRestartedTrayShowsTheItemAgain();
     void aWatcherThatTakesOverGetsTheItem();
     void twoHostsShowTheItem();
     void theItemLeavesWithTheProgram();
     void withoutATrayTheProgramWorks_data();
     void withoutATrayTheProgramWorks();
-    void theProgramOutlivesTheSessionBus_data();
-    void theProgramOutlivesTheSessionBus();
+    void theProgramSurvivesTheSessionBus_data();
+    void theProgramSurvivesTheSessionBus();
 
 private:
-    /// Whether hot keys do what they should, to tell that the program works.
-    static bool drawsAndEnds(Presentation &on)
+    /// Whether hot keys work, which proves that the program does.
+    static bool canDraw(Presentation &show)
     {
-        on.hotKey(Key::D);
-        if (!eventually([&] { return on.hasKeyboard(); }))
+        show.hotKey(Key::D);
+        if (!eventually([&] { return show.hasKeyboard(); }))
             return false;
-        on.hotKey(Key::D);
-        return eventually([&] { return on.beneath.hasFocus(); });
+        show.hotKey(Key::D);
+        return eventually([&] { return show.beneath.hasFocus(); });
     }
 };
 
-void TrayScenarios::aTrayThatIsThereShowsTheItem()
+void TrayScenarios::anExistingTrayShowsTheItem()
 {
     DesktopSession session;
     Tray tray(session);
@@ -57,19 +57,19 @@ void TrayScenarios::aTrayThatIsThereShowsTheItem()
     QVERIFY(program.output().isEmpty());
 }
 
-void TrayScenarios::aWatcherAloneIsNoTray()
+void TrayScenarios::aWatcherAloneIsNotATray()
 {
-    Presentation on;
-    Tray tray(on.session);
+    Presentation show;
+    Tray tray(show.session);
     tray.watcher.start();
-    // The program answers the watcher's coming within milliseconds; were it to register now, it would have.
+    // The program reacts to a new watcher within milliseconds, so it would have registered by now.
     THROUGHOUT(500ms, tray.watcher.items().isEmpty());
     tray.host.start();
     EVENTUALLY(tray.host.items().size() == 1);
-    QVERIFY(drawsAndEnds(on));
+    QVERIFY(canDraw(show));
 }
 
-void TrayScenarios::aTrayThatRestartsShowsTheItemAgain_data()
+void TrayScenarios::aRestartedTrayShowsTheItemAgain_data()
 {
     QTest::addColumn<bool>("watcherRestarts");
     QTest::addColumn<bool>("hostRestarts");
@@ -78,72 +78,72 @@ void TrayScenarios::aTrayThatRestartsShowsTheItemAgain_data()
     QTest::newRow("the host") << false << true;
 }
 
-void TrayScenarios::aTrayThatRestartsShowsTheItemAgain()
+void TrayScenarios::aRestartedTrayShowsTheItemAgain()
 {
     QFETCH(bool, watcherRestarts);
     QFETCH(bool, hostRestarts);
-    TrayPresentation on;
+    TrayPresentation show;
     for (int restart = 0; restart < 2; ++restart) {
         if (hostRestarts)
-            on.tray.host.stop();
+            show.tray.host.stop();
         if (watcherRestarts) {
-            on.tray.watcher.stop();
-            QVERIFY(on.tray.host.items().isEmpty());
-            on.tray.watcher.start();
+            show.tray.watcher.stop();
+            QVERIFY(show.tray.host.items().isEmpty());
+            show.tray.watcher.start();
         }
         if (hostRestarts)
-            on.tray.host.start();
+            show.tray.host.start();
         QList<TrayItem> items;
-        EVENTUALLY((items = on.tray.host.items()).size() == 1);
-        QVERIFY(!on.tray.host.menu(items.first()).isEmpty());
+        EVENTUALLY((items = show.tray.host.items()).size() == 1);
+        QVERIFY(!show.tray.host.menu(items.first()).isEmpty());
     }
-    QVERIFY(drawsAndEnds(on));
+    QVERIFY(canDraw(show));
 }
 
 void TrayScenarios::aWatcherThatTakesOverGetsTheItem()
 {
-    TrayPresentation on;
-    TrayWatcher successor(on.session);
+    TrayPresentation show;
+    TrayWatcher successor(show.session);
     successor.start();
     QVERIFY(successor.items().isEmpty());
-    // The name goes from the one to the other without being free in between.
-    on.tray.watcher.stop();
+    // The name passes from one to the other without being free in between.
+    show.tray.watcher.stop();
     EVENTUALLY(successor.items().size() == 1);
-    EVENTUALLY(on.tray.host.items().size() == 1);
-    on.item = on.tray.host.items().first();
-    QVERIFY(on.click(label::kDraw));
-    EVENTUALLY(on.hasKeyboard());
-    EVENTUALLY(on.isChecked(label::kDraw));
+    EVENTUALLY(show.tray.host.items().size() == 1);
+    show.item = show.tray.host.items().first();
+    QVERIFY(show.click(label::kDraw));
+    EVENTUALLY(show.hasKeyboard());
+    EVENTUALLY(show.isChecked(label::kDraw));
 }
 
 void TrayScenarios::twoHostsShowTheItem()
 {
-    TrayPresentation on;
-    TrayHost second(on.session);
+    TrayPresentation show;
+    TrayHost second(show.session);
     second.start();
     EVENTUALLY(second.items().size() == 1);
-    QCOMPARE(on.tray.host.items().size(), 1);
-    // What one of them clicks, both are told.
-    const auto spot = on.entry(label::kSpot);
+    QCOMPARE(show.tray.host.items().size(), 1);
+    // A click in one of them is reported to both.
+    const auto spot = show.entry(label::kSpot);
     QVERIFY(spot);
     QVERIFY(second.click(second.items().first(), spot->id));
-    EVENTUALLY(on.pixel({10, 1000}) == dimmed(on.beneathColor()));
-    EVENTUALLY(on.tray.host.toggleStatesTold(spot->id) == QList<int>{1});
-    EVENTUALLY(second.toggleStatesTold(spot->id) == QList<int>{1});
+    EVENTUALLY(show.pixel({10, 1000}) == dimmed(show.beneathColor()));
+    EVENTUALLY(show.tray.host.reportedToggleStates(spot->id) == QList<int>{1});
+    EVENTUALLY(second.reportedToggleStates(spot->id) == QList<int>{1});
 }
 
 void TrayScenarios::theItemLeavesWithTheProgram()
 {
-    TrayPresentation on;
-    QCOMPARE(on.program.terminate(), std::optional(0));
-    EVENTUALLY(on.tray.watcher.items().isEmpty());
-    QVERIFY(on.program.output().isEmpty());
+    TrayPresentation show;
+    QCOMPARE(show.program.terminate(), std::optional(0));
+    EVENTUALLY(show.tray.watcher.items().isEmpty());
+    QVERIFY(show.program.output().isEmpty());
 }
 
 void TrayScenarios::withoutATrayTheProgramWorks_data()
 {
     QTest::addColumn<QString>("bus");
-    QTest::newRow("a session bus without one") << QString();
+    QTest::newRow("a session bus without a tray") << QString();
     QTest::newRow("no session bus") << QString("unix:path=/dev/null/no-bus");
 }
 
@@ -153,31 +153,31 @@ void TrayScenarios::withoutATrayTheProgramWorks()
     QMap<QString, QString> environment;
     if (!bus.isEmpty())
         environment.insert("DBUS_SESSION_BUS_ADDRESS", bus);
-    Presentation on({}, environment);
-    QVERIFY(drawsAndEnds(on));
-    QVERIFY(on.program.output().isEmpty());
+    Presentation show({}, environment);
+    QVERIFY(canDraw(show));
+    QVERIFY(show.program.output().isEmpty());
 }
 
-void TrayScenarios::theProgramOutlivesTheSessionBus_data()
+void TrayScenarios::theProgramSurvivesTheSessionBus_data()
 {
     QTest::addColumn<bool>("isInTray");
     QTest::newRow("in the tray") << true;
     QTest::newRow("waiting for a tray") << false;
 }
 
-void TrayScenarios::theProgramOutlivesTheSessionBus()
+void TrayScenarios::theProgramSurvivesTheSessionBus()
 {
     QFETCH(bool, isInTray);
-    Presentation on;
-    Tray tray(on.session);
+    Presentation show;
+    Tray tray(show.session);
     if (isInTray) {
         tray.start();
         EVENTUALLY(tray.watcher.items().size() == 1);
     }
-    on.session.stopBus();
-    QVERIFY(drawsAndEnds(on));
-    QVERIFY(drawsAndEnds(on));
-    QCOMPARE(on.program.terminate(), std::optional(0));
+    show.session.stopBus();
+    QVERIFY(canDraw(show));
+    QVERIFY(canDraw(show));
+    QCOMPARE(show.program.terminate(), std::optional(0));
 }
 
 REGISTER_GUILESS_TEST(TrayScenarios)

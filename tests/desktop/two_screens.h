@@ -4,7 +4,7 @@
 
 namespace zeigewerk::rig {
 
-// Two screens side by side, their upper edges at the same height.
+// Two screens side by side, aligned at the top.
 inline constexpr QRect kLeft(0, 0, 1280, 1024);
 inline constexpr QRect kRight(1280, 0, 1600, 900);
 

@@ -6,14 +6,14 @@ using namespace zeigewerk::rig;
 
 namespace {
 
-// In the left halves of the screens: the toolbar is at the right of one of them.
+// In the left halves of the screens, because the toolbar is on the right of one of them.
 const QPoint kFirst(300, 300);   // on the left screen
-const QPoint kSecond(1600, 300); // on the right one
-const QPoint kThird(300, 600);   // on the left one again
+const QPoint kSecond(1600, 300); // on the right screen
+const QPoint kThird(300, 600);   // on the left screen again
 
-bool drawAt(Presentation &on, QPoint middle)
+bool drawAt(Presentation &show, QPoint middle)
 {
-    return on.session.pointer().drag({middle - QPoint(50, 0), middle, middle + QPoint(50, 0)});
+    return show.session.pointer().drag({middle - QPoint(50, 0), middle, middle + QPoint(50, 0)});
 }
 
 } // namespace
@@ -23,86 +23,102 @@ class UndoScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theKeysTakeStrokesBackAcrossTheScreens_data();
-    void theKeysTakeStrokesBackAcrossTheScreens();
-    void otherCombinationsLeaveTheStroke();
-    void whileNothingIsDrawnOnTheKeysBelongToTheApplications();
+    void undoShortcutsWorkAcrossScreens_data();
+    void undoShortcutsWorkAcrossScreens();
+    void otherCombinationsUndoNothing();
+    void afterPinningTheKeysBelongToTheApplications();
 };
 
-void UndoScenarios::theKeysTakeStrokesBackAcrossTheScreens_data()
+void UndoScenarios::undoShortcutsWorkAcrossScreens_data()
 {
+    struct Row
+    {
+        const char *name;
+        QList<Key> modifiers;
+        QString keyboardMap;
+        /// The position of Z with that map.
+        Key key;
+    };
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        // name, modifiers, keyboard map, key
+        {"Ctrl",                        {Key::Ctrl},             "us",    Key::Z},
+        {"Ctrl and Shift",              {Key::Ctrl, Key::Shift}, "us",    Key::Z},
+        {"Super",                       {Key::Super},            "us",    Key::Z},
+        {"German keyboard",             {Key::Ctrl},             "de",    Key::Y},
+        {"Hebrew keyboard",             {Key::Ctrl},             "il,us", Key::Z},
+        {"Russian and German keyboard", {Key::Super},            "ru,de", Key::Y},
+    };
+    // clang-format on
     QTest::addColumn<QList<Key>>("modifiers");
     QTest::addColumn<QString>("keyboardMap");
     QTest::addColumn<Key>("key");
-    QTest::newRow("Ctrl") << QList<Key>{Key::Ctrl} << "us" << Key::Z;
-    QTest::newRow("Ctrl and Shift") << QList<Key>{Key::Ctrl, Key::Shift} << "us" << Key::Z;
-    QTest::newRow("Super") << QList<Key>{Key::Super} << "us" << Key::Z;
-    QTest::newRow("where the letter is on a German keyboard") << QList<Key>{Key::Ctrl} << "de" << Key::Y;
-    QTest::newRow("with Hebrew letters") << QList<Key>{Key::Ctrl} << "il,us" << Key::Z;
-    QTest::newRow("with Russian letters, beside German ones") << QList<Key>{Key::Super} << "ru,de" << Key::Y;
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.modifiers << row.keyboardMap << row.key;
 }
 
-void UndoScenarios::theKeysTakeStrokesBackAcrossTheScreens()
+void UndoScenarios::undoShortcutsWorkAcrossScreens()
 {
     QFETCH(QList<Key>, modifiers);
     QFETCH(QString, keyboardMap);
     QFETCH(Key, key);
-    Presentation on({.screens = {kLeft, kRight}, .keyboardMap = keyboardMap});
-    const QColor bareRight = on.pixel(kSecond);
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
+    Presentation show({.screens = {kLeft, kRight}, .keyboardMap = keyboardMap});
+    const QColor bareRight = show.pixel(kSecond);
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
     for (const QPoint &place : {kFirst, kSecond, kThird}) {
-        QVERIFY(drawAt(on, place));
-        EVENTUALLY(on.pixel(place) == kInk);
+        QVERIFY(drawAt(show, place));
+        EVENTUALLY(show.pixel(place) == kInk);
     }
 
-    on.session.keyboard().chord(modifiers, key);
-    EVENTUALLY(on.pixel(kThird) == on.beneathColor());
-    QCOMPARE(on.pixel(kFirst), kInk);
-    QCOMPARE(on.pixel(kSecond), kInk);
-    on.session.keyboard().chord(modifiers, key);
-    EVENTUALLY(on.pixel(kSecond) == bareRight);
-    QCOMPARE(on.pixel(kFirst), kInk);
-    on.session.keyboard().chord(modifiers, key);
-    EVENTUALLY(on.pixel(kFirst) == on.beneathColor());
-    QVERIFY(on.isUntouched({200, 200, 200, 500}));
-    QVERIFY(on.session.screenshot().isFilled(bareRight, {1500, 200, 200, 200}));
+    show.session.keyboard().chord(modifiers, key);
+    EVENTUALLY(show.pixel(kThird) == show.beneathColor());
+    QCOMPARE(show.pixel(kFirst), kInk);
+    QCOMPARE(show.pixel(kSecond), kInk);
+    show.session.keyboard().chord(modifiers, key);
+    EVENTUALLY(show.pixel(kSecond) == bareRight);
+    QCOMPARE(show.pixel(kFirst), kInk);
+    show.session.keyboard().chord(modifiers, key);
+    EVENTUALLY(show.pixel(kFirst) == show.beneathColor());
+    QVERIFY(show.isUntouched({200, 200, 200, 500}));
+    QVERIFY(show.session.screenshot().isFilled(bareRight, {1500, 200, 200, 200}));
 
-    // Nothing is left to take back, and drawing goes on.
-    on.session.keyboard().chord(modifiers, Key::Z);
-    QVERIFY(drawAt(on, kFirst));
-    EVENTUALLY(on.pixel(kFirst) == kInk);
+    // Nothing is left to undo, and drawing continues.
+    show.session.keyboard().chord(modifiers, Key::Z);
+    QVERIFY(drawAt(show, kFirst));
+    EVENTUALLY(show.pixel(kFirst) == kInk);
 }
 
-void UndoScenarios::otherCombinationsLeaveTheStroke()
+void UndoScenarios::otherCombinationsUndoNothing()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(drawAt(on, kFirst));
-    QVERIFY(drawAt(on, kThird));
-    EVENTUALLY(on.pixel(kFirst) == kInk && on.pixel(kThird) == kInk);
-    on.session.keyboard().tap(Key::Z);
-    on.session.keyboard().chord({Key::Shift}, Key::Z);
-    // Keys arrive in order: when this one has been answered, so have those before it.
-    on.session.keyboard().chord({Key::Ctrl}, Key::Z);
-    EVENTUALLY(on.pixel(kThird) == on.beneathColor());
-    QCOMPARE(on.pixel(kFirst), kInk);
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(drawAt(show, kFirst));
+    QVERIFY(drawAt(show, kThird));
+    EVENTUALLY(show.pixel(kFirst) == kInk && show.pixel(kThird) == kInk);
+    show.session.keyboard().tap(Key::Z);
+    show.session.keyboard().chord({Key::Shift}, Key::Z);
+    // Keys arrive in order: when this one has had its effect, the ones before have been handled.
+    show.session.keyboard().chord({Key::Ctrl}, Key::Z);
+    EVENTUALLY(show.pixel(kThird) == show.beneathColor());
+    QCOMPARE(show.pixel(kFirst), kInk);
 }
 
-void UndoScenarios::whileNothingIsDrawnOnTheKeysBelongToTheApplications()
+void UndoScenarios::afterPinningTheKeysBelongToTheApplications()
 {
-    Presentation on;
-    on.hotKey(Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(drawAt(on, kFirst));
-    EVENTUALLY(on.pixel(kFirst) == kInk);
-    on.hotKey(Key::P);
-    EVENTUALLY(on.beneath.hasFocus());
-    on.beneath.forget();
-    on.session.keyboard().chord({Key::Ctrl}, Key::Z);
-    EVENTUALLY(on.beneath.pressedKeys().contains(Key::Z));
-    QCOMPARE(on.pixel(kFirst), kInk);
+    Presentation show;
+    show.hotKey(Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(drawAt(show, kFirst));
+    EVENTUALLY(show.pixel(kFirst) == kInk);
+    show.hotKey(Key::P);
+    EVENTUALLY(show.beneath.hasFocus());
+    show.beneath.forget();
+    show.session.keyboard().chord({Key::Ctrl}, Key::Z);
+    EVENTUALLY(show.beneath.pressedKeys().contains(Key::Z));
+    QCOMPARE(show.pixel(kFirst), kInk);
 }
 
 REGISTER_GUILESS_TEST(UndoScenarios)

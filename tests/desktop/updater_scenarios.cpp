@@ -1,4 +1,4 @@
-// The program as it is installed, with a feed to ask.
+// The installed program with an update feed.
 
 #include "registered_test.h"
 #include "rig/web_server.h"
@@ -28,7 +28,7 @@ void writeFile(const QString &path, const QByteArray &content)
         failRig(QStringLiteral("cannot write %1").arg(path));
 }
 
-/// The program's files where an installation has them, in a folder of its own.
+/// The program's files as in an installation, in a separate folder.
 class Installation
 {
 public:
@@ -40,29 +40,30 @@ public:
         copy(ZEIGEWERK_BINARY, program());
         copy(ZEIGEWERK_FEED_PROGRAM, prefix.filePath("libexec/zeigewerk/zeigewerk-feed"));
         writeFile(prefix.filePath("share/zeigewerk/info.ini"), "SUFeedURL=\"" + feedUrl.toUtf8() + "\"\n");
-        // What the user opens pages with. Not any shell: some let all signals in when they start.
+        // The program with which the user opens pages. Bash, because some shells unblock all signals when
+        // they start.
         const QString opener = prefix.filePath("user/xdg-open");
         writeFile(opener, "#!/usr/bin/env bash\n"
                           "{ echo \"$1\"; grep SigBlk /proc/self/status; env; } >\"$0.part\"\n"
-                          "mv \"$0.part\" \"$0.told\"\n");
+                          "mv \"$0.part\" \"$0.report\"\n");
         QFile::setPermissions(opener, QFile::ReadOwner | QFile::ExeOwner);
-        // Every program of the rig is this one from now on.
+        // From now on the rig runs this program.
         qputenv("ZEIGEWERK_BINARY", program().toLocal8Bit());
     }
     ~Installation() { qunsetenv("ZEIGEWERK_BINARY"); }
 
-    /// A desktop whose user has that.
+    /// A desktop whose user has that program in the search path.
     DesktopSetup setup() const
     {
         DesktopSetup setup = withAccessibility({});
-        // As desktops set it; the program itself then takes another.
+        // As desktops set it; the program itself then overrides it.
         setup.environment.insert("QT_QPA_PLATFORM", kPlatforms);
         setup.environment.insert("PATH", m_prefix.filePath("user") + ':' + qEnvironmentVariable("PATH"));
         return setup;
     }
     QStringList openerReport() const
     {
-        QFile report(m_prefix.filePath("user/xdg-open.told"));
+        QFile report(m_prefix.filePath("user/xdg-open.report"));
         return report.open(QFile::ReadOnly) ? QString::fromUtf8(report.readAll()).split('\n') : QStringList();
     }
 
@@ -77,7 +78,7 @@ private:
     QTemporaryDir m_prefix;
 };
 
-/// Somebody presents with that installation.
+/// A presentation with that installation.
 class UpdatingPresentation : public TrayPresentation
 {
 public:
@@ -93,7 +94,7 @@ public:
         const auto button = reader.find(name);
         return button ? button->extents.center() : QPoint(-1, -1);
     }
-    /// The program's window at that place which is not as large as the screen.
+    /// The program's window at that place that is smaller than the screen.
     std::optional<WindowInfo> smallWindowAt(QPoint place)
     {
         for (const WindowInfo &window : shownWindows()) {
@@ -114,70 +115,70 @@ class UpdaterScenarios : public QObject
 
 private Q_SLOTS:
     void theMenuOffersToLookForUpdates();
-    void whatIsFoundIsToldAboveTheCanvas();
-    void aNewVersionIsToldByItselfAndItsPageOpens();
+    void theResultIsShownAboveTheCanvas();
+    void aNewVersionIsAnnouncedAndItsPageOpens();
 };
 
 void UpdaterScenarios::theMenuOffersToLookForUpdates()
 {
     WebServer server(feedWith("0.0.1"));
     const Installation installation(server.address());
-    UpdatingPresentation on(installation);
+    UpdatingPresentation show(installation);
     QStringList labels;
-    for (const TrayMenuItem &entry : on.menu())
+    for (const TrayMenuItem &entry : show.menu())
         labels += entry.label;
     QCOMPARE(labels.size(), 18);
     QCOMPARE(labels.mid(14), QStringList({label::kHints[2], "", kUpdates, label::kQuit}));
-    // Nothing is told of nothing new.
+    // If there is nothing new, nothing is shown.
     EVENTUALLY_WITHIN(20s, server.requests() == 1);
-    // From the question to the answer.
-    THROUGHOUT(1s, on.isUntouched(QRect(0, 0, 1700, 1080)));
+    // Longer than from the request to the reply.
+    THROUGHOUT(1s, show.isUntouched(QRect(0, 0, 1700, 1080)));
 }
 
-void UpdaterScenarios::whatIsFoundIsToldAboveTheCanvas()
+void UpdaterScenarios::theResultIsShownAboveTheCanvas()
 {
     WebServer server(feedWith("0.0.1"));
     const Installation installation(server.address());
-    UpdatingPresentation on(installation);
-    on.hotKey(Key::W);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.click(kUpdates));
-    EVENTUALLY(on.hasButton(kClose));
-    const std::optional<WindowInfo> dialog = on.smallWindowAt(on.placeOf(kClose));
+    UpdatingPresentation show(installation);
+    show.hotKey(Key::W);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.click(kUpdates));
+    EVENTUALLY(show.hasButton(kClose));
+    const std::optional<WindowInfo> dialog = show.smallWindowAt(show.placeOf(kClose));
     QVERIFY(dialog);
-    for (const WindowInfo &overlay : on.overlays())
-        EVENTUALLY(on.session.client().isAbove(dialog->id, overlay.id));
-    EVENTUALLY(!on.isFilled(Qt::white, dialog->geometry));
+    for (const WindowInfo &overlay : show.overlays())
+        EVENTUALLY(show.session.client().isAbove(dialog->id, overlay.id));
+    EVENTUALLY(!show.isFilled(Qt::white, dialog->geometry));
 
-    // The keyboard is where it was, and so is drawing.
-    QVERIFY(on.hasKeyboard());
-    QVERIFY(on.session.client().inputFocus() != dialog->id);
-    QVERIFY(on.session.pointer().drag({{200, 200}, {300, 200}}));
-    EVENTUALLY(on.pixel({250, 200}) == kInk);
+    // The keyboard has not moved, and drawing works.
+    QVERIFY(show.hasKeyboard());
+    QVERIFY(show.session.client().inputFocus() != dialog->id);
+    QVERIFY(show.session.pointer().drag({{200, 200}, {300, 200}}));
+    EVENTUALLY(show.pixel({250, 200}) == kInk);
 
-    QVERIFY(on.session.pointer().clickAt(on.placeOf(kClose)));
-    EVENTUALLY(on.isFilled(Qt::white, dialog->geometry));
-    QCOMPARE(on.pixel({250, 200}), kInk);
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.beneath.hasFocus());
+    QVERIFY(show.session.pointer().clickAt(show.placeOf(kClose)));
+    EVENTUALLY(show.isFilled(Qt::white, dialog->geometry));
+    QCOMPARE(show.pixel({250, 200}), kInk);
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.beneath.hasFocus());
 }
 
-void UpdaterScenarios::aNewVersionIsToldByItselfAndItsPageOpens()
+void UpdaterScenarios::aNewVersionIsAnnouncedAndItsPageOpens()
 {
     WebServer server(feedWith("99.1"));
     const Installation installation(server.address());
-    UpdatingPresentation on(installation);
-    EVENTUALLY_WITHIN(20s, on.hasButton(kOpenPage));
-    // Whoever presents goes on to do so.
-    QVERIFY(on.beneath.hasFocus());
-    QVERIFY(on.session.pointer().clickAt(on.placeOf(kOpenPage)));
+    UpdatingPresentation show(installation);
+    EVENTUALLY_WITHIN(20s, show.hasButton(kOpenPage));
+    // The presentation is not interrupted.
+    QVERIFY(show.beneath.hasFocus());
+    QVERIFY(show.session.pointer().clickAt(show.placeOf(kOpenPage)));
     EVENTUALLY(!installation.openerReport().isEmpty());
     const QStringList report = installation.openerReport();
     QCOMPARE(report.value(0), "http://localhost/new?a=1");
     QCOMPARE(report.filter("SigBlk:").value(0).section('\t', 1), "0000000000000000");
     QCOMPARE(report.filter("QT_QPA_PLATFORM="), QStringList{"QT_QPA_PLATFORM=" + kPlatforms});
-    EVENTUALLY(on.isUntouched(QRect(0, 0, 1700, 1080)));
-    QVERIFY(on.beneath.hasFocus());
+    EVENTUALLY(show.isUntouched(QRect(0, 0, 1700, 1080)));
+    QVERIFY(show.beneath.hasFocus());
 }
 
 REGISTER_GUILESS_TEST(UpdaterScenarios)

@@ -8,35 +8,35 @@ using namespace std::chrono_literals;
 
 namespace {
 
-bool reaches(Presentation &on, int radius)
+bool reaches(Presentation &show, int radius)
 {
-    return reaches(on.session, radius, on.beneathColor());
+    return reaches(show.session, radius, show.beneathColor());
 }
 
-bool isStored(const Presentation &on, int radius)
+bool isStored(const Presentation &show, int radius)
 {
-    return isStored(on.session, radius);
+    return isStored(show.session, radius);
 }
 
-/// No window manager, since most of them have a use of their own for Alt and the wheel.
-DesktopSetup unmanaged(Mice mice = Mice::XTestOnly)
+/// No window manager, because most of them use Alt and the wheel themselves.
+DesktopSetup unmanaged(ExtraDevice extraDevice = ExtraDevice::None)
 {
-    return {.windowManager = WindowManager::None, .mice = mice};
+    return {.windowManager = WindowManager::None, .extraDevice = extraDevice};
 }
 
-/// Holds Alt for as long as it lives. What is held counts when the wheel is heard, and so does where the
-/// pointer is, so neither may change before.
-class Alt
+/// Holds Alt for as long as it lives. The program checks modifiers and pointer when it handles the wheel, so
+/// neither may change before.
+class HeldAlt
 {
 public:
-    explicit Alt(DesktopSession &session)
+    explicit HeldAlt(DesktopSession &session)
         : m_keyboard(session.keyboard())
     {
         m_keyboard.press(Key::Alt);
     }
-    ~Alt() { m_keyboard.release(Key::Alt); }
-    Alt(const Alt &) = delete;
-    Alt &operator=(const Alt &) = delete;
+    ~HeldAlt() { m_keyboard.release(Key::Alt); }
+    HeldAlt(const HeldAlt &) = delete;
+    HeldAlt &operator=(const HeldAlt &) = delete;
 
 private:
     Keyboard &m_keyboard;
@@ -49,155 +49,156 @@ class WheelElsewhereScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void withAltItResizesTheSpotlight();
-    void underAWindowManagerToo();
+    void altAndTheWheelResizeTheSpotlight();
+    void itWorksUnderAWindowManager();
     void withoutTheSpotlightItDoesNothing();
-    void overOurOwnWindowsItCountsOnceOrNotAtAll();
-    void aScrollAxisIsHeardInsteadOfItsButtons();
-    void afterwardsTheProgramSleeps();
+    void overOurOwnWindowsEachStepCountsAtMostOnce();
+    void aScrollAxisCountsInsteadOfItsButtons();
+    void theProgramSleepsAfterwards();
 };
 
-void WheelElsewhereScenarios::withAltItResizesTheSpotlight()
+void WheelElsewhereScenarios::altAndTheWheelResizeTheSpotlight()
 {
-    Presentation on(unmanaged());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on, kRadius));
-    on.beneath.forget();
-    // Without Alt it is not meant. When the hole has followed the pointer, the wheel has been heard.
-    QVERIFY(on.session.pointer().wheel(3));
-    QVERIFY(on.session.pointer().moveTo({1200, 400}));
-    EVENTUALLY(on.pixel({1200, 400}) == on.beneathColor());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    EVENTUALLY(reaches(on, kRadius));
+    Presentation show(unmanaged());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show, kRadius));
+    show.beneath.forget();
+    // Without Alt the wheel has no effect. Once the hole has followed the pointer, the wheel has been
+    // handled.
+    QVERIFY(show.session.pointer().wheel(3));
+    QVERIFY(show.session.pointer().moveTo({1200, 400}));
+    EVENTUALLY(show.pixel({1200, 400}) == show.beneathColor());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    EVENTUALLY(reaches(show, kRadius));
     {
-        const Alt alt(on.session);
-        QVERIFY(on.session.pointer().wheel(2));
-        EVENTUALLY(reaches(on, kRadius + 2 * kNotch));
-        EVENTUALLY(isStored(on, kRadius + 2 * kNotch));
-        QVERIFY(on.session.pointer().wheel(-5));
-        EVENTUALLY(isStored(on, kRadius - 3 * kNotch));
+        const HeldAlt alt(show.session);
+        QVERIFY(show.session.pointer().wheel(2));
+        EVENTUALLY(reaches(show, kRadius + 2 * kNotch));
+        EVENTUALLY(isStored(show, kRadius + 2 * kNotch));
+        QVERIFY(show.session.pointer().wheel(-5));
+        EVENTUALLY(isStored(show, kRadius - 3 * kNotch));
     }
-    EVENTUALLY(reaches(on, kRadius - 3 * kNotch));
-    // The application has had all of it.
-    EVENTUALLY(on.beneath.presses(Pointer::WheelUp).size() == 5);
-    EVENTUALLY(on.beneath.presses(Pointer::WheelDown).size() == 5);
-    QVERIFY(on.beneath.hasFocus());
+    EVENTUALLY(reaches(show, kRadius - 3 * kNotch));
+    // The application has received all of them.
+    EVENTUALLY(show.beneath.presses(Pointer::WheelUp).size() == 5);
+    EVENTUALLY(show.beneath.presses(Pointer::WheelDown).size() == 5);
+    QVERIFY(show.beneath.hasFocus());
 
-    QCOMPARE(on.program.terminate(), std::optional(0));
-    Program again(on.session);
-    QVERIFY(again.waitUntilReady());
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on, kRadius - 3 * kNotch));
+    QCOMPARE(show.program.terminate(), std::optional(0));
+    Program restarted(show.session);
+    QVERIFY(restarted.waitUntilReady());
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show, kRadius - 3 * kNotch));
 }
 
-void WheelElsewhereScenarios::underAWindowManagerToo()
+void WheelElsewhereScenarios::itWorksUnderAWindowManager()
 {
-    Presentation on;
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on, kRadius));
-    const Alt alt(on.session);
-    QVERIFY(on.session.pointer().wheel(1));
-    EVENTUALLY(isStored(on, kRadius + kNotch));
+    Presentation show;
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show, kRadius));
+    const HeldAlt alt(show.session);
+    QVERIFY(show.session.pointer().wheel(1));
+    EVENTUALLY(isStored(show, kRadius + kNotch));
 }
 
 void WheelElsewhereScenarios::withoutTheSpotlightItDoesNothing()
 {
-    Presentation on(unmanaged());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    const Alt alt(on.session);
-    QVERIFY(on.session.pointer().wheel(3));
-    // Clicks are heard, which is no reason to hear the wheel.
-    on.session.keyboard().chord({Key::Ctrl}, Key::K);
-    QVERIFY(on.session.pointer().wheel(3));
-    on.session.keyboard().chord({Key::Ctrl}, Key::S);
-    EVENTUALLY(reaches(on, kRadius));
-    QVERIFY(on.session.pointer().wheel(1));
-    EVENTUALLY(!storedRadius(on.session).isEmpty());
-    QCOMPARE(storedRadius(on.session), QString::number(kRadius + kNotch));
+    Presentation show(unmanaged());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    const HeldAlt alt(show.session);
+    QVERIFY(show.session.pointer().wheel(3));
+    // The program now listens for clicks, which must not make it react to the wheel.
+    show.session.keyboard().chord({Key::Ctrl}, Key::K);
+    QVERIFY(show.session.pointer().wheel(3));
+    show.session.keyboard().chord({Key::Ctrl}, Key::S);
+    EVENTUALLY(reaches(show, kRadius));
+    QVERIFY(show.session.pointer().wheel(1));
+    EVENTUALLY(!storedRadius(show.session).isEmpty());
+    QCOMPARE(storedRadius(show.session), QString::number(kRadius + kNotch));
 }
 
-void WheelElsewhereScenarios::overOurOwnWindowsItCountsOnceOrNotAtAll()
+void WheelElsewhereScenarios::overOurOwnWindowsEachStepCountsAtMostOnce()
 {
-    Presentation on(unmanaged());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::D);
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on, kRadius));
-    EVENTUALLY(on.hasKeyboard());
-    const Alt alt(on.session);
-    // The canvas hears it, and it is not heard once more.
-    QVERIFY(on.session.pointer().wheel(1));
-    EVENTUALLY(isStored(on, kRadius + kNotch));
+    Presentation show(unmanaged());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::D);
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show, kRadius));
+    EVENTUALLY(show.hasKeyboard());
+    const HeldAlt alt(show.session);
+    // The canvas handles the wheel, and it is not counted twice.
+    QVERIFY(show.session.pointer().wheel(1));
+    EVENTUALLY(isStored(show, kRadius + kNotch));
 
-    QVERIFY(on.session.pointer().moveTo(on.toolbar()->geometry.center()));
-    QVERIFY(on.session.pointer().wheel(3));
-    // The hot key is heard after the wheel, and the pointer has not moved by then.
-    on.session.keyboard().chord({Key::Ctrl}, Key::D);
-    EVENTUALLY(on.beneath.hasFocus());
-    QVERIFY(on.session.pointer().wheel(3));
-    on.session.keyboard().chord({Key::Ctrl}, Key::D);
-    EVENTUALLY(on.hasKeyboard());
-    on.session.keyboard().chord({Key::Ctrl}, Key::D);
-    EVENTUALLY(on.beneath.hasFocus());
+    QVERIFY(show.session.pointer().moveTo(show.toolbar()->geometry.center()));
+    QVERIFY(show.session.pointer().wheel(3));
+    // The hot key is handled after the wheel, with the pointer still over the toolbar.
+    show.session.keyboard().chord({Key::Ctrl}, Key::D);
+    EVENTUALLY(show.beneath.hasFocus());
+    QVERIFY(show.session.pointer().wheel(3));
+    show.session.keyboard().chord({Key::Ctrl}, Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    show.session.keyboard().chord({Key::Ctrl}, Key::D);
+    EVENTUALLY(show.beneath.hasFocus());
 
-    // The canvas lets it through now, and so it is heard elsewhere.
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    QVERIFY(on.session.pointer().wheel(1));
-    EVENTUALLY(reaches(on, kRadius + 2 * kNotch));
-    EVENTUALLY(isStored(on, kRadius + 2 * kNotch));
+    // The canvas lets input through now, so the wheel counts as over another application.
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    QVERIFY(show.session.pointer().wheel(1));
+    EVENTUALLY(reaches(show, kRadius + 2 * kNotch));
+    EVENTUALLY(isStored(show, kRadius + 2 * kNotch));
 }
 
-void WheelElsewhereScenarios::aScrollAxisIsHeardInsteadOfItsButtons()
+void WheelElsewhereScenarios::aScrollAxisCountsInsteadOfItsButtons()
 {
     if (!ScrollMouse::isAvailable())
         QSKIP("this X server comes without its test driver for input devices");
-    Presentation on(unmanaged(Mice::WithScrollAxis));
-    ScrollMouse mouse(on.session.display().devicePath());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    // What it did before does not count.
-    on.beneath.forget();
+    Presentation show(unmanaged(ExtraDevice::ScrollMouse));
+    ScrollMouse mouse(show.session.display().devicePath());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    // Earlier scrolling does not count.
+    show.beneath.forget();
     QVERIFY(mouse.scroll(7 * ScrollMouse::kNotch));
-    EVENTUALLY(on.beneath.presses(Pointer::WheelDown).size() == 7);
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on, kRadius));
-    const Alt alt(on.session);
+    EVENTUALLY(show.beneath.presses(Pointer::WheelDown).size() == 7);
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show, kRadius));
+    const HeldAlt alt(show.session);
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on, kRadius + kNotch));
+    EVENTUALLY(isStored(show, kRadius + kNotch));
     QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on, kRadius - 2 * kNotch));
-    // Fingers: a third of a notch is five points.
+    EVENTUALLY(isStored(show, kRadius - 2 * kNotch));
+    // Smooth scrolling: a third of a notch scrolls 5 points, which changes the radius by 6.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch / 3));
-    EVENTUALLY(isStored(on, kRadius - 2 * kNotch + 6));
-    // The classic wheel beside it.
-    QVERIFY(on.session.pointer().wheel(1));
-    EVENTUALLY(isStored(on, kRadius - kNotch + 6));
+    EVENTUALLY(isStored(show, kRadius - 2 * kNotch + 6));
+    // The classic wheel works too.
+    QVERIFY(show.session.pointer().wheel(1));
+    EVENTUALLY(isStored(show, kRadius - kNotch + 6));
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on, kRadius + 6));
-    EVENTUALLY(reaches(on, kRadius + 6));
+    EVENTUALLY(isStored(show, kRadius + 6));
+    EVENTUALLY(reaches(show, kRadius + 6));
 }
 
-void WheelElsewhereScenarios::afterwardsTheProgramSleeps()
+void WheelElsewhereScenarios::theProgramSleepsAfterwards()
 {
-    Presentation on(unmanaged());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on, kRadius));
+    Presentation show(unmanaged());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show, kRadius));
     {
-        const Alt alt(on.session);
-        QVERIFY(on.session.pointer().wheel(1));
-        EVENTUALLY(isStored(on, kRadius + kNotch));
+        const HeldAlt alt(show.session);
+        QVERIFY(show.session.pointer().wheel(1));
+        EVENTUALLY(isStored(show, kRadius + kNotch));
     }
-    on.session.keyboard().tap(Key::Escape);
-    EVENTUALLY(on.isUntouched({0, 0, 1700, 1080}));
-    EVENTUALLY_WITHIN(10s, sleepsFor(on.program.processId(), 1s));
-    // A scroll axis moves in motion events; now nobody asks for those.
-    QTimer hand;
+    show.session.keyboard().tap(Key::Escape);
+    EVENTUALLY(show.isUntouched({0, 0, 1700, 1080}));
+    EVENTUALLY_WITHIN(10s, sleepsFor(show.program.processId(), 1s));
+    // A scroll axis sends motion events, which the program no longer selects.
+    QTimer mover;
     int steps = 0;
-    hand.callOnTimeout([&] { steps += on.session.pointer().moveTo(kMiddle + QPoint(steps + 1, 0)); });
-    hand.start(50ms);
-    QVERIFY(sleepsFor(on.program.processId(), 1s));
+    mover.callOnTimeout([&] { steps += show.session.pointer().moveTo(kMiddle + QPoint(steps + 1, 0)); });
+    mover.start(50ms);
+    QVERIFY(sleepsFor(show.program.processId(), 1s));
     QVERIFY(steps > 0);
 }
 

@@ -9,167 +9,168 @@ class WheelScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theWheelWidensTheSpotlightForGood();
-    void withoutACompositorTheWheelIsHeardToo();
-    void whileDrawingNothingReachesTheWindowBeneath();
+    void theWheelResizesTheSpotlightPermanently();
+    void theWheelWorksWithoutACompositor();
+    void whileDrawingTheWheelDoesNotReachTheWindowBeneath();
     void withoutTheSpotlightTheWheelChangesNothing();
-    void overTheSpotlightAloneTheWheelBelongsToTheApplications();
-    void aScrollAxisIsHeardInsteadOfItsButtons_data();
-    void aScrollAxisIsHeardInsteadOfItsButtons();
-    void whatAScrollAxisDidElsewhereDoesNotCount();
+    void withOnlyTheSpotlightTheWheelReachesTheApplications();
+    void aScrollAxisCountsInsteadOfItsButtons_data();
+    void aScrollAxisCountsInsteadOfItsButtons();
+    void earlierScrollingElsewhereDoesNotCount();
 };
 
-void WheelScenarios::theWheelWidensTheSpotlightForGood()
+void WheelScenarios::theWheelResizesTheSpotlightPermanently()
 {
-    Presentation on;
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::W);
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on.session, kRadius, Qt::white));
-    QCOMPARE(storedRadius(on.session), QString());
+    Presentation show;
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::W);
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show.session, kRadius, Qt::white));
+    QCOMPARE(storedRadius(show.session), QString());
 
-    QVERIFY(on.session.pointer().wheel(5));
-    EVENTUALLY(reaches(on.session, kRadius + 5 * kNotch, Qt::white));
-    QVERIFY(on.session.pointer().wheel(-2));
+    QVERIFY(show.session.pointer().wheel(5));
+    EVENTUALLY(reaches(show.session, kRadius + 5 * kNotch, Qt::white));
+    QVERIFY(show.session.pointer().wheel(-2));
     const int chosen = kRadius + 3 * kNotch;
-    EVENTUALLY(reaches(on.session, chosen, Qt::white));
-    EVENTUALLY(isStored(on.session, chosen));
+    EVENTUALLY(reaches(show.session, chosen, Qt::white));
+    EVENTUALLY(isStored(show.session, chosen));
 
-    QCOMPARE(on.program.terminate(), std::optional(0));
-    Program again(on.session);
-    QVERIFY(again.waitUntilReady());
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on.session, chosen, on.beneathColor()));
+    QCOMPARE(show.program.terminate(), std::optional(0));
+    Program restarted(show.session);
+    QVERIFY(restarted.waitUntilReady());
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show.session, chosen, show.beneathColor()));
 }
 
-void WheelScenarios::withoutACompositorTheWheelIsHeardToo()
+void WheelScenarios::theWheelWorksWithoutACompositor()
 {
-    Presentation on({.compositor = Compositor::None});
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    // Drawing on nothing, the overlay's own window is empty there and another one takes the pointer.
-    on.hotKey(Key::D);
-    on.hotKey(Key::S);
-    EVENTUALLY(on.hasKeyboard());
-    EVENTUALLY(isGrabbedByAnother(on.session, {}, Key::Escape));
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().wheel(2));
-    EVENTUALLY(isStored(on.session, kRadius + 2 * kNotch));
-    QVERIFY(on.beneath.presses(Pointer::WheelUp).isEmpty());
+    Presentation show({.compositor = Compositor::None});
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    // Without a compositor the overlay's window has no pixels where nothing is drawn, and another one takes
+    // the input.
+    show.hotKey(Key::D);
+    show.hotKey(Key::S);
+    EVENTUALLY(show.hasKeyboard());
+    EVENTUALLY(isGrabbedByAnother(show.session, {}, Key::Escape));
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().wheel(2));
+    EVENTUALLY(isStored(show.session, kRadius + 2 * kNotch));
+    QVERIFY(show.beneath.presses(Pointer::WheelUp).isEmpty());
 
-    on.hotKey(Key::W);
-    EVENTUALLY(reaches(on.session, kRadius + 2 * kNotch, Qt::white));
-    QVERIFY(on.session.pointer().wheel(-4));
-    EVENTUALLY(reaches(on.session, kRadius - 2 * kNotch, Qt::white));
+    show.hotKey(Key::W);
+    EVENTUALLY(reaches(show.session, kRadius + 2 * kNotch, Qt::white));
+    QVERIFY(show.session.pointer().wheel(-4));
+    EVENTUALLY(reaches(show.session, kRadius - 2 * kNotch, Qt::white));
 }
 
-void WheelScenarios::whileDrawingNothingReachesTheWindowBeneath()
+void WheelScenarios::whileDrawingTheWheelDoesNotReachTheWindowBeneath()
 {
-    Presentation on;
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::D);
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on.session, kRadius, on.beneathColor()));
-    EVENTUALLY(on.hasKeyboard());
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().wheel(-3));
-    EVENTUALLY(reaches(on.session, kRadius - 3 * kNotch, on.beneathColor()));
-    QVERIFY(on.beneath.presses(Pointer::WheelDown).isEmpty());
-    // The wheel leaves no ink either.
-    QCOMPARE(on.session.screenshot().count(kInk, {400, 200, 400, 400}), 0);
+    Presentation show;
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::D);
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show.session, kRadius, show.beneathColor()));
+    EVENTUALLY(show.hasKeyboard());
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().wheel(-3));
+    EVENTUALLY(reaches(show.session, kRadius - 3 * kNotch, show.beneathColor()));
+    QVERIFY(show.beneath.presses(Pointer::WheelDown).isEmpty());
+    // The wheel leaves no ink.
+    QCOMPARE(show.session.screenshot().count(kInk, {400, 200, 400, 400}), 0);
 }
 
 void WheelScenarios::withoutTheSpotlightTheWheelChangesNothing()
 {
-    Presentation on;
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::W);
-    EVENTUALLY(on.hasKeyboard());
-    QVERIFY(on.session.pointer().wheel(5));
-    // A stroke is answered after what came before it.
-    QVERIFY(on.session.pointer().drag({{300, 700}, {400, 700}}));
-    EVENTUALLY(on.pixel({350, 700}) == kInk);
-    QCOMPARE(storedRadius(on.session), QString());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on.session, kRadius, Qt::white));
+    Presentation show;
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::W);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(show.session.pointer().wheel(5));
+    // Once the stroke is visible, everything before it has been handled.
+    QVERIFY(show.session.pointer().drag({{300, 700}, {400, 700}}));
+    EVENTUALLY(show.pixel({350, 700}) == kInk);
+    QCOMPARE(storedRadius(show.session), QString());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show.session, kRadius, Qt::white));
 }
 
-void WheelScenarios::overTheSpotlightAloneTheWheelBelongsToTheApplications()
+void WheelScenarios::withOnlyTheSpotlightTheWheelReachesTheApplications()
 {
-    Presentation on;
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on.session, kRadius, on.beneathColor()));
-    on.beneath.forget();
-    QVERIFY(on.session.pointer().wheel(2));
-    EVENTUALLY(on.beneath.presses(Pointer::WheelUp).size() == 2);
-    // When the hole has followed the pointer, the wheel has been heard.
-    QVERIFY(on.session.pointer().moveTo({1200, 400}));
-    EVENTUALLY(on.pixel({1200, 400}) == on.beneathColor());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    EVENTUALLY(reaches(on.session, kRadius, on.beneathColor()));
+    Presentation show;
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show.session, kRadius, show.beneathColor()));
+    show.beneath.forget();
+    QVERIFY(show.session.pointer().wheel(2));
+    EVENTUALLY(show.beneath.presses(Pointer::WheelUp).size() == 2);
+    // Once the hole has followed the pointer, the wheel has been handled.
+    QVERIFY(show.session.pointer().moveTo({1200, 400}));
+    EVENTUALLY(show.pixel({1200, 400}) == show.beneathColor());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    EVENTUALLY(reaches(show.session, kRadius, show.beneathColor()));
     // A change is stored half a second later.
-    THROUGHOUT(700ms, storedRadius(on.session) == QString());
+    THROUGHOUT(700ms, storedRadius(show.session) == QString());
 }
 
-void WheelScenarios::aScrollAxisIsHeardInsteadOfItsButtons_data()
+void WheelScenarios::aScrollAxisCountsInsteadOfItsButtons_data()
 {
     QTest::addColumn<Compositor>("compositor");
     QTest::newRow("composited") << Compositor::Picom;
     QTest::newRow("without a compositor") << Compositor::None;
 }
 
-void WheelScenarios::aScrollAxisIsHeardInsteadOfItsButtons()
+void WheelScenarios::aScrollAxisCountsInsteadOfItsButtons()
 {
     QFETCH(Compositor, compositor);
     if (!ScrollMouse::isAvailable())
         QSKIP("this X server comes without its test driver for input devices");
-    Presentation on({.compositor = compositor, .mice = Mice::WithScrollAxis});
-    ScrollMouse mouse(on.session.display().devicePath());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
-    on.hotKey(Key::W);
-    on.hotKey(Key::S);
-    EVENTUALLY(reaches(on.session, kRadius, Qt::white));
-    EVENTUALLY(on.hasKeyboard());
-    on.beneath.forget();
+    Presentation show({.compositor = compositor, .extraDevice = ExtraDevice::ScrollMouse});
+    ScrollMouse mouse(show.session.display().devicePath());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::W);
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show.session, kRadius, Qt::white));
+    EVENTUALLY(show.hasKeyboard());
+    show.beneath.forget();
 
-    // The first notch counts already, and each counts once.
+    // The first notch counts, and each notch counts once.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on.session, kRadius + kNotch));
+    EVENTUALLY(isStored(show.session, kRadius + kNotch));
     QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on.session, kRadius - 2 * kNotch));
-    EVENTUALLY(reaches(on.session, kRadius - 2 * kNotch, Qt::white));
-    // Fingers: a third of a notch is five points.
+    EVENTUALLY(isStored(show.session, kRadius - 2 * kNotch));
+    EVENTUALLY(reaches(show.session, kRadius - 2 * kNotch, Qt::white));
+    // Smooth scrolling: a third of a notch scrolls 5 points, which changes the radius by 6.
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch / 3));
-    EVENTUALLY(isStored(on.session, kRadius - 2 * kNotch + 6));
-    // The classic wheel beside it.
-    QVERIFY(on.session.pointer().wheel(1));
-    EVENTUALLY(isStored(on.session, kRadius - kNotch + 6));
+    EVENTUALLY(isStored(show.session, kRadius - 2 * kNotch + 6));
+    // The classic wheel works too.
+    QVERIFY(show.session.pointer().wheel(1));
+    EVENTUALLY(isStored(show.session, kRadius - kNotch + 6));
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-    EVENTUALLY(isStored(on.session, kRadius + 6));
-    QVERIFY(on.beneath.presses(Pointer::WheelUp).isEmpty());
+    EVENTUALLY(isStored(show.session, kRadius + 6));
+    QVERIFY(show.beneath.presses(Pointer::WheelUp).isEmpty());
 }
 
-void WheelScenarios::whatAScrollAxisDidElsewhereDoesNotCount()
+void WheelScenarios::earlierScrollingElsewhereDoesNotCount()
 {
     if (!ScrollMouse::isAvailable())
         QSKIP("this X server comes without its test driver for input devices");
-    Presentation on({.mice = Mice::WithScrollAxis});
-    ScrollMouse mouse(on.session.display().devicePath());
-    QVERIFY(on.session.pointer().moveTo(kMiddle));
+    Presentation show({.extraDevice = ExtraDevice::ScrollMouse});
+    ScrollMouse mouse(show.session.display().devicePath());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
     for (const int round : {1, 2}) {
-        on.beneath.forget();
+        show.beneath.forget();
         QVERIFY(mouse.scroll(10 * ScrollMouse::kNotch));
-        EVENTUALLY(on.beneath.presses(Pointer::WheelDown).size() == 10);
-        on.hotKey(Key::W);
-        on.hotKey(Key::S);
-        EVENTUALLY(on.hasKeyboard());
-        EVENTUALLY(reaches(on.session, kRadius + (round - 1) * kNotch, Qt::white));
+        EVENTUALLY(show.beneath.presses(Pointer::WheelDown).size() == 10);
+        show.hotKey(Key::W);
+        show.hotKey(Key::S);
+        EVENTUALLY(show.hasKeyboard());
+        EVENTUALLY(reaches(show.session, kRadius + (round - 1) * kNotch, Qt::white));
         QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
-        EVENTUALLY(isStored(on.session, kRadius + round * kNotch));
-        on.session.keyboard().tap(Key::Escape);
-        EVENTUALLY(on.beneath.hasFocus());
-        EVENTUALLY(on.pixel({10, 10}) == on.beneathColor());
+        EVENTUALLY(isStored(show.session, kRadius + round * kNotch));
+        show.session.keyboard().tap(Key::Escape);
+        EVENTUALLY(show.beneath.hasFocus());
+        EVENTUALLY(show.pixel({10, 10}) == show.beneathColor());
     }
 }
 

@@ -1,4 +1,4 @@
-// What a widget's window is above of, and what is above it.
+// The stacking order of a widget's window.
 #include "registered_test.h"
 #include "seam.h"
 
@@ -27,20 +27,20 @@ class WidgetStackingScenarios : public QObject
 private Q_SLOTS:
     void levelsKeepTheirOrder_data();
     void levelsKeepTheirOrder();
-    void menusAndTooltipsComeAboveIt_data();
-    void menusAndTooltipsComeAboveIt();
-    void aMenuThatOpensUnderAnOverlayIsBroughtUp();
+    void menusAndTooltipsOpenAboveIt_data();
+    void menusAndTooltipsOpenAboveIt();
+    void aMenuThatOpensBelowAnOverlayIsRaised();
 };
 
 void WidgetStackingScenarios::levelsKeepTheirOrder_data()
 {
     QTest::addColumn<QStringList>("shown");
 
-    // The slab is at (200, 500), which is where the others are as well.
-    QTest::newRow("from the bottom") << QStringList{"overlay", "show", "effect 250 600"};
-    QTest::newRow("from the top") << QStringList{"effect 250 600", "show", "overlay"};
-    QTest::newRow("the slab once more") << QStringList{"show", "effect 250 600", "overlay", "show"};
-    QTest::newRow("the slab hidden meanwhile")
+    // The slab is at (200, 500), and the other windows overlap it.
+    QTest::newRow("bottom to top") << QStringList{"overlay", "show", "effect 250 600"};
+    QTest::newRow("top to bottom") << QStringList{"effect 250 600", "show", "overlay"};
+    QTest::newRow("the slab shown again") << QStringList{"show", "effect 250 600", "overlay", "show"};
+    QTest::newRow("the slab hidden in between")
         << QStringList{"show", "hide", "effect 250 600", "overlay", "show"};
 }
 
@@ -58,14 +58,14 @@ void WidgetStackingScenarios::levelsKeepTheirOrder()
     EVENTUALLY(!seam.red().isEmpty());
 }
 
-void WidgetStackingScenarios::menusAndTooltipsComeAboveIt_data()
+void WidgetStackingScenarios::menusAndTooltipsOpenAboveIt_data()
 {
     QTest::addColumn<QString>("popup");
     QTest::newRow("menu") << "menu 250 300";
     QTest::newRow("tooltip") << "tooltip 250 300";
 }
 
-void WidgetStackingScenarios::menusAndTooltipsComeAboveIt()
+void WidgetStackingScenarios::menusAndTooltipsOpenAboveIt()
 {
     QFETCH(QString, popup);
     DesktopSession session;
@@ -80,11 +80,11 @@ void WidgetStackingScenarios::menusAndTooltipsComeAboveIt()
     EVENTUALLY(seam.windows().size() == 4);
     const QList<QSize> all = sizesOf(seam.windows());
     QCOMPARE(all.first(3), below);
-    // Qt puts a tooltip a little below and to the right of the pointer.
+    // Qt shows a tooltip slightly below and to the right of the pointer.
     const QRect shown = seam.windows().at(3).geometry;
     QVERIFY(QRect(250, 300, 10, 30).contains(shown.topLeft()));
 
-    // Another program's popup beats them all until the program has looked.
+    // Another program's popup is on top until the program corrects that.
     Popup foreign(session, {100, 100, 600, 600}, Qt::green);
     const auto isRight = [&] {
         return sizesOf(seam.windows()) == all &&
@@ -95,7 +95,7 @@ void WidgetStackingScenarios::menusAndTooltipsComeAboveIt()
     EVENTUALLY(isRight());
 }
 
-void WidgetStackingScenarios::aMenuThatOpensUnderAnOverlayIsBroughtUp()
+void WidgetStackingScenarios::aMenuThatOpensBelowAnOverlayIsRaised()
 {
     DesktopSession session;
     Seam seam(session);
@@ -103,7 +103,7 @@ void WidgetStackingScenarios::aMenuThatOpensUnderAnOverlayIsBroughtUp()
     seam.tell("show");
     seam.tell("overlay");
     EVENTUALLY(seam.windows().size() == 2);
-    // Longer than the last look after the overlay came up: only the menu itself can cause another one.
+    // Longer than until the last check after the overlay was shown: only the menu can cause another one.
     THROUGHOUT(600ms, seam.windows().size() == 2);
     seam.tell("lowered menu 250 300");
     EVENTUALLY(seam.windows().size() == 3);

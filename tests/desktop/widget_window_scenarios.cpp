@@ -1,4 +1,4 @@
-// Where a widget's window lies, and which clicks and keys are its own.
+// The place of a widget's window, and the clicks and keys that it gets.
 #include "registered_test.h"
 #include "seam.h"
 
@@ -9,7 +9,7 @@ namespace {
 struct Move
 {
     QString command;
-    /// Where the window then is, without its ornament: native root pixels.
+    /// The window's rectangle afterwards, without its ornament: native root pixels.
     QRect native;
 };
 
@@ -20,35 +20,48 @@ class WidgetWindowScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theWindowLandsWhereThePointsSay_data();
-    void theWindowLandsWhereThePointsSay();
-    void theOrnamentTakesNoClicks_data();
-    void theOrnamentTakesNoClicks();
-    void aMaskOfTheWidgetAndTheOrnamentGoTogether();
+    void theWindowIsPlacedInPoints_data();
+    void theWindowIsPlacedInPoints();
+    void clicksPassThroughTheOrnament_data();
+    void clicksPassThroughTheOrnament();
+    void theOrnamentIsClickThroughWithAndWithoutAMask();
     void showingItLeavesTheKeyboardAlone();
-    void keysThatAreReadWithTheFocusHaveTheirAccents();
-    void theWindowOutlivesItsScreen();
-    void theWindowOutlivesOneOfTwoMirroredScreens();
+    void keysReadAfterTakingTheFocusKeepTheirAccents();
+    void theWindowSurvivesLosingItsScreen();
+    void theWindowSurvivesLosingOneOfTwoMirroredScreens();
 };
 
-void WidgetWindowScenarios::theWindowLandsWhereThePointsSay_data()
+void WidgetWindowScenarios::theWindowIsPlacedInPoints_data()
 {
+    struct Row
+    {
+        const char *name;
+        QString scales;
+        QPoint origin;
+        QRect native;
+    };
+    // Points are relative to the lower left corner of the first screen, which is 1024 pixels high. In the row
+    // "mixed scales, second screen" the window is 120 points from its screen's left edge and 24 from its top.
+    // A table, one row per line:
+    // clang-format off
+    const QList<Row> rows = {
+        // name, scales, origin, native
+        {"same scale, first screen",    "1;1",   {100, 200},  {100, 524, 150, 300}},
+        {"same scale, second screen",   "1;1",   {1400, 300}, {1400, 424, 150, 300}},
+        {"mixed scales, first screen",  "1;2",   {100, 200},  {100, 524, 150, 300}},
+        {"mixed scales, second screen", "1;2",   {1400, 700}, {1520, 48, 300, 600}},
+        {"first screen denser",         "2;1",   {1400, 20},  {1400, 192, 150, 300}},
+        {"fractional scale",            "1;1.5", {1400, 700}, {1460, 36, 225, 450}},
+    };
+    // clang-format on
     QTest::addColumn<QString>("scales");
     QTest::addColumn<QPoint>("origin");
     QTest::addColumn<QRect>("native");
-
-    // Points count from the lower left corner of the first screen, which is 1024 of them high.
-    QTest::newRow("same scale, first screen") << "1;1" << QPoint(100, 200) << QRect(100, 524, 150, 300);
-    QTest::newRow("same scale, second screen") << "1;1" << QPoint(1400, 300) << QRect(1400, 424, 150, 300);
-    QTest::newRow("mixed scales, first screen") << "1;2" << QPoint(100, 200) << QRect(100, 524, 150, 300);
-    // 120 points from its left edge and 24 from its top.
-    QTest::newRow("mixed scales, second screen") << "1;2" << QPoint(1400, 700) << QRect(1520, 48, 300, 600);
-    QTest::newRow("the first screen is the denser one")
-        << "2;1" << QPoint(1400, 20) << QRect(1400, 192, 150, 300);
-    QTest::newRow("a broken scale") << "1;1.5" << QPoint(1400, 700) << QRect(1460, 36, 225, 450);
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row.scales << row.origin << row.native;
 }
 
-void WidgetWindowScenarios::theWindowLandsWhereThePointsSay()
+void WidgetWindowScenarios::theWindowIsPlacedInPoints()
 {
     QFETCH(QString, scales);
     QFETCH(QPoint, origin);
@@ -58,14 +71,14 @@ void WidgetWindowScenarios::theWindowLandsWhereThePointsSay()
     const QString frame = QString("%1 %2 150 300").arg(origin.x()).arg(origin.y());
     const QString move = QString("move %1 %2").arg(origin.x()).arg(origin.y());
     {
-        // Placed before it is shown.
+        // Moved before it is shown.
         Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
         QCOMPARE(seam.tell(move), frame);
         seam.tell("show");
         EVENTUALLY(seam.red() == native);
         QCOMPARE(seam.tell("frame"), frame);
     }
-    // Moved while it is shown, there and back and there.
+    // Moved while it is shown, back and forth.
     Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
     seam.tell("move 10 20");
     seam.tell("show");
@@ -82,21 +95,21 @@ void WidgetWindowScenarios::theWindowLandsWhereThePointsSay()
     QCOMPARE(seam.tell("frame"), frame);
 }
 
-void WidgetWindowScenarios::theOrnamentTakesNoClicks_data()
+void WidgetWindowScenarios::clicksPassThroughTheOrnament_data()
 {
     QTest::addColumn<QString>("scales");
     QTest::addColumn<QList<Move>>("moves");
     QTest::addColumn<int>("scale");
 
-    const Move sparse = {"move 200 400", {200, 324, 150, 300}};
-    const Move denser = {"move 1400 650", {1520, 148, 300, 600}};
-    QTest::newRow("scale 1") << "1;1" << QList<Move>{sparse} << 1;
+    const Move coarse = {"move 200 400", {200, 324, 150, 300}};
+    const Move dense = {"move 1400 650", {1520, 148, 300, 600}};
+    QTest::newRow("scale 1") << "1;1" << QList<Move>{coarse} << 1;
     QTest::newRow("scale 2") << "2;2" << QList<Move>{{"move 200 100", {400, 224, 300, 600}}} << 2;
-    QTest::newRow("moved to a denser screen") << "1;2" << QList<Move>{sparse, denser} << 2;
-    QTest::newRow("moved away from it") << "1;2" << QList<Move>{sparse, denser, sparse} << 1;
+    QTest::newRow("moved to a denser screen") << "1;2" << QList<Move>{coarse, dense} << 2;
+    QTest::newRow("moved away from a denser screen") << "1;2" << QList<Move>{coarse, dense, coarse} << 1;
 }
 
-void WidgetWindowScenarios::theOrnamentTakesNoClicks()
+void WidgetWindowScenarios::clicksPassThroughTheOrnament()
 {
     QFETCH(QString, scales);
     QFETCH(QList<Move>, moves);
@@ -109,7 +122,7 @@ void WidgetWindowScenarios::theOrnamentTakesNoClicks()
         seam.tell(move.command);
         EVENTUALLY(seam.red() == move.native);
     }
-    // Once as it was made and once after it has grown.
+    // At its first size, and after it has grown.
     for (const QString &size : {QString("150 300"), QString("190 330")}) {
         seam.tell("resize " + size);
         const QSize points(size.section(' ', 0, 0).toInt(), size.section(' ', 1).toInt());
@@ -124,7 +137,7 @@ void WidgetWindowScenarios::theOrnamentTakesNoClicks()
         beneath.forget();
         for (const QPoint inside : {slab.topLeft() + QPoint(1, 1), slab.bottomRight() - QPoint(1, 1)})
             QVERIFY(session.pointer().clickAt(inside));
-        // The order of clicks is kept: one that got through would have come before this.
+        // Clicks arrive in order: one that passed through would have come before this one.
         const QPoint after = slab.bottomRight() + QPoint(5, 5);
         QVERIFY(session.pointer().clickAt(after));
         EVENTUALLY(!beneath.presses().isEmpty());
@@ -132,7 +145,7 @@ void WidgetWindowScenarios::theOrnamentTakesNoClicks()
     }
 }
 
-void WidgetWindowScenarios::aMaskOfTheWidgetAndTheOrnamentGoTogether()
+void WidgetWindowScenarios::theOrnamentIsClickThroughWithAndWithoutAMask()
 {
     DesktopSession session({.compositor = Compositor::None});
     WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::blue);
@@ -142,7 +155,7 @@ void WidgetWindowScenarios::aMaskOfTheWidgetAndTheOrnamentGoTogether()
     const QRect native(200, 280, 150, 300);
     EVENTUALLY(seam.red() == native);
     const QPoint outside = native.topLeft() - QPoint(2, 0);
-    // Without a mask the ornament is black, which is why there are masks.
+    // Without a mask the ornament is black; this is why there are masks.
     const QList<std::pair<QString, QColor>> steps = {
         {"unmask", Qt::black}, {"mask", Qt::blue}, {"unmask", Qt::black}};
     for (const auto &step : steps) {
@@ -177,7 +190,7 @@ void WidgetWindowScenarios::showingItLeavesTheKeyboardAlone()
         QVERIFY(event.kind != InputEvent::Kind::FocusOut);
 }
 
-void WidgetWindowScenarios::keysThatAreReadWithTheFocusHaveTheirAccents()
+void WidgetWindowScenarios::keysReadAfterTakingTheFocusKeepTheirAccents()
 {
     DesktopSession session({.keyboardMap = "de"});
     Seam seam(session);
@@ -189,7 +202,7 @@ void WidgetWindowScenarios::keysThatAreReadWithTheFocusHaveTheirAccents()
     QCOMPARE(seam.tell("written"), QString("%C3%A9"));
 }
 
-void WidgetWindowScenarios::theWindowOutlivesItsScreen()
+void WidgetWindowScenarios::theWindowSurvivesLosingItsScreen()
 {
     DesktopSession session({.screens = {kLeft, kRight}});
     Seam seam(session);
@@ -200,14 +213,14 @@ void WidgetWindowScenarios::theWindowOutlivesItsScreen()
     EVENTUALLY(seam.tell("screens") == "1");
     seam.tell("move 100 200");
     EVENTUALLY(seam.red() == QRect(100, 524, 150, 300));
-    // Above others, and clicked through around it, as before.
+    // It is still above other windows, and clicks around it still pass through.
     WindowBeneath beneath(session, kLeft, Qt::blue);
     EVENTUALLY(session.screenshot().pixel({2, 2}) == QColor(Qt::blue) &&
                seam.red() == QRect(100, 524, 150, 300));
     QVERIFY(session.pointer().clickAt({98, 600}));
     EVENTUALLY(beneath.presses() == QList<QPoint>{QPoint(98, 600)});
 
-    // Every screen off, and another one on.
+    // All screens off, and then another one on.
     session.display().unplug(0);
     EVENTUALLY(seam.tell("screens") == "0");
     QCOMPARE(seam.tell("main"), QString("none"));
@@ -221,7 +234,7 @@ void WidgetWindowScenarios::theWindowOutlivesItsScreen()
     EVENTUALLY(beneath.presses() == QList<QPoint>{beside});
 }
 
-void WidgetWindowScenarios::theWindowOutlivesOneOfTwoMirroredScreens()
+void WidgetWindowScenarios::theWindowSurvivesLosingOneOfTwoMirroredScreens()
 {
     DesktopSession session({.screens = {kLeft, kLeft}});
     Seam seam(session);
@@ -230,7 +243,7 @@ void WidgetWindowScenarios::theWindowOutlivesOneOfTwoMirroredScreens()
     const QRect native(100, 524, 150, 300);
     EVENTUALLY(seam.red() == native);
     session.display().unplug(0);
-    // On top of what comes later, and at its place.
+    // It is above windows that open later, and at its place.
     const WindowBeneath beneath(session, kLeft, Qt::blue);
     EVENTUALLY(session.screenshot().pixel({2, 2}) == QColor(Qt::blue) && seam.red() == native);
     QCOMPARE(seam.tell("frame"), QString("100 200 150 300"));

@@ -4,7 +4,7 @@
 
 namespace zeigewerk::rig {
 
-Repertoire::Repertoire(const QStringList &words)
+ActionSet::ActionSet(const QStringList &words)
 {
     for (const auto &part : {keyActions(), pointerActions(), desktopActions()}) {
         std::copy_if(part.begin(), part.end(), std::back_inserter(m_actions), [&](const Action &action) {
@@ -17,15 +17,15 @@ Repertoire::Repertoire(const QStringList &words)
         m_weight += action.weight;
 }
 
-const Action &Repertoire::any(Chance &chance) const
+const Action &ActionSet::pick(RandomChoice &random) const
 {
-    int rest = chance.below(m_weight);
-    auto chosen = m_actions.begin();
-    while (rest >= chosen->weight) {
-        rest -= chosen->weight;
-        ++chosen;
+    int position = random.below(m_weight);
+    auto action = m_actions.begin();
+    while (position >= action->weight) {
+        position -= action->weight;
+        ++action;
     }
-    return *chosen;
+    return *action;
 }
 
 } // namespace zeigewerk::rig

@@ -1,50 +1,50 @@
-// What the monkey can do.
+// The monkey's actions.
 #pragma once
 
-#include "chance.h"
-#include "furniture.h"
-#include "neighbours.h"
-#include "paw.h"
+#include "blind_input.h"
+#include "desktop_changes.h"
+#include "other_windows.h"
+#include "random_choice.h"
 
 #include <vector>
 
 namespace zeigewerk::rig {
 
-/// What it does it with.
-struct Playground
+/// What the actions work on.
+struct ActionContext
 {
     DesktopSession &session;
     Program &program;
-    Paw &paw;
-    Neighbours &neighbours;
-    Furniture &furniture;
+    BlindInput &input;
+    OtherWindows &windows;
+    DesktopChanges &desktop;
 };
 
 struct Action
 {
     const char *name;
-    /// How often it comes, beside the others.
+    /// The relative frequency.
     int weight;
-    /// Does it, and says how.
-    QString (*perform)(Playground &, Chance &);
+    /// Performs the action and describes what it did.
+    QString (*perform)(ActionContext &, RandomChoice &);
 };
 
-/// All that it can do, or what has one of these words in its name.
-class Repertoire
+/// All actions, or those with one of these words in their name.
+class ActionSet
 {
 public:
-    explicit Repertoire(const QStringList &words);
+    explicit ActionSet(const QStringList &words);
 
     bool isEmpty() const { return m_actions.empty(); }
-    /// Any of them, each as often as its weight says.
-    const Action &any(Chance &chance) const;
+    /// A random action; each is as likely as its weight says.
+    const Action &pick(RandomChoice &random) const;
 
 private:
     std::vector<Action> m_actions;
     int m_weight = 0;
 };
 
-// In parts, as there are many.
+// Split by kind.
 std::vector<Action> keyActions();
 std::vector<Action> pointerActions();
 std::vector<Action> desktopActions();

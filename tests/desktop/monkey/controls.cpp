@@ -1,7 +1,7 @@
 #include "controls.h"
 
 #include "program_windows.h"
-#include "rig/grabs.h"
+#include "rig/grab_probe.h"
 
 #include <QMap>
 
@@ -9,10 +9,10 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// Whoever holds the keyboard longer than that does not do so for a moment.
-constexpr std::chrono::seconds kMenuAnswers{1};
+/// A keyboard grab that lasts longer than this comes from an open menu.
+constexpr std::chrono::seconds kMenuTimeout{1};
 
-/// Those that have a hot key, and it.
+/// The modes that have a hot key.
 const QMap<QString, Key> &hotKeysOfModes()
 {
     static const QMap<QString, Key> kKeys = {{label::kDraw, Key::D},
@@ -27,11 +27,11 @@ const QMap<QString, Key> &hotKeysOfModes()
 
 void Controls::closeMenus()
 {
-    // An open menu, of the program or of the window manager, has the keyboard, hot keys included; one that
-    // opened while another program had it gets it a moment later.
+    // An open menu, of the program or of the window manager, grabs the keyboard, including hot keys. If it
+    // opened during another program's grab, it grabs the keyboard a moment later.
     const auto isNoneOpen = [this] { return !isMenuOpen() && canGrabKeyboard(m_session); };
-    constexpr int kMostMenus = 4;
-    for (int i = 0; i < kMostMenus && !eventually(isNoneOpen, kMenuAnswers); ++i)
+    constexpr int kMaxMenus = 4;
+    for (int i = 0; i < kMaxMenus && !eventually(isNoneOpen, kMenuTimeout); ++i)
         m_session.keyboard().tap(Key::Escape);
 }
 
@@ -48,7 +48,7 @@ bool Controls::isMenuOpen()
 std::optional<TrayItem> Controls::item()
 {
     QList<TrayItem> items;
-    if (!eventually([&] { return (items = m_furniture.tray().host.items()).size() == 1; }))
+    if (!eventually([&] { return (items = m_desktop.tray().host.items()).size() == 1; }))
         return std::nullopt;
     return items.first();
 }
@@ -56,17 +56,17 @@ std::optional<TrayItem> Controls::item()
 QStringList Controls::modesOn(const TrayItem &item)
 {
     QStringList modes;
-    for (const TrayMenuItem &entry : m_furniture.tray().host.menu(item)) {
+    for (const TrayMenuItem &entry : m_desktop.tray().host.menu(item)) {
         if (entry.isChecked() && entry.label != label::kDark)
             modes.append(entry.label);
     }
     return modes;
 }
 
-void Controls::switchOff(const QString &mode, Chance &chance)
+void Controls::switchOff(const QString &mode, RandomChoice &random)
 {
     const auto key = hotKeysOfModes().constFind(mode);
-    if (key != hotKeysOfModes().cend() && !chance.oneIn(3))
+    if (key != hotKeysOfModes().cend() && !random.oneIn(3))
         m_session.keyboard().chord({Key::Ctrl, Key::Alt}, *key);
     else
         click(mode);
@@ -74,41 +74,41 @@ void Controls::switchOff(const QString &mode, Chance &chance)
 
 bool Controls::click(const QString &label)
 {
-    const auto there = item();
-    if (!there)
+    const auto found = item();
+    if (!found)
         return false;
-    for (const TrayMenuItem &entry : m_furniture.tray().host.menu(*there)) {
+    for (const TrayMenuItem &entry : m_desktop.tray().host.menu(*found)) {
         if (entry.label == label)
-            return m_furniture.tray().host.click(*there, entry.id);
+            return m_desktop.tray().host.click(*found, entry.id);
     }
     return false;
 }
 
 bool Controls::isToolbarOn()
 {
-    const auto there = item();
-    const QList<TrayMenuItem> menu = there ? m_furniture.tray().host.menu(*there) : QList<TrayMenuItem>();
+    const auto found = item();
+    const QList<TrayMenuItem> menu = found ? m_desktop.tray().host.menu(*found) : QList<TrayMenuItem>();
     return std::any_of(menu.begin(), menu.end(),
                        [](const TrayMenuItem &entry) { return entry.label == label::kHide; });
 }
 
-QStringList Controls::switchAllOff(Chance &chance)
+QStringList Controls::switchAllOff(RandomChoice &random)
 {
-    const auto there = item();
-    if (!there)
-        return {QStringLiteral("it has no item in the tray, so nothing tells its modes")};
-    // Unpinning goes on with drawing, so there may be more to switch off than there was.
-    constexpr int kMostSwitches = 12;
-    for (int i = 0; i < kMostSwitches; ++i) {
-        const QStringList on = modesOn(*there);
-        if (on.isEmpty())
+    const auto found = item();
+    if (!found)
+        return {QStringLiteral("it has no item in the tray, so its modes are unknown")};
+    // Unpinning switches drawing on, so more modes may have to be switched off than were on.
+    constexpr int kMaxSwitches = 12;
+    for (int i = 0; i < kMaxSwitches; ++i) {
+        const QStringList active = modesOn(*found);
+        if (active.isEmpty())
             return {};
-        const QString mode = chance.of(on);
-        switchOff(mode, chance);
-        if (!eventually([&] { return !modesOn(*there).contains(mode); }))
+        const QString mode = random.of(active);
+        switchOff(mode, random);
+        if (!eventually([&] { return !modesOn(*found).contains(mode); }))
             return {QStringLiteral("\"%1\" cannot be switched off").arg(mode)};
     }
-    return {QStringLiteral("still on: ") + modesOn(*there).join(QStringLiteral(", "))};
+    return {QStringLiteral("still on: ") + modesOn(*found).join(QStringLiteral(", "))};
 }
 
 } // namespace zeigewerk::rig

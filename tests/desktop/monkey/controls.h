@@ -1,8 +1,8 @@
-// The program's modes, and how each is switched off.
+// The program's modes and the controls that switch them off.
 #pragma once
 
-#include "chance.h"
-#include "furniture.h"
+#include "desktop_changes.h"
+#include "random_choice.h"
 
 #include <QStringList>
 
@@ -11,18 +11,18 @@ namespace zeigewerk::rig {
 class Controls
 {
 public:
-    Controls(DesktopSession &session, Furniture &furniture)
+    Controls(DesktopSession &session, DesktopChanges &desktop)
         : m_session(session)
-        , m_furniture(furniture)
+        , m_desktop(desktop)
     {
     }
 
-    /// Of the program, and of the window manager.
+    /// Closes the menus of the program and of the window manager.
     void closeMenus();
-    /// Switches off whatever is on, each by its own control: its hot key or its entry in the menu. Says what
-    /// went wrong, if anything.
-    QStringList switchAllOff(Chance &chance);
-    bool isInTray() { return m_furniture.tray().host.items().size() == 1; }
+    /// Switches off every mode that is on, each by its own control: its hot key or its menu entry. Returns
+    /// what went wrong, if anything.
+    QStringList switchAllOff(RandomChoice &random);
+    bool isInTray() { return m_desktop.tray().host.items().size() == 1; }
     /// Whether the menu offers to hide the toolbar.
     bool isToolbarOn();
     bool click(const QString &label);
@@ -31,10 +31,10 @@ private:
     bool isMenuOpen();
     std::optional<TrayItem> item();
     QStringList modesOn(const TrayItem &item);
-    void switchOff(const QString &mode, Chance &chance);
+    void switchOff(const QString &mode, RandomChoice &random);
 
     DesktopSession &m_session;
-    Furniture &m_furniture;
+    DesktopChanges &m_desktop;
 };
 
 } // namespace zeigewerk::rig

@@ -1,4 +1,4 @@
-// What else happens on the desktop.
+// The monkey's actions on the desktop around the program.
 
 #include "actions.h"
 
@@ -6,54 +6,59 @@ namespace zeigewerk::rig {
 
 namespace {
 
-template <QString (Neighbours::*operation)(Chance &)>
-QString neighbours(Playground &on, Chance &chance)
+template <QString (OtherWindows::*operation)(RandomChoice &)>
+QString windows(ActionContext &context, RandomChoice &random)
 {
-    return (on.neighbours.*operation)(chance);
+    return (context.windows.*operation)(random);
 }
 
-template <QString (Furniture::*operation)(Chance &)>
-QString furniture(Playground &on, Chance &chance)
+template <QString (DesktopChanges::*operation)(RandomChoice &)>
+QString desktop(ActionContext &context, RandomChoice &random)
 {
-    return (on.furniture.*operation)(chance);
+    return (context.desktop.*operation)(random);
 }
 
-template <QString (Furniture::*operation)()>
-QString furniture(Playground &on, Chance &)
+template <QString (DesktopChanges::*operation)()>
+QString desktop(ActionContext &context, RandomChoice &)
 {
-    return (on.furniture.*operation)();
+    return (context.desktop.*operation)();
 }
 
-QString restartWindowManager(Playground &on, Chance &)
+QString restartWindowManager(ActionContext &context, RandomChoice &)
 {
-    // A new manager is known to work when it forgets a window; i3 never does if one beneath another that
-    // fills the screen goes.
-    if (on.neighbours.hasFullScreenWindow())
-        return QStringLiteral("nothing, as a window is full-screen");
-    return on.furniture.restartWindowManager();
+    // restartWindowManager() waits until the new manager has forgotten a destroyed window. i3 never forgets
+    // one beneath a full-screen window.
+    if (context.windows.hasFullScreenWindow())
+        return QStringLiteral("skipped: a window is full-screen");
+    return context.desktop.restartWindowManager();
 }
 
 } // namespace
 
 std::vector<Action> desktopActions()
 {
-    return {{"a window opens", 25, neighbours<&Neighbours::openWindow>},
-            {"a window closes", 20, neighbours<&Neighbours::closeWindow>},
-            {"a window is activated", 20, neighbours<&Neighbours::activateWindow>},
-            {"a window takes the keyboard", 10, neighbours<&Neighbours::takeKeyboard>},
-            {"a window is raised", 20, neighbours<&Neighbours::raiseWindow>},
-            {"a window goes full screen or back", 15, neighbours<&Neighbours::toggleFullScreen>},
-            {"a popup opens", 15, neighbours<&Neighbours::openPopup>},
-            {"a popup closes", 15, neighbours<&Neighbours::closePopup>},
-            {"a popup is raised", 20, neighbours<&Neighbours::raisePopup>},
-            {"a popup takes the pointer or gives it back", 10, neighbours<&Neighbours::togglePointerGrab>},
-            {"screens change", 6, furniture<&Furniture::changeScreens>},
-            {"the compositor", 4, furniture<&Furniture::toggleCompositor>},
-            {"the window manager", 1, restartWindowManager},
-            {"the tray", 5, furniture<&Furniture::toggleTray>},
-            {"a tray of the older kind", 4, furniture<&Furniture::toggleEmbeddingTray>},
-            {"the keyboard's map", 2, furniture<&Furniture::switchKeyboardMap>},
-            {"the tray", 12, furniture<&Furniture::useTray>}};
+    // A table, one row per line:
+    // clang-format off
+    return {
+        {"open a window",                 25, windows<&OtherWindows::openWindow>},
+        {"close a window",                20, windows<&OtherWindows::closeWindow>},
+        {"activate a window",             20, windows<&OtherWindows::activateWindow>},
+        {"focus a window",                10, windows<&OtherWindows::takeKeyboard>},
+        {"raise a window",                20, windows<&OtherWindows::raiseWindow>},
+        {"toggle full screen",            15, windows<&OtherWindows::toggleFullScreen>},
+        {"open a popup",                  15, windows<&OtherWindows::openPopup>},
+        {"close a popup",                 15, windows<&OtherWindows::closePopup>},
+        {"raise a popup",                 20, windows<&OtherWindows::raisePopup>},
+        {"toggle a popup's pointer grab", 10, windows<&OtherWindows::togglePointerGrab>},
+        {"change the screens",            6,  desktop<&DesktopChanges::changeScreens>},
+        {"toggle the compositor",         4,  desktop<&DesktopChanges::toggleCompositor>},
+        {"restart the window manager",    1,  restartWindowManager},
+        {"toggle the tray",               5,  desktop<&DesktopChanges::toggleTray>},
+        {"toggle the embedding tray",     4,  desktop<&DesktopChanges::toggleEmbeddingTray>},
+        {"switch the keyboard map",       2,  desktop<&DesktopChanges::switchKeyboardMap>},
+        {"use the tray",                  12, desktop<&DesktopChanges::useTray>},
+    };
+    // clang-format on
 }
 
 } // namespace zeigewerk::rig

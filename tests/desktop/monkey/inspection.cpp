@@ -1,6 +1,6 @@
 #include "inspection.h"
 
-#include "rig/grabs.h"
+#include "rig/grab_probe.h"
 #include "text_of.h"
 
 #include <QRegion>
@@ -20,7 +20,7 @@ QString nameOf(const WindowInfo &window)
     return QStringLiteral("0x%1, ").arg(window.id, 0, 16) + textOf(window.geometry);
 }
 
-QStringList unless(bool holds, const QString &complaint)
+QStringList complainUnless(bool holds, const QString &complaint)
 {
     return holds ? QStringList() : QStringList(complaint);
 }
@@ -42,23 +42,23 @@ void Inspection::showSlides()
     m_slides = std::move(slides);
 }
 
-QStringList Inspection::ofProgram(const Program &program, Chance &chance)
+QStringList Inspection::inspectProgram(const Program &program, RandomChoice &random)
 {
-    QStringList complaints = ofWindows(program);
-    complaints += ofFocus(program);
-    complaints += ofGrabs();
-    // What follows takes for granted that this is right.
+    QStringList complaints = inspectWindows(program);
+    complaints += inspectFocus(program);
+    complaints += inspectGrabs();
+    // The following inspections rely on these.
     if (!complaints.isEmpty())
         return complaints;
     showSlides();
-    complaints += ofPicture(toolbarOf(m_session, program));
-    complaints += ofInput(program, chance);
-    complaints += ofDrawing(program);
-    complaints += ofHiddenToolbar(program);
+    complaints += inspectScreen(toolbarOf(m_session, program));
+    complaints += inspectInput(program, random);
+    complaints += inspectDrawing(program);
+    complaints += inspectHiddenToolbar(program);
     return complaints;
 }
 
-QStringList Inspection::ofWindows(const Program &program)
+QStringList Inspection::inspectWindows(const Program &program)
 {
     QList<WindowInfo> left;
     const bool isClear = eventually([&] {
@@ -73,133 +73,136 @@ QStringList Inspection::ofWindows(const Program &program)
     return isClear ? QStringList() : complaints;
 }
 
-bool Inspection::isOurs(xcb_window_t window, const Program &program)
+bool Inspection::belongsToProgram(xcb_window_t window, const Program &program)
 {
-    // None and the root are no windows of anybody.
+    // "None" and "pointer root" are not windows.
     return window > XCB_INPUT_FOCUS_POINTER_ROOT &&
            m_session.client().isOfProcess(window, program.processId());
 }
 
-QStringList Inspection::ofFocus(const Program &program)
+QStringList Inspection::inspectFocus(const Program &program)
 {
-    // The server gives the keyboard to nobody when its owner goes; only a window manager gives it to the
-    // next.
+    // When the focused window goes away, the server leaves the focus unset; only a window manager gives it to
+    // the next window.
     const bool hasManager = m_session.windowManagerProcessId() != 0;
     const auto isElsewhere = [&] {
         const xcb_window_t focus = m_session.client().inputFocus();
-        return !isOurs(focus, program) && (!hasManager || focus != XCB_INPUT_FOCUS_NONE);
+        return !belongsToProgram(focus, program) && (!hasManager || focus != XCB_INPUT_FOCUS_NONE);
     };
-    return unless(eventually(isElsewhere),
-                  QStringLiteral("the keyboard is with a window of the program, or with none"));
+    return complainUnless(eventually(isElsewhere),
+                          QStringLiteral("the focus is on a window of the program, or unset"));
 }
 
-QStringList Inspection::ofGrabs()
+QStringList Inspection::inspectGrabs()
 {
-    return unless(eventually([&] { return canGrabKeyboard(m_session); }),
-                  QStringLiteral("the keyboard is grabbed")) +
-           unless(eventually([&] { return canGrabPointer(m_session); }),
-                  QStringLiteral("the pointer is grabbed")) +
-           unless(eventually([&] { return !isGrabbedByAnother(m_session, {}, Key::Escape); }),
-                  QStringLiteral("Esc is grabbed"));
+    return complainUnless(eventually([&] { return canGrabKeyboard(m_session); }),
+                          QStringLiteral("the keyboard is grabbed")) +
+           complainUnless(eventually([&] { return canGrabPointer(m_session); }),
+                          QStringLiteral("the pointer is grabbed")) +
+           complainUnless(eventually([&] { return !isGrabbedByAnother(m_session, {}, Key::Escape); }),
+                          QStringLiteral("Esc is grabbed"));
 }
 
-QStringList Inspection::strangePixels(const std::optional<WindowInfo> &toolbar)
+QStringList Inspection::unexpectedPixels(const std::optional<WindowInfo> &toolbar)
 {
-    QStringList strange;
+    QStringList unexpected;
     const Screenshot picture = m_session.screenshot();
     for (std::size_t i = 0; i < m_slides.size(); ++i) {
         const auto slide = m_session.client().window(m_slides[i]->id());
         const QRect rect = slide ? slide->geometry : QRect();
         for (const QRect &part : QRegion(rect) - (toolbar ? toolbar->geometry : QRect())) {
             if (!picture.isFilled(kSlideColors[i], part))
-                strange += QStringLiteral("not only %1 in ").arg(kSlideColors[i].name()) + textOf(part);
+                unexpected +=
+                    QStringLiteral("other pixels than %1 in ").arg(kSlideColors[i].name()) + textOf(part);
         }
     }
-    return strange;
+    return unexpected;
 }
 
-QStringList Inspection::ofPicture(const std::optional<WindowInfo> &toolbar)
+QStringList Inspection::inspectScreen(const std::optional<WindowInfo> &toolbar)
 {
-    QStringList strange;
-    const bool isExact = eventually([&] { return (strange = strangePixels(toolbar)).isEmpty(); });
-    return unless(isExact, QStringLiteral("the screen shows something else than the windows beneath: ") +
-                               strange.join(QStringLiteral("; ")));
+    QStringList unexpected;
+    const bool isExact = eventually([&] { return (unexpected = unexpectedPixels(toolbar)).isEmpty(); });
+    return complainUnless(isExact, QStringLiteral("the screen does not show just the windows beneath: ") +
+                                       unexpected.join(QStringLiteral("; ")));
 }
 
-QStringList Inspection::ofInput(const Program &program, Chance &chance)
+QStringList Inspection::inspectInput(const Program &program, RandomChoice &random)
 {
     QStringList complaints;
     const auto toolbar = toolbarOf(m_session, program);
     for (const auto &slide : m_slides) {
         const QRect rect = m_session.client().window(slide->id()).value_or(WindowInfo()).geometry;
-        QPoint place = chance.in(rect);
+        QPoint place = random.in(rect);
         while (toolbar && toolbar->geometry.contains(place))
-            place = chance.in(rect);
+            place = random.in(rect);
         slide->forget();
         m_session.pointer().clickAt(place);
-        complaints +=
-            unless(eventually([&] { return slide->presses() == QList<QPoint>{place}; }),
-                   QStringLiteral("a click at %1 does not reach the window beneath").arg(textOf(place)));
+        complaints += complainUnless(
+            eventually([&] { return slide->presses() == QList<QPoint>{place}; }),
+            QStringLiteral("a click at %1 does not reach the window beneath").arg(textOf(place)));
     }
-    // The window manager gives the keyboard to what was clicked on last, and may take its time.
+    // The window manager focuses the window that was clicked last, which may take a moment.
     if (m_session.windowManagerProcessId() != 0)
         eventually([&] { return m_slides.back()->hasFocus(); });
     const bool hasFocus = m_slides.front()->takeFocus();
     m_session.keyboard().tap(Key::A);
-    complaints +=
-        unless(hasFocus && eventually([&] { return m_slides.front()->pressedKeys().contains(Key::A); }),
-               QStringLiteral("a key does not reach the window beneath"));
+    complaints += complainUnless(
+        hasFocus && eventually([&] { return m_slides.front()->pressedKeys().contains(Key::A); }),
+        QStringLiteral("a key does not reach the window beneath"));
     return complaints;
 }
 
-QStringList Inspection::ofDrawing(const Program &program)
+QStringList Inspection::inspectDrawing(const Program &program)
 {
-    WindowBeneath &before = *m_slides.front();
+    WindowBeneath &focused = *m_slides.front();
     m_session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
-    if (!eventually([&] { return isOurs(m_session.client().inputFocus(), program); }))
-        return {QStringLiteral("drawing does not begin")};
+    if (!eventually([&] { return belongsToProgram(m_session.client().inputFocus(), program); }))
+        return {QStringLiteral("drawing does not start")};
     m_session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::D);
-    QStringList complaints = unless(eventually([&] { return before.hasFocus(); }),
-                                    QStringLiteral("after drawing the keyboard is not where it was"));
-    complaints += ofWindows(program);
-    complaints += ofPicture(toolbarOf(m_session, program));
+    QStringList complaints = complainUnless(eventually([&] { return focused.hasFocus(); }),
+                                            QStringLiteral("the keyboard does not return after drawing"));
+    complaints += inspectWindows(program);
+    complaints += inspectScreen(toolbarOf(m_session, program));
     return complaints;
 }
 
-QStringList Inspection::ofHiddenToolbar(const Program &program)
+QStringList Inspection::inspectHiddenToolbar(const Program &program)
 {
-    const auto press = [&](bool isShownThen) {
+    const auto press = [&](bool isExpected) {
         m_session.keyboard().chord({Key::Ctrl, Key::Alt}, Key::T);
-        return unless(eventually([&] { return toolbarOf(m_session, program).has_value() == isShownThen; }),
-                      isShownThen ? QStringLiteral("the toolbar does not show")
-                                  : QStringLiteral("the toolbar does not hide"));
+        return complainUnless(
+            eventually([&] { return toolbarOf(m_session, program).has_value() == isExpected; }),
+            isExpected ? QStringLiteral("the toolbar does not show")
+                       : QStringLiteral("the toolbar does not hide"));
     };
     QStringList complaints;
     const bool wasShown = toolbarOf(m_session, program).has_value();
     if (wasShown != m_controls.isToolbarOn())
-        complaints += QStringLiteral("the menu and the screen do not agree about the toolbar");
+        complaints += QStringLiteral("the menu and the screen disagree about the toolbar");
     if (wasShown)
         complaints += press(false);
-    complaints += ofPicture(std::nullopt);
+    complaints += inspectScreen(std::nullopt);
     complaints += press(true);
-    complaints += ofPicture(toolbarOf(m_session, program));
+    complaints += inspectScreen(toolbarOf(m_session, program));
     return complaints;
 }
 
-QStringList Inspection::ofDesktopWithout()
+QStringList Inspection::inspectDesktopWithoutProgram()
 {
-    QStringList complaints = ofGrabs();
+    QStringList complaints = inspectGrabs();
     showSlides();
-    complaints += ofPicture(std::nullopt);
+    complaints += inspectScreen(std::nullopt);
     for (const Key key : kWatchedKeys) {
-        complaints += unless(eventually([&] {
-                                 return !isGrabbedByAnother(m_session, {Key::Ctrl, Key::Alt}, key);
-                             }),
-                             QStringLiteral("a hot key is still grabbed: %1").arg(static_cast<int>(key)));
+        complaints +=
+            complainUnless(eventually([&] {
+                               return !isGrabbedByAnother(m_session, {Key::Ctrl, Key::Alt}, key);
+                           }),
+                           QStringLiteral("a hot key is still grabbed: %1").arg(static_cast<int>(key)));
     }
     const bool hasManager = m_session.windowManagerProcessId() != 0;
-    complaints += unless(!hasManager || eventually([&] { return m_slides.front()->takeFocus(); }),
-                         QStringLiteral("the window beneath cannot have the keyboard"));
+    complaints += complainUnless(!hasManager || eventually([&] { return m_slides.front()->takeFocus(); }),
+                                 QStringLiteral("the window beneath cannot get the keyboard"));
     return complaints;
 }
 

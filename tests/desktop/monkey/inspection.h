@@ -1,9 +1,9 @@
-// What must be so when every mode is off.
+// Checks the desktop while every mode is off.
 #pragma once
 
-#include "chance.h"
 #include "controls.h"
 #include "program_windows.h"
+#include "random_choice.h"
 
 #include <QStringList>
 
@@ -12,38 +12,38 @@
 
 namespace zeigewerk::rig {
 
-/// Looks at a desktop on which nobody but the program does anything. Each of these says what is wrong, and
-/// nothing if all is well.
+/// Inspects a desktop on which only the program is active. Each inspection returns its complaints: none if
+/// all is well.
 class Inspection
 {
 public:
     Inspection(DesktopSession &session, Controls &controls);
 
-    /// Everything below, while the program runs with every mode off.
-    QStringList ofProgram(const Program &program, Chance &chance);
-    /// What must be so when it has ended.
-    QStringList ofDesktopWithout();
+    /// All of the following, while the program runs with every mode off.
+    QStringList inspectProgram(const Program &program, RandomChoice &random);
+    /// After the program has ended.
+    QStringList inspectDesktopWithoutProgram();
 
-    /// That only the toolbar is on the screen.
-    QStringList ofWindows(const Program &program);
-    /// That the keyboard is with a window of somebody else.
-    QStringList ofFocus(const Program &program);
-    /// That other programs can have pointer, keyboard and Esc.
-    QStringList ofGrabs();
+    /// Only the toolbar may be on the screen.
+    QStringList inspectWindows(const Program &program);
+    /// The keyboard must belong to another program's window.
+    QStringList inspectFocus(const Program &program);
+    /// Other programs must be able to grab the pointer, the keyboard and Esc.
+    QStringList inspectGrabs();
 
 private:
     void showSlides();
-    QStringList ofPicture(const std::optional<WindowInfo> &toolbar);
-    QStringList ofInput(const Program &program, Chance &chance);
-    QStringList ofDrawing(const Program &program);
-    QStringList ofHiddenToolbar(const Program &program);
-    bool isOurs(xcb_window_t window, const Program &program);
-    QStringList strangePixels(const std::optional<WindowInfo> &toolbar);
+    QStringList inspectScreen(const std::optional<WindowInfo> &toolbar);
+    QStringList inspectInput(const Program &program, RandomChoice &random);
+    QStringList inspectDrawing(const Program &program);
+    QStringList inspectHiddenToolbar(const Program &program);
+    bool belongsToProgram(xcb_window_t window, const Program &program);
+    QStringList unexpectedPixels(const std::optional<WindowInfo> &toolbar);
 
     DesktopSession &m_session;
     Controls &m_controls;
-    /// A window on each screen, made anew for each inspection: whatever became of those before, these are
-    /// exactly what the screen must show.
+    /// One window per screen, created anew for each inspection: the screen must show exactly these, whatever
+    /// happened to earlier ones.
     std::vector<std::unique_ptr<WindowBeneath>> m_slides;
 };
 

@@ -1,4 +1,4 @@
-// What the monkey does with the keyboard.
+// The monkey's actions on the keyboard.
 
 #include "actions.h"
 
@@ -22,67 +22,67 @@ QString nameOf(Key key)
     return QStringLiteral("key %1").arg(static_cast<int>(key));
 }
 
-QString hotKey(Playground &on, Chance &chance)
+QString hotKey(ActionContext &context, RandomChoice &random)
 {
-    const Key key = chance.of(kHotKeys);
-    on.paw.chord({Key::Ctrl, Key::Alt}, key);
+    const Key key = random.of(kHotKeys);
+    context.input.chord({Key::Ctrl, Key::Alt}, key);
     return nameOf(key);
 }
 
-QString escape(Playground &on, Chance &)
+QString escape(ActionContext &context, RandomChoice &)
 {
-    on.paw.tap(Key::Escape);
+    context.input.tap(Key::Escape);
     return {};
 }
 
-QString enter(Playground &on, Chance &)
+QString enter(ActionContext &context, RandomChoice &)
 {
-    on.paw.tap(Key::Return);
+    context.input.tap(Key::Return);
     return {};
 }
 
-QString takeBack(Playground &on, Chance &chance)
+QString undo(ActionContext &context, RandomChoice &random)
 {
-    const int times = 1 + chance.below(3);
+    const int times = 1 + random.below(3);
     for (int i = 0; i < times; ++i)
-        on.paw.chord({chance.oneIn(2) ? Key::Ctrl : Key::Super}, Key::Z);
+        context.input.chord({random.oneIn(2) ? Key::Ctrl : Key::Super}, Key::Z);
     return QStringLiteral("%1 times").arg(times);
 }
 
-QString type(Playground &on, Chance &chance)
+QString type(ActionContext &context, RandomChoice &random)
 {
-    const int length = 1 + chance.below(12);
+    const int length = 1 + random.below(12);
     for (int i = 0; i < length; ++i)
-        on.paw.chord(chance.oneIn(5) ? Modifiers{Key::Shift} : Modifiers{}, chance.of(kTyped));
+        context.input.chord(random.oneIn(5) ? Modifiers{Key::Shift} : Modifiers{}, random.of(kTyped));
     return QStringLiteral("%1 keys").arg(length);
 }
 
-QString edit(Playground &on, Chance &chance)
+QString edit(ActionContext &context, RandomChoice &random)
 {
-    const Key key = chance.of(kEditing);
-    on.paw.chord(chance.oneIn(3) ? Modifiers{Key::Ctrl, Key::Shift} : Modifiers{Key::Ctrl}, key);
+    const Key key = random.of(kEditing);
+    context.input.chord(random.oneIn(3) ? Modifiers{Key::Ctrl, Key::Shift} : Modifiers{Key::Ctrl}, key);
     return nameOf(key);
 }
 
-QString hold(Playground &on, Chance &chance)
+QString hold(ActionContext &context, RandomChoice &random)
 {
-    const Key key = chance.of(kHeld);
-    on.paw.press(key);
+    const Key key = random.of(kHeld);
+    context.input.press(key);
     return nameOf(key);
 }
 
-QString releaseKeys(Playground &on, Chance &)
+QString releaseKeys(ActionContext &context, RandomChoice &)
 {
-    const QSet<Key> held = on.paw.heldKeys();
+    const QSet<Key> held = context.input.heldKeys();
     for (const Key key : held)
-        on.paw.release(key);
+        context.input.release(key);
     return QStringLiteral("%1 keys").arg(held.size());
 }
 
-QString lock(Playground &on, Chance &chance)
+QString lock(ActionContext &context, RandomChoice &random)
 {
-    const Key key = chance.of(kLocks);
-    on.paw.tap(key);
+    const Key key = random.of(kLocks);
+    context.input.tap(key);
     return nameOf(key);
 }
 
@@ -90,11 +90,20 @@ QString lock(Playground &on, Chance &chance)
 
 std::vector<Action> keyActions()
 {
-    return {{"hot key", 120, hotKey}, {"Esc", 30, escape},
-            {"Return", 20, enter},    {"take back", 30, takeBack},
-            {"type", 50, type},       {"edit", 20, edit},
-            {"hold a key", 15, hold}, {"release all keys", 40, releaseKeys},
-            {"lock", 8, lock}};
+    // A table, one row per line:
+    // clang-format off
+    return {
+        {"hot key",          120, hotKey},
+        {"Esc",              30,  escape},
+        {"Return",           20,  enter},
+        {"undo",             30,  undo},
+        {"type",             50,  type},
+        {"edit",             20,  edit},
+        {"hold a key",       15,  hold},
+        {"release all keys", 40,  releaseKeys},
+        {"toggle a lock",    8,   lock},
+    };
+    // clang-format on
 }
 
 } // namespace zeigewerk::rig

@@ -8,19 +8,20 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Often enough that the server's queue for the program stays short.
-constexpr int kActionsToAnswer = 50;
-constexpr std::size_t kRemembered = 60;
-/// A program with sanitizers starts slowly, and looks through its memory for leaks at its end.
-constexpr auto kPatience = 30s;
-/// Once its windows are gone, there is only the look for leaks to wait for.
-constexpr auto kPatienceWithEnd = 10s;
+/// Often enough to keep the server's queue for the program short.
+constexpr int kActionsPerPing = 50;
+constexpr std::size_t kLogSize = 60;
+/// A program with sanitizers starts slowly, and searches for leaks when it ends.
+constexpr auto kTimeout = 30s;
+/// When its windows are gone, only the leak check remains.
+constexpr auto kExitTimeout = 10s;
 
 const QList<QRect> kTwoScreens = {{0, 0, 1280, 1024}, {1280, 0, 1600, 900}};
 
-/// What the sanitizers and the program itself wrote. Qt remarks when a tray goes that it was just about to
-/// use, and when a window is shown, hidden and shown before the server has told of the first time.
-QString wordsOf(Program &program)
+/// The output of the sanitizers and of the program, without two harmless warnings of Qt: a tray went away
+/// just when Qt wanted to use it, and a window was shown, hidden and shown again before the server's first
+/// answer.
+QString messagesOf(Program &program)
 {
     QStringList lines = QString::fromUtf8(program.output()).split(u'\n', Qt::SkipEmptyParts);
     lines.removeIf([](const QString &line) {
@@ -30,212 +31,212 @@ QString wordsOf(Program &program)
     return lines.join(u'\n');
 }
 
-/// What a hot key depends on besides the program.
-QString nameOfInputState(DesktopSession &session)
+/// Whatever else may affect a hot key.
+QString describeInputState(DesktopSession &session)
 {
     Client &client = session.client();
     const auto cookie = xcb_query_pointer(client.connection(), client.root());
     const auto pointer = owned(xcb_query_pointer_reply(client.connection(), cookie, nullptr));
-    return QStringLiteral("Modifiers and buttons 0x%1, the keyboard is with 0x%2")
+    return QStringLiteral("Modifiers and buttons 0x%1, focused window 0x%2")
                .arg(pointer ? pointer->mask : 0, 0, 16)
                .arg(client.inputFocus(), 0, 16) +
-           (session.hasWindowManager() ? QString() : QStringLiteral("; there is no window manager"));
+           (session.hasWindowManager() ? QString() : QStringLiteral("; no window manager"));
 }
 
 } // namespace
 
-Monkey::Monkey(const MonkeyOrders &orders)
-    : m_orders(orders)
-    , m_repertoire(orders.only)
+Monkey::Monkey(const MonkeyOptions &options)
+    : m_options(options)
+    , m_actionSet(options.only)
     , m_session({.screens = kTwoScreens})
-    , m_paw(m_session.client())
-    , m_neighbours(m_session)
-    , m_furniture(m_session)
-    , m_controls(m_session, m_furniture)
+    , m_input(m_session.client())
+    , m_otherWindows(m_session)
+    , m_desktop(m_session)
+    , m_controls(m_session, m_desktop)
     , m_inspection(m_session, m_controls)
-    , m_probe(m_session)
+    , m_ping(m_session)
 {
-    if (m_repertoire.isEmpty())
-        failRig(QStringLiteral("no action has such a name"));
+    if (m_actionSet.isEmpty())
+        failRig(QStringLiteral("no action matches --only"));
     startProgram();
 }
 
 void Monkey::startProgram()
 {
     m_program = std::make_unique<Program>(m_session);
-    if (!m_program->waitUntilReady(kPatience)) {
+    if (!m_program->waitUntilReady(kTimeout)) {
         std::fputs(m_program->output().constData(), stderr);
         throw RigError("the program does not start");
     }
-    // Qt decides at its first icon which kind of tray there is, and stays with that. Without this a tray
-    // that goes at that very moment is missed for good.
+    // Qt decides on the kind of tray when it shows its first icon, and does not change it. If the tray went
+    // away at that moment, the icon would never appear.
     eventually([&] { return m_controls.isInTray(); });
 }
 
-bool Monkey::play()
+bool Monkey::run()
 {
-    bool isFine = false;
+    bool passed = false;
     try {
-        isFine = playOn();
+        passed = runActions();
     } catch (const RigError &error) {
-        report({QStringLiteral("the desktop itself is broken: ") + QString::fromUtf8(error.what())});
+        report({QStringLiteral("the virtual desktop failed: ") + QString::fromUtf8(error.what())});
     }
-    std::printf("%s; it quit the program %d times. The window manager ended by itself %d times.\n",
-                isFine ? "The program stood it" : "FAILED", m_quits, m_deathsOfManager);
-    return isFine;
+    std::printf("%s; the program was quit %d times, and the window manager crashed %d times.\n",
+                passed ? "PASSED" : "FAILED", m_quits, m_windowManagerExits);
+    return passed;
 }
 
-bool Monkey::playOn()
+bool Monkey::runActions()
 {
     int number = 0;
-    while (number < m_orders.actions && !m_orders.deadline.hasExpired()) {
+    while (number < m_options.actions && !m_options.deadline.hasExpired()) {
         ++number;
         if (!act(number))
             return false;
-        const bool isBreak = number % m_orders.actionsToRest == 0;
-        if (isBreak && !rest(number))
+        const bool isCheckDue = number % m_options.actionsPerCheck == 0;
+        if (isCheckDue && !check(number))
             return false;
-        if (isBreak) {
+        if (isCheckDue) {
             std::printf("%6d actions\n", number);
             std::fflush(stdout);
         }
     }
-    return rest(number) && end(number);
+    return check(number) && endProgram(number);
 }
 
 bool Monkey::act(int number)
 {
-    Chance chance(m_orders.seed, number);
-    const Action &action = m_repertoire.any(chance);
-    m_done.push_back(QStringLiteral("%1 %2").arg(number, 6).arg(QLatin1String(action.name)));
-    if (m_done.size() > kRemembered)
-        m_done.pop_front();
-    Playground playground{m_session, *m_program, m_paw, m_neighbours, m_furniture};
-    const QString how = action.perform(playground, chance);
-    if (!how.isEmpty())
-        m_done.back() += QStringLiteral(": ") + how;
-    const bool isChecked = number % kActionsToAnswer == 0;
-    if (isChecked)
+    RandomChoice random(m_options.seed, number);
+    const Action &action = m_actionSet.pick(random);
+    m_log.push_back(QStringLiteral("%1 %2").arg(number, 6).arg(QLatin1String(action.name)));
+    if (m_log.size() > kLogSize)
+        m_log.pop_front();
+    ActionContext context{m_session, *m_program, m_input, m_otherWindows, m_desktop};
+    const QString details = action.perform(context, random);
+    if (!details.isEmpty())
+        m_log.back() += QStringLiteral(": ") + details;
+    const bool isPingDue = number % kActionsPerPing == 0;
+    if (isPingDue)
         reviveWindowManager(number);
-    if (isChecked && !answersOrEnds())
-        return isWell({QStringLiteral("it does not answer")});
-    return m_program->isRunning() || isEnded(number);
+    if (isPingDue && !respondsOrExits())
+        return passes({QStringLiteral("it does not respond")});
+    return m_program->isRunning() || handleExit(number);
 }
 
 void Monkey::reviveWindowManager(int number)
 {
     if (m_session.windowManagerProcessId() == 0 || m_session.hasWindowManager())
         return;
-    // A window manager that does not stand all this is none of the program's faults; that the program goes on
-    // without is its duty.
-    ++m_deathsOfManager;
-    std::printf("%6d the window manager has ended by itself; it wrote: %s\n", number,
+    // A crash of the window manager under this load is not the program's fault, but the program must survive
+    // it.
+    ++m_windowManagerExits;
+    std::printf("%6d the window manager crashed; its output: %s\n", number,
                 m_session.windowManagerOutput().trimmed().constData());
     m_session.restartWindowManager();
-    m_done.push_back(QStringLiteral("%1 the window manager has ended by itself").arg(number, 6));
+    m_log.push_back(QStringLiteral("%1 the window manager crashed").arg(number, 6));
 }
 
-bool Monkey::answersOrEnds()
+bool Monkey::respondsOrExits()
 {
-    // What was done last may have been to quit: then its windows go before it does.
-    return m_probe.isAnswered(*m_program) ||
-           eventually([&] { return !m_program->isRunning(); }, kPatienceWithEnd);
+    // The last action may have been to quit: the windows go away before the process does.
+    return m_ping.isResponding(*m_program) ||
+           eventually([&] { return !m_program->isRunning(); }, kExitTimeout);
 }
 
-bool Monkey::isWell(const QStringList &complaints)
+bool Monkey::passes(const QStringList &complaints)
 {
     if (!complaints.isEmpty())
         report(complaints);
     return complaints.isEmpty();
 }
 
-bool Monkey::isEnded(int number)
+bool Monkey::handleExit(int number)
 {
-    // It can quit by the toolbar, the tray and the menus; the only other way to such an end is a signal.
+    // The toolbar, the tray and the menus can quit the program; any other exit is by a signal.
     ++m_quits;
-    m_done.push_back(QStringLiteral("%1 the program has ended").arg(number, 6));
+    m_log.push_back(QStringLiteral("%1 the program has ended").arg(number, 6));
     reviveWindowManager(number);
-    letGo();
-    if (!isWell(complaintsOfEnd(m_program->waitForExit())))
+    resetDesktop();
+    if (!passes(complaintsAboutExit(m_program->waitForExit())))
         return false;
     startProgram();
     return true;
 }
 
-void Monkey::letGo()
+void Monkey::resetDesktop()
 {
-    m_paw.letGo();
-    m_neighbours.leave();
-    // The server hands out the ids of windows again, and a window manager that has yet to hear that they are
-    // gone takes the next windows for these.
+    m_input.releaseAll();
+    m_otherWindows.closeAll();
+    // The server reuses ids of windows. A window manager that has not yet handled the destruction of the old
+    // windows would confuse the new ones with them.
     if (m_session.windowManagerProcessId() != 0)
         m_session.awaitWindowManager();
     m_controls.closeMenus();
-    m_furniture.tidyUp();
+    m_desktop.restore();
     for (const Key lock : {Key::CapsLock, Key::NumLock})
         m_session.keyboard().setLock(lock, false);
 }
 
-bool Monkey::rest(int number)
+bool Monkey::check(int number)
 {
-    Chance chance(m_orders.seed, -number);
-    m_done.push_back(QStringLiteral("%1 everything is let go").arg(number, 6));
+    RandomChoice random(m_options.seed, -number);
+    m_log.push_back(QStringLiteral("%1 check").arg(number, 6));
     reviveWindowManager(number);
-    // A menu that the last action asks for is to be open before menus are closed.
+    // The last action may have opened a menu: it must be open before menus are closed.
     QStringList complaints;
-    if (!answersOrEnds())
-        complaints += QStringLiteral("it does not answer to the last action");
-    letGo();
-    if (!answersOrEnds())
-        complaints += QStringLiteral("it does not answer");
+    if (!respondsOrExits())
+        complaints += QStringLiteral("it does not respond after the last action");
+    resetDesktop();
+    if (!respondsOrExits())
+        complaints += QStringLiteral("it does not respond");
     if (!m_program->isRunning())
-        return isEnded(number) && rest(number);
-    complaints += m_controls.switchAllOff(chance);
-    complaints += m_inspection.ofProgram(*m_program, chance);
-    return isWell(complaints);
+        return handleExit(number) && check(number);
+    complaints += m_controls.switchAllOff(random);
+    complaints += m_inspection.inspectProgram(*m_program, random);
+    return passes(complaints);
 }
 
-bool Monkey::end(int number)
+bool Monkey::endProgram(int number)
 {
-    Chance chance(m_orders.seed, -number);
-    const bool isByMenu = chance.oneIn(2);
-    m_done.push_back(QStringLiteral("%1 the program is to end, by %2")
-                         .arg(number, 6)
-                         .arg(isByMenu ? QStringLiteral("its menu") : QStringLiteral("SIGTERM")));
-    if (!isByMenu)
-        return isWell(complaintsOfEnd(m_program->terminate(kPatience)));
+    RandomChoice random(m_options.seed, -number);
+    const bool byMenu = random.oneIn(2);
+    m_log.push_back(QStringLiteral("%1 end the program by %2")
+                        .arg(number, 6)
+                        .arg(byMenu ? QStringLiteral("its menu") : QStringLiteral("SIGTERM")));
+    if (!byMenu)
+        return passes(complaintsAboutExit(m_program->terminate(kTimeout)));
     m_controls.click(label::kQuit);
-    return isWell(complaintsOfEnd(m_program->waitForExit(kPatience)));
+    return passes(complaintsAboutExit(m_program->waitForExit(kTimeout)));
 }
 
-QStringList Monkey::complaintsOfEnd(std::optional<int> exitCode)
+QStringList Monkey::complaintsAboutExit(std::optional<int> exitCode)
 {
     QStringList complaints;
     if (!exitCode)
-        complaints += QStringLiteral("it did not end, or a signal ended it");
+        complaints += QStringLiteral("it did not end, or was ended by a signal");
     else if (*exitCode != 0)
-        complaints += QStringLiteral("it ended with %1").arg(*exitCode);
-    const QString output = wordsOf(*m_program);
+        complaints += QStringLiteral("it exited with code %1").arg(*exitCode);
+    const QString output = messagesOf(*m_program);
     if (!output.isEmpty())
-        complaints += QStringLiteral("it wrote:\n") + output;
+        complaints += QStringLiteral("unexpected output:\n") + output;
     if (!m_program->isRunning())
-        complaints += m_inspection.ofDesktopWithout();
+        complaints += m_inspection.inspectDesktopWithoutProgram();
     return complaints;
 }
 
 void Monkey::report(const QStringList &complaints)
 {
     saveFailurePictures();
-    std::fprintf(stderr, "With the seed %u, after\n", m_orders.seed);
-    for (const QString &done : m_done)
-        std::fprintf(stderr, "    %s\n", qPrintable(done));
+    std::fprintf(stderr, "Seed %u, actions so far:\n", m_options.seed);
+    for (const QString &line : m_log)
+        std::fprintf(stderr, "    %s\n", qPrintable(line));
     for (const QString &complaint : complaints)
         std::fprintf(stderr, "WRONG: %s\n", qPrintable(complaint));
-    std::fprintf(stderr, "%s\n", qPrintable(nameOfInputState(m_session)));
-    if (const QByteArray words = m_session.windowManagerOutput(); !words.isEmpty())
-        std::fprintf(stderr, "The window manager wrote: \"%s\"\n", words.trimmed().constData());
+    std::fprintf(stderr, "%s\n", qPrintable(describeInputState(m_session)));
+    if (const QByteArray output = m_session.windowManagerOutput(); !output.isEmpty())
+        std::fprintf(stderr, "Output of the window manager: \"%s\"\n", output.trimmed().constData());
     if (m_program->isRunning())
-        std::fprintf(stderr, "The program wrote so far: \"%s\"\n", m_program->output().constData());
+        std::fprintf(stderr, "Output of the program: \"%s\"\n", m_program->output().constData());
 }
 
 } // namespace zeigewerk::rig

@@ -1,10 +1,10 @@
-// Somebody who does anything at any time.
+// Random actions at any time, and checks in between.
 #pragma once
 
 #include "actions.h"
-#include "answer_probe.h"
 #include "controls.h"
 #include "inspection.h"
+#include "ping_probe.h"
 
 #include <QDeadlineTimer>
 
@@ -13,56 +13,57 @@
 
 namespace zeigewerk::rig {
 
-struct MonkeyOrders
+struct MonkeyOptions
 {
     quint32 seed = 1;
-    /// Ends with whichever comes first.
+    /// It stops at whichever comes first.
     int actions = 20'000;
     QDeadlineTimer deadline = QDeadlineTimer(QDeadlineTimer::Forever);
-    /// So often everything is let go and looked at.
-    int actionsToRest = 2000;
-    /// Words in the names of the actions to choose from; all if empty.
+    /// How many actions come between two checks.
+    int actionsPerCheck = 2000;
+    /// Words in the names of the actions to choose from; all actions if empty.
     QStringList only = {};
 };
 
-/// Works on the program on a virtual desktop with two screens, as fast as the program follows. Every now and
-/// then it lets everything go, switches each mode off by its own control, and looks at what is left.
+/// Operates the program on a virtual desktop with two screens, as fast as the program follows. From time to
+/// time it releases all keys and buttons, restores the desktop, switches each mode off by its own control,
+/// and inspects what is left.
 class Monkey
 {
 public:
-    explicit Monkey(const MonkeyOrders &orders);
+    explicit Monkey(const MonkeyOptions &options);
 
-    /// False at the first thing that is wrong, having said what, and what came before it.
-    bool play();
+    /// False at the first problem, which it reports with the actions before it.
+    bool run();
 
 private:
-    bool playOn();
+    bool runActions();
     void startProgram();
     bool act(int number);
     void reviveWindowManager(int number);
-    bool answersOrEnds();
-    bool isWell(const QStringList &complaints);
-    bool rest(int number);
-    bool end(int number);
-    bool isEnded(int number);
-    QStringList complaintsOfEnd(std::optional<int> exitCode);
-    void letGo();
+    bool respondsOrExits();
+    bool passes(const QStringList &complaints);
+    bool check(int number);
+    bool endProgram(int number);
+    bool handleExit(int number);
+    QStringList complaintsAboutExit(std::optional<int> exitCode);
+    void resetDesktop();
     void report(const QStringList &complaints);
 
-    MonkeyOrders m_orders;
-    Repertoire m_repertoire;
+    MonkeyOptions m_options;
+    ActionSet m_actionSet;
     DesktopSession m_session;
-    Paw m_paw;
-    Neighbours m_neighbours;
-    Furniture m_furniture;
+    BlindInput m_input;
+    OtherWindows m_otherWindows;
+    DesktopChanges m_desktop;
     Controls m_controls;
     Inspection m_inspection;
-    AnswerProbe m_probe;
+    PingProbe m_ping;
     std::unique_ptr<Program> m_program;
     int m_quits = 0;
-    int m_deathsOfManager = 0;
-    /// The last ones, the newest at the end.
-    std::deque<QString> m_done;
+    int m_windowManagerExits = 0;
+    /// The latest actions, the newest last.
+    std::deque<QString> m_log;
 };
 
 } // namespace zeigewerk::rig

@@ -1,4 +1,4 @@
-// Has a monkey work on the program, and tells whether it stood it.
+// Lets a monkey operate the program, and reports whether the program survived.
 
 #include "monkey.h"
 
@@ -14,46 +14,48 @@ namespace {
 
 using namespace zeigewerk::rig;
 
-/// A number that stands in the options, or nothing.
+/// The number given for an option, if any.
 std::optional<quint32> numberOf(const QCommandLineParser &parser, const QString &option)
 {
     bool isNumber = false;
     const quint32 number = parser.value(option).toUInt(&isNumber);
     if (parser.isSet(option) && !isNumber) {
-        std::fprintf(stderr, "--%s takes a number\n", qPrintable(option));
+        std::fprintf(stderr, "--%s needs a number\n", qPrintable(option));
         std::exit(2);
     }
     return isNumber ? std::optional(number) : std::nullopt;
 }
 
-MonkeyOrders ordersOf(const QCoreApplication &app)
+MonkeyOptions parseOptions(const QCoreApplication &app)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Does random things to the program on a virtual desktop."));
+        QStringLiteral("Performs random actions on the program on a virtual desktop."));
     parser.addHelpOption();
     parser.addOptions(
-        {{QStringLiteral("seed"), QStringLiteral("The same seed, the same actions."), QStringLiteral("S")},
-         {QStringLiteral("actions"), QStringLiteral("How many; 20000 if not said."), QStringLiteral("N")},
-         {QStringLiteral("minutes"), QStringLiteral("For so long."), QStringLiteral("N")},
-         {QStringLiteral("rest"), QStringLiteral("Looks at what is left after so many; 2000 if not said."),
+        {{QStringLiteral("seed"), QStringLiteral("Repeats the actions of that seed."), QStringLiteral("S")},
+         {QStringLiteral("actions"), QStringLiteral("Number of actions; 20000 by default."),
           QStringLiteral("N")},
-         {QStringLiteral("only"), QStringLiteral("Actions with that word in their name; may come again."),
+         {QStringLiteral("minutes"), QStringLiteral("Stops after that time."), QStringLiteral("N")},
+         {QStringLiteral("rest"), QStringLiteral("Actions between two checks; 2000 by default."),
+          QStringLiteral("N")},
+         {QStringLiteral("only"),
+          QStringLiteral("Only actions with that word in their name; can be repeated."),
           QStringLiteral("WORD")}});
     parser.process(app);
-    MonkeyOrders orders;
-    orders.seed = numberOf(parser, QStringLiteral("seed")).value_or(QRandomGenerator::global()->generate());
+    MonkeyOptions options;
+    options.seed = numberOf(parser, QStringLiteral("seed")).value_or(QRandomGenerator::global()->generate());
     const auto minutes = numberOf(parser, QStringLiteral("minutes"));
     if (minutes) {
-        orders.deadline = QDeadlineTimer(std::chrono::minutes(*minutes));
-        orders.actions = std::numeric_limits<int>::max();
+        options.deadline = QDeadlineTimer(std::chrono::minutes(*minutes));
+        options.actions = std::numeric_limits<int>::max();
     }
     if (const auto actions = numberOf(parser, QStringLiteral("actions")))
-        orders.actions = static_cast<int>(*actions);
+        options.actions = static_cast<int>(*actions);
     if (const auto rest = numberOf(parser, QStringLiteral("rest")); rest && *rest > 0)
-        orders.actionsToRest = static_cast<int>(*rest);
-    orders.only = parser.values(QStringLiteral("only"));
-    return orders;
+        options.actionsPerCheck = static_cast<int>(*rest);
+    options.only = parser.values(QStringLiteral("only"));
+    return options;
 }
 
 } // namespace
@@ -61,13 +63,13 @@ MonkeyOrders ordersOf(const QCoreApplication &app)
 int main(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);
-    const MonkeyOrders orders = ordersOf(app);
-    std::printf("Seed %u\n", orders.seed);
+    const MonkeyOptions options = parseOptions(app);
+    std::printf("Seed %u\n", options.seed);
     std::fflush(stdout);
     try {
-        return Monkey(orders).play() ? EXIT_SUCCESS : EXIT_FAILURE;
+        return Monkey(options).run() ? EXIT_SUCCESS : EXIT_FAILURE;
     } catch (const RigError &error) {
-        std::fprintf(stderr, "the desktop is broken: %s\n", error.what());
+        std::fprintf(stderr, "the virtual desktop failed: %s\n", error.what());
         return 2;
     }
 }

@@ -1,4 +1,4 @@
-// What the monkey does with the mouse.
+// The monkey's actions with the mouse.
 
 #include "actions.h"
 #include "program_windows.h"
@@ -10,120 +10,120 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// The left one most often; the last two are those of a thumb.
+/// Mostly the left one; the last two are thumb buttons.
 constexpr std::array kButtons = {1, 1, 1, 1, 2, 3, 3, 8, 9};
 constexpr std::array kWheel = {4, 5, 4, 5, 6, 7};
-/// In the toolbar's lower right corner, shadow included: the button that quits.
-constexpr QSize kCornerOfQuit(60, 60);
+/// The Quit button is in the toolbar's lower right corner, shadow included.
+constexpr QSize kQuitCorner(60, 60);
 
-QString move(Playground &on, Chance &chance)
+QString move(ActionContext &context, RandomChoice &random)
 {
-    const QPoint place = chance.in(on.furniture.desktop());
-    on.paw.moveTo(place);
+    const QPoint place = random.in(context.desktop.bounds());
+    context.input.moveTo(place);
     return textOf(place);
 }
 
-QString click(Playground &on, Chance &chance)
+QString click(ActionContext &context, RandomChoice &random)
 {
-    const QPoint place = chance.in(on.furniture.desktop());
-    const int button = chance.of(kButtons);
-    const int times = chance.oneIn(5) ? 3 : 1;
-    on.paw.moveTo(place);
+    const QPoint place = random.in(context.desktop.bounds());
+    const int button = random.of(kButtons);
+    const int times = random.oneIn(5) ? 3 : 1;
+    context.input.moveTo(place);
     for (int i = 0; i < times; ++i)
-        on.paw.click(button);
+        context.input.click(button);
     return QStringLiteral("%1, button %2, %3 times").arg(textOf(place)).arg(button).arg(times);
 }
 
-QString press(Playground &on, Chance &chance)
+QString press(ActionContext &context, RandomChoice &random)
 {
-    const int button = chance.of(kButtons);
-    on.paw.press(button);
+    const int button = random.of(kButtons);
+    context.input.press(button);
     return QStringLiteral("button %1").arg(button);
 }
 
-QString releaseAny(Playground &on, Chance &chance)
+QString releaseAny(ActionContext &context, RandomChoice &random)
 {
-    const int button = chance.of(kButtons);
-    on.paw.release(button);
+    const int button = random.of(kButtons);
+    context.input.release(button);
     return QStringLiteral("button %1").arg(button);
 }
 
-QString releaseButtons(Playground &on, Chance &)
+QString releaseButtons(ActionContext &context, RandomChoice &)
 {
-    const QSet<int> held = on.paw.heldButtons();
+    const QSet<int> held = context.input.heldButtons();
     for (const int button : held)
-        on.paw.release(button);
+        context.input.release(button);
     return QStringLiteral("%1 buttons").arg(held.size());
 }
 
-/// A stroke, at times with Shift, and with other buttons that go down and up in it.
-QString drag(Playground &on, Chance &chance)
+/// A stroke, sometimes with Shift, and sometimes with clicks of other buttons during it.
+QString drag(ActionContext &context, RandomChoice &random)
 {
-    QPoint place = chance.in(on.furniture.desktop());
-    const bool constrained = chance.oneIn(4);
-    const int samples = 2 + chance.below(30);
-    on.paw.moveTo(place);
-    on.paw.press(1);
+    QPoint place = random.in(context.desktop.bounds());
+    const bool constrained = random.oneIn(4);
+    const int samples = 2 + random.below(30);
+    context.input.moveTo(place);
+    context.input.press(1);
     if (constrained)
-        on.paw.press(Key::Shift);
+        context.input.press(Key::Shift);
     for (int i = 0; i < samples; ++i) {
-        place += QPoint(chance.below(81) - 40, chance.below(81) - 40);
-        on.paw.moveTo(place);
-        if (chance.oneIn(20))
-            on.paw.click(chance.of(kButtons));
+        place += QPoint(random.below(81) - 40, random.below(81) - 40);
+        context.input.moveTo(place);
+        if (random.oneIn(20))
+            context.input.click(random.of(kButtons));
     }
     if (constrained)
-        on.paw.release(Key::Shift);
-    on.paw.release(1);
+        context.input.release(Key::Shift);
+    context.input.release(1);
     return QStringLiteral("%1 samples to %2").arg(samples).arg(textOf(place));
 }
 
-QString wheel(Playground &on, Chance &chance)
+QString wheel(ActionContext &context, RandomChoice &random)
 {
-    const int steps = 1 + chance.below(6);
+    const int steps = 1 + random.below(6);
     for (int i = 0; i < steps; ++i)
-        on.paw.click(chance.of(kWheel));
+        context.input.click(random.of(kWheel));
     return QStringLiteral("%1 steps").arg(steps);
 }
 
-QString wheelWithAlt(Playground &on, Chance &chance)
+QString wheelWithAlt(ActionContext &context, RandomChoice &random)
 {
-    on.paw.press(Key::Alt);
-    QString what = wheel(on, chance);
-    on.paw.release(Key::Alt);
+    context.input.press(Key::Alt);
+    QString what = wheel(context, random);
+    context.input.release(Key::Alt);
     return what;
 }
 
-QString useToolbar(Playground &on, Chance &chance)
+QString useToolbar(ActionContext &context, RandomChoice &random)
 {
-    const auto toolbar = toolbarOf(on.session, on.program);
+    const auto toolbar = toolbarOf(context.session, context.program);
     if (!toolbar)
-        return QStringLiteral("nothing, as it is hidden");
-    const QPoint place = chance.in(toolbar->geometry);
+        return QStringLiteral("skipped: it is hidden");
+    const QPoint place = random.in(toolbar->geometry);
     const QPoint fromCorner = toolbar->geometry.bottomRight() - place;
-    // Not that often: each end costs a start.
-    if (fromCorner.x() < kCornerOfQuit.width() && fromCorner.y() < kCornerOfQuit.height() && !chance.oneIn(4))
-        return QStringLiteral("thinks better of quitting");
-    on.paw.moveTo(place);
-    on.paw.click(chance.oneIn(10) ? 3 : 1);
+    // Rarely, because every exit costs a start.
+    if (fromCorner.x() < kQuitCorner.width() && fromCorner.y() < kQuitCorner.height() && !random.oneIn(4))
+        return QStringLiteral("skipped: the Quit button");
+    context.input.moveTo(place);
+    context.input.click(random.oneIn(10) ? 3 : 1);
     return textOf(place);
 }
 
-QString dragToolbar(Playground &on, Chance &chance)
+QString dragToolbar(ActionContext &context, RandomChoice &random)
 {
-    const auto toolbar = toolbarOf(on.session, on.program);
+    const auto toolbar = toolbarOf(context.session, context.program);
     if (!toolbar)
-        return QStringLiteral("nothing, as it is hidden");
+        return QStringLiteral("skipped: it is hidden");
     constexpr int kSteps = 5;
-    const QPoint from = chance.in(toolbar->geometry);
-    const QPoint to = chance.in(on.furniture.desktop());
-    on.paw.moveTo(from);
-    on.paw.press(1);
+    const QPoint from = random.in(toolbar->geometry);
+    const QPoint to = random.in(context.desktop.bounds());
+    context.input.moveTo(from);
+    context.input.press(1);
     for (int step = 1; step <= kSteps; ++step)
-        on.paw.moveTo(from + (to - from) * step / kSteps);
-    // At times it is still held when something else happens.
-    if (!chance.oneIn(5))
-        on.paw.release(1);
+        context.input.moveTo(from + (to - from) * step / kSteps);
+    // Sometimes the button is still pressed during later actions.
+    if (!random.oneIn(5))
+        context.input.release(1);
     return QStringLiteral("%1 to %2").arg(textOf(from), textOf(to));
 }
 
@@ -131,16 +131,21 @@ QString dragToolbar(Playground &on, Chance &chance)
 
 std::vector<Action> pointerActions()
 {
-    return {{"move", 80, move},
-            {"click", 80, click},
-            {"press", 30, press},
-            {"release", 20, releaseAny},
-            {"release all buttons", 40, releaseButtons},
-            {"drag", 120, drag},
-            {"wheel", 40, wheel},
-            {"wheel with Alt", 30, wheelWithAlt},
-            {"toolbar", 90, useToolbar},
-            {"drag the toolbar", 15, dragToolbar}};
+    // A table, one row per line:
+    // clang-format off
+    return {
+        {"move",                80,  move},
+        {"click",               80,  click},
+        {"press",               30,  press},
+        {"release",             20,  releaseAny},
+        {"release all buttons", 40,  releaseButtons},
+        {"drag",                120, drag},
+        {"wheel",               40,  wheel},
+        {"wheel with Alt",      30,  wheelWithAlt},
+        {"use the toolbar",     90,  useToolbar},
+        {"drag the toolbar",    15,  dragToolbar},
+    };
+    // clang-format on
 }
 
 } // namespace zeigewerk::rig

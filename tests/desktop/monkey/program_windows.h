@@ -1,4 +1,4 @@
-// What the program has on the screen.
+// The program's windows on the screen.
 #pragma once
 
 #include "presentation.h"

@@ -15,12 +15,12 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr double kFramesPerSecond = 60.0;
-constexpr int kFramesOfStroke = 100;
-constexpr double kBound = 0.01;
-/// In MiB: the allocator takes from the system, and gives back, 128 KiB and more at a time.
-constexpr double kTwoStepsOfHeap = 0.25;
+constexpr int kFramesPerStroke = 100;
+constexpr double kMaxChange = 0.01;
+/// In MiB. The allocator requests and returns memory in steps of 128 KiB or more; this is two of them.
+constexpr double kHeapGranularity = 0.25;
 /// Free of the toolbar.
-const QRect kStage(50, 50, 1600, 980);
+const QRect kPathArea(50, 50, 1600, 980);
 const std::array kTools = {button::kPen,   button::kHighlighter, button::kLine,
                            button::kArrow, button::kRectangle,   button::kEllipse};
 const QStringList kModes = {label::kClicks, label::kRing, label::kFade, label::kSpot, label::kDraw};
@@ -28,15 +28,21 @@ const QStringList kModes = {label::kClicks, label::kRing, label::kFade, label::k
 struct Value
 {
     const char *name;
-    double Memory::*of;
+    double Memory::*member;
     bool isJudged;
-    /// A change of so many MiB is none, however small the value is.
+    /// A change by this many MiB does not count, however small the value is.
     double granularity = 0.0;
 };
-constexpr std::array kValues = {
-    Value{"proportional", &Memory::proportional, false},
-    Value{"proportional, without files", &Memory::proportionalWithoutFiles, true, kTwoStepsOfHeap},
-    Value{"private", &Memory::privateOnly, false}, Value{"resident", &Memory::resident, true}};
+// A table, one row per line:
+// clang-format off
+constexpr Value kValues[] = {
+    {.name = "proportional", .member = &Memory::proportional, .isJudged = false},
+    {.name = "proportional, without files", .member = &Memory::proportionalWithoutFiles, .isJudged = true,
+     .granularity = kHeapGranularity},
+    {.name = "private", .member = &Memory::privateOnly, .isJudged = false},
+    {.name = "resident", .member = &Memory::resident, .isJudged = true},
+};
+// clang-format on
 
 double medianOf(const std::vector<Memory> &samples, double Memory::*value)
 {
@@ -52,15 +58,15 @@ Memory medianOf(const std::vector<Memory> &samples)
 {
     Memory median;
     for (const Value &value : kValues)
-        median.*value.of = medianOf(samples, value.of);
+        median.*value.member = medianOf(samples, value.member);
     return median;
 }
 
-/// The same way all over the stage in each round.
-QPoint wandering(int frame)
+/// The same path all over the area in each round.
+QPoint pathPoint(int frame)
 {
-    return kStage.center() + QPoint(qRound(0.48 * kStage.width() * std::sin(frame / 31.0)),
-                                    qRound(0.48 * kStage.height() * std::cos(frame / 23.0)));
+    return kPathArea.center() + QPoint(qRound(0.48 * kPathArea.width() * std::sin(frame / 31.0)),
+                                       qRound(0.48 * kPathArea.height() * std::cos(frame / 23.0)));
 }
 
 } // namespace
@@ -68,18 +74,18 @@ QPoint wandering(int frame)
 Soak::Soak(std::chrono::minutes duration)
     : m_duration(duration)
     , m_beneath(m_session, VirtualDisplay::kFullHd, QColor(0x20, 0x60, 0xA0))
-    , m_paw(m_session.client())
-    , m_furniture(m_session)
+    , m_input(m_session.client())
+    , m_desktop(m_session)
     , m_program(m_session)
 {
     if (!m_beneath.takeFocus() || !m_program.waitUntilReady())
         failRig(QStringLiteral("the program does not start"));
-    learnButtons();
+    locateButtons();
 }
 
-void Soak::learnButtons()
+void Soak::locateButtons()
 {
-    // On a desktop of its own: nobody reads the screen where memory is measured.
+    // On a separate desktop: no screen reader may run where memory is measured.
     DesktopSession session({.accessibility = true});
     const WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::white);
     const Program program(session);
@@ -91,7 +97,7 @@ void Soak::learnButtons()
 
 void Soak::switchEverythingOn()
 {
-    TrayHost &tray = m_furniture.tray().host;
+    TrayHost &tray = m_desktop.tray().host;
     QList<TrayItem> items;
     if (!eventually([&] { return (items = tray.items()).size() == 1; }))
         failRig(QStringLiteral("the program is not in the tray"));
@@ -117,10 +123,10 @@ bool Soak::run()
         playRound();
         if (!m_program.isRunning())
             failRig(QStringLiteral("the program has ended:\n") + QString::fromUtf8(m_program.output()));
-        m_rounds.push_back(medianOf(m_ofRound));
-        m_ofRound.clear();
+        m_rounds.push_back(medianOf(m_samples));
+        m_samples.clear();
     }
-    return judge();
+    return isMemoryFlat();
 }
 
 void Soak::playRound()
@@ -129,7 +135,7 @@ void Soak::playRound()
         draw(stroke);
         sample();
     }
-    write();
+    typeText();
     sample();
     clickAround();
     sample();
@@ -139,46 +145,46 @@ void Soak::playRound()
 
 void Soak::draw(int stroke)
 {
-    use(kTools[static_cast<std::size_t>(stroke)]);
-    const int first = stroke * kFramesOfStroke;
-    moveTo(wandering(first));
-    m_paw.press(Pointer::Left);
-    for (int frame = first; frame < first + kFramesOfStroke; ++frame)
-        moveTo(wandering(frame));
-    m_paw.release(Pointer::Left);
-    m_paw.click(stroke % 2 == 0 ? Pointer::WheelUp : Pointer::WheelDown);
+    pickTool(kTools[static_cast<std::size_t>(stroke)]);
+    const int first = stroke * kFramesPerStroke;
+    moveTo(pathPoint(first));
+    m_input.press(Pointer::Left);
+    for (int frame = first; frame < first + kFramesPerStroke; ++frame)
+        moveTo(pathPoint(frame));
+    m_input.release(Pointer::Left);
+    m_input.click(stroke % 2 == 0 ? Pointer::WheelUp : Pointer::WheelDown);
 }
 
-void Soak::write()
+void Soak::typeText()
 {
-    use(button::kText);
-    moveTo(kStage.center());
-    m_paw.click(Pointer::Left);
+    pickTool(button::kText);
+    moveTo(kPathArea.center());
+    m_input.click(Pointer::Left);
     nextFrame();
     for (const Key key : {Key::Z, Key::E, Key::I, Key::G, Key::T}) {
-        m_paw.tap(key);
+        m_input.tap(key);
         nextFrame();
     }
-    m_paw.tap(Key::Return);
+    m_input.tap(Key::Return);
     for (int i = 0; i < 3; ++i) {
         nextFrame();
-        m_paw.chord({Key::Ctrl}, Key::Z);
+        m_input.chord({Key::Ctrl}, Key::Z);
     }
-    use(button::kPen);
+    pickTool(button::kPen);
 }
 
 void Soak::clickAround()
 {
-    for (int frame = 0; frame < kFramesOfStroke; ++frame) {
-        moveTo(wandering(7 * frame));
+    for (int frame = 0; frame < kFramesPerStroke; ++frame) {
+        moveTo(pathPoint(7 * frame));
         if (frame % 5 == 0)
-            m_paw.click(Pointer::Left);
+            m_input.click(Pointer::Left);
     }
 }
 
 void Soak::switchModes()
 {
-    // Off, pinned and on the whiteboard, and everything on again.
+    // Off, pinned and on the whiteboard; then everything is switched on again.
     for (const Key key : {Key::P, Key::P, Key::W, Key::W, Key::D}) {
         hotKey(key);
         clickAround();
@@ -187,56 +193,56 @@ void Soak::switchModes()
         hotKey(key);
 }
 
-void Soak::use(const QString &tool)
+void Soak::pickTool(const QString &tool)
 {
     const auto toolbar = toolbarOf(m_session, m_program);
     if (!toolbar || !m_buttons.contains(tool))
         failRig(QStringLiteral("no button for %1").arg(tool));
     moveTo(toolbar->geometry.topLeft() + m_buttons.value(tool));
-    m_paw.click(Pointer::Left);
+    m_input.click(Pointer::Left);
     nextFrame();
 }
 
 void Soak::hotKey(Key key)
 {
-    m_paw.chord({Key::Ctrl, Key::Alt}, key);
+    m_input.chord({Key::Ctrl, Key::Alt}, key);
     for (int i = 0; i < 10; ++i)
         nextFrame();
 }
 
 void Soak::moveTo(QPoint place)
 {
-    m_paw.moveTo(place);
+    m_input.moveTo(place);
     nextFrame();
 }
 
 void Soak::nextFrame()
 {
-    // By the clock, so that frames that came late are made up for.
+    // By absolute time, so that late frames are caught up.
     ++m_frames;
     const auto due = static_cast<qint64>(1000.0 * static_cast<double>(m_frames) / kFramesPerSecond);
-    if (const qint64 rest = due - m_clock.elapsed(); rest > 0)
-        QTest::qWait(static_cast<int>(rest));
+    if (const qint64 remaining = due - m_clock.elapsed(); remaining > 0)
+        QTest::qWait(static_cast<int>(remaining));
 }
 
 void Soak::sample()
 {
-    m_ofRound.push_back(memoryOf(m_program.processId()));
+    m_samples.push_back(memoryOf(m_program.processId()));
 }
 
-void Soak::printCourse() const
+void Soak::printHistory() const
 {
     constexpr std::size_t kLines = 10;
     std::printf("  after round   proportional   without files   private\n");
     for (std::size_t line = 1; line <= kLines; ++line) {
         const std::size_t round = qMax(std::size_t{1}, m_rounds.size() * line / kLines);
-        const Memory &of = m_rounds[round - 1];
-        std::printf("  %11zu   %12.2f   %13.2f   %7.2f\n", round, of.proportional,
-                    of.proportionalWithoutFiles, of.privateOnly);
+        const Memory &memory = m_rounds[round - 1];
+        std::printf("  %11zu   %12.2f   %13.2f   %7.2f\n", round, memory.proportional,
+                    memory.proportionalWithoutFiles, memory.privateOnly);
     }
 }
 
-bool Soak::judge() const
+bool Soak::isMemoryFlat() const
 {
     const std::size_t warmUp = m_rounds.size() / 10 + 1;
     const std::size_t fifth = (m_rounds.size() - qMin(warmUp, m_rounds.size())) / 5;
@@ -246,16 +252,16 @@ bool Soak::judge() const
     const auto count = static_cast<std::ptrdiff_t>(fifth);
     const Memory first = medianOf(std::vector(begin, begin + count));
     const Memory last = medianOf(std::vector(m_rounds.end() - count, m_rounds.end()));
-    std::printf("%zu rounds; the first and the last %zu after %zu to warm up, medians in MiB\n",
+    std::printf("%zu rounds; medians in MiB of the first and the last %zu, after %zu to warm up\n",
                 m_rounds.size(), fifth, warmUp);
-    printCourse();
+    printHistory();
     bool isFlat = true;
     for (const Value &value : kValues) {
-        const double before = first.*value.of;
-        const double change = last.*value.of / before - 1.0;
-        const bool isWithin = std::abs(change) * before <= std::max(kBound * before, value.granularity);
-        std::printf("  %-30s %8.2f %8.2f   %+.2f %%   %s\n", value.name, first.*value.of, last.*value.of,
-                    100.0 * change,
+        const double before = first.*value.member;
+        const double change = last.*value.member / before - 1.0;
+        const bool isWithin = std::abs(change) * before <= std::max(kMaxChange * before, value.granularity);
+        std::printf("  %-30s %8.2f %8.2f   %+.2f %%   %s\n", value.name, first.*value.member,
+                    last.*value.member, 100.0 * change,
                     !value.isJudged ? ""
                     : isWithin      ? "flat"
                                     : "NOT FLAT");

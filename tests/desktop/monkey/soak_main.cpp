@@ -1,4 +1,4 @@
-// Uses the program for a long time and tells whether its memory stays what it was.
+// Uses the program for a long time and reports whether its memory use stays constant.
 
 #include "soak.h"
 
@@ -14,7 +14,7 @@ int main(int argc, char *argv[])
     const QCoreApplication app(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("minutes"), QStringLiteral("For how long; 60 if not said."),
+    parser.addOption({QStringLiteral("minutes"), QStringLiteral("Duration; 60 by default."),
                       QStringLiteral("N"), QStringLiteral("60")});
     parser.process(app);
     const int minutes = parser.value(QStringLiteral("minutes")).toInt();
@@ -23,7 +23,7 @@ int main(int argc, char *argv[])
     try {
         return Soak(std::chrono::minutes(minutes)).run() ? EXIT_SUCCESS : EXIT_FAILURE;
     } catch (const RigError &error) {
-        std::fprintf(stderr, "the soak broke off: %s\n", error.what());
+        std::fprintf(stderr, "the soak failed: %s\n", error.what());
         return 2;
     }
 }

@@ -1,4 +1,4 @@
-// How the monkey writes down where something is.
+// Places and rectangles as the monkey logs them.
 #pragma once
 
 #include <QPoint>
@@ -12,7 +12,7 @@ inline QString textOf(QPoint place)
     return QStringLiteral("%1,%2").arg(place.x()).arg(place.y());
 }
 
-/// As X programs take it.
+/// In the geometry syntax of X programs.
 inline QString textOf(const QRect &rect)
 {
     return QStringLiteral("%1x%2+%3+%4").arg(rect.width()).arg(rect.height()).arg(rect.x()).arg(rect.y());

@@ -19,7 +19,7 @@ const QString kAccessible = QStringLiteral("org.a11y.atspi.Accessible");
 const QString kComponent = QStringLiteral("org.a11y.atspi.Component");
 const QString kAction = QStringLiteral("org.a11y.atspi.Action");
 
-/// Of the coordinates that the protocol knows: those of the whole screen, not of the window.
+/// AT-SPI coordinate type: relative to the screen, not to the window.
 constexpr std::uint32_t kScreenCoordinates = 0;
 
 bool isButton(const QString &role)
@@ -31,9 +31,9 @@ bool isButton(const QString &role)
 
 } // namespace
 
-/// Qt reports extents in points, and nothing of the scale. What the display says of the window that holds the
-/// button tells where its points lie.
-struct Accessibility::Ruler
+/// Converts Qt's extents, which are in points, to pixels. Qt does not report the scale, so it is derived from
+/// the window's rectangle on the display.
+struct Accessibility::PixelMapping
 {
     QRect points;
     QRect pixels;
@@ -46,7 +46,7 @@ struct Accessibility::Ruler
         const QPointF origin = QPointF(rect.topLeft() - points.topLeft()) * scale + pixels.topLeft();
         return QRectF(origin, QSizeF(rect.size()) * scale).toRect();
     }
-    /// How far the two are from being the same shape.
+    /// How much the two aspect ratios differ.
     double error() const
     {
         return std::abs(double(pixels.width()) / points.width() - double(pixels.height()) / points.height());
@@ -59,7 +59,7 @@ Accessibility::Accessibility(DesktopSession &session, const Program &program)
     , m_bus(accessibilityBusAddress(session.busAddress()))
 {
     if (!eventually([&] { return findApplication(m_processId); }))
-        failRig(QStringLiteral("the program does not present itself to screen readers"));
+        failRig(QStringLiteral("the program does not register with the accessibility bus"));
 }
 
 bool Accessibility::findApplication(qint64 processId)
@@ -79,10 +79,10 @@ bool Accessibility::findApplication(qint64 processId)
 QList<AccessibilityBus::Object> Accessibility::children(const Object &parent)
 {
     QList<Object> found;
-    const auto answer = m_bus.call(parent, kAccessible, QStringLiteral("GetChildren"));
-    if (!answer)
+    const auto reply = m_bus.call(parent, kAccessible, QStringLiteral("GetChildren"));
+    if (!reply)
         return found;
-    const auto list = answer->value<QDBusArgument>();
+    const auto list = reply->value<QDBusArgument>();
     list.beginArray();
     while (!list.atEnd()) {
         QString service;
@@ -103,11 +103,11 @@ QString Accessibility::role(const Object &object)
 
 QRect Accessibility::reportedExtents(const Object &object)
 {
-    const auto answer =
+    const auto reply =
         m_bus.call(object, kComponent, QStringLiteral("GetExtents"), {QVariant(kScreenCoordinates)});
-    if (!answer)
+    if (!reply)
         return {};
-    const auto extents = answer->value<QDBusArgument>();
+    const auto extents = reply->value<QDBusArgument>();
     int x = 0;
     int y = 0;
     int width = 0;
@@ -118,21 +118,22 @@ QRect Accessibility::reportedExtents(const Object &object)
     return {x, y, width, height};
 }
 
-Accessibility::Ruler Accessibility::rulerOf(const Object &window)
+Accessibility::PixelMapping Accessibility::mappingOf(const Object &window)
 {
-    // A pixel of rounding at each end of a window of a hundred points is the most that two rulers of the same
-    // window differ by; other windows have other shapes.
-    Ruler best{.points = reportedExtents(window), .pixels = {}};
+    // For the same window the two rectangles differ by at most a pixel of rounding at each end, out of about
+    // a hundred points. Other windows have other aspect ratios.
+    PixelMapping best{.points = reportedExtents(window), .pixels = {}};
     double smallestError = 0.02;
     if (best.points.isEmpty())
         return best;
     for (const WindowInfo &info : m_session.client().windowsOfProcess(m_processId)) {
-        const Ruler ruler{.points = best.points, .pixels = info.geometry};
-        // No desktop shows points smaller than pixels: that would be one of Qt's own tiny windows.
-        if (info.inputOnly || info.geometry.width() < ruler.points.width() || ruler.error() >= smallestError)
+        const PixelMapping mapping{.points = best.points, .pixels = info.geometry};
+        // Pixels are never larger than points: a smaller window is one of Qt's helper windows.
+        if (info.inputOnly || info.geometry.width() < mapping.points.width() ||
+            mapping.error() >= smallestError)
             continue;
-        best = ruler;
-        smallestError = ruler.error();
+        best = mapping;
+        smallestError = mapping.error();
     }
     return best;
 }
@@ -140,8 +141,8 @@ Accessibility::Ruler Accessibility::rulerOf(const Object &window)
 QList<AccessibleButton> Accessibility::buttons()
 {
     QList<AccessibleButton> found;
-    visitButtons([&](const Object &object, const QString &itsRole, const Ruler &ruler) {
-        found.append(describe(object, itsRole, ruler));
+    visitButtons([&](const Object &object, const QString &buttonRole, const PixelMapping &mapping) {
+        found.append(describe(object, buttonRole, mapping));
         return true;
     });
     return found;
@@ -151,11 +152,11 @@ std::optional<AccessibleButton> Accessibility::find(const QString &name, int ind
 {
     std::optional<AccessibleButton> found;
     int passed = 0;
-    // Only the one that is sought is asked for all that it knows: each answer takes a millisecond.
-    visitButtons([&](const Object &object, const QString &itsRole, const Ruler &ruler) {
+    // Only the matching button is queried for everything: each reply takes a millisecond.
+    visitButtons([&](const Object &object, const QString &buttonRole, const PixelMapping &mapping) {
         if (nameOf(object) != name || passed++ < index)
             return true;
-        found = describe(object, itsRole, ruler);
+        found = describe(object, buttonRole, mapping);
         return false;
     });
     return found;
@@ -164,18 +165,18 @@ std::optional<AccessibleButton> Accessibility::find(const QString &name, int ind
 void Accessibility::visitButtons(const Visit &visit)
 {
     for (const Object &window : children(m_application)) {
-        if (!visitButtonsIn(window, rulerOf(window), visit))
+        if (!visitButtonsIn(window, mappingOf(window), visit))
             return;
     }
 }
 
-bool Accessibility::visitButtonsIn(const Object &parent, const Ruler &ruler, const Visit &visit)
+bool Accessibility::visitButtonsIn(const Object &parent, const PixelMapping &mapping, const Visit &visit)
 {
     for (const Object &child : children(parent)) {
         const QString childRole = role(child);
-        const bool goesOn =
-            isButton(childRole) ? visit(child, childRole, ruler) : visitButtonsIn(child, ruler, visit);
-        if (!goesOn)
+        const bool shouldContinue =
+            isButton(childRole) ? visit(child, childRole, mapping) : visitButtonsIn(child, mapping, visit);
+        if (!shouldContinue)
             return false;
     }
     return true;
@@ -186,20 +187,21 @@ QString Accessibility::nameOf(const Object &object)
     return m_bus.property(object, kAccessible, QStringLiteral("Name")).toString();
 }
 
-AccessibleButton Accessibility::describe(const Object &object, const QString &role, const Ruler &ruler)
+AccessibleButton Accessibility::describe(const Object &object, const QString &role,
+                                         const PixelMapping &mapping)
 {
     AccessibleButton button{
         .name = nameOf(object),
         .description = m_bus.property(object, kAccessible, QStringLiteral("Description")).toString(),
         .role = role,
-        .extents = ruler.nativeRect(reportedExtents(object)),
+        .extents = mapping.nativeRect(reportedExtents(object)),
         .object = object,
     };
-    // The lower half of the bits comes first.
-    const auto answer = m_bus.call(object, kAccessible, QStringLiteral("GetState"));
-    if (!answer)
-        failRig(QStringLiteral("the button \"%1\" does not tell its state").arg(button.name));
-    const auto halves = qdbus_cast<QList<std::uint32_t>>(*answer);
+    // The lower 32 bits come first.
+    const auto reply = m_bus.call(object, kAccessible, QStringLiteral("GetState"));
+    if (!reply)
+        failRig(QStringLiteral("the button \"%1\" does not report its state").arg(button.name));
+    const auto halves = qdbus_cast<QList<std::uint32_t>>(*reply);
     button.states = halves.value(0) | std::uint64_t{halves.value(1)} << 32;
     return button;
 }

@@ -11,8 +11,8 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// Long beside the answer of a loaded program, short beside the patience of a test.
-constexpr int kAnswerMilliseconds = 3000;
+/// Longer than a busy program takes to answer, shorter than a test waits.
+constexpr int kTimeoutMilliseconds = 3000;
 
 } // namespace
 
@@ -21,14 +21,14 @@ QString accessibilityBusAddress(const QString &sessionBusAddress)
     const AccessibilityBus::Object launcher = {QStringLiteral("org.a11y.Bus"),
                                                QStringLiteral("/org/a11y/bus")};
     QString address;
-    // A bus has its socket a moment before it listens there.
-    const bool answered = eventually([&] {
+    // The bus creates its socket a moment before it listens on it.
+    const bool isFound = eventually([&] {
         AccessibilityBus session(sessionBusAddress);
-        if (const auto answer = session.call(launcher, launcher.service, QStringLiteral("GetAddress")))
-            address = answer->toString();
+        if (const auto reply = session.call(launcher, launcher.service, QStringLiteral("GetAddress")))
+            address = reply->toString();
         return !address.isEmpty();
     });
-    if (!answered)
+    if (!isFound)
         failRig(QStringLiteral("the accessibility bus did not start; is at-spi2-core installed?"));
     return address;
 }
@@ -47,19 +47,19 @@ AccessibilityBus::~AccessibilityBus()
 std::optional<QVariant> AccessibilityBus::call(const Object &object, const QString &interface,
                                                const QString &method, const QVariantList &arguments)
 {
-    QDBusMessage question = QDBusMessage::createMethodCall(object.service, object.path, interface, method);
-    question.setArguments(arguments);
-    const QDBusMessage answer = m_connection.call(question, QDBus::Block, kAnswerMilliseconds);
-    if (answer.type() != QDBusMessage::ReplyMessage)
+    QDBusMessage message = QDBusMessage::createMethodCall(object.service, object.path, interface, method);
+    message.setArguments(arguments);
+    const QDBusMessage reply = m_connection.call(message, QDBus::Block, kTimeoutMilliseconds);
+    if (reply.type() != QDBusMessage::ReplyMessage)
         return std::nullopt;
-    return answer.arguments().value(0);
+    return reply.arguments().value(0);
 }
 
 QVariant AccessibilityBus::property(const Object &object, const QString &interface, const QString &name)
 {
-    const auto answer = call(object, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-                             {interface, name});
-    return answer ? answer->value<QDBusVariant>().variant() : QVariant();
+    const auto reply = call(object, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
+                            {interface, name});
+    return reply ? reply->value<QDBusVariant>().variant() : QVariant();
 }
 
 qint64 AccessibilityBus::processOf(const QString &service)

@@ -1,4 +1,4 @@
-// The message bus on which programs describe themselves to screen readers.
+// The D-Bus bus of AT-SPI, on which programs describe themselves to screen readers.
 #pragma once
 
 #include <QDBusConnection>
@@ -9,12 +9,12 @@
 
 namespace zeigewerk::rig {
 
-/// The address of the accessibility bus that belongs to a session bus; asking for it starts that bus. Throws
-/// RigError if there is none.
+/// The address of the accessibility bus of a session bus. Asking for it starts that bus. Throws RigError if
+/// there is none.
 QString accessibilityBusAddress(const QString &sessionBusAddress);
 
-/// A connection to a bus that is nobody else's, closed with the object. Every question waits for its answer,
-/// but not for long: whoever is asked is another process.
+/// A private connection to the bus, closed with the object. Calls block until the reply arrives, with a short
+/// timeout: the other side is a different process.
 class AccessibilityBus
 {
 public:
@@ -25,20 +25,20 @@ public:
 
     bool isConnected() const { return m_connection.isConnected(); }
 
-    /// An object on the bus: who has it, and where.
+    /// An object on the bus: its service and its path.
     struct Object
     {
         QString service;
         QString path;
     };
 
-    /// The first value that the object's method answers, or an invalid one if it answers none. Nothing if it
-    /// answers with an error, or not in time.
+    /// The first value that the method returns; an invalid one if it returns none. Nothing on an error or a
+    /// timeout.
     std::optional<QVariant> call(const Object &object, const QString &interface, const QString &method,
                                  const QVariantList &arguments = {});
-    /// An object's property; invalid if it cannot be had.
+    /// A property of the object; invalid if it cannot be read.
     QVariant property(const Object &object, const QString &interface, const QString &name);
-    /// The process behind a name on the bus, or 0.
+    /// The process that owns a bus name, or 0.
     qint64 processOf(const QString &service);
 
 private:

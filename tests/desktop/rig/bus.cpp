@@ -53,9 +53,9 @@ QString Bus::errorOf(const QString &service, const QString &path, const QString 
 
 QVariantMap Bus::properties(const QString &service, const QString &path, const QString &interface)
 {
-    const auto answer = call(service, path, QStringLiteral("org.freedesktop.DBus.Properties"),
-                             QStringLiteral("GetAll"), {interface});
-    return answer && !answer->isEmpty() ? qdbus_cast<QVariantMap>(answer->first()) : QVariantMap();
+    const auto reply = call(service, path, QStringLiteral("org.freedesktop.DBus.Properties"),
+                            QStringLiteral("GetAll"), {interface});
+    return reply && !reply->isEmpty() ? qdbus_cast<QVariantMap>(reply->first()) : QVariantMap();
 }
 
 } // namespace zeigewerk::rig

@@ -1,4 +1,4 @@
-// Questions over D-Bus to programs of the session.
+// D-Bus calls to the programs of the session.
 #pragma once
 
 #include <QDBusConnection>
@@ -12,7 +12,7 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// A connection of its own to the session's bus, closed with the object.
+/// A private connection to the session bus, closed with the object.
 class Bus
 {
 public:
@@ -24,19 +24,18 @@ public:
 
     QDBusConnection &connection() { return m_connection; }
 
-    /// Calls a method and comes back with what it returned; nothing if it failed or did not answer in time.
-    /// The event loop runs meanwhile, because the one who answers, or whom it asks first, may live in this
-    /// process.
+    /// Calls a method and returns its results; nothing if it failed or timed out. The event loop runs
+    /// meanwhile, because the service, or one that it calls, may live in this process.
     std::optional<QVariantList> call(const QString &service, const QString &path, const QString &interface,
                                      const QString &method, const QVariantList &arguments = {});
-    /// The name of the error with which such a call fails; empty if it succeeds, or nobody answers in time.
+    /// The name of the error that such a call returns; empty if it succeeds or times out.
     QString errorOf(const QString &service, const QString &path, const QString &interface,
                     const QString &method, const QVariantList &arguments = {});
     /// All properties of an interface; empty if they cannot be read.
     QVariantMap properties(const QString &service, const QString &path, const QString &interface);
 
 private:
-    /// None if nobody answers in time.
+    /// Nothing on a timeout.
     std::optional<QDBusMessage> replyTo(const QDBusMessage &message);
 
     QString m_name;

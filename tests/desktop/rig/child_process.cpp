@@ -22,8 +22,8 @@ ChildProcess::ChildProcess(const Command &command)
         m_process.setProcessChannelMode(QProcess::MergedChannels);
     if (!command.separateOutput && !command.logPath.isEmpty())
         m_process.setStandardOutputFile(command.logPath);
-    // Runs between fork and exec: system calls only. SIGTERM, because an X server that is killed leaves its
-    // socket behind; every other child loses its display with it.
+    // Runs between fork and exec, so only system calls are allowed. SIGTERM rather than SIGKILL, because a
+    // killed X server leaves its socket behind. All other children end when they lose the display.
     m_process.setChildProcessModifier([parent = getpid()] {
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         if (getppid() != parent)

@@ -1,4 +1,4 @@
-// A process of the rig that never outlives it.
+// A process that never outlives the rig.
 #pragma once
 
 #include <QProcess>
@@ -8,7 +8,7 @@
 
 namespace zeigewerk::rig {
 
-/// Starts a program and ends it with the object. If the test process dies without ending it, the kernel does.
+/// Starts a program and ends it with the object. If the test process dies first, the kernel ends it.
 class ChildProcess
 {
 public:
@@ -17,11 +17,11 @@ public:
         QString program;
         QStringList arguments = {};
         QProcessEnvironment environment;
-        /// Where the outputs go; empty: read both as one through process().
+        /// Where the output goes. If empty, both streams can be read through process() as one.
         QString logPath = {};
-        /// Only the error output goes to the log; read the standard output through process().
+        /// Only standard error goes to the log; standard output can be read through process().
         bool separateOutput = false;
-        /// It reads what is written through process().
+        /// Standard input can be written through process().
         bool readsInput = false;
     };
 
@@ -35,7 +35,8 @@ public:
     qint64 processId() const { return m_processId; }
     bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
 
-    /// SIGTERM, and SIGKILL if it still lives after the deadline. True if it went by itself or by SIGTERM.
+    /// Sends SIGTERM, and SIGKILL if the process still runs after the deadline. True if SIGKILL was not
+    /// needed.
     bool end(std::chrono::milliseconds deadline = std::chrono::seconds(3));
 
 private:

@@ -37,9 +37,9 @@ xcb_atom_t Client::atom(const QByteArray &name)
 
 QList<quint32> Client::property(xcb_window_t window, const QByteArray &name)
 {
-    constexpr std::uint32_t kLongestInWords = 4096;
+    constexpr std::uint32_t kMaxWords = 4096;
     const auto cookie =
-        xcb_get_property(m_connection, 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, kLongestInWords);
+        xcb_get_property(m_connection, 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, kMaxWords);
     const auto reply = owned(xcb_get_property_reply(m_connection, cookie, nullptr));
     if (!reply || reply->format != 32)
         return {};
@@ -188,8 +188,8 @@ void Client::collectWindows(xcb_window_t parent, const Accepts &accepts, QList<W
 
 QList<quint32> Client::resourceBasesOf(qint64 processId)
 {
-    // Asked of the server, which knows the process behind each socket: _NET_WM_PID is only what a program
-    // says, and override-redirect windows rarely say it.
+    // The server knows the process behind each socket. _NET_WM_PID is set by the program itself, and
+    // override-redirect windows rarely have it.
     const xcb_res_client_id_spec_t everyClient = {0, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
     const auto cookie = xcb_res_query_client_ids(m_connection, 1, &everyClient);
     const auto reply = owned(xcb_res_query_client_ids_reply(m_connection, cookie, nullptr));

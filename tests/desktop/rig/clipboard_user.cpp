@@ -10,8 +10,8 @@ namespace zeigewerk::rig {
 
 namespace {
 
-constexpr std::chrono::milliseconds kTurn(2);
-constexpr std::uint8_t kEventType = 0x7F;
+constexpr std::chrono::milliseconds kPollInterval(2);
+constexpr std::uint8_t kTypeMask = 0x7F;
 
 } // namespace
 
@@ -21,8 +21,8 @@ ClipboardUser::ClipboardUser(DesktopSession &session)
 {
     xcb_create_window(m_client.connection(), XCB_COPY_FROM_PARENT, m_window, m_client.root(), 0, 0, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
-    m_turn.callOnTimeout([this] { handleEvents(); });
-    m_turn.start(kTurn);
+    m_timer.callOnTimeout([this] { handleEvents(); });
+    m_timer.start(kPollInterval);
 }
 
 void ClipboardUser::copy(const QString &text)
@@ -32,21 +32,21 @@ void ClipboardUser::copy(const QString &text)
     const auto cookie = xcb_get_selection_owner(m_client.connection(), m_client.atom("CLIPBOARD"));
     const auto reply = owned(xcb_get_selection_owner_reply(m_client.connection(), cookie, nullptr));
     if (!reply || reply->owner != m_window)
-        failRig(QStringLiteral("the clipboard belongs to somebody else"));
+        failRig(QStringLiteral("another program keeps the clipboard"));
 }
 
 std::optional<QString> ClipboardUser::paste()
 {
-    m_answer.reset();
+    m_reply.reset();
     const xcb_atom_t property = m_client.atom("PASTED");
     xcb_convert_selection(m_client.connection(), m_window, m_client.atom("CLIPBOARD"),
                           m_client.atom("UTF8_STRING"), property, XCB_CURRENT_TIME);
     xcb_flush(m_client.connection());
-    if (!eventually([this] { return m_answer.has_value(); }) || *m_answer == XCB_ATOM_NONE)
+    if (!eventually([this] { return m_reply.has_value(); }) || *m_reply == XCB_ATOM_NONE)
         return std::nullopt;
-    constexpr std::uint32_t kLongestInWords = 1 << 16;
+    constexpr std::uint32_t kMaxWords = 1 << 16;
     const auto cookie = xcb_get_property(m_client.connection(), 1, m_window, property,
-                                         m_client.atom("UTF8_STRING"), 0, kLongestInWords);
+                                         m_client.atom("UTF8_STRING"), 0, kMaxWords);
     const auto reply = owned(xcb_get_property_reply(m_client.connection(), cookie, nullptr));
     if (!reply || reply->format != 8)
         return std::nullopt;
@@ -57,11 +57,11 @@ std::optional<QString> ClipboardUser::paste()
 void ClipboardUser::handleEvents()
 {
     while (const auto event = owned(xcb_poll_for_event(m_client.connection()))) {
-        const int type = event->response_type & kEventType;
+        const int type = event->response_type & kTypeMask;
         if (type == XCB_SELECTION_REQUEST)
             answer(reinterpret_cast<const xcb_selection_request_event_t &>(*event));
         else if (type == XCB_SELECTION_NOTIFY)
-            m_answer = reinterpret_cast<const xcb_selection_notify_event_t &>(*event).property;
+            m_reply = reinterpret_cast<const xcb_selection_notify_event_t &>(*event).property;
     }
 }
 

@@ -12,16 +12,16 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// Owns the clipboard, and asks whoever owns it, on a connection of its own. It answers others while the
-/// test's event loop runs, as it does while the test waits for something.
+/// Owns the clipboard and asks its owner for text, on a connection of its own. It answers requests while the
+/// test's event loop runs, which includes every wait of the test.
 class ClipboardUser
 {
 public:
     explicit ClipboardUser(DesktopSession &session);
 
-    /// From now on that text is what others paste. Throws RigError if the clipboard cannot be had.
+    /// Makes this the text that other programs paste. Throws RigError if the clipboard cannot be taken.
     void copy(const QString &text);
-    /// What the clipboard's owner hands out as text; nothing if nobody owns it, or the owner has no text.
+    /// The clipboard's text; nothing if it has no owner, or the owner has no text.
     std::optional<QString> paste();
 
 private:
@@ -31,10 +31,10 @@ private:
 
     Client m_client;
     xcb_window_t m_window = XCB_WINDOW_NONE;
-    QTimer m_turn;
+    QTimer m_timer;
     QByteArray m_text;
-    /// How the last request of our own was answered: the property that holds the text, or none.
-    std::optional<xcb_atom_t> m_answer;
+    /// The reply to our last request: the property with the text, or none.
+    std::optional<xcb_atom_t> m_reply;
 };
 
 } // namespace zeigewerk::rig

@@ -20,7 +20,7 @@ struct NamedKind
 
 constexpr NamedKind kKinds[] = {
     {"openbox+picom", {WindowManager::Openbox, Compositor::Picom}},
-    {"xfwm4", {WindowManager::Xfwm4, Compositor::OfWindowManager}},
+    {"xfwm4", {WindowManager::Xfwm4, Compositor::BuiltIn}},
     {"i3+picom", {WindowManager::I3, Compositor::Picom}},
     {"picom", {WindowManager::None, Compositor::Picom}},
     {"openbox", {WindowManager::Openbox, Compositor::None}},
@@ -29,7 +29,7 @@ constexpr NamedKind kKinds[] = {
 
 } // namespace
 
-DesktopKind desktopOfRun()
+DesktopKind desktopFromEnvironment()
 {
     const QByteArray name = qgetenv("ZEIGEWERK_TEST_DESKTOP");
     if (name.isEmpty())
@@ -37,7 +37,8 @@ DesktopKind desktopOfRun()
     const auto found = std::find_if(std::begin(kKinds), std::end(kKinds),
                                     [&](const NamedKind &named) { return name == named.name; });
     if (found == std::end(kKinds))
-        failRig(QStringLiteral("there is no desktop named %1").arg(QString::fromLocal8Bit(name)));
+        failRig(
+            QStringLiteral("unknown desktop %1 in ZEIGEWERK_TEST_DESKTOP").arg(QString::fromLocal8Bit(name)));
     return found->kind;
 }
 

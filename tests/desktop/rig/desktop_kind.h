@@ -1,11 +1,11 @@
-// Which of the desktops in the world a test runs on.
+// Selects the desktop that a test runs on.
 #pragma once
 
 namespace zeigewerk::rig {
 
 enum class WindowManager { Openbox, Xfwm4, I3, None };
-/// The window manager brings one along only if it is xfwm4; with others Picom is meant then.
-enum class Compositor { Picom, OfWindowManager, None };
+/// Only xfwm4 has a built-in compositor; with other window managers BuiltIn means Picom.
+enum class Compositor { Picom, BuiltIn, None };
 
 struct DesktopKind
 {
@@ -13,9 +13,9 @@ struct DesktopKind
     Compositor compositor = Compositor::Picom;
 };
 
-/// The desktop that ZEIGEWERK_TEST_DESKTOP names: "openbox+picom", which is meant if it is not set, "xfwm4"
-/// with the compositor of its own, "i3+picom", "picom" without a window manager, "openbox" without a
-/// compositor, or "none" of either. Throws RigError if it names another.
-DesktopKind desktopOfRun();
+/// The desktop named by ZEIGEWERK_TEST_DESKTOP: "openbox+picom" (the default), "xfwm4" with its own
+/// compositor, "i3+picom", "picom" without a window manager, "openbox" without a compositor, or "none" for
+/// neither. Throws RigError for any other name.
+DesktopKind desktopFromEnvironment();
 
 } // namespace zeigewerk::rig

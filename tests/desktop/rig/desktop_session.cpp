@@ -1,11 +1,11 @@
 #include "desktop_session.h"
 
 #include "accessibility_bus.h"
-#include "composited_probe.h"
+#include "compositor_probe.h"
 #include "eventually.h"
-#include "managed_probe.h"
 #include "process_stats.h"
 #include "rig_error.h"
+#include "window_manager_probe.h"
 #include "window_manager_settings.h"
 
 #include <QFile>
@@ -19,10 +19,10 @@ namespace zeigewerk::rig {
 namespace {
 
 constexpr std::chrono::seconds kStartDeadline{20};
-constexpr std::chrono::seconds kEndDeadline{3};
+constexpr std::chrono::seconds kExitDeadline{3};
 
-/// The only variables of whoever runs the tests that reach the programs: where things are installed, and how
-/// instrumented builds report.
+/// The only variables that programs inherit from the developer's environment: installation paths, and the
+/// settings of instrumented builds.
 constexpr QLatin1String kInherited[] = {
     QLatin1String("PATH"),           QLatin1String("LD_LIBRARY_PATH"),
     QLatin1String("QT_PLUGIN_PATH"), QLatin1String("QT_QPA_PLATFORM_PLUGIN_PATH"),
@@ -34,7 +34,7 @@ constexpr QLatin1String kInherited[] = {
 bool needsPicom(const DesktopSetup &setup)
 {
     return setup.compositor == Compositor::Picom ||
-           (setup.compositor == Compositor::OfWindowManager && setup.windowManager != WindowManager::Xfwm4);
+           (setup.compositor == Compositor::BuiltIn && setup.windowManager != WindowManager::Xfwm4);
 }
 
 QRect boundsOf(const QList<QRect> &screens)
@@ -52,7 +52,7 @@ void signalAll(const QList<qint64> &processes, int signal)
 
 DesktopSession::DesktopSession(const DesktopSetup &setup)
     : m_setup(setup)
-    , m_display(setup.screens, setup.mice)
+    , m_display(setup.screens, setup.extraDevice)
     , m_pointer(m_display.client())
     , m_keyboard(m_display.client())
 {
@@ -68,21 +68,21 @@ DesktopSession::DesktopSession(const DesktopSetup &setup)
     awaitManagers();
     if (setup.accessibility)
         startAccessibility();
-    m_recorder = Recorder::ofRun(m_display.name(), boundsOf(setup.screens));
-    livingSessions().append(this);
+    m_recorder = Recorder::fromEnvironment(m_display.name(), boundsOf(setup.screens));
+    allSessions().append(this);
 }
 
 DesktopSession::~DesktopSession()
 {
-    livingSessions().removeOne(this);
+    allSessions().removeOne(this);
     m_recorder.reset();
     m_compositor.reset();
     m_windowManager.reset();
     m_bus.reset();
-    endStrays();
+    endStrayProcesses();
 }
 
-QList<DesktopSession *> &DesktopSession::livingSessions()
+QList<DesktopSession *> &DesktopSession::allSessions()
 {
     static QList<DesktopSession *> sessions;
     return sessions;
@@ -112,7 +112,7 @@ void DesktopSession::makeEnvironment(const QMap<QString, QString> &extra)
     folder("XDG_STATE_HOME", QStringLiteral(".local/state"));
     folder("XDG_CACHE_HOME", QStringLiteral(".cache"));
     folder("TMPDIR", QStringLiteral("tmp"));
-    // The runtime folder must be its owner's alone, or programs refuse it.
+    // Programs refuse a runtime folder that others can access.
     QFile::setPermissions(home().filePath(QStringLiteral("run")),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 
@@ -125,7 +125,7 @@ void DesktopSession::makeEnvironment(const QMap<QString, QString> &extra)
         m_environment.insert(it.key(), *it);
 }
 
-QString DesktopSession::logOf(const QString &program) const
+QString DesktopSession::logPath(const QString &program) const
 {
     return home().filePath(program + QStringLiteral(".log"));
 }
@@ -136,7 +136,7 @@ std::unique_ptr<ChildProcess> DesktopSession::launch(const QString &program, con
         .program = program,
         .arguments = arguments,
         .environment = m_environment,
-        .logPath = logOf(program),
+        .logPath = logPath(program),
     });
 }
 
@@ -149,7 +149,7 @@ void DesktopSession::launchWindowManager()
         return;
     case WindowManager::Xfwm4:
         writeXfwm4Settings(home());
-        m_windowManager = launch(QStringLiteral("xfwm4"), {m_setup.compositor == Compositor::OfWindowManager
+        m_windowManager = launch(QStringLiteral("xfwm4"), {m_setup.compositor == Compositor::BuiltIn
                                                                ? QStringLiteral("--compositor=on")
                                                                : QStringLiteral("--compositor=off"),
                                                            QStringLiteral("--vblank=off")});
@@ -164,7 +164,8 @@ void DesktopSession::launchWindowManager()
 
 bool DesktopSession::hasWindowManager()
 {
-    // The root names a window, and that window names itself: a manager that died leaves only the first.
+    // The root names a window, which in turn names itself. When a window manager dies, only the first
+    // remains.
     const QList<quint32> check = client().property(client().root(), "_NET_SUPPORTING_WM_CHECK");
     return !check.isEmpty() && client().property(check.first(), "_NET_SUPPORTING_WM_CHECK") == check;
 }
@@ -184,7 +185,7 @@ void DesktopSession::awaitWindowManager()
 {
     if (!eventually([&] { return hasWindowManager(); }, kStartDeadline))
         failRig(QStringLiteral("the window manager did not start"));
-    ManagedProbe probe(client());
+    WindowManagerProbe probe(client());
     if (!eventually([&] { return probe.isManaged(); }, kStartDeadline) ||
         !eventually([&] { return probe.isForgotten(); }, kStartDeadline))
         failRig(QStringLiteral("the window manager does not manage windows"));
@@ -199,13 +200,13 @@ void DesktopSession::restartWindowManager()
 
 QByteArray DesktopSession::windowManagerOutput() const
 {
-    QFile log(m_windowManager ? logOf(m_windowManager->process().program()) : QString());
+    QFile log(m_windowManager ? logPath(m_windowManager->process().program()) : QString());
     return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
 }
 
 void DesktopSession::launchCompositor()
 {
-    // No vertical sync, since the monitors have none, and no user's configuration with shadows and fading.
+    // No vertical sync, because the monitors have none, and no user configuration with shadows and fading.
     m_compositor = launch(QStringLiteral("picom"), {QStringLiteral("--backend"), QStringLiteral("xrender"),
                                                     QStringLiteral("--no-vsync"), QStringLiteral("--config"),
                                                     QStringLiteral("/dev/null")});
@@ -221,8 +222,8 @@ void DesktopSession::awaitCompositor()
 {
     if (!eventually([&] { return isComposited(); }, kStartDeadline))
         failRig(QStringLiteral("the compositor did not start"));
-    CompositedProbe probe(client(), m_display.screens().value(0).topLeft());
-    if (!eventually([&] { return probe.isMixed(); }, kStartDeadline) ||
+    CompositorProbe probe(client(), m_display.screens().value(0).topLeft());
+    if (!eventually([&] { return probe.isBlended(); }, kStartDeadline) ||
         !eventually([&] { return probe.isGone(); }, kStartDeadline))
         failRig(QStringLiteral("the compositor does not paint"));
 }
@@ -236,21 +237,22 @@ void DesktopSession::stopCompositor()
 
 void DesktopSession::startAccessibility()
 {
-    // Programs that find no bus at their start would come to it only later; the address itself they ask for.
+    // A program that finds no accessibility bus when it starts would connect later. Programs ask for the
+    // address themselves.
     accessibilityBusAddress(busAddress());
     m_environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
 }
 
-void DesktopSession::endStrays()
+void DesktopSession::endStrayProcesses()
 {
-    // Helpers that the bus or a program started: they have another parent, but our home.
+    // Helpers started by the bus or by a program: they have another parent, but our HOME.
     const QByteArray mark = "HOME=" + QFile::encodeName(m_environment.value(QStringLiteral("HOME")));
     signalAll(processesWithEnvironment(mark), SIGTERM);
-    const auto areGone = [&] { return processesWithEnvironment(mark).isEmpty(); };
-    if (eventually(areGone, kEndDeadline))
+    const auto allGone = [&] { return processesWithEnvironment(mark).isEmpty(); };
+    if (eventually(allGone, kExitDeadline))
         return;
     signalAll(processesWithEnvironment(mark), SIGKILL);
-    eventually(areGone, kEndDeadline);
+    eventually(allGone, kExitDeadline);
 }
 
 } // namespace zeigewerk::rig

@@ -1,4 +1,4 @@
-// A whole desktop for one test: display, home, bus, window manager, compositor.
+// A complete desktop for one test: display, home, bus, window manager, compositor.
 #pragma once
 
 #include "desktop_kind.h"
@@ -17,35 +17,35 @@
 
 namespace zeigewerk::rig {
 
-/// What a session is made of. Whoever does not choose the desktop gets the one of this run of the tests.
+/// What a session consists of. By default the desktop is that of the current test run.
 struct DesktopSetup
 {
     QList<QRect> screens = {VirtualDisplay::kFullHd};
-    WindowManager windowManager = desktopOfRun().windowManager;
-    Compositor compositor = desktopOfRun().compositor;
-    /// The accessibility bus runs, and Qt's programs are on it from their start.
+    WindowManager windowManager = desktopFromEnvironment().windowManager;
+    Compositor compositor = desktopFromEnvironment().compositor;
+    /// Starts the accessibility bus, and makes Qt programs use it from their start.
     bool accessibility = false;
-    Mice mice = Mice::XTestOnly;
-    /// The XKB name of a keyboard map, as "de"; the server's own, a US one, if empty. A program that starts
-    /// later has never known another.
+    ExtraDevice extraDevice = ExtraDevice::None;
+    /// The XKB name of a keyboard map, such as "de"; the server's default, "us", if empty. Programs that
+    /// start later never see another one.
     QString keyboardMap = {};
-    /// Set for every process of the session, beside what the session itself sets.
+    /// Set for every process of the session, in addition to the session's own variables.
     QMap<QString, QString> environment = {};
 };
 
-/// Everything is private to the session and gone with it, also when the test fails; the settings, the bus and
-/// the display of whoever runs the tests are neither read nor written.
+/// Everything is private to the session and removed with it, even when the test fails. The developer's own
+/// settings, bus and display are neither read nor written.
 class DesktopSession
 {
 public:
-    /// Comes back when the window manager and the compositor work. Throws RigError if one does not.
+    /// Waits until the window manager and the compositor work. Throws RigError if one does not.
     explicit DesktopSession(const DesktopSetup &setup = {});
-    /// Ends every process started in the session, the newest first, also those it did not start itself.
+    /// Ends every process of the session, newest first, including those that other processes started.
     ~DesktopSession();
     DesktopSession(const DesktopSession &) = delete;
     DesktopSession &operator=(const DesktopSession &) = delete;
 
-    /// For a program that is to run on this desktop: nothing of the real session shines through.
+    /// For a program that runs on this desktop: it inherits nothing from the real session.
     QProcessEnvironment environment() const { return m_environment; }
     /// The user's home folder in this session.
     QDir home() const { return QDir(m_home.path()); }
@@ -58,25 +58,24 @@ public:
     Keyboard &keyboard() { return m_keyboard; }
     Screenshot screenshot() { return Screenshot::of(client()); }
 
-    /// Whether a window manager works on the display now.
+    /// Whether a window manager is running.
     bool hasWindowManager();
-    /// Comes back when the window manager has done what it was asked to do until now. Throws RigError if that
-    /// does not happen.
+    /// Waits until the window manager has processed all requests so far. Throws RigError if it does not.
     void awaitWindowManager();
-    /// Ends the window manager, unless it has ended by itself, and starts it again; comes back when it works.
+    /// Ends the window manager if it still runs, starts it again, and waits until it works.
     void restartWindowManager();
-    /// What the window manager has written since it started.
+    /// Everything the window manager has written since it started.
     QByteArray windowManagerOutput() const;
-    /// Whether a compositing manager works on the display now.
+    /// Whether a compositing manager is running.
     bool isComposited() { return client().selectionHasOwner("_NET_WM_CM_S0"); }
-    /// Ends the compositor, or starts it again; comes back when that has happened.
+    /// Ends the compositor, or starts it again, and waits until that is done.
     void stopCompositor();
     void startCompositor();
-    /// Starts it and does not wait: where something covers the place that is looked at, startCompositor()
-    /// would take it for one that does not paint.
+    /// Starts the compositor without waiting. If something covers the place of the probe, startCompositor()
+    /// would report that it does not paint.
     void launchCompositor();
 
-    /// Ends the session bus; nothing starts it again.
+    /// Ends the session bus for good.
     void stopBus() { m_bus.reset(); }
 
     /// The window manager's process, or 0 without one.
@@ -85,12 +84,12 @@ public:
     /// The compositor's process, or 0 without one.
     qint64 compositorProcessId() const { return m_compositor ? m_compositor->processId() : 0; }
 
-    /// The sessions that exist now, the oldest first: for the picture that a failed expectation takes without
-    /// being handed a session.
-    static const QList<DesktopSession *> &living() { return livingSessions(); }
+    /// The sessions that exist now, oldest first: for the screenshot of a failed expectation, which has no
+    /// session at hand.
+    static const QList<DesktopSession *> &all() { return allSessions(); }
 
 private:
-    static QList<DesktopSession *> &livingSessions();
+    static QList<DesktopSession *> &allSessions();
 
     void makeEnvironment(const QMap<QString, QString> &extra);
     std::unique_ptr<ChildProcess> launch(const QString &program, const QStringList &arguments);
@@ -98,8 +97,8 @@ private:
     void awaitManagers();
     void awaitCompositor();
     void startAccessibility();
-    QString logOf(const QString &program) const;
-    void endStrays();
+    QString logPath(const QString &program) const;
+    void endStrayProcesses();
 
     DesktopSetup m_setup;
     VirtualDisplay m_display;
@@ -107,11 +106,11 @@ private:
     Keyboard m_keyboard;
     QTemporaryDir m_home;
     QProcessEnvironment m_environment;
-    // In the order in which they start, so that they end in the opposite one.
+    // In the order in which they start; they end in reverse order.
     std::unique_ptr<ChildProcess> m_bus;
     std::unique_ptr<ChildProcess> m_windowManager;
     std::unique_ptr<ChildProcess> m_compositor;
-    /// None unless the tests are to be watched.
+    /// None unless the test is filmed.
     std::unique_ptr<Recorder> m_recorder;
 };
 

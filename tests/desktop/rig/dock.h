@@ -10,13 +10,12 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// A managed window that says that it is a dock and which strips along the desktop's edges it keeps for
-/// itself.
+/// A managed window of the type dock that reserves strips along the edges of the desktop.
 class Dock
 {
 public:
-    /// `property` is "_NET_WM_STRUT_PARTIAL" or "_NET_WM_STRUT", `strut` its values. Comes back when the
-    /// window is on the screen and the window manager lists it; throws RigError if that does not happen.
+    /// `property` is "_NET_WM_STRUT_PARTIAL" or "_NET_WM_STRUT", `strut` its values. Waits until the window
+    /// is on the screen and the window manager lists it; throws RigError if that does not happen.
     Dock(DesktopSession &session, const QRect &rect, const QByteArray &property, const QList<quint32> &strut);
 
     xcb_window_t id() const { return m_id; }

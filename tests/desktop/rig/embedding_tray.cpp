@@ -26,7 +26,7 @@ EmbeddingTray::EmbeddingTray(DesktopSession &session, QPoint place)
 void EmbeddingTray::start()
 {
     if (m_client.selectionHasOwner(kSelection))
-        failRig(QStringLiteral("there is a tray already"));
+        failRig(QStringLiteral("there already is a tray"));
     xcb_connection_t *xcb = m_client.connection();
     m_window = xcb_generate_id(xcb);
     const std::array<std::uint32_t, 2> values = {m_client.screen().white_pixel, 1};
@@ -47,11 +47,11 @@ void EmbeddingTray::stop()
         xcb_unmap_window(xcb, m_icon);
         xcb_reparent_window(xcb, m_icon, m_client.root(), 0, 0);
     }
-    // The selection goes with its owner.
+    // The selection is released with its owner.
     xcb_destroy_window(xcb, m_window);
     m_window = XCB_WINDOW_NONE;
     m_icon = XCB_WINDOW_NONE;
-    // What nobody has read yet was meant for the one that is gone.
+    // Pending events were meant for the destroyed window.
     m_client.roundTrip();
     while (owned(xcb_poll_for_event(xcb))) {
     }

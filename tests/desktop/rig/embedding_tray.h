@@ -1,4 +1,4 @@
-// A tray of the older kind, in which programs embed a window of theirs.
+// A system tray of the older kind (XEmbed), into which programs embed a window.
 #pragma once
 
 #include "client.h"
@@ -12,20 +12,20 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// Owns the selection of a system tray and takes the windows that ask to be docked. It holds one icon, the
-/// latest; its events are handled whenever it is asked something.
+/// Owns the selection of a system tray and embeds the windows that ask for it. It holds one icon, the latest.
+/// Its events are handled on each call.
 class EmbeddingTray
 {
 public:
-    /// Not started yet. The icon will lie at that place (native root pixels).
+    /// Not started yet. The icon will be at that place (native root pixels).
     EmbeddingTray(DesktopSession &session, QPoint place);
 
-    /// Throws RigError if another tray is there.
+    /// Throws RigError if there already is a tray.
     void start();
-    /// Gives the selection up; its window goes, and the icon back to its program.
+    /// Releases the selection, destroys the tray's window, and returns the icon to its program.
     void stop();
 
-    /// The icon that is docked and on the screen.
+    /// The icon, if it is docked and on the screen.
     std::optional<WindowInfo> icon();
 
 private:

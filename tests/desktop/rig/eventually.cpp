@@ -10,7 +10,7 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// Short beside the deadlines, long beside the cost of a question to the server.
+/// Short compared to the deadlines, long compared to a round trip to the server.
 constexpr int kPollMilliseconds = 4;
 
 } // namespace
@@ -37,12 +37,12 @@ QStringList saveFailurePictures()
     QStringList saved;
     if (!folder.mkpath(QStringLiteral(".")))
         return saved;
-    for (DesktopSession *session : DesktopSession::living()) {
+    for (DesktopSession *session : DesktopSession::all()) {
         const QString suffix = saved.isEmpty() ? QString() : QStringLiteral("_%1").arg(saved.size() + 1);
-        const QString path = folder.filePath(nameOfRunningTest() + suffix + QStringLiteral(".png"));
+        const QString path = folder.filePath(runningTestName() + suffix + QStringLiteral(".png"));
         if (!session->screenshot().save(path))
             continue;
-        qInfo().noquote() << "The screen now:" << path;
+        qInfo().noquote() << "Screenshot:" << path;
         saved.append(path);
     }
     return saved;
@@ -71,7 +71,7 @@ bool verifyEventually(const Condition &condition, std::chrono::milliseconds dead
 bool verifyThroughout(std::chrono::milliseconds duration, const Condition &condition, const char *text,
                       const char *file, int line)
 {
-    const QString problem = QStringLiteral("ceased to hold within %1 ms").arg(duration.count());
+    const QString problem = QStringLiteral("did not hold for %1 ms").arg(duration.count());
     return verify(throughout(duration, condition), text, problem, file, line);
 }
 

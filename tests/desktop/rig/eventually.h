@@ -1,4 +1,4 @@
-// Waiting for what another program does, without guessing how long it takes.
+// Waits for what other programs do, without assuming how long it takes.
 #pragma once
 
 #include <QtTest>
@@ -10,20 +10,19 @@ namespace zeigewerk::rig {
 
 using Condition = std::function<bool()>;
 
-/// Long enough for a loaded machine; a passing test never waits this long.
+/// Long enough for a busy machine; a passing test never waits this long.
 inline constexpr std::chrono::milliseconds kDeadline = std::chrono::seconds(5);
 
-/// Asks every few milliseconds, running the event loop in between, until the condition holds (true) or the
-/// deadline has passed (false). Asks at least once.
+/// Polls every few milliseconds, running the event loop in between, until the condition holds (true) or the
+/// deadline has passed (false). Polls at least once.
 bool eventually(const Condition &condition, std::chrono::milliseconds deadline = kDeadline);
 
-/// Whether the condition holds now and each time it is asked until the duration is over. This is for what
-/// must not happen, which only watching for a while can show; say in the test why that while is long enough.
+/// Whether the condition holds now and on every poll until the duration is over. This is for what must not
+/// happen, which only waiting can show; the test says why the duration is long enough.
 bool throughout(std::chrono::milliseconds duration, const Condition &condition);
 
-/// Saves a screenshot of each living session under the name of the running test, says where on the log, and
-/// returns the files. The folder is the build's "failures", or what the environment variable
-/// ZEIGEWERK_FAILURES_DIR says.
+/// Saves a screenshot of each session under the name of the running test, logs the paths and returns them.
+/// The folder is "failures" in the build folder, or the one named by ZEIGEWERK_FAILURES_DIR.
 QStringList saveFailurePictures();
 
 namespace detail {
@@ -37,13 +36,13 @@ bool verifyThroughout(std::chrono::milliseconds duration, const Condition &condi
 
 } // namespace zeigewerk::rig
 
-// As QVERIFY, these leave the test function, with the condition's text on the log and a picture of the screen
-// saved. They are macros because only a macro can return from the test and knows the condition's text.
+// Like QVERIFY, these return from the test function on failure, log the condition's text and save a
+// screenshot. Only macros can return from the test and know the condition's text.
 
-/// Goes on as soon as the condition holds; fails after kDeadline.
+/// Continues as soon as the condition holds; fails after kDeadline.
 #define EVENTUALLY(...) EVENTUALLY_WITHIN(zeigewerk::rig::kDeadline, __VA_ARGS__)
 
-/// Goes on as soon as the condition holds; fails after the given deadline.
+/// Continues as soon as the condition holds; fails after the given deadline.
 #define EVENTUALLY_WITHIN(deadline, ...)                                                                     \
     do {                                                                                                     \
         if (!zeigewerk::rig::detail::verifyEventually([&] { return bool(__VA_ARGS__); }, deadline,           \
@@ -51,7 +50,7 @@ bool verifyThroughout(std::chrono::milliseconds duration, const Condition &condi
             return;                                                                                          \
     } while (false)
 
-/// Fails as soon as the condition does not hold; goes on after the given duration.
+/// Fails as soon as the condition does not hold; continues after the given duration.
 #define THROUGHOUT(duration, ...)                                                                            \
     do {                                                                                                     \
         if (!zeigewerk::rig::detail::verifyThroughout(                                                       \

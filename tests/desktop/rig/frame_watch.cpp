@@ -39,7 +39,7 @@ void FrameWatch::record(const xcb_generic_event_t &event)
     constexpr int kSentFlag = 0x80;
     const int type = event.response_type & ~kSentFlag;
     if (type == XCB_CREATE_NOTIFY) {
-        // It goes with the window; if that is gone by now, the server's complaint is nobody's concern.
+        // Destroyed with the window. If the window is already gone, the server's error is harmless.
         xcb_damage_create(m_client.connection(), xcb_generate_id(m_client.connection()),
                           reinterpret_cast<const xcb_create_notify_event_t &>(event).window,
                           XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES);

@@ -1,4 +1,4 @@
-// How often windows are painted on.
+// Counts how often windows are painted.
 #pragma once
 
 #include "client.h"
@@ -10,16 +10,15 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// Told by the server of everything that is painted on top-level windows that are made from now on, whether
-/// anybody looks or not.
+/// Receives the server's Damage events for every top-level window created from now on.
 class FrameWatch
 {
 public:
     explicit FrameWatch(DesktopSession &session);
 
-    /// Takes in what the server has told until now. A window that comes and goes in between is missed.
+    /// Reads the server's pending events. A window that is created and destroyed between two calls is missed.
     void catchUp();
-    /// How many pictures that window has shown: what is painted on it within the same millisecond is one.
+    /// How many frames the window has shown: everything painted within the same millisecond is one frame.
     qsizetype frames(xcb_window_t window);
 
 private:
@@ -27,7 +26,7 @@ private:
 
     Client m_client;
     std::uint8_t m_firstEvent = 0;
-    /// The times, by window.
+    /// The times of the frames, by window.
     QHash<xcb_window_t, QSet<xcb_timestamp_t>> m_frames;
 };
 

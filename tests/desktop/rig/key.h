@@ -1,4 +1,4 @@
-// A key of the keyboard, named by where it is, not by what a keyboard map makes of it.
+// Keys, named by their position rather than by what a keyboard map makes of them.
 #pragma once
 
 #include <QList>
@@ -7,8 +7,8 @@
 
 namespace zeigewerk::rig {
 
-/// X key codes: the kernel's evdev codes + 8. Letters are the places they have on a US keyboard; the comment
-/// behind a key names what a German one prints on it.
+/// X key codes: the kernel's evdev codes + 8. Letters are named as on a US keyboard; the comment after a key
+/// names what a German keyboard prints on it.
 enum class Key : std::uint8_t {
     Escape = 1 + 8,
     Digit1 = 2 + 8,
@@ -22,7 +22,7 @@ enum class Key : std::uint8_t {
     Digit9 = 10 + 8,
     Digit0 = 11 + 8,
     Minus = 12 + 8, // ß
-    Equal = 13 + 8, // the dead acute accent, with Shift the grave one
+    Equal = 13 + 8, // dead acute accent, with Shift dead grave accent
     Backspace = 14 + 8,
     Tab = 15 + 8,
     Q = 16 + 8,
@@ -49,7 +49,7 @@ enum class Key : std::uint8_t {
     L = 38 + 8,
     Semicolon = 39 + 8,  // ö
     Apostrophe = 40 + 8, // ä
-    Grave = 41 + 8,      // the dead circumflex
+    Grave = 41 + 8,      // dead circumflex
     Shift = 42 + 8,
     Z = 44 + 8, // Y
     X = 45 + 8,
@@ -80,10 +80,10 @@ enum class Key : std::uint8_t {
     Super = 125 + 8,
 };
 
-/// Keys held while another one is tapped, in the order in which they go down.
+/// Keys held while another one is tapped, in the order in which they are pressed.
 using Modifiers = QList<Key>;
 
-/// The bits of an X event's state that these modifiers set; keys that are no modifiers set none.
+/// The bits of an X event's state for these modifiers; other keys set none.
 std::uint16_t modifierMask(const Modifiers &modifiers);
 
 } // namespace zeigewerk::rig

@@ -12,7 +12,7 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// Where a character is on a US keyboard, Shift aside.
+/// The position of a character on a US keyboard, ignoring Shift.
 std::optional<Key> keyOf(QChar character)
 {
     struct Row

@@ -9,8 +9,8 @@ namespace zeigewerk::rig {
 
 class Client;
 
-/// Real key events through XTest. Each operation comes back when the server has delivered its events. A key
-/// that stays pressed repeats by itself after a while, as a real one does.
+/// Real key events through XTest. Each operation returns once the server has delivered its events. A key that
+/// stays pressed repeats, as on a real keyboard.
 class Keyboard
 {
 public:
@@ -25,13 +25,13 @@ public:
     void tap(Key key);
     /// Presses the modifiers in order, taps the key, and releases the modifiers in the opposite order.
     void chord(const Modifiers &modifiers, Key key);
-    /// Taps the places that give this text on a US keyboard, upper case with Shift. Letters, digits, space,
-    /// comma and period; throws RigError on others.
+    /// Types the text by its positions on a US keyboard, upper case with Shift: letters, digits, space, comma
+    /// and period. Throws RigError for other characters.
     void type(const QString &text);
 
     /// Whether Key::CapsLock or Key::NumLock is on; false for other keys.
     bool lock(Key key) const;
-    /// Turns one of them on or off by tapping its key, if it is not already so; false if that did not help.
+    /// Turns one of them on or off by tapping its key if needed; false if that had no effect.
     bool setLock(Key key, bool on);
 
 private:

@@ -14,7 +14,7 @@ namespace {
 
 const QLatin1String kOutputPrefix("DUMMY");
 
-/// A monitor that says nothing of its size in millimetres is taken for 96 dots an inch; so is our root.
+/// At 96 dots per inch, which is also assumed for a monitor that reports no size in millimetres.
 std::uint32_t millimetres(int pixels)
 {
     return static_cast<std::uint32_t>(std::lround(pixels * 25.4 / 96.0));
@@ -25,7 +25,7 @@ QString modeName(QSize size)
     return QStringLiteral("rig-%1x%2").arg(size.width()).arg(size.height());
 }
 
-/// A made-up timing: a few pixels of porch, since no beam has to fly back, at 60 pictures a second.
+/// A synthetic timing at 60 Hz; a few pixels of porch are enough without a real monitor.
 xcb_randr_mode_info_t modeOf(QSize size, std::uint16_t nameLength)
 {
     xcb_randr_mode_info_t mode = {};
@@ -70,7 +70,7 @@ Outputs::Resources Outputs::query()
     found.crtcs = QList<xcb_randr_crtc_t>(crtcs, crtcs + reply->num_crtcs);
     const auto *outputs = xcb_randr_get_screen_resources_current_outputs(reply.get());
     found.outputs = QList<xcb_randr_output_t>(outputs, outputs + reply->num_outputs);
-    // All names follow one another without separators.
+    // The names follow one another without separators.
     const auto *name =
         reinterpret_cast<const char *>(xcb_randr_get_screen_resources_current_names(reply.get()));
     const auto *modes = xcb_randr_get_screen_resources_current_modes(reply.get());
@@ -107,7 +107,7 @@ void Outputs::resizeRoot(const QMap<int, QRect> &wanted)
     QRect extent;
     for (const QRect &screen : wanted)
         extent |= QRect(QPoint(0, 0), QSize(screen.x() + screen.width(), screen.y() + screen.height()));
-    // With every output off a root stays as big as it was: no server has a root of nothing.
+    // With every output off the root keeps its size: a root cannot be empty.
     if (extent.isEmpty())
         return;
     xcb_randr_set_screen_size(m_client.connection(), m_client.root(),
@@ -130,8 +130,8 @@ void Outputs::apply(const QMap<int, QRect> &wanted)
             XCB_RANDR_ROTATION_ROTATE_0, on ? 1 : 0, on ? &resources.outputs.at(output) : nullptr);
     };
 
-    // Grabbed, so that other clients see the change as one. What goes or changes goes off first: the root
-    // must never be too small for what is lit.
+    // Grabbed, so that other clients see a single change. Outputs that change are turned off first: the root
+    // must never be too small for the outputs that are on.
     QList<xcb_randr_set_crtc_config_cookie_t> cookies;
     xcb_grab_server(c);
     for (auto it = before.cbegin(); it != before.cend(); ++it)
@@ -141,16 +141,15 @@ void Outputs::apply(const QMap<int, QRect> &wanted)
     for (auto it = wanted.cbegin(); it != wanted.cend(); ++it)
         if (before.value(it.key()) != *it)
             cookies.append(set(it.key(), *it, resources.modes.value(modeName(it->size()))));
-    // Asking this way has the driver look which outputs have a screen now, as it does by itself with real
-    // ones.
-    const auto look = xcb_randr_get_screen_resources(c, m_client.root());
+    // Makes the driver look for connected screens again, as it does by itself with real hardware.
+    const auto probe = xcb_randr_get_screen_resources(c, m_client.root());
     xcb_ungrab_server(c);
 
-    owned(xcb_randr_get_screen_resources_reply(c, look, nullptr));
+    owned(xcb_randr_get_screen_resources_reply(c, probe, nullptr));
     for (const auto cookie : cookies) {
         const auto reply = owned(xcb_randr_set_crtc_config_reply(c, cookie, nullptr));
         if (!reply || reply->status != XCB_RANDR_SET_CONFIG_SUCCESS)
-            failRig(QStringLiteral("the X server refused a screen"));
+            failRig(QStringLiteral("the X server refused a screen change"));
     }
     m_client.roundTrip();
 }

@@ -1,4 +1,4 @@
-// The outputs of a virtual display: monitors that can be plugged in and out.
+// The outputs of a virtual display: monitors that can be plugged in and unplugged.
 #pragma once
 
 #include <QList>
@@ -10,16 +10,16 @@ namespace zeigewerk::rig {
 
 class Client;
 
-/// Output numbers are those of the server's names: 1 is DUMMY1. Rectangles are native root pixels.
+/// Output numbers follow the server's names: 1 is DUMMY1. Rectangles are native root pixels.
 class Outputs
 {
 public:
     explicit Outputs(Client &client);
 
-    /// Lights exactly these outputs, each with its rectangle, and turns all others off. The root becomes as
-    /// big as needed. Throws RigError if the server refuses.
+    /// Turns on exactly these outputs, each with its rectangle, and all others off. The root is resized as
+    /// needed. Throws RigError if the server refuses.
     void apply(const QMap<int, QRect> &wanted);
-    /// The monitors that RandR reports now, by output number.
+    /// The monitors that RandR currently reports, by output number.
     QMap<int, QRect> reported();
 
 private:

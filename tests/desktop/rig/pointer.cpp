@@ -11,7 +11,7 @@ namespace zeigewerk::rig {
 
 namespace {
 
-constexpr std::chrono::seconds kPatience{1};
+constexpr std::chrono::seconds kTimeout{1};
 
 } // namespace
 
@@ -32,7 +32,7 @@ bool Pointer::moveTo(QPoint place)
 {
     constexpr int kAbsolute = 0;
     fake(XCB_MOTION_NOTIFY, kAbsolute, place);
-    return eventually([&] { return location() == place; }, kPatience);
+    return eventually([&] { return location() == place; }, kTimeout);
 }
 
 bool Pointer::press(int button)
@@ -49,7 +49,7 @@ bool Pointer::release(int button)
 
 bool Pointer::awaitButton(int button, bool down)
 {
-    // X tells the state of the first five buttons only.
+    // X reports the state of the first five buttons only.
     if (button > WheelDown)
         return true;
     const int mask = XCB_BUTTON_MASK_1 << (button - Left);
@@ -59,7 +59,7 @@ bool Pointer::awaitButton(int button, bool down)
             const auto reply = owned(xcb_query_pointer_reply(m_client.connection(), cookie, nullptr));
             return reply && ((reply->mask & mask) != 0) == down;
         },
-        kPatience);
+        kTimeout);
 }
 
 bool Pointer::click(int button)

@@ -8,12 +8,12 @@ namespace zeigewerk::rig {
 
 class Client;
 
-/// Real events through XTest: grabs, raw events and the pointer's place are those of a hand. Places are
-/// native root pixels.
+/// Real events through XTest: grabs, raw events and the pointer's position behave as with a real mouse.
+/// Places are native root pixels.
 ///
-/// Each operation comes back when the pointer has done it. That is more than a round trip: a window manager
-/// that looks at clicks to move the focus holds the pointer until it has looked, and meanwhile the server
-/// queues what the hand does and drops motions. An operation returns false if it is not done within a second.
+/// Each operation returns once the pointer has done it, which takes more than a round trip: a window manager
+/// that focuses windows on clicks freezes the pointer until it has handled the click, and meanwhile the
+/// server queues buttons and drops motions. An operation returns false if it is not done within a second.
 class Pointer
 {
 public:
@@ -32,20 +32,20 @@ public:
     {
     }
 
-    /// False also if the edge of the screens kept the pointer from going there.
+    /// Also false if the pointer is stopped by the edge of the screens.
     bool moveTo(QPoint place);
     bool press(int button = Left);
     bool release(int button = Left);
     /// A press and a release where the pointer is.
     bool click(int button = Left);
-    /// So many of them where the pointer is, as close together as no hand makes them; comes back when the
-    /// server has them all, whoever has been told of them.
+    /// That many clicks where the pointer is, faster than any person. Returns once the server has them all,
+    /// whether or not clients have received them.
     void clickAtOnce(int count);
     /// A press and a release at a place.
     bool clickAt(QPoint place, int button = Left);
-    /// Goes to the first point, presses, makes one motion for each other point, and releases at the last.
+    /// Moves to the first point, presses, makes one motion to each other point, and releases at the last.
     bool drag(const QList<QPoint> &points, int button = Left);
-    /// Wheel steps at the pointer: up if positive, down if negative. XTest's mouse has no fine scrolling, so
+    /// Wheel steps at the pointer: up if positive, down if negative. XTest's mouse has no scroll axis, so
     /// these are the classic buttons 4 and 5.
     bool wheel(int steps);
 

@@ -1,4 +1,4 @@
-// A window of another program that no window manager looks after: a menu, or a screen locker.
+// An unmanaged window of another program: a menu, or a screen locker.
 #pragma once
 
 #include "client.h"
@@ -10,24 +10,24 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// An override-redirect window of one colour, put on top of everything when it is shown.
+/// An override-redirect window of one colour that opens on top of everything.
 class Popup
 {
 public:
-    /// Comes back when the window is viewable.
+    /// Returns once the window is viewable.
     Popup(DesktopSession &session, const QRect &rect, const QColor &color);
 
     xcb_window_t id() const { return m_id; }
-    /// Puts it on top of everything again.
+    /// Raises it above everything again.
     void raise() const;
-    /// Puts it right below another one.
+    /// Moves it directly below another one.
     void lowerBelow(const Popup &other) const;
 
-    /// Takes the pointer as a menu does: whatever is pressed and wherever, this program alone is told. False
-    /// if another program has it.
+    /// Grabs the pointer as a menu does: this program alone receives all presses. False if another program
+    /// has grabbed it.
     bool grabPointer() const;
     void ungrabPointer() const;
-    /// How many presses it was told of since it took the pointer.
+    /// How many presses it has received since it grabbed the pointer.
     int presses() const;
 
 private:

@@ -96,7 +96,7 @@ QList<qint64> processesWithEnvironment(const QByteArray &entry)
     for (const QString &name : names) {
         bool isProcess = false;
         const qint64 processId = name.toLongLong(&isProcess);
-        // A zombie has no environment any more, so only the living are found.
+        // A zombie has no environment, so only running processes are found.
         if (isProcess && procFile(processId, "environ").split('\0').contains(entry))
             found.append(processId);
     }

@@ -2,7 +2,7 @@
 
 #include "desktop_session.h"
 #include "eventually.h"
-#include "hot_key_thief.h"
+#include "key_grab.h"
 #include "process_stats.h"
 #include "rig_error.h"
 
@@ -44,7 +44,7 @@ Program::~Program()
 {
     m_child.end();
     if (QTest::currentTestFailed())
-        qInfo().noquote() << "The program wrote:\n" << output();
+        qInfo().noquote() << "Output of the program:\n" << output();
 }
 
 bool Program::waitUntilReady(std::chrono::milliseconds deadline)
@@ -67,12 +67,12 @@ std::optional<int> Program::terminate(std::chrono::milliseconds deadline)
 std::optional<int> Program::waitForExit(std::chrono::milliseconds deadline)
 {
     if (!eventually([&] { return !isRunning(); }, deadline)) {
-        qInfo("The program has not ended");
+        qInfo("The program did not end");
         return std::nullopt;
     }
     const int code = m_child.process().exitCode();
     if (m_child.process().exitStatus() != QProcess::NormalExit) {
-        qInfo("Signal %d ended the program", code);
+        qInfo("The program was ended by signal %d", code);
         return std::nullopt;
     }
     return code;

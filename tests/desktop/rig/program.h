@@ -1,4 +1,4 @@
-// The program under test, as built, running on a session.
+// The built program under test, running in a session.
 #pragma once
 
 #include "child_process.h"
@@ -13,36 +13,36 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// Started as a user starts it; nothing in it knows that it is tested. Which binary that is, the build says;
-/// the environment variable ZEIGEWERK_BINARY overrides it. What it wrote is put on the test log if the test
-/// fails.
+/// Started as a user starts it; it does not know that it is tested. The build defines which binary that is;
+/// the environment variable ZEIGEWERK_BINARY overrides it. If the test fails, the program's output is logged.
 class Program
 {
 public:
-    /// Where the program is that is tested. Throws RigError if it is not there.
+    /// The path of the program under test. Throws RigError if it does not exist.
     static QString binary();
 
-    /// Throws RigError if there is no such binary.
+    /// Throws RigError if there is no such program.
     explicit Program(DesktopSession &session, const QMap<QString, QString> &environment = {},
                      const QStringList &arguments = {});
     /// Ends the program.
     ~Program();
 
-    /// True once its last hot key, Ctrl+Alt+P, is taken: it then answers to all of them. False if it ended or
-    /// was not ready within the deadline.
+    /// True once its last hot key, Ctrl+Alt+P, is grabbed: then all of them work. False if it exits or is not
+    /// ready within the deadline.
     bool waitUntilReady(std::chrono::milliseconds deadline = std::chrono::seconds(10));
     bool isRunning() const { return m_child.isRunning(); }
     qint64 processId() const { return m_child.processId(); }
 
-    /// Asks it to end (SIGTERM) and waits. Its exit code, or nothing if a signal ended it or it stayed.
+    /// Sends SIGTERM and waits. Returns the exit code; nothing if a signal ended the program or it did not
+    /// end.
     std::optional<int> terminate(std::chrono::milliseconds deadline = std::chrono::seconds(5));
-    /// Waits for it to end by itself. Its exit code, or nothing if a signal ended it or it stayed; which of
-    /// them is printed.
+    /// Waits until it ends by itself. Returns the exit code; nothing if a signal ended it or it did not end,
+    /// and prints which.
     std::optional<int> waitForExit(std::chrono::milliseconds deadline = std::chrono::seconds(5));
 
-    /// Everything that it wrote so far, both outputs as one.
+    /// Everything it has written so far, standard output and standard error together.
     QByteArray output();
-    /// Processor time since its start, all threads.
+    /// Processor time of all threads since its start.
     std::chrono::nanoseconds cpuTime() const;
     /// Resident memory in bytes.
     qint64 residentBytes() const;

@@ -12,13 +12,13 @@ namespace zeigewerk::rig {
 namespace {
 
 constexpr std::chrono::seconds kFirstPictureDeadline{20};
-/// What was filmed last is still to be compressed.
+/// The last frames still have to be compressed.
 constexpr std::chrono::seconds kLastPictureDeadline{20};
 
 QString unusedPath(const QDir &folder)
 {
     for (int number = 1;; ++number) {
-        QString path = folder.filePath(QString("%1_%2.mkv").arg(nameOfRunningTest()).arg(number));
+        QString path = folder.filePath(QString("%1_%2.mkv").arg(runningTestName()).arg(number));
         if (!QFileInfo::exists(path))
             return path;
     }
@@ -26,8 +26,8 @@ QString unusedPath(const QDir &folder)
 
 ChildProcess::Command command(const QString &display, const QRect &part, const QString &path)
 {
-    // As little work as can be, since the test wants the processor, too; an even size, as the format asks
-    // for; and each picture written at once, so that a test that crashes leaves a film as well.
+    // As cheap as possible, because the test needs the processor. The size must be even for this format. Each
+    // frame is written at once, so that a test that crashes leaves a film too.
     const QString options =
         QString("-nostdin -loglevel error -f x11grab -framerate 30 -video_size %1x%2 -i %3+%4,%5 "
                 "-vf pad=ceil(iw/2)*2:ceil(ih/2)*2 -pix_fmt yuv420p "
@@ -47,7 +47,7 @@ ChildProcess::Command command(const QString &display, const QRect &part, const Q
 
 } // namespace
 
-std::unique_ptr<Recorder> Recorder::ofRun(const QString &display, const QRect &part)
+std::unique_ptr<Recorder> Recorder::fromEnvironment(const QString &display, const QRect &part)
 {
     const QString folder = qEnvironmentVariable("ZEIGEWERK_TEST_RECORD");
     if (folder.isEmpty())

@@ -1,4 +1,4 @@
-// A film of a virtual display.
+// Films a virtual display.
 #pragma once
 
 #include "child_process.h"
@@ -9,15 +9,15 @@
 
 namespace zeigewerk::rig {
 
-/// Films a part of a display for as long as it lives, pointer included. Needs ffmpeg.
+/// Films part of a display for as long as it lives, pointer included. Needs ffmpeg.
 class Recorder
 {
 public:
-    /// In the folder that ZEIGEWERK_TEST_RECORD names, under the name of the running test and a number; none
-    /// unless it is set. Throws RigError if the first pictures do not come.
-    static std::unique_ptr<Recorder> ofRun(const QString &display, const QRect &part);
+    /// Films into the folder named by ZEIGEWERK_TEST_RECORD; the file is named after the running test and a
+    /// number. Null if the variable is not set. Throws RigError if filming does not start.
+    static std::unique_ptr<Recorder> fromEnvironment(const QString &display, const QRect &part);
 
-    /// Ends the film, which can be played from then on.
+    /// Finishes the film, which can be played afterwards.
     ~Recorder();
     Recorder(const Recorder &) = delete;
     Recorder &operator=(const Recorder &) = delete;

@@ -7,7 +7,7 @@
 #include "dock.h"            // IWYU pragma: export
 #include "eventually.h"      // IWYU pragma: export
 #include "frame_watch.h"     // IWYU pragma: export
-#include "hot_key_thief.h"   // IWYU pragma: export
+#include "key_grab.h"        // IWYU pragma: export
 #include "popup.h"           // IWYU pragma: export
 #include "process_stats.h"   // IWYU pragma: export
 #include "program.h"         // IWYU pragma: export

@@ -7,7 +7,7 @@ namespace zeigewerk::rig {
 
 void failRig(const QString &what)
 {
-    qCritical().noquote() << "The test rig cannot go on:" << what;
+    qCritical().noquote() << "The test rig failed:" << what;
     throw RigError(what.toStdString());
 }
 

@@ -1,4 +1,4 @@
-// What the rig does when the virtual desktop itself, not what is tested on it, is broken.
+// Reports that the virtual desktop itself is broken, not the program tested on it.
 #pragma once
 
 #include <stdexcept>
@@ -7,15 +7,15 @@ class QString;
 
 namespace zeigewerk::rig {
 
-/// Leaves the running test by unwinding, so that everything it started is ended. A failed QVERIFY could only
-/// leave a constructor, and the test would go on with half a desktop.
+/// Unwinds the running test, which ends everything it started. A failed QVERIFY would only leave a
+/// constructor, and the test would continue on half a desktop.
 class RigError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// Says on the test log what is wrong and throws.
+/// Logs the problem and throws.
 [[noreturn]] void failRig(const QString &what);
 
 } // namespace zeigewerk::rig

@@ -6,7 +6,7 @@
 
 namespace zeigewerk::rig {
 
-QString nameOfRunningTest()
+QString runningTestName()
 {
     QString name = QCoreApplication::applicationName();
     if (const char *function = QTest::currentTestFunction())

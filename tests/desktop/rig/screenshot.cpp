@@ -49,8 +49,7 @@ Screenshot Screenshot::of(Client &client, xcb_window_t window)
     auto *reply = xcb_get_image_reply(c, cookie, nullptr);
     if (!reply)
         return Screenshot(QImage());
-    // The image lives in the reply: a copy of 8 MB or more for each look would cost more than the look
-    // itself.
+    // The image shares the reply's memory: copying 8 MB or more would cost more than looking at it.
     const int bytesPerLine = geometry->width * 4;
     return Screenshot(QImage(xcb_get_image_data(reply), geometry->width, geometry->height, bytesPerLine,
                              QImage::Format_RGB32, std::free, reply));

@@ -1,4 +1,4 @@
-// What stands on the screen.
+// What is on the screen.
 #pragma once
 
 #include <QColor>
@@ -12,15 +12,15 @@ namespace zeigewerk::rig {
 
 class Client;
 
-/// The root's pixels at one moment: with a compositor, what it made of all windows; without one, the windows
-/// themselves. The pointer's picture is never in it. Places are native root pixels.
+/// The pixels of the root window at one moment: with a compositor its output, without one the windows
+/// themselves. The pointer is never included. Places are native root pixels.
 class Screenshot
 {
 public:
     /// Null (isNull) if the display is gone.
     static Screenshot of(Client &client);
-    /// What a window of 32 or 24 bits holds, whatever a compositor makes of it; places count from its corner.
-    /// Null if it is not on the screen, or not with all of it.
+    /// The content of a window of depth 32 or 24, before any compositing; places are relative to its corner.
+    /// Null if it is not entirely on the screen.
     static Screenshot of(Client &client, xcb_window_t window);
 
     bool isNull() const { return m_image.isNull(); }
@@ -29,7 +29,7 @@ public:
 
     /// The colour of a pixel, or an invalid colour outside the screen.
     QColor pixel(QPoint place) const;
-    /// How many pixels of the rectangle have a colour, give or take the tolerance in each of red, green and
+    /// How many pixels of the rectangle have that colour, within the tolerance for each of red, green and
     /// blue (0 to 255).
     int count(const QColor &color, const QRect &rect, int tolerance = 0) const;
     /// Whether every pixel of the rectangle has that colour; false for a rectangle outside the screen.
@@ -48,8 +48,8 @@ private:
     QImage m_image;
 };
 
-/// Whether two pictures differ within a rectangle by more than the tolerance in some pixel's red, green or
-/// blue (0 to 255). What lies outside one of them but inside the other differs.
+/// Whether two screenshots differ within a rectangle by more than the tolerance in any pixel's red, green or
+/// blue (0 to 255). Pixels that only one of them contains differ.
 bool differs(const Screenshot &one, const Screenshot &other, const QRect &rect, int tolerance = 0);
 
 } // namespace zeigewerk::rig

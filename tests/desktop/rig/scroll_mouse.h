@@ -5,12 +5,12 @@
 
 namespace zeigewerk::rig {
 
-/// Beside the axis such a device makes no buttons 4 and 5; the server adds them for older programs.
+/// The device reports only the axis; the server adds buttons 4 and 5 for older programs.
 class ScrollMouse : public TestDevice
 {
 public:
     static constexpr char kType[] = "Pointer";
-    /// What the driver takes for one notch.
+    /// The driver's value for one notch.
     static constexpr double kNotch = 120.0;
 
     explicit ScrollMouse(const QString &socketPath)
@@ -18,14 +18,13 @@ public:
     {
     }
 
-    /// Moves the axis by that much, downwards positive. Comes back when the server has processed it; false if
-    /// it does not.
-    bool scroll(double way)
+    /// Moves the axis, downwards if positive. Returns once the server has processed it; false if it does not.
+    bool scroll(double delta)
     {
         constexpr std::size_t kVerticalScroll = 3;
         MotionMessage motion;
-        motion.axes.set(kVerticalScroll, way);
-        return tell(motion);
+        motion.axes.set(kVerticalScroll, delta);
+        return sendAndSync(motion);
     }
 };
 

@@ -1,4 +1,4 @@
-// Input devices that XTest does not have.
+// Input devices that XTest does not offer.
 #pragma once
 
 #include <QString>
@@ -8,12 +8,12 @@
 
 namespace zeigewerk::rig {
 
-/// The server's own test driver for input devices, told through a socket what the device does.
+/// The X server's own test driver for input devices, controlled through a socket.
 class TestDevice
 {
 public:
-    /// The lines of the server's configuration that make a device, talked to at that path. `type` is the
-    /// driver's name for its kind. The section with the screen must be called "screen".
+    /// The lines of the server's configuration for a device with that socket. `type` is the driver's name for
+    /// the kind of device. The configuration's section with the screen must be called "screen".
     static QByteArray configuration(const char *type, const QString &socketPath);
     /// Whether the server has that driver.
     static bool isAvailable();
@@ -60,17 +60,17 @@ protected:
     {
         Header header = {sizeof(TouchMessage), Touch};
         std::uint32_t touch = 0;
-        std::uint32_t type = 0; // as X Input numbers these events
+        std::uint32_t type = 0; // event types as in the X Input extension
         Axes axes = {};
     };
 
-    /// Talks to the device of a running server. Throws RigError if there is none.
+    /// Connects to the device of a running server. Throws RigError if there is none.
     explicit TestDevice(const QString &socketPath);
     ~TestDevice();
 
-    /// Comes back when the server has processed the message; false if it does not.
+    /// Returns once the server has processed the message; false if it does not.
     template <typename Message>
-    bool tell(const Message &message)
+    bool sendAndSync(const Message &message)
     {
         return send(&message, sizeof message) && sync();
     }

@@ -4,12 +4,12 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// The driver's axes go from 0 to this across the root window.
+/// The driver's axes run from 0 to this across the root window.
 constexpr double kAxisMax = 0xFFFF;
 
 } // namespace
 
-TestDevice::Axes PlacingDevice::at(QPoint place) const
+TestDevice::Axes AbsoluteDevice::at(QPoint place) const
 {
     // The middle of the pixel.
     Axes axes;
@@ -33,7 +33,7 @@ bool TouchScreen::stroke(const QList<QPoint> &places)
 
 bool TouchScreen::touch(std::uint32_t type, QPoint place)
 {
-    return tell(TouchMessage{.touch = m_touches, .type = type, .axes = at(place)});
+    return sendAndSync(TouchMessage{.touch = m_touches, .type = type, .axes = at(place)});
 }
 
 bool Tablet::stroke(const QList<QPoint> &places)
@@ -46,12 +46,12 @@ bool Tablet::stroke(const QList<QPoint> &places)
 
 bool Tablet::move(QPoint place)
 {
-    return tell(MotionMessage{.isAbsolute = 1, .axes = at(place)});
+    return sendAndSync(MotionMessage{.isAbsolute = 1, .axes = at(place)});
 }
 
 bool Tablet::tip(bool isDown, QPoint place)
 {
-    return tell(ButtonMessage{.isAbsolute = 1, .button = 1, .isPress = isDown, .axes = at(place)});
+    return sendAndSync(ButtonMessage{.isAbsolute = 1, .button = 1, .isPress = isDown, .axes = at(place)});
 }
 
 } // namespace zeigewerk::rig

@@ -1,4 +1,4 @@
-// Devices that say where on the screen something is: a touch screen and a tablet's pen.
+// Devices with absolute coordinates: a touch screen and a tablet with a pen.
 #pragma once
 
 #include "test_device.h"
@@ -9,11 +9,11 @@
 
 namespace zeigewerk::rig {
 
-/// What both have in common: places are native root pixels, on a root window of that size.
-class PlacingDevice : public TestDevice
+/// Places are native root pixels on a root window of that size.
+class AbsoluteDevice : public TestDevice
 {
 protected:
-    PlacingDevice(const QString &socketPath, QSize root)
+    AbsoluteDevice(const QString &socketPath, QSize root)
         : TestDevice(socketPath)
         , m_root(root)
     {
@@ -25,17 +25,17 @@ private:
     QSize m_root;
 };
 
-class TouchScreen : public PlacingDevice
+class TouchScreen : public AbsoluteDevice
 {
 public:
     static constexpr char kType[] = "Touch";
 
     TouchScreen(const QString &socketPath, QSize root)
-        : PlacingDevice(socketPath, root)
+        : AbsoluteDevice(socketPath, root)
     {
     }
 
-    /// One finger along these places; a tap if it is only one. False if the server does not process it.
+    /// Moves one finger along these places; a single place is a tap. False if the server does not process it.
     bool stroke(const QList<QPoint> &places);
 
 private:
@@ -44,17 +44,17 @@ private:
     std::uint32_t m_touches = 0;
 };
 
-class Tablet : public PlacingDevice
+class Tablet : public AbsoluteDevice
 {
 public:
     static constexpr char kType[] = "PointerAbsolute";
 
     Tablet(const QString &socketPath, QSize root)
-        : PlacingDevice(socketPath, root)
+        : AbsoluteDevice(socketPath, root)
     {
     }
 
-    /// The pen's tip along these places. False if the server does not process it.
+    /// Moves the pen's tip along these places. False if the server does not process it.
     bool stroke(const QList<QPoint> &places);
 
 private:

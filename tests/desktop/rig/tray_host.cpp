@@ -16,7 +16,7 @@ const QString kItem = QStringLiteral("org.kde.StatusNotifierItem");
 const QString kItemPath = QStringLiteral("/StatusNotifierItem");
 const QString kMenu = QStringLiteral("com.canonical.dbusmenu");
 
-/// The sizes of the pictures in an a(iiay).
+/// The sizes of the images in an a(iiay).
 QList<QSize> readSizes(const QDBusArgument &argument)
 {
     QList<QSize> sizes;
@@ -91,7 +91,7 @@ TrayHost::~TrayHost()
 void TrayHost::start()
 {
     if (!m_bus.connection().registerService(m_service))
-        failRig(QStringLiteral("the bus refuses the name of the tray's host"));
+        failRig(QStringLiteral("the bus refuses the host's name"));
     m_isStarted = true;
     registerWithWatcher();
 }
@@ -111,7 +111,7 @@ void TrayHost::registerWithWatcher()
         QDBusMessage::createMethodCall(TrayWatcher::kService, TrayWatcher::kPath, TrayWatcher::kService,
                                        QStringLiteral("RegisterStatusNotifierHost"));
     message << m_service;
-    // Where there is no watcher yet, the next one is asked again.
+    // Without a watcher the call fails; the next watcher will be called again.
     m_bus.connection().asyncCall(message);
 }
 
@@ -148,22 +148,22 @@ bool TrayHost::click(const TrayItem &item, int entry)
 
 bool TrayHost::activate(const TrayItem &item, QPoint place)
 {
-    return tellItem(item, QStringLiteral("Activate"), place);
+    return callItem(item, QStringLiteral("Activate"), place);
 }
 
 bool TrayHost::openContextMenu(const TrayItem &item, QPoint place)
 {
-    return tellItem(item, QStringLiteral("ContextMenu"), place);
+    return callItem(item, QStringLiteral("ContextMenu"), place);
 }
 
-bool TrayHost::tellItem(const TrayItem &item, const QString &method, QPoint place)
+bool TrayHost::callItem(const TrayItem &item, const QString &method, QPoint place)
 {
     return m_bus.call(item.service, kItemPath, kItem, method, {place.x(), place.y()}).has_value();
 }
 
 void TrayHost::notePropertiesUpdated(const QDBusMessage &message)
 {
-    // a(ia{sv}), and a second list of properties that are no more.
+    // The signature is a(ia{sv}), followed by a list of removed properties.
     const auto argument = message.arguments().value(0).value<QDBusArgument>();
     argument.beginArray();
     while (!argument.atEnd()) {

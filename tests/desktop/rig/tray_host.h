@@ -1,4 +1,4 @@
-// The part of a tray that shows the items, as a task bar does, and that a hand clicks on.
+// The part of a tray that shows the items, as a task bar does, and receives clicks.
 #pragma once
 
 #include "bus.h"
@@ -21,14 +21,14 @@ struct TrayItem
     QString status;
     /// The first line of its tooltip.
     QString toolTip;
-    /// Of the icon theme; empty where the item brings pictures.
+    /// A name in the icon theme; empty if the item provides images.
     QString iconName;
     QList<QSize> iconSizes;
     QString menuPath;
 };
 
-/// A StatusNotifierHost. It registers with the watcher that is there, and with each one that comes; several
-/// may exist in one session.
+/// A StatusNotifierHost. It registers with the current watcher and with each one that appears later; a
+/// session may have several hosts.
 class TrayHost : public QObject
 {
     Q_OBJECT
@@ -40,25 +40,25 @@ public:
     ~TrayHost() override;
 
     void start();
-    /// Leaves, as far as the watcher can see.
+    /// Leaves the bus, as far as the watcher can tell.
     void stop();
 
-    /// The items that the watcher knows, as they describe themselves now; one that does not answer is left
-    /// out. Empty without a watcher.
+    /// The items that the watcher knows, as they describe themselves now, without those that do not answer.
+    /// Empty without a watcher.
     QList<TrayItem> items();
     /// The item's menu without its root; empty if it cannot be read.
     QList<TrayMenuItem> menu(const TrayItem &item);
-    /// Clicks on an entry of its menu. False if the item did not take it.
+    /// Clicks on an entry of its menu. False if the item does not accept it.
     bool click(const TrayItem &item, int entry);
-    /// A plain click on the item, at that place in native root pixels. False if the item did not take it.
+    /// A plain click on the item at that place, in native root pixels. False if the item does not accept it.
     bool activate(const TrayItem &item, QPoint place);
-    /// What a host does at a right click if it does not show menus itself.
+    /// What a host calls on a right click if it does not show menus itself.
     bool openContextMenu(const TrayItem &item, QPoint place);
 
-    /// How many times some menu said that its entries are others now, since forget().
+    /// How often a menu has announced new entries since forget().
     int layoutUpdates() const { return m_layoutUpdates; }
-    /// What menus said of the check mark of an entry since forget(), in order.
-    QList<int> toggleStatesTold(int entry) const { return m_toggleStates.value(entry); }
+    /// The states that menus have reported for an entry's check mark since forget(), in order.
+    QList<int> reportedToggleStates(int entry) const { return m_toggleStates.value(entry); }
     void forget();
 
 private Q_SLOTS:
@@ -67,7 +67,7 @@ private Q_SLOTS:
 
 private:
     void registerWithWatcher();
-    bool tellItem(const TrayItem &item, const QString &method, QPoint place);
+    bool callItem(const TrayItem &item, const QString &method, QPoint place);
 
     Bus m_bus;
     QString m_service;

@@ -7,7 +7,7 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// It comes as an array of arrays of strings.
+/// The value is an array of arrays of strings.
 QList<QStringList> readShortcut(const QVariant &value)
 {
     QList<QStringList> presses;

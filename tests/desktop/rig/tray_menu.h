@@ -1,4 +1,4 @@
-// A menu that another program shows, read over D-Bus.
+// A menu of another program, read over D-Bus.
 #pragma once
 
 #include <QList>
@@ -8,7 +8,7 @@
 
 namespace zeigewerk::rig {
 
-/// An entry of a com.canonical.dbusmenu; what is not said has the protocol's default.
+/// An entry of a com.canonical.dbusmenu; missing properties have the protocol's defaults.
 struct TrayMenuItem
 {
     int id = 0;
@@ -17,11 +17,11 @@ struct TrayMenuItem
     bool visible = true;
     /// "standard" or "separator".
     QString type = QStringLiteral("standard");
-    /// "checkmark", "radio", or empty for an entry without any mark.
+    /// "checkmark", "radio", or empty for an entry without a mark.
     QString toggleType;
     /// 1 is on, 0 off, anything else neither.
     int toggleState = -1;
-    /// The keys to be pressed together, for each press: "Control", "Alt", "Shift" or "Super", and a key.
+    /// The keys of each press: "Control", "Alt", "Shift" or "Super", and a key.
     QList<QStringList> shortcut;
     QList<TrayMenuItem> children;
 
@@ -29,7 +29,7 @@ struct TrayMenuItem
     bool isChecked() const { return toggleState == 1; }
 };
 
-/// The root of a layout as GetLayout returns it: the structure (ia{sv}av).
+/// The root of a layout that GetLayout returns: the structure (ia{sv}av).
 TrayMenuItem readMenu(const QVariant &layout);
 
 } // namespace zeigewerk::rig

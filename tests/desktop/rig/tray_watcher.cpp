@@ -15,9 +15,9 @@ const QString TrayWatcher::kPath = QStringLiteral("/StatusNotifierWatcher");
 TrayWatcher::TrayWatcher(const DesktopSession &session)
     : m_bus(session)
 {
-    m_leaving.setConnection(m_bus.connection());
-    m_leaving.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
-    connect(&m_leaving, &QDBusServiceWatcher::serviceUnregistered, this, &TrayWatcher::forget);
+    m_departures.setConnection(m_bus.connection());
+    m_departures.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    connect(&m_departures, &QDBusServiceWatcher::serviceUnregistered, this, &TrayWatcher::forget);
 }
 
 TrayWatcher::~TrayWatcher()
@@ -31,7 +31,7 @@ void TrayWatcher::start()
     const auto answer = m_bus.connection().interface()->registerService(
         kService, QDBusConnectionInterface::QueueService, QDBusConnectionInterface::DontAllowReplacement);
     if (!answer.isValid() || answer.value() == QDBusConnectionInterface::ServiceNotRegistered)
-        failRig(QStringLiteral("the bus refuses the name of the tray's watcher"));
+        failRig(QStringLiteral("the bus refuses the watcher's name"));
     m_isStarted = true;
 }
 
@@ -42,7 +42,7 @@ void TrayWatcher::stop()
     m_isStarted = false;
     m_bus.connection().interface()->unregisterService(kService);
     m_bus.connection().unregisterObject(kPath);
-    m_leaving.setWatchedServices({});
+    m_departures.setWatchedServices({});
     m_items.clear();
     m_hosts.clear();
     m_registrations = 0;
@@ -52,7 +52,7 @@ QString TrayWatcher::introspect(const QString &path) const
 {
     if (path != kPath)
         return {};
-    // Qt believes only in properties that it finds here.
+    // Qt only uses properties that are listed here.
     return QStringLiteral(R"(
         <interface name="org.kde.StatusNotifierWatcher">
             <property name="RegisteredStatusNotifierItems" type="as" access="read"/>
@@ -87,15 +87,15 @@ bool TrayWatcher::handleMessage(const QDBusMessage &message, const QDBusConnecti
 
 void TrayWatcher::registerItem(const QDBusMessage &message)
 {
-    // Items that name a path instead of a service mean their own.
+    // An item that passes a path instead of a service means its own service.
     const QString argument = message.arguments().value(0).toString();
     const QString service = argument.startsWith(u'/') ? message.service() : argument;
     ++m_registrations;
     if (!m_items.contains(service))
         m_items.append(service);
-    m_leaving.addWatchedService(service);
+    m_departures.addWatchedService(service);
     m_bus.connection().send(message.createReply());
-    tell(QStringLiteral("StatusNotifierItemRegistered"), {service});
+    emitSignal(QStringLiteral("StatusNotifierItemRegistered"), {service});
 }
 
 void TrayWatcher::registerHost(const QDBusMessage &message)
@@ -103,21 +103,21 @@ void TrayWatcher::registerHost(const QDBusMessage &message)
     const QString service = message.arguments().value(0).toString();
     if (!m_hosts.contains(service))
         m_hosts.append(service);
-    m_leaving.addWatchedService(service);
+    m_departures.addWatchedService(service);
     m_bus.connection().send(message.createReply());
-    tell(QStringLiteral("StatusNotifierHostRegistered"));
+    emitSignal(QStringLiteral("StatusNotifierHostRegistered"));
 }
 
 void TrayWatcher::forget(const QString &service)
 {
-    m_leaving.removeWatchedService(service);
+    m_departures.removeWatchedService(service);
     if (m_items.removeOne(service))
-        tell(QStringLiteral("StatusNotifierItemUnregistered"), {service});
+        emitSignal(QStringLiteral("StatusNotifierItemUnregistered"), {service});
     if (m_hosts.removeOne(service))
-        tell(QStringLiteral("StatusNotifierHostUnregistered"));
+        emitSignal(QStringLiteral("StatusNotifierHostUnregistered"));
 }
 
-void TrayWatcher::tell(const QString &signal, const QVariantList &arguments)
+void TrayWatcher::emitSignal(const QString &signal, const QVariantList &arguments)
 {
     QDBusMessage message = QDBusMessage::createSignal(kPath, kService, signal);
     message.setArguments(arguments);

@@ -9,8 +9,8 @@
 
 namespace zeigewerk::rig {
 
-/// A StatusNotifierWatcher: items and hosts register with it, and it forgets those that leave the bus. While
-/// another one has the name on the bus, it queues for it.
+/// A StatusNotifierWatcher: items and hosts register with it, and are removed when they leave the bus. While
+/// another process owns the name on the bus, this one queues for it.
 class TrayWatcher : public QDBusVirtualObject
 {
 public:
@@ -22,14 +22,14 @@ public:
     /// Stops it.
     ~TrayWatcher() override;
 
-    /// Asks for the name with no items and no hosts. Throws RigError if it is neither given nor promised.
+    /// Requests the name, with no items and no hosts. Throws RigError if the bus refuses the request.
     void start();
-    /// Gives the name up and forgets everyone.
+    /// Releases the name and forgets all items and hosts.
     void stop();
 
-    /// The services of the registered items, each once, the oldest first.
+    /// The services of the registered items, without duplicates, oldest first.
     QStringList items() const { return m_items; }
-    /// How many times an item registered since the last start, each time counted.
+    /// How often items have registered since the last start, including repeated registrations.
     int registrations() const { return m_registrations; }
 
     QString introspect(const QString &path) const override;
@@ -39,11 +39,11 @@ private:
     void registerItem(const QDBusMessage &message);
     void registerHost(const QDBusMessage &message);
     void forget(const QString &service);
-    void tell(const QString &signal, const QVariantList &arguments = {});
+    void emitSignal(const QString &signal, const QVariantList &arguments = {});
     QVariantMap properties() const;
 
     Bus m_bus;
-    QDBusServiceWatcher m_leaving;
+    QDBusServiceWatcher m_departures;
     QStringList m_items;
     QStringList m_hosts;
     int m_registrations = 0;

@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::chrono::seconds kServerDeadline{20};
 
-/// GLX is left out because its software renderer takes half a second to load and nothing here draws with it.
-/// The input class keeps real keyboards and mice away; what remains are the devices of XTest.
+/// No GLX: its software renderer takes half a second to load, and nothing here uses it. The input class
+/// ignores real keyboards and mice, which leaves the devices of XTest.
 constexpr char kConfiguration[] = R"(
 Section "Device"
     Identifier "device"
@@ -53,17 +53,17 @@ Section "InputClass"
 EndSection
 )";
 
-/// The test driver's name for the device beside XTest's, if there is to be one.
-const char *typeOf(Mice mice)
+/// The test driver's name for the extra device, or null if there is none.
+const char *driverType(ExtraDevice extraDevice)
 {
-    switch (mice) {
-    case Mice::WithScrollAxis:
+    switch (extraDevice) {
+    case ExtraDevice::ScrollMouse:
         return ScrollMouse::kType;
-    case Mice::WithTouchScreen:
+    case ExtraDevice::TouchScreen:
         return TouchScreen::kType;
-    case Mice::WithTablet:
+    case ExtraDevice::Tablet:
         return Tablet::kType;
-    case Mice::XTestOnly:
+    case ExtraDevice::None:
         break;
     }
     return nullptr;
@@ -71,7 +71,7 @@ const char *typeOf(Mice mice)
 
 QString serverProgram()
 {
-    // The one in the search path is often a wrapper that lets only console users in: the last resort.
+    // The one in the search path comes last: it is often a wrapper that only allows console users.
     for (const QString &path : {QStringLiteral("/usr/lib/xorg/Xorg"), QStringLiteral("/usr/libexec/Xorg"),
                                 QStringLiteral("/usr/lib/Xorg")})
         if (QFile::exists(path))
@@ -81,9 +81,9 @@ QString serverProgram()
 
 } // namespace
 
-VirtualDisplay::VirtualDisplay(const QList<QRect> &screens, Mice mice)
+VirtualDisplay::VirtualDisplay(const QList<QRect> &screens, ExtraDevice extraDevice)
 {
-    startServer(mice);
+    startServer(extraDevice);
     m_client = std::make_unique<Client>(m_name);
     m_outputs = std::make_unique<Outputs>(*m_client);
     QMap<int, QRect> wanted;
@@ -92,17 +92,17 @@ VirtualDisplay::VirtualDisplay(const QList<QRect> &screens, Mice mice)
     applyScreens(wanted);
 }
 
-void VirtualDisplay::startServer(Mice mice)
+void VirtualDisplay::startServer(ExtraDevice extraDevice)
 {
     QByteArray text = kConfiguration;
-    if (const char *type = typeOf(mice))
+    if (const char *type = driverType(extraDevice))
         text += TestDevice::configuration(type, devicePath());
     QFile configuration(m_folder.filePath(QStringLiteral("xorg.conf")));
     if (!configuration.open(QIODevice::WriteOnly) || configuration.write(text) < 0)
         failRig(QStringLiteral("cannot write to %1").arg(m_folder.path()));
     configuration.close();
 
-    // The server picks a free display number itself and writes it to file descriptor 1.
+    // The server picks a free display number and writes it to file descriptor 1.
     const QStringList arguments = {
         QStringLiteral("-displayfd"), QStringLiteral("1"),
         QStringLiteral("-config"),    configuration.fileName(),
@@ -118,16 +118,16 @@ void VirtualDisplay::startServer(Mice mice)
         .logPath = m_folder.filePath(QStringLiteral("Xorg.out")),
         .separateOutput = true,
     });
-    QByteArray answer;
-    const bool answered = eventually(
+    QByteArray output;
+    const bool isStarted = eventually(
         [&] {
-            answer += m_server->process().readAllStandardOutput();
-            return answer.endsWith('\n') || !m_server->isRunning();
+            output += m_server->process().readAllStandardOutput();
+            return output.endsWith('\n') || !m_server->isRunning();
         },
         kServerDeadline);
-    if (!answered || !answer.endsWith('\n'))
+    if (!isStarted || !output.endsWith('\n'))
         failRig(QStringLiteral("the X server did not start\n") + QString::fromUtf8(serverLog()));
-    m_name = u':' + QString::fromLatin1(answer.trimmed());
+    m_name = u':' + QString::fromLatin1(output.trimmed());
 }
 
 QByteArray VirtualDisplay::serverLog() const
@@ -154,7 +154,7 @@ void VirtualDisplay::applyScreens(const QMap<int, QRect> &wanted)
 {
     m_outputs->apply(wanted);
     if (!eventually([&] { return screens() == wanted; }))
-        failRig(QStringLiteral("RandR does not report the screens that were set"));
+        failRig(QStringLiteral("RandR does not report the requested screens"));
 }
 
 void VirtualDisplay::setKeyboardMap(const QString &layout)
@@ -166,7 +166,7 @@ void VirtualDisplay::setKeyboardMap(const QString &layout)
     });
     if (!eventually([&] { return !command.isRunning(); }, kServerDeadline) ||
         command.process().exitCode() != 0)
-        failRig(QStringLiteral("no keyboard map %1").arg(layout));
+        failRig(QStringLiteral("cannot set the keyboard map %1").arg(layout));
 }
 
 } // namespace zeigewerk::rig

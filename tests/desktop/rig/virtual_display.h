@@ -1,4 +1,4 @@
-// An X server of the test's own, with monitors that exist only in memory.
+// An X server for one test, with monitors that exist only in memory.
 #pragma once
 
 #include "child_process.h"
@@ -11,46 +11,47 @@
 
 namespace zeigewerk::rig {
 
-/// The pointing devices of a display: always that of XTest …
-enum class Mice {
-    XTestOnly,
-    WithScrollAxis,  ///< … and a ScrollMouse
-    WithTouchScreen, ///< … and a TouchScreen
-    WithTablet,      ///< … and a Tablet
+/// A device besides XTest's keyboard and mouse.
+enum class ExtraDevice {
+    None,
+    ScrollMouse,
+    TouchScreen,
+    Tablet,
 };
 
-/// Xorg with the dummy driver: unlike simpler virtual servers it has outputs that come and go. No real
-/// device, screen or virtual terminal is touched, and any number run side by side.
+/// Xorg with the dummy driver: unlike simpler virtual servers it has outputs that can be plugged and
+/// unplugged. No real device, screen or virtual terminal is touched, and any number can run side by side.
 class VirtualDisplay
 {
 public:
     static constexpr QRect kFullHd = QRect(0, 0, 1920, 1080);
 
     /// Starts the server with one output for each rectangle (native root pixels); the first is the primary
-    /// one. The keyboard map is us. Throws RigError if there is no such server or it does not start.
-    explicit VirtualDisplay(const QList<QRect> &screens = {kFullHd}, Mice mice = Mice::XTestOnly);
+    /// one. The keyboard map is "us". Throws RigError if there is no such server or it does not start.
+    explicit VirtualDisplay(const QList<QRect> &screens = {kFullHd},
+                            ExtraDevice extraDevice = ExtraDevice::None);
 
-    /// What DISPLAY is set to, as ":3".
+    /// The value of DISPLAY, such as ":3".
     QString name() const { return m_name; }
     qint64 serverProcessId() const { return m_server->processId(); }
-    /// What the server wrote so far.
+    /// Everything the server has written so far.
     QByteArray serverLog() const;
     Client &client() { return *m_client; }
-    /// Where to talk to the device beside XTest's, on a display that has one.
+    /// The socket of the extra device, on a display that has one.
     QString devicePath() const { return m_folder.filePath(QStringLiteral("device")); }
 
-    /// Lights an output, or gives it another rectangle; comes back when RandR reports the monitor.
+    /// Turns an output on, or changes its rectangle; returns once RandR reports the monitor.
     void plug(int output, const QRect &screen);
-    /// Turns an output off and its monitor away; comes back when RandR no longer reports it.
+    /// Turns an output off; returns once RandR no longer reports the monitor.
     void unplug(int output);
-    /// The monitors as RandR reports them, by output number.
+    /// The monitors that RandR reports, by output number.
     QMap<int, QRect> screens() { return m_outputs->reported(); }
 
-    /// Switches to another map by its XKB name, as "de". Keys stay where they are.
+    /// Switches to another map by its XKB name, such as "de". The codes of the keys do not change.
     void setKeyboardMap(const QString &layout);
 
 private:
-    void startServer(Mice mice);
+    void startServer(ExtraDevice extraDevice);
     void applyScreens(const QMap<int, QRect> &wanted);
 
     QTemporaryDir m_folder;

@@ -16,7 +16,7 @@ WebServer::WebServer(const QByteArray &page)
         }
     });
     if (!m_server.listen(QHostAddress::LocalHost))
-        failRig(QStringLiteral("no web server: %1").arg(m_server.errorString()));
+        failRig(QStringLiteral("the web server does not start: %1").arg(m_server.errorString()));
 }
 
 QString WebServer::address() const
@@ -26,7 +26,7 @@ QString WebServer::address() const
 
 void WebServer::answer(QTcpSocket &socket)
 {
-    // Small enough to come as a whole.
+    // Requests are small enough to arrive in one piece.
     if (!socket.readAll().endsWith("\r\n\r\n"))
         return;
     ++m_requests;

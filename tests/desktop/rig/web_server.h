@@ -7,13 +7,13 @@
 
 namespace zeigewerk::rig {
 
-/// Answers every request with the same page over plain HTTP, whenever the event loop runs.
+/// Answers every request with the same page over plain HTTP while the event loop runs.
 class WebServer : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Throws RigError if there can be none.
+    /// Throws RigError if it cannot listen.
     explicit WebServer(const QByteArray &page);
 
     void setPage(const QByteArray &page) { m_page = page; }

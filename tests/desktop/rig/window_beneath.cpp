@@ -13,7 +13,7 @@ namespace {
 
 constexpr char kClass[] = "beneath\0Beneath";
 
-/// ICCCM's WM_NORMAL_HINTS: a place and a size that the user chose, so that no window manager thinks better.
+/// ICCCM's WM_NORMAL_HINTS: the user chose place and size, so window managers keep them.
 struct SizeHints
 {
     std::uint32_t flags = 1 | 2; // USPosition, USSize
@@ -24,10 +24,11 @@ struct SizeHints
     std::uint32_t rest[13] = {};
 };
 
-/// Motif's hints, which every window manager reads: no frame, so the window is where it asked to be.
+/// Motif's hints, which every window manager understands: no frame, so that the window is exactly where it
+/// was placed.
 struct MotifHints
 {
-    std::uint32_t flags = 2; // decorations are meant
+    std::uint32_t flags = 2; // decorations is valid
     std::uint32_t functions = 0;
     std::uint32_t decorations = 0;
     std::int32_t inputMode = 0;
@@ -36,7 +37,7 @@ struct MotifHints
 
 InputEvent pointerOrKey(InputEvent::Kind kind, const xcb_button_press_event_t &event)
 {
-    // Button, motion and key events have the same layout; only what the detail counts differs.
+    // Button, motion and key events have the same layout; only the meaning of the detail differs.
     InputEvent recorded{.kind = kind, .place = QPoint(event.root_x, event.root_y), .state = event.state};
     if (kind == InputEvent::Kind::ButtonPress || kind == InputEvent::Kind::ButtonRelease)
         recorded.button = event.detail;
@@ -61,7 +62,7 @@ WindowBeneath::WindowBeneath(DesktopSession &session, const QRect &rect, const Q
     setHints(rect);
     xcb_map_window(m_client.connection(), m_id);
     if (!awaitPlace(rect))
-        failRig(QStringLiteral("the window beneath is not at its place but ") + whereabouts());
+        failRig(QStringLiteral("the window beneath is at the wrong place: ") + currentPlace());
 }
 
 void WindowBeneath::create(const QRect &rect, const QColor &color)
@@ -102,7 +103,7 @@ bool WindowBeneath::awaitPlace(const QRect &rect)
         const std::optional<WindowInfo> now = m_session.client().window(m_id);
         if (!now || !now->viewable)
             return false;
-        // Some window managers have windows open where the keyboard is, and let them move afterwards.
+        // Some window managers open windows on the focused screen, but allow them to move afterwards.
         if (now->geometry != rect && !std::exchange(hasAskedAgain, true))
             moveTo(rect);
         return now->geometry == rect;
@@ -121,7 +122,7 @@ void WindowBeneath::moveTo(const QRect &rect)
     xcb_flush(m_client.connection());
 }
 
-QString WindowBeneath::whereabouts()
+QString WindowBeneath::currentPlace()
 {
     const std::optional<WindowInfo> now = m_session.client().window(m_id);
     if (!now || !now->viewable)
@@ -151,9 +152,9 @@ bool WindowBeneath::raise()
 {
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_client.connection(), m_id, XCB_CONFIG_WINDOW_STACK_MODE, &above);
-    // Without a window manager it is raised now, however busy the server is with others.
+    // Without a window manager the window is raised now, however busy the server is with other clients.
     m_client.roundTrip();
-    // Override-redirect windows do not count: they stand above as they like.
+    // Override-redirect windows do not count: they choose their own place in the stack.
     return eventually([&] {
         Client &client = m_session.client();
         const xcb_window_t top = client.topLevelOf(m_id);
@@ -178,7 +179,7 @@ bool WindowBeneath::setFullScreen(bool on)
 
 bool WindowBeneath::hide()
 {
-    // With the frame that a window manager may have put around it.
+    // The window manager may have put a frame around it.
     const xcb_window_t frame = m_session.client().topLevelOf(m_id);
     xcb_unmap_window(m_client.connection(), m_id);
     xcb_flush(m_client.connection());

@@ -1,4 +1,4 @@
-// What window managers are told before they start.
+// The configuration files of the window managers.
 #pragma once
 
 #include <QDir>
@@ -6,18 +6,16 @@
 
 namespace zeigewerk::rig {
 
-/// Writes settings with which xfwm4 takes no keys, as on its own it takes Ctrl+Alt+D, to show the desktop,
-/// does not enlarge the whole screen at a wheel with Alt, and paints no shadows: those of a window would lie
-/// on the one beside it.
+/// Configures xfwm4 without hot keys (by default Ctrl+Alt+D shows the desktop), without zooming the screen on
+/// Alt and the wheel, and without shadows, which would fall on neighbouring windows.
 void writeXfwm4Settings(const QDir &home);
 
-/// Writes a menu for openbox without any entries: on its own it has one that ends it, and others that start
-/// what is installed.
+/// Gives openbox an empty menu: its default one can end it and start installed programs.
 void writeOpenboxSettings(const QDir &home);
 
-/// Writes a configuration for i3, which opens a wizard without one, and returns its path. Windows float, as
-/// elsewhere: a tiling one would have the size that i3 wants. And the keyboard goes nowhere because the
-/// pointer came there, which would happen whenever a canvas goes from under it.
+/// Writes a configuration for i3, which starts a wizard without one, and returns its path. Windows float as
+/// on other desktops, because a tiled window has the size that i3 chooses. The focus does not follow the
+/// pointer; otherwise it would move whenever a canvas under the pointer disappears.
 QString writeI3Settings(const QDir &home);
 
 } // namespace zeigewerk::rig

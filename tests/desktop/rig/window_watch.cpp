@@ -26,8 +26,9 @@ void WindowWatch::record(const xcb_generic_event_t &event)
     constexpr int kSentFlag = 0x80;
     switch (event.response_type & ~kSentFlag) {
     case XCB_CREATE_NOTIFY: {
-        const auto &made = reinterpret_cast<const xcb_create_notify_event_t &>(event);
-        m_windows.append({.id = made.window, .geometry = QRect(made.x, made.y, made.width, made.height)});
+        const auto &created = reinterpret_cast<const xcb_create_notify_event_t &>(event);
+        m_windows.append(
+            {.id = created.window, .geometry = QRect(created.x, created.y, created.width, created.height)});
         return;
     }
     case XCB_CONFIGURE_NOTIFY: {
@@ -55,7 +56,7 @@ void WindowWatch::record(const xcb_generic_event_t &event)
 
 WatchedWindow *WindowWatch::find(xcb_window_t id)
 {
-    // An id may be given again, so the newest.
+    // Ids are reused, so search for the newest.
     const auto found = std::find_if(m_windows.rbegin(), m_windows.rend(),
                                     [id](const WatchedWindow &window) { return window.id == id; });
     return found == m_windows.rend() ? nullptr : &*found;

@@ -1,4 +1,4 @@
-// The coming and going of windows, however short their life is.
+// Records windows that appear and disappear, however short-lived.
 #pragma once
 
 #include "client.h"
@@ -10,26 +10,26 @@ namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// A top-level window that was made while somebody watched.
+/// A top-level window that was created while this was watching.
 struct WatchedWindow
 {
     xcb_window_t id = XCB_WINDOW_NONE;
-    /// Native root pixels, without the X border; where the window was last.
+    /// Native root pixels, without the X border; the last known place.
     QRect geometry;
     bool wasShown = false;
     bool isShown = false;
-    /// Whether it does not exist any more.
+    /// Whether it has been destroyed.
     bool isGone = false;
 };
 
-/// Told by the server of each window that is made, shown, hidden and destroyed from now on. Unlike asking
-/// again and again which windows there are, this misses none.
+/// Receives the server's events for each window that is created, shown, hidden or destroyed from now on.
+/// Unlike polling, this misses none.
 class WindowWatch
 {
 public:
     explicit WindowWatch(DesktopSession &session);
 
-    /// The windows in the order in which they were made.
+    /// The windows in the order of their creation.
     const QList<WatchedWindow> &windows();
 
 private:

@@ -1,4 +1,4 @@
-// Ownership of what xcb allocates.
+// Ownership of memory that xcb allocates.
 #pragma once
 
 #include <cstdlib>
@@ -11,7 +11,7 @@ struct FreeDeleter
     void operator()(void *memory) const { std::free(memory); }
 };
 
-/// A reply, an event or an error; null when the server refused or is gone.
+/// A reply, an event or an error; null if the server refused or is gone.
 template <typename T>
 using XcbPointer = std::unique_ptr<T, FreeDeleter>;
 

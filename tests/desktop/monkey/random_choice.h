@@ -1,4 +1,4 @@
-// What the monkey's dice say.
+// The monkey's random choices.
 #pragma once
 
 #include <QPoint>
@@ -10,18 +10,18 @@
 
 namespace zeigewerk::rig {
 
-/// Random choices that are the same for the same seed and number, so that an action does what it did before
-/// whatever those before it asked for.
-class Chance
+/// Choices depend only on the seed and the action's number, so an action does the same again, regardless of
+/// the actions before it.
+class RandomChoice
 {
 public:
-    Chance(std::uint32_t seed, int number)
-        : m_dice(std::uint64_t{seed} << 32 | static_cast<std::uint32_t>(number))
+    RandomChoice(std::uint32_t seed, int number)
+        : m_generator(std::uint64_t{seed} << 32 | static_cast<std::uint32_t>(number))
     {
     }
 
-    /// From zero to one less than that.
-    int below(int end) { return static_cast<int>(m_dice() % static_cast<std::uint64_t>(end)); }
+    /// At least zero and less than `end`.
+    int below(int end) { return static_cast<int>(m_generator() % static_cast<std::uint64_t>(end)); }
     bool oneIn(int times) { return below(times) == 0; }
     QPoint in(const QRect &rect)
     {
@@ -34,7 +34,7 @@ public:
     }
 
 private:
-    std::mt19937_64 m_dice;
+    std::mt19937_64 m_generator;
 };
 
 } // namespace zeigewerk::rig

@@ -5,14 +5,14 @@
 
 namespace zeigewerk::rig {
 
-/// A presentation whose presenter works with the toolbar.
-class Rehearsal : public Presentation
+/// A presentation that is controlled with the toolbar.
+class ToolbarPresentation : public Presentation
 {
 public:
-    /// Free of the toolbar at its first place, and of its shadow.
+    /// Free of the toolbar and its shadow at the default place.
     static constexpr QRect kLeftOfToolbar = QRect(0, 0, 1700, 1080);
 
-    Rehearsal()
+    ToolbarPresentation()
         : Presentation({.accessibility = true})
         , presenter(session, program)
     {
@@ -20,9 +20,9 @@ public:
             throw RigError("the toolbar is not painted");
     }
 
-    /// A horizontal drag of a hundred pixels that begins there.
+    /// A horizontal drag of a hundred pixels from that place.
     bool strokeFrom(QPoint place) { return session.pointer().drag({place, place + QPoint(100, 0)}); }
-    /// What such a drag has left in its middle.
+    /// The colour in the middle of that stroke.
     QColor strokeColor(QPoint place) { return pixel(place + QPoint(50, 0)); }
     bool isSlideUntouched() { return isUntouched(kLeftOfToolbar); }
 

@@ -1,4 +1,4 @@
-#include "answer_probe.h"
+#include "ping_probe.h"
 
 #include "desktop_session.h"
 #include "eventually.h"
@@ -6,39 +6,40 @@
 
 namespace zeigewerk::rig {
 
-AnswerProbe::AnswerProbe(DesktopSession &session)
+PingProbe::PingProbe(DesktopSession &session)
     : m_client(session.display().name())
 {
-    // Qt sends its answers to whoever listens to the root so, or manages its children.
+    // Qt sends its replies to the root window, to clients that select one of two event masks; this is one of
+    // them.
     const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_client.connection(), m_client.root(), XCB_CW_EVENT_MASK, &events);
     m_client.roundTrip();
 }
 
-bool AnswerProbe::isAnswered(const Program &program, std::chrono::milliseconds deadline)
+bool PingProbe::isResponding(const Program &program, std::chrono::milliseconds deadline)
 {
-    return isAnsweredOnce(program, deadline) && isAnsweredOnce(program, deadline);
+    return respondsOnce(program, deadline) && respondsOnce(program, deadline);
 }
 
-bool AnswerProbe::isAnsweredOnce(const Program &program, std::chrono::milliseconds deadline)
+bool PingProbe::respondsOnce(const Program &program, std::chrono::milliseconds deadline)
 {
-    xcb_window_t asked = XCB_WINDOW_NONE;
-    bool answered = false;
+    xcb_window_t pinged = XCB_WINDOW_NONE;
+    bool isReplied = false;
     const auto isSettled = [&] {
-        // A text field's window may go before the question is read; then nobody answers, and the next is
-        // asked.
-        if (const xcb_window_t window = windowOf(program); window != asked) {
-            asked = window;
-            ask(window);
+        // A text field's window may be destroyed before it handles the ping; then there is no reply, and the
+        // next window is tried.
+        if (const xcb_window_t window = windowOf(program); window != pinged) {
+            pinged = window;
+            ping(window);
         }
-        answered = hasAnswer();
-        return answered || asked == XCB_WINDOW_NONE || !program.isRunning();
+        isReplied = hasReply();
+        return isReplied || pinged == XCB_WINDOW_NONE || !program.isRunning();
     };
     eventually(isSettled, deadline);
-    return answered;
+    return isReplied;
 }
 
-xcb_window_t AnswerProbe::windowOf(const Program &program)
+xcb_window_t PingProbe::windowOf(const Program &program)
 {
     if (m_client.isOfProcess(m_window, program.processId()) && m_client.window(m_window))
         return m_window;
@@ -50,7 +51,7 @@ xcb_window_t AnswerProbe::windowOf(const Program &program)
     return m_window;
 }
 
-void AnswerProbe::ask(xcb_window_t window)
+void PingProbe::ping(xcb_window_t window)
 {
     if (window == XCB_WINDOW_NONE)
         return;
@@ -60,21 +61,21 @@ void AnswerProbe::ask(xcb_window_t window)
     event.window = window;
     event.type = m_client.atom("WM_PROTOCOLS");
     event.data.data32[0] = m_client.atom("_NET_WM_PING");
-    // Stands where the time does, and comes back as it is.
-    event.data.data32[1] = ++m_question;
+    // Sent in place of the timestamp; the reply contains it unchanged.
+    event.data.data32[1] = ++m_serial;
     event.data.data32[2] = window;
     xcb_send_event(m_client.connection(), 0, window, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char *>(&event));
     xcb_flush(m_client.connection());
 }
 
-bool AnswerProbe::hasAnswer()
+bool PingProbe::hasReply()
 {
     constexpr int kSentFlag = 0x80;
     while (const auto event = owned(xcb_poll_for_event(m_client.connection()))) {
         const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(*event);
         if ((event->response_type & ~kSentFlag) == XCB_CLIENT_MESSAGE &&
-            message.type == m_client.atom("WM_PROTOCOLS") && message.data.data32[1] == m_question)
+            message.type == m_client.atom("WM_PROTOCOLS") && message.data.data32[1] == m_serial)
             return true;
     }
     return false;

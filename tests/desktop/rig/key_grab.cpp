@@ -1,4 +1,4 @@
-#include "hot_key_thief.h"
+#include "key_grab.h"
 
 #include "desktop_session.h"
 #include "rig_error.h"
@@ -9,7 +9,7 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// A passive grab names the exact state, so a hot key is four of them.
+/// A passive grab applies to one exact state, so a hot key needs four of them.
 std::array<std::uint16_t, 4> statesOf(const Modifiers &modifiers)
 {
     const std::uint16_t base = modifierMask(modifiers);
@@ -25,15 +25,15 @@ xcb_void_cookie_t grab(Client &client, std::uint16_t state, Key key)
 
 } // namespace
 
-HotKeyThief::HotKeyThief(DesktopSession &session, const Modifiers &modifiers, Key key)
+KeyGrab::KeyGrab(DesktopSession &session, const Modifiers &modifiers, Key key)
     : m_client(session.display().name())
 {
     for (const std::uint16_t state : statesOf(modifiers))
         if (owned(xcb_request_check(m_client.connection(), grab(m_client, state, key))))
-            failRig(QStringLiteral("the thief found the hot key taken"));
+            failRig(QStringLiteral("the hot key is already grabbed"));
 }
 
-int HotKeyThief::presses()
+int KeyGrab::presses()
 {
     while (const auto event = owned(xcb_poll_for_event(m_client.connection())))
         m_presses += (event->response_type & ~0x80) == XCB_KEY_PRESS ? 1 : 0;
@@ -45,8 +45,8 @@ bool isGrabbedByAnother(DesktopSession &session, const Modifiers &modifiers, Key
     Client &client = session.client();
     xcb_connection_t *c = client.connection();
     for (const std::uint16_t state : statesOf(modifiers)) {
-        // The server grab shuts out the moment in which a program that registers this very key would be
-        // refused because of our trial.
+        // Without the server grab, a program that registers this key at the same moment could be refused
+        // because of our trial.
         xcb_grab_server(c);
         const xcb_void_cookie_t trial = grab(client, state, key);
         xcb_ungrab_key(c, static_cast<xcb_keycode_t>(key), client.root(), state);

@@ -1,4 +1,4 @@
-#include "neighbours.h"
+#include "other_windows.h"
 
 #include "desktop_session.h"
 #include "text_of.h"
@@ -10,43 +10,43 @@ namespace zeigewerk::rig {
 
 namespace {
 
-/// More would only hide one another.
-constexpr std::size_t kMostWindows = 4;
-constexpr std::size_t kMostPopups = 3;
-const QRect kWhereTheyOpen(-100, -50, 2800, 1000);
-const QString kNothing = QStringLiteral("nothing, as there is none");
+/// More would only cover each other.
+constexpr std::size_t kMaxWindows = 4;
+constexpr std::size_t kMaxPopups = 3;
+const QRect kOpenArea(-100, -50, 2800, 1000);
+const QString kNone = QStringLiteral("skipped: there is none");
 
-/// Of a menu's size, of an application's, or of a screen's, which a screen locker has.
-QRect anyRect(Chance &chance)
+/// As large as a menu, an application, or a screen, like a screen locker.
+QRect randomRect(RandomChoice &random)
 {
     constexpr std::array kSizes = {QSize(200, 300), QSize(900, 600), QSize(1280, 1024)};
-    const QSize size = chance.of(kSizes);
-    return {chance.oneIn(4) ? QPoint(0, 0) : chance.in(kWhereTheyOpen), size};
+    const QSize size = random.of(kSizes);
+    return {random.oneIn(4) ? QPoint(0, 0) : random.in(kOpenArea), size};
 }
 
 } // namespace
 
-Neighbours::Neighbours(DesktopSession &session)
+OtherWindows::OtherWindows(DesktopSession &session)
     : m_session(session)
     , m_client(session.display().name())
 {
 }
 
-xcb_window_t Neighbours::anyWindow(Chance &chance)
+xcb_window_t OtherWindows::randomWindow(RandomChoice &random)
 {
-    return m_windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : chance.of(m_windows);
+    return m_windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : random.of(m_windows);
 }
 
-Popup *Neighbours::anyPopup(Chance &chance)
+Popup *OtherWindows::randomPopup(RandomChoice &random)
 {
-    return m_popups.empty() ? nullptr : chance.of(m_popups).get();
+    return m_popups.empty() ? nullptr : random.of(m_popups).get();
 }
 
-QString Neighbours::openWindow(Chance &chance)
+QString OtherWindows::openWindow(RandomChoice &random)
 {
-    if (m_windows.size() == kMostWindows)
-        return closeWindow(chance);
-    const QRect rect = anyRect(chance);
+    if (m_windows.size() == kMaxWindows)
+        return closeWindow(random);
+    const QRect rect = randomRect(random);
     xcb_connection_t *xcb = m_client.connection();
     const xcb_window_t id = xcb_generate_id(xcb);
     const std::uint32_t color = 0x808080;
@@ -60,58 +60,58 @@ QString Neighbours::openWindow(Chance &chance)
     return textOf(rect);
 }
 
-QString Neighbours::closeWindow(Chance &chance)
+QString OtherWindows::closeWindow(RandomChoice &random)
 {
     if (m_windows.empty())
-        return kNothing;
-    const auto closed = m_windows.begin() + chance.below(static_cast<int>(m_windows.size()));
+        return kNone;
+    const auto closed = m_windows.begin() + random.below(static_cast<int>(m_windows.size()));
     xcb_destroy_window(m_client.connection(), *closed);
     m_client.roundTrip();
     m_windows.erase(closed);
     return {};
 }
 
-QString Neighbours::activateWindow(Chance &chance)
+QString OtherWindows::activateWindow(RandomChoice &random)
 {
     constexpr std::uint32_t kFromPager = 2;
-    const xcb_window_t window = anyWindow(chance);
+    const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
-        return kNothing;
+        return kNone;
     m_client.sendToRoot(window, "_NET_ACTIVE_WINDOW", {kFromPager, XCB_CURRENT_TIME, 0});
     return {};
 }
 
-QString Neighbours::takeKeyboard(Chance &chance)
+QString OtherWindows::takeKeyboard(RandomChoice &random)
 {
-    const xcb_window_t window = anyWindow(chance);
+    const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
-        return kNothing;
+        return kNone;
     m_client.setInputFocus(window);
     return {};
 }
 
-QString Neighbours::raiseWindow(Chance &chance)
+QString OtherWindows::raiseWindow(RandomChoice &random)
 {
-    const xcb_window_t window = anyWindow(chance);
+    const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
-        return kNothing;
+        return kNone;
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_client.connection(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     m_client.roundTrip();
     return {};
 }
 
-QString Neighbours::toggleFullScreen(Chance &chance)
+QString OtherWindows::toggleFullScreen(RandomChoice &random)
 {
     constexpr std::uint32_t kToggle = 2;
-    const xcb_window_t window = anyWindow(chance);
+    const xcb_window_t window = randomWindow(random);
     if (window == XCB_WINDOW_NONE)
-        return kNothing;
+        return kNone;
     m_client.sendToRoot(window, "_NET_WM_STATE", {kToggle, m_client.atom("_NET_WM_STATE_FULLSCREEN"), 0, 1});
     return {};
 }
 
-bool Neighbours::hasFullScreenWindow()
+bool OtherWindows::hasFullScreenWindow()
 {
     const xcb_atom_t fullScreen = m_client.atom("_NET_WM_STATE_FULLSCREEN");
     return std::any_of(m_windows.begin(), m_windows.end(), [&](xcb_window_t window) {
@@ -119,52 +119,52 @@ bool Neighbours::hasFullScreenWindow()
     });
 }
 
-QString Neighbours::openPopup(Chance &chance)
+QString OtherWindows::openPopup(RandomChoice &random)
 {
-    if (m_popups.size() == kMostPopups)
-        return closePopup(chance);
-    const QRect rect = anyRect(chance);
+    if (m_popups.size() == kMaxPopups)
+        return closePopup(random);
+    const QRect rect = randomRect(random);
     m_popups.push_back(std::make_unique<Popup>(m_session, rect, QColor(0xC0, 0xC0, 0xC0)));
     return textOf(rect);
 }
 
-QString Neighbours::closePopup(Chance &chance)
+QString OtherWindows::closePopup(RandomChoice &random)
 {
     if (m_popups.empty())
-        return kNothing;
-    const auto closed = m_popups.begin() + chance.below(static_cast<int>(m_popups.size()));
+        return kNone;
+    const auto closed = m_popups.begin() + random.below(static_cast<int>(m_popups.size()));
     if (closed->get() == m_grabber)
         m_grabber = nullptr;
     m_popups.erase(closed);
     return {};
 }
 
-QString Neighbours::raisePopup(Chance &chance)
+QString OtherWindows::raisePopup(RandomChoice &random)
 {
-    const Popup *popup = anyPopup(chance);
+    const Popup *popup = randomPopup(random);
     if (!popup)
-        return kNothing;
+        return kNone;
     popup->raise();
     return {};
 }
 
-QString Neighbours::togglePointerGrab(Chance &chance)
+QString OtherWindows::togglePointerGrab(RandomChoice &random)
 {
     if (m_grabber) {
         m_grabber->ungrabPointer();
         m_grabber = nullptr;
-        return QStringLiteral("gives the pointer back");
+        return QStringLiteral("release");
     }
-    Popup *popup = anyPopup(chance);
+    Popup *popup = randomPopup(random);
     if (!popup)
-        return kNothing;
+        return kNone;
     if (!popup->grabPointer())
-        return QStringLiteral("somebody else has the pointer");
+        return QStringLiteral("refused: the pointer is grabbed");
     m_grabber = popup;
-    return QStringLiteral("takes the pointer");
+    return QStringLiteral("grab");
 }
 
-void Neighbours::leave()
+void OtherWindows::closeAll()
 {
     m_grabber = nullptr;
     m_popups.clear();

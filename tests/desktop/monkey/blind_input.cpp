@@ -1,4 +1,4 @@
-#include "paw.h"
+#include "blind_input.h"
 
 #include <xcb/xtest.h>
 
@@ -6,7 +6,7 @@
 
 namespace zeigewerk::rig {
 
-void Paw::fake(int type, int detail, QPoint place)
+void BlindInput::fake(int type, int detail, QPoint place)
 {
     xcb_test_fake_input(m_client.connection(), static_cast<std::uint8_t>(type),
                         static_cast<std::uint8_t>(detail), XCB_CURRENT_TIME, m_client.root(),
@@ -14,49 +14,49 @@ void Paw::fake(int type, int detail, QPoint place)
     xcb_flush(m_client.connection());
 }
 
-void Paw::moveTo(QPoint place)
+void BlindInput::moveTo(QPoint place)
 {
     constexpr int kAbsolute = 0;
     fake(XCB_MOTION_NOTIFY, kAbsolute, place);
 }
 
-void Paw::press(int button)
+void BlindInput::press(int button)
 {
     m_buttons.insert(button);
     fake(XCB_BUTTON_PRESS, button);
 }
 
-void Paw::release(int button)
+void BlindInput::release(int button)
 {
     m_buttons.remove(button);
     fake(XCB_BUTTON_RELEASE, button);
 }
 
-void Paw::click(int button)
+void BlindInput::click(int button)
 {
     press(button);
     release(button);
 }
 
-void Paw::press(Key key)
+void BlindInput::press(Key key)
 {
     m_keys.insert(key);
     fake(XCB_KEY_PRESS, static_cast<int>(key));
 }
 
-void Paw::release(Key key)
+void BlindInput::release(Key key)
 {
     m_keys.remove(key);
     fake(XCB_KEY_RELEASE, static_cast<int>(key));
 }
 
-void Paw::tap(Key key)
+void BlindInput::tap(Key key)
 {
     press(key);
     release(key);
 }
 
-void Paw::chord(const Modifiers &modifiers, Key key)
+void BlindInput::chord(const Modifiers &modifiers, Key key)
 {
     for (const Key modifier : modifiers)
         press(modifier);
@@ -65,7 +65,7 @@ void Paw::chord(const Modifiers &modifiers, Key key)
         release(modifier);
 }
 
-void Paw::letGo()
+void BlindInput::releaseAll()
 {
     for (const int button : std::as_const(m_buttons))
         fake(XCB_BUTTON_RELEASE, button);

@@ -1,4 +1,4 @@
-#include "stage.h"
+#include "instruments.h"
 
 namespace zeigewerk::bench {
 
@@ -8,7 +8,7 @@ void beginDrawing(rig::Presentation &show)
 {
     show.hotKey(rig::Key::D);
     if (!rig::eventually([&] { return show.hasKeyboard(); }))
-        throw rig::RigError("drawing does not begin");
+        throw rig::RigError("drawing does not start");
 }
 
 Costs Costs::of(rig::DesktopSession &session, qint64 programId)
@@ -28,20 +28,20 @@ Costs Costs::operator*(double factor) const
     return {program * factor, server * factor, compositor * factor};
 }
 
-void awaitRest(rig::DesktopSession &session, qint64 programId)
+void awaitIdle(rig::DesktopSession &session, qint64 programId)
 {
-    // Longer than a frame of the compositor, and than the quarter of a second after which the program has a
-    // last look at what another window's coming or going did to the order of windows.
-    constexpr std::chrono::milliseconds kRest = 300ms;
+    // Longer than a frame of the compositor, and longer than the quarter of a second after which the program
+    // checks the stacking order once more when windows have come or gone.
+    constexpr std::chrono::milliseconds kIdleTime = 300ms;
     const auto deadline = std::chrono::steady_clock::now() + 60s;
     while (std::chrono::steady_clock::now() < deadline) {
         const Costs before = Costs::of(session, programId);
-        QTest::qSleep(static_cast<int>(kRest.count()));
+        QTest::qSleep(static_cast<int>(kIdleTime.count()));
         const Costs spent = Costs::of(session, programId) - before;
         if (spent.program + spent.server + spent.compositor == Milliseconds::zero())
             return;
     }
-    throw rig::RigError("the desktop does not come to rest");
+    throw rig::RigError("the desktop does not become idle");
 }
 
 PixelWatch::PixelWatch(rig::Client &client, QPoint place)
@@ -59,7 +59,7 @@ QRgb PixelWatch::look()
                       static_cast<std::int16_t>(m_place.y()), 1, 1, ~0U);
     const auto reply = rig::owned(xcb_get_image_reply(xcb, cookie, nullptr));
     if (!reply)
-        throw rig::RigError("no picture of the screen");
+        throw rig::RigError("cannot read the screen");
     return *reinterpret_cast<const QRgb *>(xcb_get_image_data(reply.get()));
 }
 
@@ -67,7 +67,7 @@ Milliseconds PixelWatch::untilChanged(std::chrono::steady_clock::time_point star
 {
     while (look() == m_before) {
         if (std::chrono::steady_clock::now() - start > 5s)
-            throw rig::RigError("nothing shows where it should");
+            throw rig::RigError("the expected pixel does not change");
     }
     return std::chrono::steady_clock::now() - start;
 }
@@ -75,14 +75,14 @@ Milliseconds PixelWatch::untilChanged(std::chrono::steady_clock::time_point star
 std::vector<double> motionToPixel(rig::DesktopSession &session, const Path &path, int samples)
 {
     constexpr double kRate = 60.0;
-    Hand hand(session.client());
+    Mouse mouse(session.client());
     std::vector<double> times;
     Pace pace(kRate);
     for (int sample = 1; sample <= samples; ++sample) {
         pace.awaitNext();
         PixelWatch watch(session.client(), path(sample));
         const auto start = std::chrono::steady_clock::now();
-        hand.moveTo(path(sample));
+        mouse.moveTo(path(sample));
         times.push_back(watch.untilChanged(start).count());
     }
     return times;

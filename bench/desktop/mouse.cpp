@@ -1,6 +1,6 @@
-#include "hand.h"
+#include "mouse.h"
 
-#include "wander.h"
+#include "pen_path.h"
 
 #include <xcb/xtest.h>
 
@@ -31,12 +31,12 @@ void sleepUntil(std::int64_t when)
 
 } // namespace
 
-Path wander(QSize screen)
+Path penPath(QSize screen)
 {
-    return [screen](int sample) { return bench::wander(screen, sample).toPoint(); };
+    return [screen](int sample) { return penPosition(screen, sample).toPoint(); };
 }
 
-Path level(QPoint start)
+Path horizontalPath(QPoint start)
 {
     constexpr int kStep = 12;
     return [start](int sample) { return start + QPoint(kStep * sample, 0); };
@@ -53,7 +53,7 @@ void Pace::awaitNext()
     sleepUntil(m_start + std::llround(static_cast<double>(++m_sent) * static_cast<double>(kSecond) / m_rate));
 }
 
-void Hand::fake(int type, int detail, QPoint place)
+void Mouse::fake(int type, int detail, QPoint place)
 {
     xcb_connection_t *xcb = m_client.connection();
     xcb_test_fake_input(xcb, static_cast<std::uint8_t>(type), static_cast<std::uint8_t>(detail),
@@ -62,23 +62,23 @@ void Hand::fake(int type, int detail, QPoint place)
     xcb_flush(xcb);
 }
 
-void Hand::moveTo(QPoint place)
+void Mouse::moveTo(QPoint place)
 {
     constexpr int kAbsolute = 0;
     fake(XCB_MOTION_NOTIFY, kAbsolute, place);
 }
 
-void Hand::press()
+void Mouse::press()
 {
     fake(XCB_BUTTON_PRESS, kLeftButton, {});
 }
 
-void Hand::release()
+void Mouse::release()
 {
     fake(XCB_BUTTON_RELEASE, kLeftButton, {});
 }
 
-void Hand::follow(const Path &path, int first, int count, double rate)
+void Mouse::follow(const Path &path, int first, int count, double rate)
 {
     Pace pace(rate);
     for (int sample = first; sample < first + count; ++sample) {
@@ -87,7 +87,7 @@ void Hand::follow(const Path &path, int first, int count, double rate)
     }
 }
 
-void Hand::scribble(QPoint start)
+void Mouse::scribble(QPoint start)
 {
     constexpr int kSamples = 4;
     constexpr double kRate = 1000.0;

@@ -1,4 +1,4 @@
-#include "grabs.h"
+#include "grab_probe.h"
 
 #include "desktop_session.h"
 

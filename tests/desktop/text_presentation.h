@@ -1,34 +1,34 @@
 #pragma once
 
-#include "rehearsal.h"
+#include "toolbar_presentation.h"
 
 #include <cstdlib>
 
 namespace zeigewerk::rig {
 
-/// Whether the sides of both lie within a pixel of each other.
+/// Whether all four sides are within a pixel of each other.
 inline bool isNear(const QRect &a, const QRect &b)
 {
     return (a.topLeft() - b.topLeft()).manhattanLength() <= 1 && std::abs(a.right() - b.right()) <= 1 &&
            std::abs(a.bottom() - b.bottom()) <= 1;
 }
 
-/// A presentation whose presenter has just picked the text tool.
-class Writing : public Presentation
+/// A presentation in which the text tool has just been picked.
+class TextPresentation : public Presentation
 {
 public:
-    /// The field, in points.
+    /// The size of the field in points.
     static constexpr QSize kField = QSize(340, 32);
-    /// What the ink of a line may take around the point of its press, in points: no caret of a short text,
-    /// and nothing of the next field.
+    /// Where a line's ink may be, relative to the press, in points: it excludes the caret of a short text and
+    /// the next field.
     static constexpr QRect kAroundPress = QRect(-4, -4, 330, 40);
 
-    explicit Writing(const DesktopSetup &setup = {}, double scale = 1.0)
-        : Writing(setup, scale, scale)
+    explicit TextPresentation(const DesktopSetup &setup = {}, double scale = 1.0)
+        : TextPresentation(setup, scale, scale)
     {
     }
-    /// With that scale on the first screen and another one on the second.
-    Writing(const DesktopSetup &setup, double scale, double scaleOfSecond)
+    /// With different scales on the first and on the second screen.
+    TextPresentation(const DesktopSetup &setup, double scale, double scaleOfSecond)
         : Presentation(
               withAccessibility(setup),
               {{"QT_SCREEN_SCALE_FACTORS", QString("DUMMY0=%1;DUMMY1=%2").arg(scale).arg(scaleOfSecond)}})
@@ -61,8 +61,8 @@ public:
     }
     /// Whether there is no field, and the canvas has the keyboard.
     bool isDrawing() { return !field() && hasKeyboard(); }
-    /// Whether the line of that press, of less than 300 points, stands on the canvas, with nothing around it
-    /// but the window beneath. For a while the picture may still be that of the field.
+    /// Whether the line written at that press, of less than 300 points, is on the canvas, with only the
+    /// window beneath around it. The screen may show the field for a while longer.
     bool isWritten(QPoint press)
     {
         const QPoint inField = press + (QPointF(320, 12) * m_scale).toPoint();
@@ -72,14 +72,14 @@ public:
     {
         return session.pointer().clickAt(place) && eventually([&] { return isTyping(); });
     }
-    /// What of a line of that press is on the screen.
+    /// The bounds of the ink of the line at that press, relative to the press.
     QRect inkAt(QPoint press)
     {
         const QRect around(kAroundPress.topLeft() * m_scale, QSizeF(kAroundPress.size()).toSize() * m_scale);
         return session.screenshot().bounds(kInk, around.translated(press), 8).translated(-press);
     }
-    /// Types what a German keyboard gives at these places.
-    void greet()
+    /// Types a greeting with umlauts, by key positions on a German keyboard.
+    void typeGreeting()
     {
         session.keyboard().type("Gr");
         session.keyboard().tap(Key::BracketLeft);

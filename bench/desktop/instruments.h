@@ -1,7 +1,7 @@
-// The desktop on which everything is measured, and the looks taken at it.
+// The desktop for all measurements, and the means of measuring.
 #pragma once
 
-#include "hand.h"
+#include "mouse.h"
 #include "presentation.h"
 
 #include <QRgb>
@@ -15,15 +15,15 @@ inline constexpr QSize kScreen(3840, 2160);
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 /// One screen of 3840 x 2160 with the usual window manager and compositor.
-inline rig::DesktopSetup stageSetup()
+inline rig::DesktopSetup benchSetup()
 {
     return {.screens = {QRect(QPoint(0, 0), kScreen)}};
 }
 
-/// Switches drawing on. Throws RigError if it does not begin.
+/// Switches drawing on. Throws RigError if it does not start.
 void beginDrawing(rig::Presentation &show);
 
-/// What the three processes between hand and eye have spent.
+/// Processor time of the three processes between the mouse and the screen.
 struct Costs
 {
     Milliseconds program{};
@@ -35,30 +35,30 @@ struct Costs
     Costs operator*(double factor) const;
 };
 
-/// Comes back when none of the three has done anything for a while, so that what follows is not charged with
-/// what came before. Throws RigError if they never rest.
-void awaitRest(rig::DesktopSession &session, qint64 programId);
+/// Waits until none of the three has done anything for a while, so that earlier work is not counted. Throws
+/// RigError if they never become idle.
+void awaitIdle(rig::DesktopSession &session, qint64 programId);
 
-/// What a piece of work costs, until everything is at rest again.
+/// The costs of some work, until everything is idle again.
 template <typename Work>
 Costs costsOf(rig::DesktopSession &session, qint64 programId, const Work &work)
 {
-    awaitRest(session, programId);
+    awaitIdle(session, programId);
     const Costs before = Costs::of(session, programId);
     work();
-    awaitRest(session, programId);
+    awaitIdle(session, programId);
     return Costs::of(session, programId) - before;
 }
 
-/// Looks at one pixel of the screen over and over.
+/// Polls one pixel of the screen.
 class PixelWatch
 {
 public:
     PixelWatch(rig::Client &client, QPoint place);
 
     QRgb look();
-    /// The time from `start` until the pixel was seen to have another colour than at first. Throws RigError
-    /// if it keeps it for five seconds.
+    /// The time from `start` until the pixel has a different colour than at first. Throws RigError if it does
+    /// not change within five seconds.
     Milliseconds untilChanged(std::chrono::steady_clock::time_point start);
 
 private:
@@ -68,7 +68,7 @@ private:
 };
 
 /// How long each of the path's samples takes from the mouse to the screen, one after the other at 60 Hz, in
-/// milliseconds. The button is held; at each sample the pixel under the pointer must change.
+/// milliseconds. The button is pressed; each sample must change the pixel under the pointer.
 std::vector<double> motionToPixel(rig::DesktopSession &session, const Path &path, int samples);
 
 } // namespace zeigewerk::bench

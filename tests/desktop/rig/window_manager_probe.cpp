@@ -1,8 +1,8 @@
-#include "managed_probe.h"
+#include "window_manager_probe.h"
 
 namespace zeigewerk::rig {
 
-ManagedProbe::ManagedProbe(Client &client)
+WindowManagerProbe::WindowManagerProbe(Client &client)
     : m_client(client)
     , m_id(xcb_generate_id(client.connection()))
 {
@@ -10,16 +10,16 @@ ManagedProbe::ManagedProbe(Client &client)
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
 }
 
-ManagedProbe::~ManagedProbe()
+WindowManagerProbe::~WindowManagerProbe()
 {
     if (!m_isDestroyed)
         xcb_destroy_window(m_client.connection(), m_id);
     m_client.roundTrip();
 }
 
-bool ManagedProbe::isManaged()
+bool WindowManagerProbe::isManaged()
 {
-    // It need not be on the screen: beneath a full-screen window it is not with every manager.
+    // It need not be on the screen: some managers do not show windows beneath a full-screen one.
     if (isListed())
         return true;
     xcb_map_window(m_client.connection(), m_id);
@@ -27,7 +27,7 @@ bool ManagedProbe::isManaged()
     return false;
 }
 
-bool ManagedProbe::isForgotten()
+bool WindowManagerProbe::isForgotten()
 {
     if (!m_isDestroyed)
         xcb_destroy_window(m_client.connection(), m_id);
@@ -35,7 +35,7 @@ bool ManagedProbe::isForgotten()
     return !isListed();
 }
 
-bool ManagedProbe::isListed()
+bool WindowManagerProbe::isListed()
 {
     return m_client.property(m_client.root(), "_NET_CLIENT_LIST").contains(m_id);
 }

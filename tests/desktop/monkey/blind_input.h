@@ -1,4 +1,4 @@
-// The hand of somebody who does not look at what happens.
+// Input without any feedback.
 #pragma once
 
 #include "client.h"
@@ -9,12 +9,12 @@
 
 namespace zeigewerk::rig {
 
-/// Sends real events through XTest and waits for nothing, unlike the rig's pointer and keyboard: these come
-/// back when something has been done, which under somebody's grab, or beyond the edge of a screen, is never.
-class Paw
+/// Sends real events through XTest and waits for nothing. The rig's pointer and keyboard wait for the effect,
+/// which never comes under a grab or beyond the edge of a screen.
+class BlindInput
 {
 public:
-    explicit Paw(Client &client)
+    explicit BlindInput(Client &client)
         : m_client(client)
     {
     }
@@ -26,14 +26,14 @@ public:
     void press(Key key);
     void release(Key key);
     void tap(Key key);
-    /// Taps the key with these held, which are released afterwards.
+    /// Taps the key with these held.
     void chord(const Modifiers &modifiers, Key key);
 
-    /// What was pressed and not released since.
+    /// What is pressed and not yet released.
     const QSet<int> &heldButtons() const { return m_buttons; }
     const QSet<Key> &heldKeys() const { return m_keys; }
-    /// Releases all of that; comes back when the server has it.
-    void letGo();
+    /// Releases all of that; returns once the server has processed it.
+    void releaseAll();
 
 private:
     void fake(int type, int detail, QPoint place = {});

@@ -1,4 +1,4 @@
-#include "composited_probe.h"
+#include "compositor_probe.h"
 
 #include "screenshot.h"
 
@@ -7,8 +7,8 @@ namespace zeigewerk::rig {
 namespace {
 
 constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-constexpr std::uint32_t kHalfRed = 0x80800000; // premultiplied, as X wants it
-constexpr QRgb kMixed = 0xFFFF7F7F;
+constexpr std::uint32_t kHalfRed = 0x80800000; // premultiplied, as X expects
+constexpr QRgb kBlended = 0xFFFF7F7F;
 constexpr QRect kArea(0, 0, 4, 4);
 
 xcb_visualid_t argbVisual(const xcb_screen_t &screen)
@@ -21,7 +21,7 @@ xcb_visualid_t argbVisual(const xcb_screen_t &screen)
 
 } // namespace
 
-CompositedProbe::CompositedProbe(Client &client, QPoint place)
+CompositorProbe::CompositorProbe(Client &client, QPoint place)
     : m_client(client)
     , m_place(place)
     , m_lower(show(client.screen().root_depth, client.screen().root_visual, kWhite))
@@ -30,12 +30,12 @@ CompositedProbe::CompositedProbe(Client &client, QPoint place)
     m_client.roundTrip();
 }
 
-CompositedProbe::~CompositedProbe()
+CompositorProbe::~CompositorProbe()
 {
     destroy();
 }
 
-xcb_window_t CompositedProbe::show(std::uint8_t depth, xcb_visualid_t visual, std::uint32_t pixel)
+xcb_window_t CompositorProbe::show(std::uint8_t depth, xcb_visualid_t visual, std::uint32_t pixel)
 {
     xcb_connection_t *c = m_client.connection();
     const xcb_colormap_t colormap = xcb_generate_id(c);
@@ -52,18 +52,18 @@ xcb_window_t CompositedProbe::show(std::uint8_t depth, xcb_visualid_t visual, st
     return window;
 }
 
-bool CompositedProbe::isMixed()
+bool CompositorProbe::isBlended()
 {
-    return Screenshot::of(m_client).isFilled(QColor(kMixed), kArea.translated(m_place), 1);
+    return Screenshot::of(m_client).isFilled(QColor(kBlended), kArea.translated(m_place), 1);
 }
 
-bool CompositedProbe::isGone()
+bool CompositorProbe::isGone()
 {
     destroy();
-    return Screenshot::of(m_client).count(QColor(kMixed), kArea.translated(m_place), 1) == 0;
+    return Screenshot::of(m_client).count(QColor(kBlended), kArea.translated(m_place), 1) == 0;
 }
 
-void CompositedProbe::destroy()
+void CompositorProbe::destroy()
 {
     for (xcb_window_t *window : {&m_upper, &m_lower}) {
         if (*window != XCB_WINDOW_NONE)

@@ -1,11 +1,11 @@
-// Whether anybody has pointer or keyboard to himself.
+// Finds out whether the keyboard or the pointer is grabbed.
 #pragma once
 
 namespace zeigewerk::rig {
 
 class DesktopSession;
 
-/// Whether another program that asks for it would get it, which is found by a trial.
+/// Whether another program could grab it now. Tried with a grab on a connection of its own.
 bool canGrabKeyboard(DesktopSession &session);
 bool canGrabPointer(DesktopSession &session);
 

@@ -1,119 +1,116 @@
 #include "registered_test.h"
 #include "seam.h"
+#include "seam/seam_contract.h"
 
+#include <map>
+
+using namespace zeigewerk;
 using namespace zeigewerk::rig;
 
-class SeamScenarios : public QObject
+namespace {
+
+constexpr QRect kScreen = VirtualDisplay::kFullHd;
+
+void mustSucceed(bool isDone, const char *what)
+{
+    if (!isDone)
+        throw RigError(what);
+}
+
+/// A virtual X11 desktop, with the subject in a process of its own.
+class X11World : public test::SeamWorld
+{
+public:
+    X11World() { mustSucceed(m_other.opensWithFocus(), "the other application does not get the keyboard"); }
+
+    QString tell(const QString &line) override { return m_seam.tell(line); }
+
+    void movePointer(QPointF place) override
+    {
+        mustSucceed(m_session.pointer().moveTo(pixelAt(place)), "the pointer does not get there");
+    }
+    void pressButton() override { mustSucceed(m_session.pointer().press(), "the button is not pressed"); }
+    void releaseButton() override
+    {
+        mustSucceed(m_session.pointer().release(), "the button is not released");
+    }
+    void turnWheel(int steps) override
+    {
+        mustSucceed(m_session.pointer().wheel(steps), "the wheel is stuck");
+    }
+
+    void holdModifiers(platform::Modifiers modifiers) override
+    {
+        for (const auto &[modifier, key] : kModifierKeys) {
+            if (modifiers.testFlag(modifier)) {
+                m_session.keyboard().press(key);
+                m_held.append(key);
+            }
+        }
+    }
+    void releaseModifiers() override
+    {
+        for (const Key key : std::exchange(m_held, {}))
+            m_session.keyboard().release(key);
+    }
+    void pressKey(platform::PhysicalKey key) override { m_session.keyboard().press(keyAt(key)); }
+    void releaseKey(platform::PhysicalKey key) override { m_session.keyboard().release(keyAt(key)); }
+
+    QColor pixel(QPointF place) override { return m_session.screenshot().pixel(pixelAt(place)); }
+
+    int clicksOfOther() override { return static_cast<int>(m_other.presses().size()); }
+    int keysOfOther() override
+    {
+        const QList<Key> keys = m_other.pressedKeys();
+        return static_cast<int>(std::count_if(keys.begin(), keys.end(), [](Key key) {
+            return std::none_of(kModifierKeys.begin(), kModifierKeys.end(),
+                                [key](const auto &row) { return row.second == key; });
+        }));
+    }
+    void forgetOther() override { m_other.forget(); }
+    bool hasOtherTheKeyboard() override { return m_other.hasFocus(); }
+    void grabByOther() override { m_grab.emplace(m_session, Modifiers{Key::Ctrl, Key::Alt}, Key::D); }
+
+    void setDocks(const QMargins &margins) override
+    {
+        m_dock.reset();
+        const auto depth = [](int margin) { return static_cast<quint32>(margin); };
+        m_dock.emplace(m_session, QRect(0, 0, 100, 30), "_NET_WM_STRUT",
+                       QList<quint32>{depth(margins.left()), depth(margins.right()), depth(margins.top()),
+                                      depth(margins.bottom())});
+    }
+
+private:
+    static constexpr std::array kModifierKeys = {
+        std::pair(platform::Modifier::Ctrl, Key::Ctrl),
+        std::pair(platform::Modifier::Alt, Key::Alt),
+        std::pair(platform::Modifier::Shift, Key::Shift),
+    };
+
+    static QPoint pixelAt(QPointF place)
+    {
+        return {static_cast<int>(place.x()), kScreen.height() - 1 - static_cast<int>(place.y())};
+    }
+    /// An X key code is the evdev code plus 8.
+    static Key keyAt(platform::PhysicalKey key) { return static_cast<Key>(static_cast<int>(key) + 8); }
+
+    DesktopSession m_session;
+    WindowBeneath m_other{m_session, kScreen, Qt::blue};
+    Seam m_seam{m_session};
+    std::optional<KeyGrab> m_grab;
+    std::optional<Dock> m_dock;
+    QList<Key> m_held;
+};
+
+} // namespace
+
+class SeamScenarios : public test::SeamContract
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void theMainScreenIsThatOfTheKeyboard();
-    void whereNoWindowHasTheKeyboardThePrimaryScreenIsTheMainOne();
-    void docksAreLeftOut_data();
-    void docksAreLeftOut();
-    void withoutAWindowManagerThereAreNoDocks();
-    void theEmbeddingTrayComesAndGoes();
+protected:
+    std::unique_ptr<test::SeamWorld> makeWorld() override { return std::make_unique<X11World>(); }
 };
-
-void SeamScenarios::theMainScreenIsThatOfTheKeyboard()
-{
-    DesktopSession session({.screens = {kLeft, kRight}});
-    Seam seam(session);
-    seam.tell("show");
-    QCOMPARE(seam.tell("main"), QString("DUMMY0"));
-    WindowBeneath right(session, {1400, 100, 500, 500}, Qt::blue);
-    QVERIFY(right.takeFocus());
-    QCOMPARE(seam.tell("main"), QString("DUMMY1"));
-    WindowBeneath astride(session, {1000, 100, 500, 500}, Qt::green);
-    QVERIFY(astride.takeFocus());
-    QCOMPARE(seam.tell("main"), QString("DUMMY0"));
-}
-
-void SeamScenarios::whereNoWindowHasTheKeyboardThePrimaryScreenIsTheMainOne()
-{
-    // A window manager would not leave it at that.
-    DesktopSession session({.screens = {kLeft, kRight}, .windowManager = WindowManager::None});
-    Seam seam(session);
-    seam.tell("show");
-    WindowBeneath right(session, {1400, 100, 500, 500}, Qt::blue);
-    for (const xcb_window_t nobody : {xcb_window_t{XCB_INPUT_FOCUS_POINTER_ROOT},
-                                      xcb_window_t{XCB_INPUT_FOCUS_NONE}, session.client().root()}) {
-        QVERIFY(right.takeFocus());
-        QCOMPARE(seam.tell("main"), QString("DUMMY1"));
-        session.client().setInputFocus(nobody);
-        QCOMPARE(seam.tell("main"), QString("DUMMY0"));
-    }
-}
-
-void SeamScenarios::docksAreLeftOut_data()
-{
-    QTest::addColumn<QByteArray>("property");
-    QTest::addColumn<QList<quint32>>("strut");
-    QTest::addColumn<QRect>("dockFrame");
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("second");
-
-    // The second screen, twice as dense, has 800 x 450 points from (1280, 574).
-    const QString first("0 0 1280 1024");
-    const QString second("1280 574 800 450");
-    QTest::newRow("top of the first screen")
-        << QByteArray("_NET_WM_STRUT_PARTIAL") << QList<quint32>{0, 0, 30, 0, 0, 0, 0, 0, 0, 1279, 0, 0}
-        << QRect(0, 0, 1280, 30) << "0 0 1280 994" << second;
-    QTest::newRow("bottom of the second screen")
-        << QByteArray("_NET_WM_STRUT_PARTIAL") << QList<quint32>{0, 0, 0, 164, 0, 0, 0, 0, 0, 0, 1280, 2879}
-        << QRect(1280, 860, 1600, 40) << first << "1280 594 800 430";
-    QTest::newRow("between the screens")
-        << QByteArray("_NET_WM_STRUT_PARTIAL") << QList<quint32>{1340, 0, 0, 0, 0, 899, 0, 0, 0, 0, 0, 0}
-        << QRect(1280, 0, 60, 900) << first << "1310 574 770 450";
-    QTest::newRow("the older property") << QByteArray("_NET_WM_STRUT") << QList<quint32>{48, 0, 0, 0}
-                                        << QRect(0, 0, 48, 1024) << "48 0 1232 1024" << second;
-}
-
-void SeamScenarios::docksAreLeftOut()
-{
-    QFETCH(QByteArray, property);
-    QFETCH(QList<quint32>, strut);
-    QFETCH(QRect, dockFrame);
-    QFETCH(QString, first);
-    QFETCH(QString, second);
-    DesktopSession session({.screens = {kLeft, kRight}});
-    Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=1;DUMMY1=2"}});
-    QCOMPARE(seam.tell("visible 0"), QString("0 0 1280 1024"));
-    QCOMPARE(seam.tell("visible 1"), QString("1280 574 800 450"));
-    const Dock dock(session, dockFrame, property, strut);
-    QCOMPARE(seam.tell("visible 0"), first);
-    QCOMPARE(seam.tell("visible 1"), second);
-}
-
-void SeamScenarios::withoutAWindowManagerThereAreNoDocks()
-{
-    DesktopSession session({.windowManager = WindowManager::None});
-    Seam seam(session);
-    QCOMPARE(seam.tell("visible 0"), QString("0 0 1920 1080"));
-}
-
-void SeamScenarios::theEmbeddingTrayComesAndGoes()
-{
-    DesktopSession session;
-    Seam seam(session);
-    QCOMPARE(seam.tell("tray"), QString("0 0"));
-    {
-        Client host(session.display().name());
-        const xcb_window_t window = xcb_generate_id(host.connection());
-        xcb_create_window(host.connection(), XCB_COPY_FROM_PARENT, window, host.root(), 0, 0, 1, 1, 0,
-                          XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
-        xcb_set_selection_owner(host.connection(), window, host.atom("_NET_SYSTEM_TRAY_S0"),
-                                XCB_CURRENT_TIME);
-        host.roundTrip();
-        EVENTUALLY(seam.tell("tray") == "1 1");
-        // The compositor is another matter.
-        session.stopCompositor();
-        EVENTUALLY(!session.isComposited());
-        QCOMPARE(seam.tell("tray"), QString("1 1"));
-    }
-    EVENTUALLY(seam.tell("tray") == "0 2");
-}
 
 REGISTER_GUILESS_TEST(SeamScenarios)
 #include "seam_scenarios.moc"

@@ -1,8 +1,11 @@
-// One widget's window on the desktop the program chooses, driven by lines on the standard input; each is
-// answered by one line.
+// A program around the seam on the desktop that connectToDesktop() chooses. It does what the lines on its
+// standard input say, and answers each with a line: those of a SeamSubject, and below a few of its own about
+// one red slab with an ornament.
 
 #include "platform/choose_desktop.h"
 #include "platform/desktop.h"
+#include "seam/seam_subject.h"
+#include "seam/seam_text.h"
 
 #include <QAction>
 #include <QApplication>
@@ -37,20 +40,15 @@ protected:
     }
 };
 
-QString text(const QRectF &rect)
-{
-    return QStringLiteral("%1 %2 %3 %4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
-}
-
 class StandIn
 {
 public:
     explicit StandIn(Desktop &desktop)
         : m_desktop(desktop)
+        , m_subject(desktop)
         , m_window(desktop.makeWindow(WidgetRole::Toolbar, m_slab, kOrnament))
     {
         m_menu.addAction(QStringLiteral("An entry"));
-        QObject::connect(&desktop, &Desktop::trayChanged, &m_slab, [this] { ++m_trayChanges; });
     }
 
     QString answer(const QStringList &words)
@@ -84,15 +82,9 @@ public:
             openLineAndBeBusy();
         else if (verb == QStringLiteral("written"))
             return QString::fromLatin1(QUrl::toPercentEncoding(m_line.text()));
-        else if (verb == QStringLiteral("main"))
-            return m_desktop.mainScreen() ? m_desktop.mainScreen()->name : QStringLiteral("none");
-        else if (verb == QStringLiteral("screens"))
-            return QString::number(m_desktop.screens().size());
-        else if (verb == QStringLiteral("visible"))
-            return text(m_desktop.visibleFrame(m_desktop.screens().at(static_cast<std::size_t>(number(1)))));
-        else if (verb == QStringLiteral("tray"))
-            return QStringLiteral("%1 %2").arg(m_desktop.hasTray()).arg(m_trayChanges);
-        return text(m_window->frame());
+        else if (verb != QStringLiteral("slab"))
+            return m_subject.tell(words.join(QLatin1Char(' ')));
+        return zeigewerk::test::text(m_window->frame());
     }
 
 private:
@@ -116,6 +108,7 @@ private:
     }
 
     Desktop &m_desktop;
+    zeigewerk::test::SeamSubject m_subject;
     Slab m_slab;
     QMenu m_menu;
     QLineEdit m_line;
@@ -123,7 +116,6 @@ private:
     std::unique_ptr<WidgetWindow> m_lineWindow;
     std::unique_ptr<Surface> m_overlay;
     std::unique_ptr<Surface> m_effect;
-    int m_trayChanges = 0;
 };
 
 } // namespace

@@ -34,6 +34,9 @@ public:
 
     bool ignoresMouseEvents() const { return m_ignoresMouseEvents; }
     SurfaceContent *content() { return m_content; }
+    const QString &name() const { return m_name; }
+    /// Counts up with every order-front of any surface or window.
+    quint64 orderedFront() const { return m_orderedFront; }
 
     /// Paints the damage, as the event loop would do on its next pass. Returns whether there was any.
     bool display();
@@ -54,6 +57,7 @@ private:
     bool m_visible = false;
     bool m_ignoresMouseEvents = true;
     bool m_isDisplayWanted = false;
+    quint64 m_orderedFront = 0;
     Damage m_damage;
     QImage m_image;
     qint64 m_paintedPixels = 0;
@@ -79,6 +83,9 @@ public:
     bool isKey() const override;
 
     bool ignoresMouseEvents() const { return m_ignoresMouseEvents; }
+    WidgetRole role() const { return m_role; }
+    QWidget &widget() const { return m_widget; }
+    quint64 orderedFront() const { return m_orderedFront; }
 
 private:
     RecordingDesktop &m_desktop;
@@ -89,6 +96,7 @@ private:
     QPointF m_origin;
     bool m_visible = false;
     bool m_ignoresMouseEvents = false;
+    quint64 m_orderedFront = 0;
 };
 
 /// A desktop for tests. The test sets its screens and its pointer; it records all requests in order.
@@ -139,6 +147,8 @@ public:
     void changeScreens(std::vector<Screen> screens);
     /// The existing surfaces of that role, oldest first.
     std::vector<RecordingSurface *> surfaces(SurfaceRole role) const;
+    /// The existing windows, oldest first.
+    const std::vector<RecordingWindow *> &windows() const { return m_windows; }
 
     /// Which of our windows has the keyboard, such as "overlay 0"; empty for none.
     QString keyWindow() const { return m_keyWindow; }
@@ -167,6 +177,8 @@ private:
     std::map<SurfaceRole, std::vector<RecordingSurface *>> m_surfaces;
     std::map<SurfaceRole, int> m_surfacesMade;
     std::map<WidgetRole, int> m_windowsMade;
+    std::vector<RecordingWindow *> m_windows;
+    quint64 m_lastOrder = 0;
     QString m_keyWindow;
     RecordingHotKeys m_hotKeys{*this};
     RecordingEventMonitor m_eventMonitor{*this};

@@ -49,6 +49,7 @@ QImage RecordingSurface::blankImage() const
 void RecordingSurface::orderFrontRegardless()
 {
     m_desktop.note(m_name + QStringLiteral(": order front"));
+    m_orderedFront = ++m_desktop.m_lastOrder;
     if (m_visible)
         return;
     m_visible = true;

@@ -18,10 +18,12 @@ RecordingWindow::RecordingWindow(RecordingDesktop &desktop, QString name, Widget
     m_widget.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     // Clicks and pictures work without a window on a screen.
     m_widget.setAttribute(Qt::WA_DontShowOnScreen);
+    m_desktop.m_windows.push_back(this);
 }
 
 RecordingWindow::~RecordingWindow()
 {
+    std::erase(m_desktop.m_windows, this);
     m_desktop.forgetKey(m_name);
     m_widget.hide();
 }
@@ -52,6 +54,7 @@ void RecordingWindow::drag(QPointF grip, QPointF position)
 void RecordingWindow::orderFrontRegardless()
 {
     m_desktop.note(m_name + QStringLiteral(": order front"));
+    m_orderedFront = ++m_desktop.m_lastOrder;
     m_visible = true;
     m_widget.show();
 }

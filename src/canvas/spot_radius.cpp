@@ -1,4 +1,4 @@
-// The wheel chooses how wide the spotlight is.
+// The wheel changes the radius of the spotlight.
 
 #include "canvas/spot_radius.h"
 
@@ -11,9 +11,9 @@ namespace zeigewerk {
 
 namespace {
 
-/// How many points the radius changes by a notch of the wheel …
+/// Points per notch of the wheel.
 constexpr double kRadiusPerNotch = 8.0;
-/// … and by a point of fine scrolling, of which a finger's way over a touchpad has many.
+/// Points per point of precise scrolling. Fingers on a touchpad scroll many points at a time.
 constexpr double kRadiusPerPoint = 1.2;
 
 } // namespace
@@ -33,10 +33,10 @@ void AppDelegate::adjustSpotRadius(double delta)
 {
     const double radius = std::min(std::max(m_spotRadius + delta, kSmallestSpotRadius), kLargestSpotRadius);
     if (radius == m_spotRadius)
-        return; // a wheel that turns on at a bound writes nothing
+        return; // at a bound, the wheel writes no settings
     m_spotRadius = radius;
     m_defaults.setDouble(kSpotRadiusKey, m_spotRadius);
-    // Nothing is repainted here: the next step of what follows the pointer finds the hole changed.
+    // Nothing is repainted here: the next step of the follow timer notices the new radius.
 }
 
 } // namespace zeigewerk

@@ -4,7 +4,7 @@
 
 namespace zeigewerk {
 
-/// By how many points a step of the wheel changes the spotlight's radius.
+/// The change of the spotlight's radius, in points, for a step of the wheel.
 double spotRadiusChange(const platform::ScrollEvent &event);
 
 } // namespace zeigewerk

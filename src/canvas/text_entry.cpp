@@ -1,4 +1,4 @@
-// The text tool: a press opens a field, and what was typed becomes a shape.
+// The text tool: a press opens a text field, and the typed text becomes a shape.
 
 #include "canvas/text_entry.h"
 
@@ -10,7 +10,7 @@ namespace zeigewerk {
 
 namespace {
 
-/// The field hangs mostly below the point of the press.
+/// Most of the field lies below the pressed point.
 constexpr QPointF kFrameFromPress(0, -28);
 constexpr QPointF kTextFromFrame(2, 4);
 
@@ -32,7 +32,7 @@ void DrawingView::openTextField(QPointF point)
         return;
     auto entry = std::make_unique<TextEntry>();
     entry->origin = point + kFrameFromPress;
-    // The field itself is white.
+    // White text would be invisible on the white field.
     entry->field = std::make_unique<TextField>(app->color() == kWhite ? kBlack : app->color());
     TextField *field = entry->field.get();
     platform::Desktop *desktop = &app->desktop();
@@ -81,12 +81,12 @@ void DrawingView::closeTextField()
     const std::unique_ptr<TextEntry> entry = std::move(m_textEntry);
     if (!entry)
         return;
-    // Before the field goes, so that no key in between gets lost. A field that did not have the keyboard has
-    // none to pass on, and after interaction it goes back to whoever had it before.
+    // Before the field closes, so that no key gets lost. If the field does not have the keyboard, it must not
+    // move; after interaction, it goes back to the application that had it.
     if (entry->window->isKey() && app && app->interactionOn() && m_surface)
         m_surface->makeKey();
     entry->window.reset();
-    // It may be handling the very key that closes it.
+    // The field may still be handling the key that closes it.
     entry->field->disconnect();
     entry->field.release()->deleteLater();
 }

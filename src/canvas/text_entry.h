@@ -9,10 +9,10 @@
 
 namespace zeigewerk {
 
-/// Text that is being typed on a canvas.
+/// The text being typed on a canvas.
 struct TextEntry
 {
-    /// The lower left corner of the field's frame in view coordinates. The window may lie a hair beside it.
+    /// The lower left corner of the field's frame in view coordinates. The window is at the nearest pixel.
     QPointF origin;
     std::unique_ptr<TextField> field;
     // It shows the field, so it goes first.

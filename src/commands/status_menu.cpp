@@ -25,10 +25,10 @@ struct StatusRow
     QStringView name = {};
     /// None for a line that only explains.
     void (AppDelegate::*operation)() = nullptr;
-    /// Shown as a check mark, or in the wording where there is a second title.
+    /// Shown as a check mark, or by the choice of title if there is a second one.
     bool (AppDelegate::*flag)() const = nullptr;
     QStringView titleWhenOff = {};
-    /// What the desktop must offer; else the entry is greyed.
+    /// The entry is greyed if the desktop does not offer it.
     std::optional<Feature> needs = {};
     /// Whether the entry exists at all, which does not change after launch; always if null.
     bool (AppDelegate::*exists)() const = nullptr;
@@ -106,15 +106,15 @@ void StatusMenu::buildActions()
         if (row.operation) {
             connect(action, &QAction::triggered, this, [this, &row] {
                 std::invoke(row.operation, m_app);
-                // Clicking has flipped the check mark, whether the operation did anything or not.
+                // The click has flipped the check mark, even if the operation did nothing.
                 rebuild();
             });
         }
         m_actions.push_back(action);
     }
     m_quit = m_actions.back();
-    // For show: Qt has no actions fire that are in nothing but a menu without a menu bar, and the narrowest
-    // context keeps it so. What acts is the event filter.
+    // Only displayed: Qt does not trigger shortcuts of actions in a menu without a menu bar, and the
+    // narrowest context keeps it so. The event filter handles the key.
     m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     m_quit->setShortcutContext(Qt::WidgetShortcut);
     m_quit->setShortcutVisibleInContextMenu(true);
@@ -149,7 +149,7 @@ void StatusMenu::rebuild()
 
 bool StatusMenu::trigger(const QString &name)
 {
-    // To Qt an empty name is any.
+    // For findChild, an empty name matches any child.
     auto *action = name.isEmpty() ? nullptr : findChild<QAction *>(name, Qt::FindDirectChildrenOnly);
     if (action)
         action->trigger();
@@ -158,7 +158,7 @@ bool StatusMenu::trigger(const QString &name)
 
 void StatusMenu::popUp(const QPoint &place)
 {
-    // One that is open stays where it is when it is merely popped up again.
+    // popup() does not move a menu that is already open.
     m_popupMenu.close();
     m_popupMenu.popup(place);
 }

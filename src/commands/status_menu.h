@@ -12,8 +12,8 @@ namespace zeigewerk {
 
 class AppDelegate;
 
-/// The menu of the status item. It exists twice with the same actions: once for the tray, whose process shows
-/// it, and once to pop up in our own.
+/// The menu of the status item. It exists twice with the same actions: one menu is shown by the tray's
+/// process, the other by ours.
 class StatusMenu : public QObject
 {
     Q_OBJECT
@@ -22,24 +22,24 @@ public:
     /// `app` must outlive the menu.
     explicit StatusMenu(AppDelegate &app);
 
-    /// Has the actions show the controller's state as it is now. They stay the same objects, and one that is
-    /// right already is not touched: the tray is told only what changed.
+    /// Updates the actions to the controller's current state. They stay the same objects, and the tray is
+    /// told only about those that changed.
     void rebuild();
-    /// Does what a click on the entry of that name does: "draw", "spotlight", "whiteboard", "clicks", "pin",
+    /// Triggers the entry of that name, as a click does: "draw", "spotlight", "whiteboard", "clicks", "pin",
     /// "cursor-ring", "auto-fade", "dark-toolbar", "clear", "toolbar", "check-for-updates" or "quit". False
-    /// if there is none.
+    /// if there is no such entry. A greyed entry does nothing.
     bool trigger(const QString &name);
-    /// Opens our own menu at that place in Qt's coordinates, moved as far as the screen demands. It takes the
-    /// keyboard for as long as it is open, without moving the focus.
+    /// Opens our own menu at that place in Qt's coordinates, moved so that it fits the screen. It takes the
+    /// keyboard while it is open, and does not move the focus.
     void popUp(const QPoint &place);
 
-    /// The one that the tray shows.
+    /// The menu that the tray shows.
     QMenu &trayMenu() { return m_trayMenu; }
-    /// The one that pops up here.
+    /// The menu that our process shows.
     QMenu &popupMenu() { return m_popupMenu; }
 
 protected:
-    /// Watches the open menus for the key equivalent of quitting.
+    /// Handles Ctrl+Q in the open menus.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -47,7 +47,7 @@ private:
     void buildMenu(QMenu &menu);
 
     AppDelegate &m_app;
-    /// One for each row of the table, null for one that is not there; children of this object.
+    /// One per row of the table, null for an entry that does not exist; children of this object.
     std::vector<QAction *> m_actions;
     QAction *m_quit = nullptr;
     QMenu m_trayMenu;

@@ -26,7 +26,7 @@ AppDelegate::AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clo
 
 AppDelegate::~AppDelegate()
 {
-    // They need the desktop and the clock, which need only live as long as the controller does.
+    // They use the desktop and the clock, which need not outlive the controller.
     ClickRing::dropAll(m_desktop);
 }
 
@@ -51,7 +51,7 @@ void AppDelegate::buildOverlays()
 {
     for (const auto &overlay : m_overlays)
         overlay->window().orderOut();
-    // The undo order names canvases of the old overlays, so it must not outlive them.
+    // It points to canvases of the old overlays.
     m_shapeOrder.clear();
     m_overlays.clear();
     for (const platform::Screen &screen : m_desktop.screens())

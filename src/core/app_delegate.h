@@ -29,28 +29,28 @@ inline constexpr char kAutoFadeKey[] = "ZeigewerkAutoFade";
 inline constexpr char kDarkUIKey[] = "ZeigewerkDarkUI";
 inline constexpr char kSpotRadiusKey[] = "ZeigewerkSpotRadius";
 
-/// The spotlight's radius in points until the user chooses another.
+/// The spotlight's initial radius, in points.
 inline constexpr double kDefaultSpotRadius = 90.0;
-/// Between these the wheel changes it.
+/// The wheel keeps it between these.
 inline constexpr double kSmallestSpotRadius = 35.0;
 inline constexpr double kLargestSpotRadius = 400.0;
 
-/// The controller: it owns the overlays, the hot keys, the timers and every mode flag for the whole run.
-/// Each action changes flags and calls `refreshAll`, which turns the flags into what is on the screen.
+/// The controller. It owns the overlays, the hot keys, the timers and every mode flag for the whole run. Each
+/// action changes flags and calls `refreshAll`, which derives from them what is on the screen.
 ///
-/// Declared once, here; each subsystem implements its operations in its own folder.
+/// It is declared here; each folder implements the operations that belong to its subject.
 class AppDelegate : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Reads the settings; creates no window. `desktop` and `defaults` must outlive the controller.
+    /// Reads the settings, and creates no window. `desktop` and `defaults` must outlive the controller.
     AppDelegate(platform::Desktop &desktop, UserDefaults &defaults, Clock clock = &WallClock::now,
                 BundleInfo info = {});
     ~AppDelegate() override;
 
-    /// The launch sequence: updater, overlays, toolbar, status item, click monitors, hot keys, the watch over
-    /// the screens. Called once.
+    /// Launches the program: updater, overlays, toolbar, status item, click monitors, hot keys, and the
+    /// signals of the desktop. Called once.
     void applicationDidFinishLaunching();
 
     // Modes: core/modes.cpp
@@ -67,31 +67,31 @@ public:
     /// Whether the overlays take the pointer and the keyboard.
     bool interactionOn() const { return m_drawOn || m_whiteboardOn; }
 
-    /// Turns drawing on or off; while pinned it ends the pin and resumes drawing.
+    /// Turns drawing on or off. While pinned, unpins and resumes drawing.
     void toggleDraw();
     void toggleBoard();
     void toggleSpot();
     void toggleClicks();
     void toggleRing();
-    /// Pins what is drawn and ends drawing and whiteboard, or unpins and resumes drawing. Without either it
-    /// changes nothing.
+    /// While drawing or on the whiteboard, pins the drawing and ends both. While pinned, unpins and resumes
+    /// drawing. Otherwise does nothing.
     void togglePin();
-    /// Ends drawing, whiteboard, spotlight and pin together.
+    /// Ends drawing, whiteboard, spotlight and pin.
     void escapePressed();
     void quit();
-    /// Ends the modes for which the desktop no longer offers what they need.
+    /// Ends the modes that need a feature which the desktop no longer offers.
     void endUnavailableModes();
 
-    // Turning the flags into what is on the screen: core/refresh.cpp
+    // From the flags to the screen: core/refresh.cpp
 
-    /// The only place that shows, hides and activates the overlays and discards drawings.
+    /// Nothing else shows, hides or activates the overlays, or discards drawings.
     void refreshAll();
-    /// Whether the timer runs that has the spotlight and the cursor ring follow the pointer.
+    /// Whether the timer runs that moves the spotlight and the cursor ring with the pointer.
     bool isFollowing() const { return m_spotTimer != nullptr; }
-    /// One step of what follows the pointer: the spotlight's hole and the cursor ring.
+    /// Moves the spotlight and the cursor ring to the pointer.
     void followPointer();
 
-    // What is drawn next
+    // The next shape
 
     Tool tool() const { return m_tool; }
     Color color() const { return m_color; }
@@ -99,55 +99,53 @@ public:
     void setTool(Tool tool);
     void setColor(const Color &color);
     void setLineWidth(double width);
-    /// Radius of the spotlight's hole in points: anything above zero, infinity included.
+    /// The radius of the spotlight in points: anything above zero, including infinity.
     double spotRadius() const { return m_spotRadius; }
-    /// Makes the spotlight larger by that many points, within its bounds, and keeps the new radius for the
-    /// next start.
+    /// Enlarges the spotlight by that many points, within its bounds, and saves the new radius.
     void adjustSpotRadius(double delta);
 
     TimePoint now() const { return m_clock(); }
     platform::Desktop &desktop() const { return m_desktop; }
 
-    // Drawings across the screens: drawing/history.cpp
+    // Undo and clear, on all screens: drawing/history.cpp
 
     /// One overlay per screen, the primary first.
     const std::vector<std::unique_ptr<Overlay>> &overlays() const { return m_overlays; }
-    /// The canvas of each finished shape, oldest first: the order in which shapes are taken back.
+    /// The canvas of each finished shape, oldest first. Undo goes backwards through it.
     const std::vector<DrawingView *> &shapeOrder() const { return m_shapeOrder; }
     /// A shape was finished on that canvas.
     void noteShapeAdded(DrawingView &view);
-    /// Takes back the newest shape on whichever screen it is; those that have faded away are skipped. There
-    /// is no redo.
+    /// Removes the newest shape, on any screen, and skips those that have faded away. There is no redo.
     void undoShape();
-    /// Wipes every screen; a drag in progress is dropped.
+    /// Clears every screen, including a shape in progress.
     void clearAll();
 
     // Drawings that dissolve: drawing/auto_fade.cpp
 
     void toggleFade();
-    /// Has the fade timer run exactly while there is something to fade.
+    /// Starts or stops the fade timer, which runs only while there is something to fade.
     void updateFadeTimer();
     bool isFadeTimerRunning() const { return m_fadeTimer != nullptr; }
-    /// One step of fading: removes what has dissolved and has the canvases paint what is dissolving.
+    /// Removes the shapes that have dissolved, and repaints those that are dissolving.
     void tickFade();
 
     // Hot keys: commands/hot_keys.cpp
 
-    /// The action of a global hot key; an unknown number does nothing.
+    /// Performs the operation of a hot key. An unknown number does nothing.
     void hotKey(std::uint32_t number);
 
     // Status menu: commands/status_menu.cpp
 
-    /// The item in the tray with its menu; null before launch.
+    /// The tray icon and its menu; null before launch.
     StatusItem *statusItem() const { return m_statusItem.get(); }
-    /// Has the menu show the state as it is now.
+    /// Updates the menu to the current state.
     void rebuildMenu();
     /// Opens the menu at the pointer.
     void openStatusMenu();
 
     // Updates: updater/updater_controller.cpp
 
-    /// Whether the installation names an update feed; only then, after launch, there is anything to check.
+    /// Whether the installation names an update feed. False before launch.
     bool hasUpdater() const;
     void checkForUpdates();
 
@@ -157,24 +155,24 @@ public:
     static constexpr std::array widths = {3.0, 5.0, 9.0};
     /// The toolbar's window and buttons; null before launch.
     const Toolbar *toolbar() const { return m_toolbar.get(); }
-    /// Paints the state as it is now on the toolbar's buttons.
+    /// Updates the toolbar's buttons to the current state.
     void refreshToolbar();
-    /// A tool's button was clicked: chooses the tool, and goes to drawing where nothing is drawn on yet. A
-    /// tag that is no tool does nothing.
+    /// A tool's button was clicked: selects the tool, and starts drawing if the canvases do not take the
+    /// pointer. A tag that is no tool does nothing.
     void pickTool(int tag);
-    /// A swatch was clicked; the tag must be an index of `kPalette`.
+    /// A swatch was clicked. The tag must be an index of `kPalette`.
     void pickColor(int tag);
-    /// A width button was clicked; the tag must be an index of `widths`.
+    /// A width button was clicked. The tag must be an index of `widths`.
     void pickWidth(int tag);
     void toggleDarkUI();
-    /// Shows or hides the toolbar, which keeps its place.
+    /// Shows or hides the toolbar. It keeps its place.
     void toggleToolbar();
 
 private:
     void buildOverlays();
     void discardDrawings();
     void showOverlays(bool interactive, bool visible);
-    /// The first one where the pointer is on none, or its place unknown; null without overlays.
+    /// The first overlay if the pointer is on none or its place is unknown; null without overlays.
     Overlay *overlayUnderPointer() const;
     void raiseToolbar();
     void updateFollowTimer();
@@ -194,10 +192,10 @@ private:
     void layOutPanel();
     void placePanel();
     void connectPanel();
-    /// A button that shows a symbol, "?" where it is missing; `action` may be none.
+    /// A button with a symbol, or "?" if the symbol is missing. `action` may be null.
     PalButton *makeButton(const QString &symbol, const QString &tip, void (AppDelegate::*action)(),
                           QSize size);
-    /// A mode's button: orange when the mode is on.
+    /// Paints a mode's button, orange if the mode is on.
     void setSelected(PalButton *button, bool on);
 
     platform::Desktop &m_desktop;
@@ -222,9 +220,9 @@ private:
     bool m_toolbarVisible = true;
     bool m_darkUI;
     double m_spotRadius;
-    /// There only while the spotlight or the cursor ring is on.
+    /// Exists only while the spotlight or the cursor ring is on.
     std::unique_ptr<RepeatingTimer> m_spotTimer;
-    /// There only while a shape may fade.
+    /// Exists only while a shape may fade.
     std::unique_ptr<RepeatingTimer> m_fadeTimer;
     std::unique_ptr<CursorRing> m_ringWindow;
     std::vector<DrawingView *> m_shapeOrder;
@@ -234,7 +232,7 @@ private:
     std::unique_ptr<platform::HotKeyRegistration> m_escHotKeyRef;
 };
 
-/// The controller of the running program, for callbacks that are given no object.
+/// The controller of the running program, for callbacks without an object.
 extern QPointer<AppDelegate> gApp;
 
 } // namespace zeigewerk

@@ -1,4 +1,4 @@
-// From the mode flags to what is on the screen.
+// Derives from the mode flags what is on the screen.
 
 #include "base/stop.h"
 #include "core/app_delegate.h"
@@ -45,8 +45,8 @@ void AppDelegate::showOverlays(bool interactive, bool visible)
 {
     for (const auto &overlay : m_overlays)
         overlay->window().setIgnoresMouseEvents(!interactive);
-    // After the mouse, so that the application that gets the keyboard back also gets the very next click; and
-    // before a window is hidden, as only a window that still has the keyboard can hand it back.
+    // After the mouse: the application that gets the keyboard back must also get the next click. Before a
+    // window is hidden: only a window that still has the keyboard can return it.
     if (!interactive)
         m_desktop.deactivate();
     Overlay *key = interactive ? overlayUnderPointer() : nullptr;

@@ -18,8 +18,7 @@ public:
     bool becomeOnlyInstance() override { return x11::becomeOnlyInstance(*m_connection); }
     QString limits() const override
     {
-        // Within a Wayland session this display shows only what it is told of: nothing of the programs that
-        // are not on it, nor of the keys and clicks that they get.
+        // In a Wayland session, the X display knows neither the other programs nor their keys and clicks.
         if (!qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
             return {};
         return QStringLiteral(

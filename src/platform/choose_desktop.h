@@ -8,25 +8,24 @@
 
 namespace zeigewerk::platform {
 
-/// What the program found to run on, before there is an application object.
+/// The connection to the desktop, before there is an application object.
 class DesktopConnection
 {
 public:
     virtual ~DesktopConnection() = default;
 
-    /// Whether this is the only one of our programs on the desktop; from then on it is, until the connection
-    /// ends.
+    /// Claims the desktop for this process until the connection ends. False if another instance has it.
     virtual bool becomeOnlyInstance() = 0;
-    /// What will not work here, in one line; empty if everything will.
+    /// What does not work on this desktop, in one line; empty if everything works.
     virtual QString limits() const = 0;
-    /// The name of Qt's platform plugin that belongs to it.
+    /// The name of Qt's platform plugin for this desktop.
     virtual QByteArray qtPlatform() const = 0;
-    /// The desktop; needs the application object. Called once.
+    /// Creates the desktop. Needs the application object, and can be called once.
     virtual std::unique_ptr<Desktop> makeDesktop() = 0;
 };
 
-/// Connects to the desktop that the process was started on: the one place that knows which there are. When
-/// none can be reached it returns none and says in `problem`, in one line, why.
+/// Connects to the desktop that the process was started on. If that fails, returns null and sets `problem` to
+/// the reason, in one line. This is the only place that knows which backends there are.
 std::unique_ptr<DesktopConnection> connectToDesktop(QString *problem);
 
 } // namespace zeigewerk::platform

@@ -9,22 +9,22 @@ namespace zeigewerk::platform {
 
 class PaintTarget;
 
-/// What a surface is for; it decides the level at which it stands.
+/// What a surface is for; it determines its level.
 enum class SurfaceRole {
-    Overlay, ///< covers one screen, takes the mouse and the keyboard when it is told to
-    Effect,  ///< a small ornament above everything else of ours that never takes a click
+    Overlay, ///< covers one screen; can take the mouse and the keyboard
+    Effect,  ///< a small ornament above everything else of ours; never takes a click
 };
 
-/// What a surface shows and who listens to it. The surface calls, its content answers.
+/// Paints a surface and receives its input.
 class SurfaceContent
 {
 public:
     virtual ~SurfaceContent() = default;
 
-    /// The last moment to report damage before the surface paints what has been reported; always called
-    /// before `draw`. It must not make or drop a surface.
+    /// The last chance to report damage before the surface paints; always called before `draw`. It must not
+    /// create or destroy a surface.
     virtual void willDisplay() {}
-    /// Paints what of the picture lies in that part of the surface; it is transparent before.
+    /// Paints the part of the picture that lies in the target, which is transparent at first.
     virtual void draw(PaintTarget &target) = 0;
 
     virtual void mouseDown(const PointerEvent &) {}
@@ -34,39 +34,37 @@ public:
     virtual void keyDown(const KeyEvent &) {}
 };
 
-/// A translucent rectangle of the desktop that we paint ourselves. Created hidden, click-through and fully
-/// transparent.
+/// A translucent rectangle on the desktop that we paint ourselves. It is created hidden, click-through and
+/// fully transparent.
 ///
-/// Damage is collected; the surface paints once per turn of the event loop, and only what was damaged. While
-/// it is ordered out it keeps no picture: it comes back transparent, and whoever orders it front reports what
-/// is to be seen.
+/// It collects damage, and paints the damage once per turn of the event loop. While ordered out it keeps no
+/// picture: it comes back transparent, and its picture must be reported as damage again.
 class Surface
 {
 public:
     virtual ~Surface() = default;
 
-    /// `content` must outlive the surface or be replaced; none paints nothing.
+    /// `content` must outlive the surface or be replaced; with null, nothing is painted.
     virtual void setContent(SurfaceContent *content) = 0;
 
-    /// Where the surface lies: points, global coordinates, y up.
+    /// Points, global coordinates, y up.
     virtual QRectF frame() const = 0;
-    /// Moves the lower left corner there. A surface that comes to lie on a screen of another scale paints
-    /// itself again at that scale.
+    /// Moves the lower left corner. On a screen of another scale, the surface repaints itself at that scale.
     virtual void setFrameOrigin(QPointF origin) = 0;
 
     virtual bool isVisible() const = 0;
-    /// Shows it in front of everything of its level, without giving it the keyboard.
+    /// Shows it in front of everything on its level, without giving it the keyboard.
     virtual void orderFrontRegardless() = 0;
-    /// Hides it and gives its frame buffer back.
+    /// Hides it and frees its frame buffer.
     virtual void orderOut() = 0;
 
-    /// Whether pointer events pass through to whatever lies beneath.
+    /// Whether pointer events pass through to what lies beneath.
     virtual void setIgnoresMouseEvents(bool ignores) = 0;
-    /// Gives it the keyboard. Nothing happens while it is hidden.
+    /// Gives it the keyboard. Does nothing while it is hidden.
     virtual void makeKey() = 0;
 
-    /// Reports that the picture changed there (view coordinates). Empty damage only has the content asked
-    /// by `willDisplay`. Ignored while hidden.
+    /// Reports where the picture changed, in view coordinates. Empty damage only makes the surface call
+    /// `willDisplay`. Ignored while hidden.
     virtual void setNeedsDisplay(const Damage &damage) = 0;
 };
 

@@ -1,4 +1,4 @@
-// How the program's state shows on the toolbar's buttons, and what the toolbar's own buttons do.
+// Shows the program's state on the toolbar's buttons, and implements the buttons of the toolbar alone.
 
 #include "base/stop.h"
 #include "core/app_delegate.h"
@@ -39,7 +39,7 @@ void setLimitation(PalButton &button, const QString &limitation)
     button.setTipNote(limitation);
 }
 
-/// What the desktop offers.
+/// Updates what depends on the desktop's features.
 void adoptFeatures(const Toolbar &bar, const platform::Desktop &desktop)
 {
     setLimitation(*bar.btnSpot, desktop.limitation(Feature::FollowingPointer));
@@ -50,7 +50,7 @@ void adoptFeatures(const Toolbar &bar, const platform::Desktop &desktop)
         bar.btnSpot->setTipNote(desktop.limitation(Feature::WheelElsewhere));
 }
 
-/// What changes with the appearance alone.
+/// Updates what depends on the light or dark look only.
 void adoptLook(const Toolbar &bar, const ToolbarLook &look)
 {
     bar.panel->setLook(look);
@@ -108,7 +108,7 @@ void AppDelegate::pickTool(int tag)
     if (!picked)
         return;
     setTool(*picked);
-    // Picking a tool is also the way into drawing, so that it can be used at once.
+    // Picking a tool also starts drawing, so that it can be used at once.
     if (!interactionOn() || m_pinnedOn) {
         m_pinnedOn = false;
         m_drawOn = true;

@@ -15,19 +15,19 @@ class Panel;
 class ToolbarPlacement;
 struct ToolbarLook;
 
-/// The floating toolbar: its panel, the window that shows it, and what mirrors the program's state on it. The
-/// panel owns the buttons.
+/// The floating toolbar: its panel, the window that shows the panel, and the buttons. The panel owns the
+/// buttons.
 struct Toolbar
 {
     Toolbar();
     ~Toolbar();
 
-    // Each needs the ones before it.
+    // Each uses those before it.
     std::unique_ptr<Panel> panel;
     std::unique_ptr<platform::WidgetWindow> window;
     std::unique_ptr<ToolbarPlacement> placement;
 
-    /// What `refreshToolbar` painted last; null before.
+    /// The look that `refreshToolbar` applied last; null before the first time.
     const ToolbarLook *look = nullptr;
 
     Bar *gripView = nullptr;

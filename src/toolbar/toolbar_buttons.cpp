@@ -1,4 +1,4 @@
-// The buttons of the toolbar: what each shows, says and does.
+// The buttons of the toolbar: their symbols, texts and operations.
 
 #include "core/app_delegate.h"
 #include "toolbar/dot_image.h"
@@ -17,7 +17,7 @@ constexpr QSize kWidthButtonSize(26, 24);
 constexpr double kButtonRadius = 8.0;
 constexpr double kSwatchRadius = 9.0;
 constexpr double kWidthButtonRadius = 7.0;
-/// The dot of a width button is that much wider than the stroke, so that the thinnest is still seen.
+/// The dot of a width button is this much wider than the stroke, so that the thinnest is visible.
 constexpr double kDotExcess = 4.0;
 
 } // namespace
@@ -29,7 +29,7 @@ PalButton *AppDelegate::makeButton(const QString &symbol, const QString &tip, vo
     if (const auto image = symbolImage(symbol))
         button->setImage(*image);
     else
-        button->setText(QStringLiteral("?")); // marked as faulty, and still usable
+        button->setText(QStringLiteral("?")); // visibly incomplete, but usable
     button->setCornerRadius(kButtonRadius);
     if (action)
         connect(button, &PalButton::clicked, this, action);
@@ -103,7 +103,7 @@ void AppDelegate::makeWidthButtons()
 
 void AppDelegate::makeMiscButtons()
 {
-    // Its symbol and tooltip change with the appearance; its name stays.
+    // Its symbol and tooltip change with the look; its accessible name stays.
     m_toolbar->btnDark = makeButton(QStringLiteral("moon.fill"), QStringLiteral("Werkzeugleiste hell/dunkel"),
                                     &AppDelegate::toggleDarkUI, kSmallButtonSize);
     m_toolbar->miscButtons = {

@@ -26,7 +26,7 @@ void ToolbarPlacement::place()
 
 void ToolbarPlacement::placeSaved(QPointF origin, const QString &screenName)
 {
-    // The corner is kept and the size is the toolbar's own, whatever was saved.
+    // Only the saved corner counts; the toolbar has its own size.
     const QRectF frame(origin, m_window.frame().size());
     if (isReachable(frame, m_desktop.screens())) {
         m_window.setFrameOrigin(origin);
@@ -44,7 +44,7 @@ std::optional<platform::Screen> ToolbarPlacement::homeScreen()
     if (auto screen = screenNamed(m_homeScreen))
         return screen;
     auto screen = m_desktop.mainScreen();
-    // While its screen is away, another one is no new home.
+    // While its home screen is disconnected, another screen does not become its home.
     if (screen && m_homeScreen.isEmpty())
         m_homeScreen = screen->name;
     return screen;

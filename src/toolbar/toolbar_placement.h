@@ -7,11 +7,11 @@
 
 namespace zeigewerk {
 
-/// The autosave name of the toolbar's frame.
+/// The settings key of the toolbar's frame.
 inline constexpr char kToolbarFrameKey[] = "ZeigewerkToolbar";
 
-/// Keeps the toolbar where it belongs: at its first place until it is dragged, then where it was left, and
-/// always where a hand can reach it.
+/// Places the toolbar: at its default place until it is dragged, then where it was left, and always where the
+/// pointer can reach it.
 class ToolbarPlacement : public QObject
 {
     Q_OBJECT
@@ -20,9 +20,9 @@ public:
     /// All must outlive the placement.
     ToolbarPlacement(platform::Desktop &desktop, platform::WidgetWindow &window, UserDefaults &defaults);
 
-    /// Puts the toolbar where it was left, else at its first place on the main screen. A place that no screen
-    /// shows is brought into view and stays saved, for when its screen comes back. With no screen at all
-    /// nothing is moved.
+    /// Puts the toolbar where it was left, else at its default place on the main screen. If no screen shows
+    /// the saved place, the toolbar is brought into view, and the place stays saved until its screen comes
+    /// back. Without any screen, nothing moves.
     void place();
 
     // The pointer drags the toolbar, and its place at the end is saved. `grip` is the point that was pressed,
@@ -33,7 +33,7 @@ public:
 
 private:
     std::optional<platform::Screen> screenNamed(const QString &name) const;
-    /// The screen for a toolbar that has none: the one it has been put on before, else the main screen.
+    /// The screen of the default place: the one used before, else the main screen.
     std::optional<platform::Screen> homeScreen();
     void placeSaved(QPointF origin, const QString &screenName);
     QString screenUnder(const QRectF &frame) const;
@@ -43,7 +43,7 @@ private:
     UserDefaults &m_defaults;
     QString m_homeScreen;
     QPointF m_grip;
-    /// A press that goes nowhere is no drag.
+    /// A press without a move is not a drag.
     bool m_isMoved = false;
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/clock.h"
-#include "core/repeating_timer.h"
+#include "base/repeating_timer.h"
 #include "drawing/color.h"
 #include "platform/desktop.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/clock.h"
+#include "base/repeating_timer.h"
+#include "base/user_defaults.h"
 #include "core/cursor_ring.h"
 #include "core/overlay.h"
-#include "core/repeating_timer.h"
-#include "core/user_defaults.h"
 #include "drawing/color.h"
 #include "drawing/shape.h"
 #include "drawing/tool.h"

@@ -1,8 +1,8 @@
+#include "base/termination_signals.h"
 #include "commands/application_interface.h"
 #include "commands/key_names.h"
 #include "commands/status_item.h"
 #include "core/app_delegate.h"
-#include "core/termination_signals.h"
 #include "platform/choose_desktop.h"
 
 #include <QApplication>

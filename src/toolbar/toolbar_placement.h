@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/user_defaults.h"
+#include "base/user_defaults.h"
 #include "platform/desktop.h"
 
 #include <QObject>

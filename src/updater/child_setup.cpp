@@ -1,6 +1,6 @@
 #include "updater/child_setup.h"
 
-#include "core/termination_signals.h"
+#include "base/termination_signals.h"
 
 #include <QFile>
 #include <QProcess>

@@ -1,4 +1,4 @@
-#include "core/termination_signals.h"
+#include "base/termination_signals.h"
 #include "registered_test.h"
 #include "updater/child_setup.h"
 #include "updater/open_page.h"

@@ -1,4 +1,4 @@
-#include "core/repeating_timer.h"
+#include "base/repeating_timer.h"
 #include "registered_test.h"
 
 #include <QTest>

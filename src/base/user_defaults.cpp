@@ -1,4 +1,4 @@
-#include "core/user_defaults.h"
+#include "base/user_defaults.h"
 
 #include <chrono>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "core/termination_signals.h"
+#include "base/termination_signals.h"
 
 #include "base/stop.h"
 

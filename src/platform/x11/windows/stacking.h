@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/x11/connection.h"
+#include "platform/x11/windows/stacking_order.h"
 
 #include <QElapsedTimer>
 #include <QRect>
@@ -37,35 +38,11 @@ public:
     void windowMapped(xcb_window_t window);
 
 private:
-    /// A child of the root window, as much of it as matters here.
-    struct Child
-    {
-        xcb_window_t window;
-        bool isOurs;
-        bool isViewable;
-        bool isOverrideRedirect;
-        QRect frame;
-    };
-
-    /// Where the lowest of our windows belongs: right above or below another one, or on top of everything.
-    struct Place
-    {
-        xcb_window_t sibling;
-        std::uint32_t mode;
-    };
-
-    std::vector<Child> childrenFromTop() const;
-    /// The highest window of another program that is to be below ours.
-    xcb_window_t highestForeign(const std::vector<Child> &children) const;
-    Place lowestPlace(const std::vector<Child> &children) const;
-    /// The lowest screen locker, or the first child when there is none.
-    std::vector<Child>::const_iterator lowestLocker(const std::vector<Child> &children) const;
-    bool isInOrder(const std::vector<Child> &children) const;
-    bool isScreenLocker(const Child &child) const;
-    QRect rootFrame() const;
-    bool belongsToWindowManager(xcb_window_t window) const;
-    void restackFrom(Place lowest);
-    void put(xcb_window_t window, Place place);
+    WindowStack windowStack() const;
+    /// `manager` is a window of the window manager's own; none without a window manager.
+    std::vector<RootChild> rootChildren(std::span<const xcb_window_t> windows, xcb_window_t manager) const;
+    void restackFrom(StackPlace lowest);
+    void put(xcb_window_t window, StackPlace place);
     void check();
 
     Connection &m_connection;

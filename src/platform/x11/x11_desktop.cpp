@@ -30,8 +30,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_keymap(*m_connection)
     , m_compositor(*m_connection, "_NET_WM_CM_S")
     , m_embeddingTray(*m_connection, "_NET_SYSTEM_TRAY_S")
-    , m_stacking(
-          *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
+    , m_stacking(*m_connection, m_screens, m_windowList)
     , m_redrawReminder(*m_connection)
     , m_hotKeys(*m_connection)
     , m_scrolling(*m_connection)
@@ -50,7 +49,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     connect(&m_embeddingTray, &SelectionOwner::changed, this, &Desktop::embeddingTrayChanged);
     connect(&m_screens, &Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
-                        [this] { displayAll(); });
+                        [this] { m_surfaces.display(); });
     // It reads the whole table, so not before our windows are on the screen.
     QMetaObject::invokeMethod(this, &provideComposeTable, Qt::QueuedConnection);
 }
@@ -117,7 +116,7 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
         return m_stacking.structureChanged(as<xcb_circulate_notify_event_t>(event).window);
     case XCB_EXPOSE: {
         const auto &expose = as<xcb_expose_event_t>(event);
-        if (X11Surface *surface = surfaceOf(expose.window))
+        if (X11Surface *surface = m_surfaces.surfaceOf(expose.window))
             surface->exposed({expose.x, expose.y, expose.width, expose.height});
         return;
     }
@@ -146,7 +145,7 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
     if (event.event_type == XCB_INPUT_RAW_KEY_PRESS)
         return m_typedKeys.keyAnnounced(reinterpret_cast<const xcb_input_raw_key_press_event_t &>(event));
     const auto &input = reinterpret_cast<const xcb_input_button_press_event_t &>(event);
-    X11Surface *surface = surfaceOf(input.event);
+    X11Surface *surface = m_surfaces.surfaceOf(input.event);
     if (!surface)
         return;
     switch (event.event_type) {
@@ -176,13 +175,13 @@ void X11Desktop::buttonPressed(const xcb_input_button_press_event_t &event, X11S
 
 void X11Desktop::handlePress(const xcb_input_button_press_event_t &press)
 {
-    if (X11Surface *surface = surfaceOf(press.event))
+    if (X11Surface *surface = m_surfaces.surfaceOf(press.event))
         surface->buttonPressed(press);
 }
 
 void X11Desktop::handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &key)
 {
-    if (X11Surface *surface = surfaceOf(canvas))
+    if (X11Surface *surface = m_surfaces.surfaceOf(canvas))
         pressKey(*surface, key);
 }
 
@@ -190,7 +189,7 @@ void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
 {
     if (isPress)
         m_typedKeys.catchUpWith(event.time);
-    X11Surface *surface = surfaceOf(event.event);
+    X11Surface *surface = m_surfaces.surfaceOf(event.event);
     if (!isPress) {
         m_heldKeys.released(event.detail);
         m_hotKeys.keyReleased(event);
@@ -219,15 +218,8 @@ void X11Desktop::selectionChanged(const xcb_xfixes_selection_notify_event_t &eve
 
 void X11Desktop::tellOfCompositor()
 {
-    for (X11Surface *surface : m_surfaces)
-        surface->compositingChanged();
+    m_surfaces.compositingChanged();
     Q_EMIT compositingChanged();
-}
-
-void X11Desktop::displayAll()
-{
-    for (X11Surface *surface : m_surfaces)
-        surface->display();
 }
 
 } // namespace zeigewerk::platform::x11

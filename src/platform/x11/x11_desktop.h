@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/desktop.h"
-#include "platform/levels.h"
 #include "platform/x11/connection.h"
 #include "platform/x11/input/held_keys.h"
 #include "platform/x11/input/keymap.h"
@@ -16,13 +15,14 @@
 #include "platform/x11/windows/popup_grabs.h"
 #include "platform/x11/windows/redraw_reminder.h"
 #include "platform/x11/windows/stacking.h"
+#include "platform/x11/windows/surface_list.h"
+#include "platform/x11/windows/window_list.h"
 
 #include <xcb/xinput.h>
 
 namespace zeigewerk::platform::x11 {
 
 class X11Surface;
-class X11WidgetWindow;
 
 /// The desktop of an X server: hands each event of our connection to whom it concerns, and has the surfaces
 /// paint once per turn of the event loop.
@@ -60,12 +60,8 @@ public:
     RedrawReminder &redrawReminder() { return m_redrawReminder; }
     TypedKeys &typedKeys() { return m_typedKeys; }
 
-    void surfaceMade(X11Surface &surface) { m_surfaces.push_back(&surface); }
-    void surfaceGone(X11Surface &surface);
-    void windowMade(X11WidgetWindow &window) { m_widgetWindows.push_back(&window); }
-    void windowGone(X11WidgetWindow &window);
-    /// Numbers the order-fronts of all surfaces and windows.
-    quint64 nextOrder() { return ++m_lastOrder; }
+    WindowList &windowList() { return m_windowList; }
+    SurfaceList &surfaces() { return m_surfaces; }
 
 private:
     void handle(const xcb_generic_event_t &event);
@@ -77,10 +73,6 @@ private:
     void pressKey(X11Surface &surface, const xcb_key_press_event_t &key);
     void selectionChanged(const xcb_xfixes_selection_notify_event_t &event);
     void tellOfCompositor();
-    void displayAll();
-    X11Surface *surfaceOf(xcb_window_t window) const;
-    std::vector<xcb_window_t> windowsFromBottom() const;
-    std::vector<QRect> nativeScreens() const;
 
     std::unique_ptr<Connection> m_connection;
     LostDisplay m_lostDisplay;
@@ -90,6 +82,8 @@ private:
     HeldKeys m_heldKeys;
     SelectionOwner m_compositor;
     SelectionOwner m_embeddingTray;
+    SurfaceList m_surfaces;
+    WindowList m_windowList;
     Stacking m_stacking;
     RedrawReminder m_redrawReminder;
     X11HotKeys m_hotKeys;
@@ -97,9 +91,6 @@ private:
     TypedKeys m_typedKeys;
     X11EventMonitor m_eventMonitor;
     PopupGrabs m_popupGrabs;
-    std::vector<X11Surface *> m_surfaces;
-    std::vector<X11WidgetWindow *> m_widgetWindows;
-    quint64 m_lastOrder = 0;
 };
 
 } // namespace zeigewerk::platform::x11

@@ -38,11 +38,10 @@ bool areOfOneClient(xcb_connection_t *xcb, xcb_window_t one, xcb_window_t other)
 
 } // namespace
 
-Stacking::Stacking(Connection &connection, std::function<std::vector<xcb_window_t>()> windows,
-                   std::function<std::vector<QRect>()> screens)
+Stacking::Stacking(Connection &connection, const Screens &screens, const WindowList &ours)
     : m_connection(connection)
-    , m_windows(std::move(windows))
-    , m_screens(std::move(screens))
+    , m_screens(screens)
+    , m_ours(ours)
 {
     for (QTimer *timer : {&m_check, &m_trailingCheck}) {
         timer->setSingleShot(true);
@@ -66,7 +65,7 @@ void Stacking::windowMapped(xcb_window_t window)
 void Stacking::windowHidden()
 {
     // With nothing to keep on top, what the others do is no concern of ours and must not wake us.
-    if (m_windows().empty()) {
+    if (!m_ours.isAnyShown()) {
         m_connection.ignoreRoot(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
         m_check.stop();
         m_trailingCheck.stop();
@@ -83,11 +82,11 @@ void Stacking::checkSoon()
 
 void Stacking::check()
 {
-    if (m_windows().empty())
+    if (!m_ours.isAnyShown())
         return;
     m_sinceCheck.start();
     const WindowStack stack = windowStack();
-    if (isInOrder(stack, m_windows()))
+    if (isInOrder(stack, m_ours.shownFromBottom()))
         return;
     if (m_sinceRestack.isValid() && !m_sinceRestack.hasExpired(kRestackAtMostEvery.count()))
         m_trailingCheck.start(kRestackAtMostEvery);
@@ -103,7 +102,7 @@ void Stacking::restack()
 
 void Stacking::insert(xcb_window_t window)
 {
-    const std::vector<xcb_window_t> windows = m_windows();
+    const std::vector<xcb_window_t> windows = m_ours.shownFromBottom();
     const auto found = std::find(windows.begin(), windows.end(), window);
     if (found == windows.begin() || found == windows.end())
         return restack();
@@ -115,7 +114,7 @@ void Stacking::restackFrom(StackPlace lowest)
 {
     m_sinceRestack.start();
     StackPlace place = lowest;
-    for (const xcb_window_t window : m_windows()) {
+    for (const xcb_window_t window : m_ours.shownFromBottom()) {
         put(window, place);
         place = {StackPlace::Relation::DirectlyAbove, window};
     }
@@ -151,8 +150,16 @@ WindowStack Stacking::windowStack() const
                              static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
     return {.children =
                 rootChildren(children, manager.size() == 1 ? manager.front() : xcb_window_t{XCB_NONE}),
-            .screens = m_screens(),
+            .screens = nativeScreens(),
             .desktop = frameOf(*desktop)};
+}
+
+std::vector<QRect> Stacking::nativeScreens() const
+{
+    std::vector<QRect> frames;
+    for (const Screen &screen : m_screens.layout().screens())
+        frames.push_back(screen.nativeFrame);
+    return frames;
 }
 
 std::vector<RootChild> Stacking::rootChildren(std::span<const xcb_window_t> windows,

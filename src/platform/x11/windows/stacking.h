@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/x11/connection.h"
+#include "platform/x11/screens.h"
 #include "platform/x11/windows/stacking_order.h"
+#include "platform/x11/windows/window_list.h"
 
 #include <QElapsedTimer>
 #include <QRect>
@@ -18,10 +19,7 @@ class Stacking : public QObject
     Q_OBJECT
 
 public:
-    /// `windows` tells which of our windows are to be shown, the lowest first; `screens` the screens in
-    /// pixels.
-    Stacking(Connection &connection, std::function<std::vector<xcb_window_t>()> windows,
-             std::function<std::vector<QRect>()> screens);
+    Stacking(Connection &connection, const Screens &screens, const WindowList &ours);
 
     /// Puts our windows, mapped or not, in their order above the others.
     void restack();
@@ -39,6 +37,7 @@ public:
 
 private:
     WindowStack windowStack() const;
+    std::vector<QRect> nativeScreens() const;
     /// `manager` is a window of the window manager's own; none without a window manager.
     std::vector<RootChild> rootChildren(std::span<const xcb_window_t> windows, xcb_window_t manager) const;
     void restackFrom(StackPlace lowest);
@@ -46,8 +45,8 @@ private:
     void check();
 
     Connection &m_connection;
-    std::function<std::vector<xcb_window_t>()> m_windows;
-    std::function<std::vector<QRect>()> m_screens;
+    const Screens &m_screens;
+    const WindowList &m_ours;
     QTimer m_check;
     QTimer m_trailingCheck;
     QElapsedTimer m_sinceCheck;

@@ -1,5 +1,6 @@
 #include "platform/x11/windows/x11_surface.h"
 
+#include "platform/levels.h"
 #include "platform/paint_damage.h"
 #include "platform/x11/input/modifiers.h"
 #include "platform/x11/windows/painted_shape.h"
@@ -30,7 +31,7 @@ bool holdsLeftButton(const xcb_input_button_press_event_t &event)
 X11Surface::X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame)
     : m_desktop(desktop)
     , m_connection(desktop.connection())
-    , m_role(role)
+    , m_entry{.level = levelOf(role)}
     , m_frame(frame)
     , m_scale(desktop.layout().scaleAt(frame.center()))
     , m_nativeFrame(desktop.layout().nativeRect(frame))
@@ -39,12 +40,15 @@ X11Surface::X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &fram
     m_context = xcb_generate_id(m_connection.xcb());
     xcb_create_gc(m_connection.xcb(), m_context, m_window, 0, nullptr);
     setIgnoresMouseEvents(true);
-    m_desktop.surfaceMade(*this);
+    m_entry.windows = {m_window};
+    m_desktop.windowList().add(m_entry);
+    m_desktop.surfaces().add(*this);
 }
 
 X11Surface::~X11Surface()
 {
-    m_desktop.surfaceGone(*this);
+    m_desktop.surfaces().remove(*this);
+    m_desktop.windowList().remove(m_entry);
     m_desktop.focus().forget(m_window);
     m_desktop.redrawReminder().forget(m_window);
     xcb_free_gc(m_connection.xcb(), m_context);
@@ -77,16 +81,16 @@ void X11Surface::adoptScale(double scale)
 
 void X11Surface::orderFrontRegardless()
 {
-    if (!m_visible && m_orderedFront != 0)
+    if (!m_entry.isShown && m_entry.order != 0)
         m_desktop.redrawReminder().windowComesBack(m_window);
-    m_orderedFront = m_desktop.nextOrder();
-    if (m_visible) {
+    m_desktop.windowList().orderFront(m_entry);
+    if (m_entry.isShown) {
         m_desktop.stacking().checkSoon();
         return;
     }
-    m_visible = true;
+    m_entry.isShown = true;
     compositingChanged();
-    if (m_role == SurfaceRole::Effect)
+    if (m_entry.level == Levels::effects)
         m_desktop.stacking().insert(m_window);
     else
         m_desktop.stacking().restack();
@@ -97,9 +101,9 @@ void X11Surface::orderFrontRegardless()
 
 void X11Surface::orderOut()
 {
-    if (!m_visible)
+    if (!m_entry.isShown)
         return;
-    m_visible = false;
+    m_entry.isShown = false;
     xcb_unmap_window(m_connection.xcb(), m_window);
     m_damage = {};
     m_isDisplayWanted = false;
@@ -125,19 +129,19 @@ void X11Surface::setIgnoresMouseEvents(bool ignores)
         xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, m_window, 0, 0, XCB_PIXMAP_NONE);
     updateInputWindow();
     // So that the very next click, whoever makes it, goes to the right window.
-    if (m_visible)
+    if (m_entry.isShown)
         m_connection.roundTrip();
 }
 
 void X11Surface::makeKey()
 {
-    if (m_visible)
+    if (m_entry.isShown)
         m_desktop.focus().give(m_window);
 }
 
 void X11Surface::setNeedsDisplay(const Damage &damage)
 {
-    if (!m_visible)
+    if (!m_entry.isShown)
         return;
     m_isDisplayWanted = true;
     m_damage.add(damage);
@@ -164,7 +168,7 @@ void X11Surface::display()
 
 void X11Surface::compositingChanged()
 {
-    if (!m_visible)
+    if (!m_entry.isShown)
         return;
     if (m_desktop.isComposited())
         showWhole(m_connection, m_window);
@@ -180,25 +184,20 @@ void X11Surface::updateInputWindow()
 {
     // Hiding it in mid-drag would hand the release to the application beneath.
     const bool takesPointer = !m_ignoresMouseEvents || m_isLeftButtonHeld;
-    const bool isNeeded = m_visible && takesPointer && !m_desktop.isComposited();
+    const bool isNeeded = m_entry.isShown && takesPointer && !m_desktop.isComposited();
     if (isNeeded == m_isInputWindowShown)
         return;
     m_isInputWindowShown = isNeeded;
     if (!isNeeded) {
+        m_entry.windows = {m_window};
         xcb_unmap_window(m_connection.xcb(), m_inputWindow);
         return;
     }
     if (!m_inputWindow)
         m_inputWindow = createInputWindow(m_connection, m_nativeFrame);
+    m_entry.windows = {m_window, m_inputWindow};
     m_desktop.stacking().restack();
     xcb_map_window(m_connection.xcb(), m_inputWindow);
-}
-
-std::vector<xcb_window_t> X11Surface::shownWindows() const
-{
-    if (m_isInputWindowShown)
-        return {m_window, m_inputWindow};
-    return {m_window};
 }
 
 void X11Surface::put(const QRegion &region)
@@ -209,7 +208,7 @@ void X11Surface::put(const QRegion &region)
 
 void X11Surface::exposed(const QRect &pixels)
 {
-    if (m_visible)
+    if (m_entry.isShown)
         put(pixels & m_inked);
 }
 

@@ -3,6 +3,7 @@
 #include "platform/surface.h"
 #include "platform/x11/connection.h"
 #include "platform/x11/windows/frame_buffer.h"
+#include "platform/x11/windows/window_list.h"
 
 #include <QRect>
 
@@ -27,7 +28,7 @@ public:
     void setContent(SurfaceContent *content) override { m_content = content; }
     QRectF frame() const override { return m_frame; }
     void setFrameOrigin(QPointF origin) override;
-    bool isVisible() const override { return m_visible; }
+    bool isVisible() const override { return m_entry.isShown; }
     void orderFrontRegardless() override;
     void orderOut() override;
     void setIgnoresMouseEvents(bool ignores) override;
@@ -38,11 +39,6 @@ public:
     {
         return window == m_window || (m_inputWindow && window == m_inputWindow);
     }
-    /// The windows that are to be on the screen, the lowest first.
-    std::vector<xcb_window_t> shownWindows() const;
-    SurfaceRole role() const { return m_role; }
-    /// Counts up with every order-front: within a level the last one is in front.
-    quint64 orderedFront() const { return m_orderedFront; }
 
     /// Paints and shows what was damaged.
     void display();
@@ -66,7 +62,7 @@ private:
 
     X11Desktop &m_desktop;
     Connection &m_connection;
-    SurfaceRole m_role;
+    WindowList::Entry m_entry;
     QRectF m_frame;
     double m_scale;
     QRect m_nativeFrame;
@@ -76,10 +72,8 @@ private:
     bool m_isInputWindowShown = false;
     xcb_gcontext_t m_context = 0;
     SurfaceContent *m_content = nullptr;
-    bool m_visible = false;
     bool m_ignoresMouseEvents = false;
     bool m_isLeftButtonHeld = false;
-    quint64 m_orderedFront = 0;
     Damage m_damage;
     bool m_isDisplayWanted = false;
     /// Encloses all that was put since the window was shown; beyond it the window is transparent.

@@ -1,5 +1,6 @@
 #include "platform/x11/windows/x11_widget_window.h"
 
+#include "platform/levels.h"
 #include "platform/x11/properties.h"
 #include "platform/x11/x11_desktop.h"
 
@@ -32,6 +33,7 @@ X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &
                                  const QMargins &ornament)
     : m_desktop(desktop)
     , m_connection(desktop.connection())
+    , m_entry{.level = levelOf(role), .isTextField = role == WidgetRole::TextField}
     , m_role(role)
     , m_widget(widget)
     , m_ornament(ornament)
@@ -49,13 +51,13 @@ X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &
     connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::settleSoon);
     m_settling.setSingleShot(true);
     m_settling.callOnTimeout(this, &X11WidgetWindow::settle);
-    m_desktop.windowMade(*this);
+    m_desktop.windowList().add(m_entry);
 }
 
 X11WidgetWindow::~X11WidgetWindow()
 {
-    m_desktop.windowGone(*this);
     orderOut();
+    m_desktop.windowList().remove(m_entry);
     m_desktop.redrawReminder().forget(m_window);
 }
 
@@ -109,22 +111,22 @@ void X11WidgetWindow::putOnScreen(const QString &name)
 
 void X11WidgetWindow::orderFrontRegardless()
 {
-    if (!m_visible && m_orderedFront != 0)
+    if (!m_entry.isShown && m_entry.order != 0)
         m_desktop.redrawReminder().windowComesBack(m_window);
-    m_orderedFront = m_desktop.nextOrder();
-    if (m_visible) {
+    m_desktop.windowList().orderFront(m_entry);
+    if (m_entry.isShown) {
         m_desktop.stacking().checkSoon();
         return;
     }
-    m_visible = true;
+    m_entry.isShown = true;
     show();
 }
 
 void X11WidgetWindow::orderOut()
 {
-    if (!m_visible)
+    if (!m_entry.isShown)
         return;
-    m_visible = false;
+    m_entry.isShown = false;
     // It may just have lost the keyboard to another of our windows, which must have it before this one goes:
     // else the keys in between go to whatever lies beneath.
     m_connection.roundTrip();
@@ -147,7 +149,7 @@ void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
 void X11WidgetWindow::makeKey()
 {
     // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
-    if (!m_visible || m_role != WidgetRole::TextField)
+    if (!m_entry.isShown || m_role != WidgetRole::TextField)
         return;
     m_desktop.typedKeys().keyboardComes(m_window);
     m_desktop.focus().give(m_window);
@@ -178,6 +180,7 @@ void X11WidgetWindow::adoptNativeWindow()
     const auto window = static_cast<xcb_window_t>(m_widget.winId());
     if (window != m_window) {
         m_window = window;
+        m_entry.windows = {window};
         connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::describeFrame,
                 Qt::UniqueConnection);
         connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::settleSoon,
@@ -215,7 +218,7 @@ void X11WidgetWindow::settleSoon()
 void X11WidgetWindow::settle()
 {
     const QScreen *screen = m_place ? QGuiApplication::screenAt(m_place->center()) : nullptr;
-    if (!m_visible || !screen)
+    if (!m_entry.isShown || !screen)
         return;
     const double scale = screen->devicePixelRatio();
     const QPoint corner = screen->geometry().topLeft();

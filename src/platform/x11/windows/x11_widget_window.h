@@ -2,6 +2,7 @@
 
 #include "platform/widget_window.h"
 #include "platform/x11/connection.h"
+#include "platform/x11/windows/window_list.h"
 
 #include <QMargins>
 #include <QTimer>
@@ -26,18 +27,12 @@ public:
     QRectF frame() const override;
     void setFrameOrigin(QPointF origin) override;
     void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) override;
-    bool isVisible() const override { return m_visible; }
+    bool isVisible() const override { return m_entry.isShown; }
     void orderFrontRegardless() override;
     void orderOut() override;
     void setIgnoresMouseEvents(bool ignores) override;
     void makeKey() override;
     bool isKey() const override;
-
-    /// None until it is shown for the first time.
-    xcb_window_t window() const { return m_window; }
-    WidgetRole role() const { return m_role; }
-    /// Counts up with every order-front: within a level the last one is in front.
-    quint64 orderedFront() const { return m_orderedFront; }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -57,18 +52,18 @@ private:
 
     X11Desktop &m_desktop;
     Connection &m_connection;
+    WindowList::Entry m_entry;
     WidgetRole m_role;
     QWidget &m_widget;
     QMargins m_ornament;
+    /// None until it is shown for the first time.
     xcb_window_t m_window = XCB_NONE;
     /// Where a text field is to lie in pixels; Qt itself knows whole points only.
     std::optional<QPoint> m_nativeCorner;
     /// Where all the others are to lie, in Qt's points; none until they are placed.
     std::optional<QRect> m_place;
     QTimer m_settling;
-    bool m_visible = false;
     bool m_ignoresMouseEvents = false;
-    quint64 m_orderedFront = 0;
 };
 
 } // namespace zeigewerk::platform::x11

@@ -38,6 +38,15 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
           *m_connection, [this](const auto &press) { handlePress(press); },
           [this](xcb_window_t canvas, const auto &key) { handleTyped(canvas, key); })
     , m_eventMonitor(*m_connection)
+    , m_windowServices{.connection = *m_connection,
+                       .screens = m_screens,
+                       .compositor = m_compositor,
+                       .focus = m_focus,
+                       .typedKeys = m_typedKeys,
+                       .surfaces = m_surfaces,
+                       .windows = m_windowList,
+                       .stacking = m_stacking,
+                       .redrawReminder = m_redrawReminder}
 {
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
@@ -61,13 +70,13 @@ X11Desktop::~X11Desktop()
 
 std::unique_ptr<Surface> X11Desktop::makeSurface(SurfaceRole role, const QRectF &frame)
 {
-    return std::make_unique<X11Surface>(*this, role, frame);
+    return std::make_unique<X11Surface>(m_windowServices, role, frame);
 }
 
 std::unique_ptr<WidgetWindow> X11Desktop::makeWindow(WidgetRole role, QWidget &widget,
                                                      const QMargins &ornament)
 {
-    return std::make_unique<X11WidgetWindow>(*this, role, widget, ornament);
+    return std::make_unique<X11WidgetWindow>(m_windowServices, role, widget, ornament);
 }
 
 std::optional<Screen> X11Desktop::mainScreen() const

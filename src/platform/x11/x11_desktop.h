@@ -17,6 +17,7 @@
 #include "platform/x11/windows/stacking.h"
 #include "platform/x11/windows/surface_list.h"
 #include "platform/x11/windows/window_list.h"
+#include "platform/x11/windows/window_services.h"
 
 #include <xcb/xinput.h>
 
@@ -53,17 +54,8 @@ public:
         m_typedKeys.keyboardGoes();
     }
 
-    Connection &connection() { return *m_connection; }
-    const ScreenLayout &layout() const { return m_screens.layout(); }
-    Focus &focus() { return m_focus; }
-    Stacking &stacking() { return m_stacking; }
-    RedrawReminder &redrawReminder() { return m_redrawReminder; }
-    TypedKeys &typedKeys() { return m_typedKeys; }
-
-    WindowList &windowList() { return m_windowList; }
-    SurfaceList &surfaces() { return m_surfaces; }
-
 private:
+    const ScreenLayout &layout() const { return m_screens.layout(); }
     void handle(const xcb_generic_event_t &event);
     void handleInput(const xcb_ge_generic_event_t &event);
     void buttonPressed(const xcb_input_button_press_event_t &event, X11Surface &surface);
@@ -91,6 +83,8 @@ private:
     TypedKeys m_typedKeys;
     X11EventMonitor m_eventMonitor;
     PopupGrabs m_popupGrabs;
+    /// Refers to the members above.
+    WindowServices m_windowServices;
 };
 
 } // namespace zeigewerk::platform::x11

@@ -5,7 +5,6 @@
 #include "platform/x11/input/modifiers.h"
 #include "platform/x11/windows/painted_shape.h"
 #include "platform/x11/windows/surface_window.h"
-#include "platform/x11/x11_desktop.h"
 
 #include <xcb/shape.h>
 
@@ -28,29 +27,29 @@ bool holdsLeftButton(const xcb_input_button_press_event_t &event)
 
 } // namespace
 
-X11Surface::X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame)
-    : m_desktop(desktop)
-    , m_connection(desktop.connection())
+X11Surface::X11Surface(const WindowServices &services, SurfaceRole role, const QRectF &frame)
+    : m_services(services)
+    , m_connection(services.connection)
     , m_entry{.level = levelOf(role)}
     , m_frame(frame)
-    , m_scale(desktop.layout().scaleAt(frame.center()))
-    , m_nativeFrame(desktop.layout().nativeRect(frame))
+    , m_scale(services.layout().scaleAt(frame.center()))
+    , m_nativeFrame(services.layout().nativeRect(frame))
 {
     m_window = createSurfaceWindow(m_connection, role, m_nativeFrame);
     m_context = xcb_generate_id(m_connection.xcb());
     xcb_create_gc(m_connection.xcb(), m_context, m_window, 0, nullptr);
     setIgnoresMouseEvents(true);
     m_entry.windows = {m_window};
-    m_desktop.windowList().add(m_entry);
-    m_desktop.surfaces().add(*this);
+    m_services.windows.add(m_entry);
+    m_services.surfaces.add(*this);
 }
 
 X11Surface::~X11Surface()
 {
-    m_desktop.surfaces().remove(*this);
-    m_desktop.windowList().remove(m_entry);
-    m_desktop.focus().forget(m_window);
-    m_desktop.redrawReminder().forget(m_window);
+    m_services.surfaces.remove(*this);
+    m_services.windows.remove(m_entry);
+    m_services.focus.forget(m_window);
+    m_services.redrawReminder.forget(m_window);
     xcb_free_gc(m_connection.xcb(), m_context);
     xcb_destroy_window(m_connection.xcb(), m_window);
     if (m_inputWindow)
@@ -60,8 +59,8 @@ X11Surface::~X11Surface()
 void X11Surface::setFrameOrigin(QPointF origin)
 {
     m_frame.moveTopLeft(origin);
-    adoptScale(m_desktop.layout().scaleAt(m_frame.center()));
-    const QRect nativeFrame = m_desktop.layout().nativeRect(m_frame);
+    adoptScale(m_services.layout().scaleAt(m_frame.center()));
+    const QRect nativeFrame = m_services.layout().nativeRect(m_frame);
     if (nativeFrame == m_nativeFrame)
         return;
     m_nativeFrame = nativeFrame;
@@ -82,21 +81,21 @@ void X11Surface::adoptScale(double scale)
 void X11Surface::orderFrontRegardless()
 {
     if (!m_entry.isShown && m_entry.order != 0)
-        m_desktop.redrawReminder().windowComesBack(m_window);
-    m_desktop.windowList().orderFront(m_entry);
+        m_services.redrawReminder.windowComesBack(m_window);
+    m_services.windows.orderFront(m_entry);
     if (m_entry.isShown) {
-        m_desktop.stacking().checkSoon();
+        m_services.stacking.checkSoon();
         return;
     }
     m_entry.isShown = true;
     compositingChanged();
     if (m_entry.level == Levels::effects)
-        m_desktop.stacking().insert(m_window);
+        m_services.stacking.insert(m_window);
     else
-        m_desktop.stacking().restack();
+        m_services.stacking.restack();
     xcb_map_window(m_connection.xcb(), m_window);
     // A window that we were put above may have gone meanwhile.
-    m_desktop.stacking().checkSoon();
+    m_services.stacking.checkSoon();
 }
 
 void X11Surface::orderOut()
@@ -112,8 +111,8 @@ void X11Surface::orderOut()
     if (m_buffer)
         m_buffer->release();
     updateInputWindow();
-    m_desktop.focus().forget(m_window);
-    m_desktop.stacking().windowHidden();
+    m_services.focus.forget(m_window);
+    m_services.stacking.windowHidden();
 }
 
 void X11Surface::setIgnoresMouseEvents(bool ignores)
@@ -136,7 +135,7 @@ void X11Surface::setIgnoresMouseEvents(bool ignores)
 void X11Surface::makeKey()
 {
     if (m_entry.isShown)
-        m_desktop.focus().give(m_window);
+        m_services.focus.give(m_window);
 }
 
 void X11Surface::setNeedsDisplay(const Damage &damage)
@@ -159,7 +158,7 @@ void X11Surface::display()
         m_buffer.emplace(m_connection, m_nativeFrame.size());
     const QRegion region = paintDamage(m_buffer->image(), m_scale, std::exchange(m_damage, {}), *m_content);
     m_inked |= region.boundingRect();
-    if (!m_desktop.isComposited()) {
+    if (!m_services.isComposited()) {
         showColors(m_buffer->image(), region);
         showPainted(m_connection, m_window, m_buffer->image(), region);
     }
@@ -170,7 +169,7 @@ void X11Surface::compositingChanged()
 {
     if (!m_entry.isShown)
         return;
-    if (m_desktop.isComposited())
+    if (m_services.isComposited())
         showWhole(m_connection, m_window);
     else
         showNothing(m_connection, m_window);
@@ -184,7 +183,7 @@ void X11Surface::updateInputWindow()
 {
     // Hiding it in mid-drag would hand the release to the application beneath.
     const bool takesPointer = !m_ignoresMouseEvents || m_isLeftButtonHeld;
-    const bool isNeeded = m_entry.isShown && takesPointer && !m_desktop.isComposited();
+    const bool isNeeded = m_entry.isShown && takesPointer && !m_services.isComposited();
     if (isNeeded == m_isInputWindowShown)
         return;
     m_isInputWindowShown = isNeeded;
@@ -196,7 +195,7 @@ void X11Surface::updateInputWindow()
     if (!m_inputWindow)
         m_inputWindow = createInputWindow(m_connection, m_nativeFrame);
     m_entry.windows = {m_window, m_inputWindow};
-    m_desktop.stacking().restack();
+    m_services.stacking.restack();
     xcb_map_window(m_connection.xcb(), m_inputWindow);
 }
 

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "platform/surface.h"
-#include "platform/x11/connection.h"
 #include "platform/x11/windows/frame_buffer.h"
-#include "platform/x11/windows/window_list.h"
+#include "platform/x11/windows/window_services.h"
 
 #include <QRect>
 
@@ -15,14 +14,12 @@
 
 namespace zeigewerk::platform::x11 {
 
-class X11Desktop;
-
 /// A surface on X11: an override-redirect window with an alpha channel, so that stacking and focus are in
 /// our hands and no window manager moves or decorates it.
 class X11Surface final : public Surface
 {
 public:
-    X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame);
+    X11Surface(const WindowServices &services, SurfaceRole role, const QRectF &frame);
     ~X11Surface() override;
 
     void setContent(SurfaceContent *content) override { m_content = content; }
@@ -60,7 +57,7 @@ private:
     void endDrag(const xcb_input_button_press_event_t &event);
     PointerEvent pointerEvent(const xcb_input_button_press_event_t &event) const;
 
-    X11Desktop &m_desktop;
+    const WindowServices &m_services;
     Connection &m_connection;
     WindowList::Entry m_entry;
     QRectF m_frame;

@@ -2,7 +2,6 @@
 
 #include "platform/levels.h"
 #include "platform/x11/properties.h"
-#include "platform/x11/x11_desktop.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -29,10 +28,10 @@ bool isNearly(const QRect &a, const QRect &b)
 
 } // namespace
 
-X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &widget,
+X11WidgetWindow::X11WidgetWindow(const WindowServices &services, WidgetRole role, QWidget &widget,
                                  const QMargins &ornament)
-    : m_desktop(desktop)
-    , m_connection(desktop.connection())
+    : m_services(services)
+    , m_connection(services.connection)
     , m_entry{.level = levelOf(role), .isTextField = role == WidgetRole::TextField}
     , m_role(role)
     , m_widget(widget)
@@ -47,23 +46,23 @@ X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &
     // It is never the active window, and shows its tooltips all the same.
     m_widget.setAttribute(Qt::WA_AlwaysShowToolTips);
     m_widget.installEventFilter(this);
-    connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::describeFrame);
-    connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::settleSoon);
+    connect(&m_services.screens, &Screens::changed, this, &X11WidgetWindow::describeFrame);
+    connect(&m_services.screens, &Screens::changed, this, &X11WidgetWindow::settleSoon);
     m_settling.setSingleShot(true);
     m_settling.callOnTimeout(this, &X11WidgetWindow::settle);
-    m_desktop.windowList().add(m_entry);
+    m_services.windows.add(m_entry);
 }
 
 X11WidgetWindow::~X11WidgetWindow()
 {
     orderOut();
-    m_desktop.windowList().remove(m_entry);
-    m_desktop.redrawReminder().forget(m_window);
+    m_services.windows.remove(m_entry);
+    m_services.redrawReminder.forget(m_window);
 }
 
 QRectF X11WidgetWindow::frame() const
 {
-    return m_desktop.layout().frameOfQtRect(QRect(m_widget.pos(), size()).marginsRemoved(m_ornament));
+    return m_services.layout().frameOfQtRect(QRect(m_widget.pos(), size()).marginsRemoved(m_ornament));
 }
 
 QSize X11WidgetWindow::size() const
@@ -76,13 +75,13 @@ QSize X11WidgetWindow::size() const
 void X11WidgetWindow::setFrameOrigin(QPointF origin)
 {
     const QRectF wanted(origin, frame().size());
-    m_place = m_desktop.layout().qtRect(wanted).marginsAdded(m_ornament);
+    m_place = m_services.layout().qtRect(wanted).marginsAdded(m_ornament);
     m_widget.move(m_place->topLeft());
 }
 
 void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin)
 {
-    const ScreenLayout &layout = m_desktop.layout();
+    const ScreenLayout &layout = m_services.layout();
     const std::optional<Screen> screen = layout.screenAt(screenFrame.center());
     if (!screen)
         return setFrameOrigin(origin);
@@ -112,10 +111,10 @@ void X11WidgetWindow::putOnScreen(const QString &name)
 void X11WidgetWindow::orderFrontRegardless()
 {
     if (!m_entry.isShown && m_entry.order != 0)
-        m_desktop.redrawReminder().windowComesBack(m_window);
-    m_desktop.windowList().orderFront(m_entry);
+        m_services.redrawReminder.windowComesBack(m_window);
+    m_services.windows.orderFront(m_entry);
     if (m_entry.isShown) {
-        m_desktop.stacking().checkSoon();
+        m_services.stacking.checkSoon();
         return;
     }
     m_entry.isShown = true;
@@ -130,10 +129,10 @@ void X11WidgetWindow::orderOut()
     // It may just have lost the keyboard to another of our windows, which must have it before this one goes:
     // else the keys in between go to whatever lies beneath.
     m_connection.roundTrip();
-    m_desktop.typedKeys().windowCloses(m_window, m_widget, m_desktop.focus().key());
+    m_services.typedKeys.windowCloses(m_window, m_widget, m_services.focus.key());
     m_widget.hide();
-    m_desktop.focus().forget(m_window);
-    m_desktop.stacking().windowHidden();
+    m_services.focus.forget(m_window);
+    m_services.stacking.windowHidden();
 }
 
 void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
@@ -151,15 +150,15 @@ void X11WidgetWindow::makeKey()
     // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
     if (!m_entry.isShown || m_role != WidgetRole::TextField)
         return;
-    m_desktop.typedKeys().keyboardComes(m_window);
-    m_desktop.focus().give(m_window);
+    m_services.typedKeys.keyboardComes(m_window);
+    m_services.focus.give(m_window);
     // So that the keys which a canvas got until now are at hand before those that come to the widget.
     m_connection.roundTrip();
 }
 
 bool X11WidgetWindow::isKey() const
 {
-    return m_window != XCB_NONE && m_desktop.focus().key() == m_window;
+    return m_window != XCB_NONE && m_services.focus.key() == m_window;
 }
 
 void X11WidgetWindow::show()
@@ -167,12 +166,12 @@ void X11WidgetWindow::show()
     adoptNativeWindow();
     placeToThePixel();
     // Some compositors draw such windows in the order in which they were mapped, so it gets its place first.
-    m_desktop.stacking().restack();
+    m_services.stacking.restack();
     m_connection.roundTrip();
     m_widget.show();
     m_connection.roundTripOfAdopted();
     // A window that it was put above may have gone meanwhile.
-    m_desktop.stacking().checkSoon();
+    m_services.stacking.checkSoon();
 }
 
 void X11WidgetWindow::adoptNativeWindow()

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/widget_window.h"
-#include "platform/x11/connection.h"
-#include "platform/x11/windows/window_list.h"
+#include "platform/x11/windows/window_services.h"
 
 #include <QMargins>
 #include <QTimer>
@@ -12,8 +11,6 @@
 
 namespace zeigewerk::platform::x11 {
 
-class X11Desktop;
-
 /// A Qt widget as an override-redirect window among our surfaces. Qt makes and paints the window on its own
 /// connection; its place in the stack and its input shape are set from ours.
 class X11WidgetWindow final : public QObject, public WidgetWindow
@@ -21,7 +18,8 @@ class X11WidgetWindow final : public QObject, public WidgetWindow
     Q_OBJECT
 
 public:
-    X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &widget, const QMargins &ornament);
+    X11WidgetWindow(const WindowServices &services, WidgetRole role, QWidget &widget,
+                    const QMargins &ornament);
     ~X11WidgetWindow() override;
 
     QRectF frame() const override;
@@ -50,7 +48,7 @@ private:
     void describeFrame();
     void askForBlur(const QRect &nativeFrame);
 
-    X11Desktop &m_desktop;
+    const WindowServices &m_services;
     Connection &m_connection;
     WindowList::Entry m_entry;
     WidgetRole m_role;

@@ -28,30 +28,24 @@ bool holdsLeftButton(const xcb_input_button_press_event_t &event)
 } // namespace
 
 X11Surface::X11Surface(const WindowServices &services, SurfaceRole role, const QRectF &frame)
-    : m_services(services)
+    : StackedWindow(services, {.level = levelOf(role)})
     , m_connection(services.connection)
-    , m_entry{.level = levelOf(role)}
     , m_frame(frame)
     , m_scale(services.layout().scaleAt(frame.center()))
     , m_nativeFrame(services.layout().nativeRect(frame))
 {
-    m_window = createSurfaceWindow(m_connection, role, m_nativeFrame);
+    setWindows({createSurfaceWindow(m_connection, role, m_nativeFrame)});
     m_context = xcb_generate_id(m_connection.xcb());
-    xcb_create_gc(m_connection.xcb(), m_context, m_window, 0, nullptr);
+    xcb_create_gc(m_connection.xcb(), m_context, window(), 0, nullptr);
     setIgnoresMouseEvents(true);
-    m_entry.windows = {m_window};
-    m_services.windows.add(m_entry);
-    m_services.surfaces.add(*this);
+    services.surfaces.add(*this);
 }
 
 X11Surface::~X11Surface()
 {
-    m_services.surfaces.remove(*this);
-    m_services.windows.remove(m_entry);
-    m_services.focus.forget(m_window);
-    m_services.redrawReminder.forget(m_window);
+    services().surfaces.remove(*this);
     xcb_free_gc(m_connection.xcb(), m_context);
-    xcb_destroy_window(m_connection.xcb(), m_window);
+    xcb_destroy_window(m_connection.xcb(), window());
     if (m_inputWindow)
         xcb_destroy_window(m_connection.xcb(), m_inputWindow);
 }
@@ -59,12 +53,12 @@ X11Surface::~X11Surface()
 void X11Surface::setFrameOrigin(QPointF origin)
 {
     m_frame.moveTopLeft(origin);
-    adoptScale(m_services.layout().scaleAt(m_frame.center()));
-    const QRect nativeFrame = m_services.layout().nativeRect(m_frame);
+    adoptScale(services().layout().scaleAt(m_frame.center()));
+    const QRect nativeFrame = services().layout().nativeRect(m_frame);
     if (nativeFrame == m_nativeFrame)
         return;
     m_nativeFrame = nativeFrame;
-    configureWindow(m_connection, m_window, nativeFrame);
+    configureWindow(m_connection, window(), nativeFrame);
 }
 
 void X11Surface::adoptScale(double scale)
@@ -78,32 +72,14 @@ void X11Surface::adoptScale(double scale)
     setNeedsDisplay(Damage::everything());
 }
 
-void X11Surface::orderFrontRegardless()
+void X11Surface::map()
 {
-    if (!m_entry.isShown && m_entry.order != 0)
-        m_services.redrawReminder.windowComesBack(m_window);
-    m_services.windows.orderFront(m_entry);
-    if (m_entry.isShown) {
-        m_services.stacking.checkSoon();
-        return;
-    }
-    m_entry.isShown = true;
-    compositingChanged();
-    if (m_entry.level == Levels::effects)
-        m_services.stacking.insert(m_window);
-    else
-        m_services.stacking.restack();
-    xcb_map_window(m_connection.xcb(), m_window);
-    // A window that we were put above may have gone meanwhile.
-    m_services.stacking.checkSoon();
+    xcb_map_window(m_connection.xcb(), window());
 }
 
-void X11Surface::orderOut()
+void X11Surface::unmap()
 {
-    if (!m_entry.isShown)
-        return;
-    m_entry.isShown = false;
-    xcb_unmap_window(m_connection.xcb(), m_window);
+    xcb_unmap_window(m_connection.xcb(), window());
     m_damage = {};
     m_isDisplayWanted = false;
     m_isLeftButtonHeld = false;
@@ -111,8 +87,6 @@ void X11Surface::orderOut()
     if (m_buffer)
         m_buffer->release();
     updateInputWindow();
-    m_services.focus.forget(m_window);
-    m_services.stacking.windowHidden();
 }
 
 void X11Surface::setIgnoresMouseEvents(bool ignores)
@@ -122,25 +96,25 @@ void X11Surface::setIgnoresMouseEvents(bool ignores)
     m_ignoresMouseEvents = ignores;
     xcb_connection_t *xcb = m_connection.xcb();
     if (ignores)
-        xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window,
+        xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, window(),
                              0, 0, 0, nullptr);
     else
-        xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, m_window, 0, 0, XCB_PIXMAP_NONE);
+        xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, window(), 0, 0, XCB_PIXMAP_NONE);
     updateInputWindow();
     // So that the very next click, whoever makes it, goes to the right window.
-    if (m_entry.isShown)
+    if (isShown())
         m_connection.roundTrip();
 }
 
 void X11Surface::makeKey()
 {
-    if (m_entry.isShown)
-        m_services.focus.give(m_window);
+    if (isShown())
+        services().focus.give(window());
 }
 
 void X11Surface::setNeedsDisplay(const Damage &damage)
 {
-    if (!m_entry.isShown)
+    if (!isShown())
         return;
     m_isDisplayWanted = true;
     m_damage.add(damage);
@@ -158,21 +132,21 @@ void X11Surface::display()
         m_buffer.emplace(m_connection, m_nativeFrame.size());
     const QRegion region = paintDamage(m_buffer->image(), m_scale, std::exchange(m_damage, {}), *m_content);
     m_inked |= region.boundingRect();
-    if (!m_services.isComposited()) {
+    if (!services().isComposited()) {
         showColors(m_buffer->image(), region);
-        showPainted(m_connection, m_window, m_buffer->image(), region);
+        showPainted(m_connection, window(), m_buffer->image(), region);
     }
     put(region);
 }
 
 void X11Surface::compositingChanged()
 {
-    if (!m_entry.isShown)
+    if (!isShown())
         return;
-    if (m_services.isComposited())
-        showWhole(m_connection, m_window);
+    if (services().isComposited())
+        showWhole(m_connection, window());
     else
-        showNothing(m_connection, m_window);
+        showNothing(m_connection, window());
     // Its contents went with the place where the server kept them, and see-through colours are others now.
     if (!m_inked.isEmpty())
         setNeedsDisplay(Damage::of(ViewGeometry(m_nativeFrame.size(), m_scale).toView(m_inked)));
@@ -183,31 +157,31 @@ void X11Surface::updateInputWindow()
 {
     // Hiding it in mid-drag would hand the release to the application beneath.
     const bool takesPointer = !m_ignoresMouseEvents || m_isLeftButtonHeld;
-    const bool isNeeded = m_entry.isShown && takesPointer && !m_services.isComposited();
+    const bool isNeeded = isShown() && takesPointer && !services().isComposited();
     if (isNeeded == m_isInputWindowShown)
         return;
     m_isInputWindowShown = isNeeded;
     if (!isNeeded) {
-        m_entry.windows = {m_window};
+        setWindows({window()});
         xcb_unmap_window(m_connection.xcb(), m_inputWindow);
         return;
     }
     if (!m_inputWindow)
         m_inputWindow = createInputWindow(m_connection, m_nativeFrame);
-    m_entry.windows = {m_window, m_inputWindow};
-    m_services.stacking.restack();
+    setWindows({window(), m_inputWindow});
+    services().stacking.restack();
     xcb_map_window(m_connection.xcb(), m_inputWindow);
 }
 
 void X11Surface::put(const QRegion &region)
 {
     if (m_buffer)
-        m_buffer->put(m_window, m_context, region);
+        m_buffer->put(window(), m_context, region);
 }
 
 void X11Surface::exposed(const QRect &pixels)
 {
-    if (m_entry.isShown)
+    if (isShown())
         put(pixels & m_inked);
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/surface.h"
 #include "platform/x11/windows/frame_buffer.h"
-#include "platform/x11/windows/window_services.h"
+#include "platform/x11/windows/stacked_window.h"
 
 #include <QRect>
 
@@ -16,7 +16,7 @@ namespace zeigewerk::platform::x11 {
 
 /// A surface on X11: an override-redirect window with an alpha channel, so that stacking and focus are in
 /// our hands and no window manager moves or decorates it.
-class X11Surface final : public Surface
+class X11Surface final : public Surface, private StackedWindow
 {
 public:
     X11Surface(const WindowServices &services, SurfaceRole role, const QRectF &frame);
@@ -25,17 +25,14 @@ public:
     void setContent(SurfaceContent *content) override { m_content = content; }
     QRectF frame() const override { return m_frame; }
     void setFrameOrigin(QPointF origin) override;
-    bool isVisible() const override { return m_entry.isShown; }
-    void orderFrontRegardless() override;
-    void orderOut() override;
+    bool isVisible() const override { return isShown(); }
+    void orderFrontRegardless() override { orderFront(); }
+    void orderOut() override { hide(); }
     void setIgnoresMouseEvents(bool ignores) override;
     void makeKey() override;
     void setNeedsDisplay(const Damage &damage) override;
 
-    bool owns(xcb_window_t window) const
-    {
-        return window == m_window || (m_inputWindow && window == m_inputWindow);
-    }
+    bool owns(xcb_window_t id) const { return id == window() || (m_inputWindow && id == m_inputWindow); }
 
     /// Paints and shows what was damaged.
     void display();
@@ -51,19 +48,19 @@ public:
     void keyPressed(const KeyEvent &event);
 
 private:
+    void prepareToShow() override { compositingChanged(); }
+    void map() override;
+    void unmap() override;
     void adoptScale(double scale);
     void updateInputWindow();
     void put(const QRegion &region);
     void endDrag(const xcb_input_button_press_event_t &event);
     PointerEvent pointerEvent(const xcb_input_button_press_event_t &event) const;
 
-    const WindowServices &m_services;
     Connection &m_connection;
-    WindowList::Entry m_entry;
     QRectF m_frame;
     double m_scale;
     QRect m_nativeFrame;
-    xcb_window_t m_window = 0;
     /// Made when there is no compositor: a shaped window takes the pointer only where it is painted on.
     xcb_window_t m_inputWindow = 0;
     bool m_isInputWindowShown = false;

@@ -30,9 +30,8 @@ bool isNearly(const QRect &a, const QRect &b)
 
 X11WidgetWindow::X11WidgetWindow(const WindowServices &services, WidgetRole role, QWidget &widget,
                                  const QMargins &ornament)
-    : m_services(services)
+    : StackedWindow(services, {.level = levelOf(role), .isTextField = role == WidgetRole::TextField})
     , m_connection(services.connection)
-    , m_entry{.level = levelOf(role), .isTextField = role == WidgetRole::TextField}
     , m_role(role)
     , m_widget(widget)
     , m_ornament(ornament)
@@ -46,23 +45,20 @@ X11WidgetWindow::X11WidgetWindow(const WindowServices &services, WidgetRole role
     // It is never the active window, and shows its tooltips all the same.
     m_widget.setAttribute(Qt::WA_AlwaysShowToolTips);
     m_widget.installEventFilter(this);
-    connect(&m_services.screens, &Screens::changed, this, &X11WidgetWindow::describeFrame);
-    connect(&m_services.screens, &Screens::changed, this, &X11WidgetWindow::settleSoon);
+    connect(&services.screens, &Screens::changed, this, &X11WidgetWindow::describeFrame);
+    connect(&services.screens, &Screens::changed, this, &X11WidgetWindow::settleSoon);
     m_settling.setSingleShot(true);
     m_settling.callOnTimeout(this, &X11WidgetWindow::settle);
-    m_services.windows.add(m_entry);
 }
 
 X11WidgetWindow::~X11WidgetWindow()
 {
-    orderOut();
-    m_services.windows.remove(m_entry);
-    m_services.redrawReminder.forget(m_window);
+    hide();
 }
 
 QRectF X11WidgetWindow::frame() const
 {
-    return m_services.layout().frameOfQtRect(QRect(m_widget.pos(), size()).marginsRemoved(m_ornament));
+    return services().layout().frameOfQtRect(QRect(m_widget.pos(), size()).marginsRemoved(m_ornament));
 }
 
 QSize X11WidgetWindow::size() const
@@ -75,13 +71,13 @@ QSize X11WidgetWindow::size() const
 void X11WidgetWindow::setFrameOrigin(QPointF origin)
 {
     const QRectF wanted(origin, frame().size());
-    m_place = m_services.layout().qtRect(wanted).marginsAdded(m_ornament);
+    m_place = services().layout().qtRect(wanted).marginsAdded(m_ornament);
     m_widget.move(m_place->topLeft());
 }
 
 void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin)
 {
-    const ScreenLayout &layout = m_services.layout();
+    const ScreenLayout &layout = services().layout();
     const std::optional<Screen> screen = layout.screenAt(screenFrame.center());
     if (!screen)
         return setFrameOrigin(origin);
@@ -108,31 +104,26 @@ void X11WidgetWindow::putOnScreen(const QString &name)
     }
 }
 
-void X11WidgetWindow::orderFrontRegardless()
+void X11WidgetWindow::prepareToShow()
 {
-    if (!m_entry.isShown && m_entry.order != 0)
-        m_services.redrawReminder.windowComesBack(m_window);
-    m_services.windows.orderFront(m_entry);
-    if (m_entry.isShown) {
-        m_services.stacking.checkSoon();
-        return;
-    }
-    m_entry.isShown = true;
-    show();
+    adoptNativeWindow();
+    placeToThePixel();
 }
 
-void X11WidgetWindow::orderOut()
+void X11WidgetWindow::map()
 {
-    if (!m_entry.isShown)
-        return;
-    m_entry.isShown = false;
+    m_connection.roundTrip();
+    m_widget.show();
+    m_connection.roundTripOfAdopted();
+}
+
+void X11WidgetWindow::unmap()
+{
     // It may just have lost the keyboard to another of our windows, which must have it before this one goes:
     // else the keys in between go to whatever lies beneath.
     m_connection.roundTrip();
-    m_services.typedKeys.windowCloses(m_window, m_widget, m_services.focus.key());
+    services().typedKeys.windowCloses(window(), m_widget, services().focus.key());
     m_widget.hide();
-    m_services.focus.forget(m_window);
-    m_services.stacking.windowHidden();
 }
 
 void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
@@ -148,48 +139,34 @@ void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
 void X11WidgetWindow::makeKey()
 {
     // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
-    if (!m_entry.isShown || m_role != WidgetRole::TextField)
+    if (!isShown() || m_role != WidgetRole::TextField)
         return;
-    m_services.typedKeys.keyboardComes(m_window);
-    m_services.focus.give(m_window);
+    services().typedKeys.keyboardComes(window());
+    services().focus.give(window());
     // So that the keys which a canvas got until now are at hand before those that come to the widget.
     m_connection.roundTrip();
 }
 
 bool X11WidgetWindow::isKey() const
 {
-    return m_window != XCB_NONE && m_services.focus.key() == m_window;
-}
-
-void X11WidgetWindow::show()
-{
-    adoptNativeWindow();
-    placeToThePixel();
-    // Some compositors draw such windows in the order in which they were mapped, so it gets its place first.
-    m_services.stacking.restack();
-    m_connection.roundTrip();
-    m_widget.show();
-    m_connection.roundTripOfAdopted();
-    // A window that it was put above may have gone meanwhile.
-    m_services.stacking.checkSoon();
+    return window() != XCB_NONE && services().focus.key() == window();
 }
 
 void X11WidgetWindow::adoptNativeWindow()
 {
-    const auto window = static_cast<xcb_window_t>(m_widget.winId());
-    if (window != m_window) {
-        m_window = window;
-        m_entry.windows = {window};
+    const auto native = static_cast<xcb_window_t>(m_widget.winId());
+    if (native != window()) {
+        setWindows({native});
         connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::describeFrame,
                 Qt::UniqueConnection);
         connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::settleSoon,
                 Qt::UniqueConnection);
         m_connection.roundTripOfAdopted();
-        refuseShadow(m_connection, m_window);
+        refuseShadow(m_connection, window());
         if (m_role == WidgetRole::TextField) {
             // Others may take the keyboard from it.
             constexpr std::uint32_t kFocusChange = XCB_EVENT_MASK_FOCUS_CHANGE;
-            xcb_change_window_attributes(m_connection.xcb(), m_window, XCB_CW_EVENT_MASK, &kFocusChange);
+            xcb_change_window_attributes(m_connection.xcb(), window(), XCB_CW_EVENT_MASK, &kFocusChange);
         }
     }
     describeFrame();
@@ -203,7 +180,7 @@ void X11WidgetWindow::placeToThePixel()
     m_connection.roundTripOfAdopted();
     const std::array values = {static_cast<std::uint32_t>(m_nativeCorner->x()),
                                static_cast<std::uint32_t>(m_nativeCorner->y())};
-    xcb_configure_window(m_connection.xcb(), m_window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
+    xcb_configure_window(m_connection.xcb(), window(), XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
                          values.data());
     m_connection.flush();
 }
@@ -217,21 +194,21 @@ void X11WidgetWindow::settleSoon()
 void X11WidgetWindow::settle()
 {
     const QScreen *screen = m_place ? QGuiApplication::screenAt(m_place->center()) : nullptr;
-    if (!m_entry.isShown || !screen)
+    if (!isShown() || !screen)
         return;
     const double scale = screen->devicePixelRatio();
     const QPoint corner = screen->geometry().topLeft();
     const QRect wanted(corner + ((QPointF(m_place->topLeft() - corner)) * scale).toPoint(),
                        (QSizeF(size()) * scale).toSize());
     m_connection.roundTripOfAdopted();
-    const auto cookie = xcb_get_geometry(m_connection.xcb(), m_window);
+    const auto cookie = xcb_get_geometry(m_connection.xcb(), window());
     const auto now = owned(xcb_get_geometry_reply(m_connection.xcb(), cookie, nullptr));
     if (!now || isNearly(QRect(now->x, now->y, now->width, now->height), wanted))
         return;
     const std::array values = {static_cast<std::uint32_t>(wanted.x()), static_cast<std::uint32_t>(wanted.y()),
                                static_cast<std::uint32_t>(wanted.width()),
                                static_cast<std::uint32_t>(wanted.height())};
-    xcb_configure_window(m_connection.xcb(), m_window,
+    xcb_configure_window(m_connection.xcb(), window(),
                          XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
                              XCB_CONFIG_WINDOW_HEIGHT,
                          values.data());
@@ -240,7 +217,7 @@ void X11WidgetWindow::settle()
 
 void X11WidgetWindow::describeFrame()
 {
-    if (m_window == XCB_NONE)
+    if (window() == XCB_NONE)
         return;
     // Qt leaves the mask the size that it had at another scale.
     if (!m_widget.mask().isEmpty())
@@ -254,14 +231,14 @@ void X11WidgetWindow::describeFrame()
         static_cast<std::int16_t>(native.x()), static_cast<std::int16_t>(native.y()),
         static_cast<std::uint16_t>(native.width()), static_cast<std::uint16_t>(native.height())};
     xcb_shape_rectangles(m_connection.xcb(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
-                         m_window, 0, 0, m_ignoresMouseEvents ? 0 : 1, &takesPointer);
+                         window(), 0, 0, m_ignoresMouseEvents ? 0 : 1, &takesPointer);
     if (m_role == WidgetRole::Toolbar)
         askForBlur(native);
 }
 
 void X11WidgetWindow::askForBlur(const QRect &native)
 {
-    setNumbers(m_connection, m_window, "_KDE_NET_WM_BLUR_BEHIND_REGION", XCB_ATOM_CARDINAL,
+    setNumbers(m_connection, window(), "_KDE_NET_WM_BLUR_BEHIND_REGION", XCB_ATOM_CARDINAL,
                {static_cast<std::uint32_t>(native.x()), static_cast<std::uint32_t>(native.y()),
                 static_cast<std::uint32_t>(native.width()), static_cast<std::uint32_t>(native.height())});
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/widget_window.h"
-#include "platform/x11/windows/window_services.h"
+#include "platform/x11/windows/stacked_window.h"
 
 #include <QMargins>
 #include <QTimer>
@@ -13,7 +13,7 @@ namespace zeigewerk::platform::x11 {
 
 /// A Qt widget as an override-redirect window among our surfaces. Qt makes and paints the window on its own
 /// connection; its place in the stack and its input shape are set from ours.
-class X11WidgetWindow final : public QObject, public WidgetWindow
+class X11WidgetWindow final : public QObject, public WidgetWindow, private StackedWindow
 {
     Q_OBJECT
 
@@ -25,9 +25,9 @@ public:
     QRectF frame() const override;
     void setFrameOrigin(QPointF origin) override;
     void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) override;
-    bool isVisible() const override { return m_entry.isShown; }
-    void orderFrontRegardless() override;
-    void orderOut() override;
+    bool isVisible() const override { return isShown(); }
+    void orderFrontRegardless() override { orderFront(); }
+    void orderOut() override { hide(); }
     void setIgnoresMouseEvents(bool ignores) override;
     void makeKey() override;
     bool isKey() const override;
@@ -35,7 +35,9 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void show();
+    void prepareToShow() override;
+    void map() override;
+    void unmap() override;
     void adoptNativeWindow();
     void putOnScreen(const QString &name);
     void placeToThePixel();
@@ -48,14 +50,10 @@ private:
     void describeFrame();
     void askForBlur(const QRect &nativeFrame);
 
-    const WindowServices &m_services;
     Connection &m_connection;
-    WindowList::Entry m_entry;
     WidgetRole m_role;
     QWidget &m_widget;
     QMargins m_ornament;
-    /// None until it is shown for the first time.
-    xcb_window_t m_window = XCB_NONE;
     /// Where a text field is to lie in pixels; Qt itself knows whole points only.
     std::optional<QPoint> m_nativeCorner;
     /// Where all the others are to lie, in Qt's points; none until they are placed.

@@ -51,15 +51,15 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
     connect(m_connection.get(), &Connection::lost, this, [] {
-        LostDisplay::tell();
+        LostDisplay::report();
         QCoreApplication::exit(kExitCodeOfLostDisplay);
     });
-    connect(&m_compositor, &SelectionOwner::changed, this, &X11Desktop::tellOfCompositor);
+    connect(&m_compositor, &SelectionOwner::changed, this, &X11Desktop::notifyCompositingChanged);
     connect(&m_embeddingTray, &SelectionOwner::changed, this, &Desktop::embeddingTrayChanged);
     connect(&m_screens, &Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
                         [this] { m_surfaces.display(); });
-    // It reads the whole table, so not before our windows are on the screen.
+    // Reading the whole table takes a while, so our windows are shown first.
     QMetaObject::invokeMethod(this, &provideComposeTable, Qt::QueuedConnection);
 }
 
@@ -225,7 +225,7 @@ void X11Desktop::selectionChanged(const xcb_xfixes_selection_notify_event_t &eve
     m_embeddingTray.ownerChanged(event);
 }
 
-void X11Desktop::tellOfCompositor()
+void X11Desktop::notifyCompositingChanged()
 {
     m_surfaces.compositingChanged();
     Q_EMIT compositingChanged();

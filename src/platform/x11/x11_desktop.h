@@ -25,8 +25,8 @@ namespace zeigewerk::platform::x11 {
 
 class X11Surface;
 
-/// The desktop of an X server: hands each event of our connection to whom it concerns, and has the surfaces
-/// paint once per turn of the event loop.
+/// The desktop of an X server. It dispatches the events of our connection and has the surfaces paint once per
+/// turn of the event loop.
 class X11Desktop : public Desktop
 {
     Q_OBJECT
@@ -64,7 +64,7 @@ private:
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
     void pressKey(X11Surface &surface, const xcb_key_press_event_t &key);
     void selectionChanged(const xcb_xfixes_selection_notify_event_t &event);
-    void tellOfCompositor();
+    void notifyCompositingChanged();
 
     std::unique_ptr<Connection> m_connection;
     LostDisplay m_lostDisplay;

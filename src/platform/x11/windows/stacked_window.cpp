@@ -41,7 +41,7 @@ void StackedWindow::orderFront()
             m_services.redrawReminder.windowComesBack(window());
         show();
     }
-    // The window that it was put above may be gone by now.
+    // The window directly below may be gone by now.
     m_services.stacking.checkSoon();
 }
 

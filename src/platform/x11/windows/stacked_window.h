@@ -14,7 +14,7 @@ public:
     StackedWindow &operator=(const StackedWindow &) = delete;
 
 protected:
-    /// `entry` says at which level the window stands.
+    /// `entry` gives the level. It has no windows yet and is hidden.
     StackedWindow(const WindowServices &services, WindowList::Entry entry);
     ~StackedWindow();
 
@@ -25,7 +25,7 @@ protected:
     void setWindows(std::vector<xcb_window_t> windows);
 
     bool isShown() const { return m_entry.isShown; }
-    /// Shows the window in front of its level. Brings it there if it is shown already.
+    /// Brings the window to the front of its level, and shows it if it is hidden.
     void orderFront();
     /// Hides the window if it is shown.
     void hide();
@@ -34,7 +34,7 @@ private:
     void show();
     void stack();
 
-    /// Makes the windows if there are none yet, and all that must be done before they are mapped.
+    /// Does what must be done before the window is mapped. Creates the window if there is none yet.
     virtual void prepareToShow() = 0;
     virtual void map() = 0;
     virtual void unmap() = 0;

@@ -15,14 +15,14 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Raising comes in bursts; one look answers a burst.
-constexpr auto kCheckAfter = 10ms;
-/// A window that is being moved tells so a hundred times a second.
-constexpr auto kCheckAtMostEvery = 100ms;
-/// Some window managers restack once more when a new window has settled.
-constexpr auto kTrailingCheckAfter = 250ms;
-/// Another program that insists on the top must not draw us into an endless loop at full speed.
-constexpr auto kRestackAtMostEvery = 50ms;
+/// Windows are raised in bursts. One check covers a burst.
+constexpr auto kCheckDelay = 10ms;
+/// A window that is being moved sends a hundred events a second.
+constexpr auto kMinCheckInterval = 100ms;
+/// Some window managers restack a new window a second time.
+constexpr auto kTrailingCheckDelay = 250ms;
+/// Limits the load if another program also keeps raising its window.
+constexpr auto kMinRestackInterval = 50ms;
 
 QRect frameOf(const xcb_get_geometry_reply_t &geometry)
 {
@@ -57,14 +57,14 @@ void Stacking::structureChanged(xcb_window_t window)
 
 void Stacking::windowMapped(xcb_window_t window)
 {
-    // Our menus and tooltips come up by themselves. Restacking maps nothing, so this makes no loop.
+    // Our menus and tooltips map themselves. Restacking maps no window, so this does not loop.
     if (!m_connection.isOurs(window) || m_connection.isAdopted(window))
         checkSoon();
 }
 
 void Stacking::windowHidden()
 {
-    // With nothing to keep on top, what the others do is no concern of ours and must not wake us.
+    // With no window to keep on top, changes of other windows must not wake the program.
     if (!m_ours.isAnyShown()) {
         m_connection.ignoreRoot(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
         m_check.stop();
@@ -74,10 +74,11 @@ void Stacking::windowHidden()
 
 void Stacking::checkSoon()
 {
-    const bool isCheckedOften = m_sinceCheck.isValid() && !m_sinceCheck.hasExpired(kCheckAtMostEvery.count());
+    const bool isCheckedRecently =
+        m_sinceCheck.isValid() && !m_sinceCheck.hasExpired(kMinCheckInterval.count());
     if (!m_check.isActive())
-        m_check.start(isCheckedOften ? kCheckAtMostEvery : kCheckAfter);
-    m_trailingCheck.start(kTrailingCheckAfter);
+        m_check.start(isCheckedRecently ? kMinCheckInterval : kCheckDelay);
+    m_trailingCheck.start(kTrailingCheckDelay);
 }
 
 void Stacking::check()
@@ -88,8 +89,8 @@ void Stacking::check()
     const WindowStack stack = windowStack();
     if (isInOrder(stack, m_ours.shownFromBottom()))
         return;
-    if (m_sinceRestack.isValid() && !m_sinceRestack.hasExpired(kRestackAtMostEvery.count()))
-        m_trailingCheck.start(kRestackAtMostEvery);
+    if (m_sinceRestack.isValid() && !m_sinceRestack.hasExpired(kMinRestackInterval.count()))
+        m_trailingCheck.start(kMinRestackInterval);
     else
         restackFrom(placeOfLowest(stack));
 }
@@ -136,7 +137,7 @@ void Stacking::put(xcb_window_t window, StackPlace place)
 WindowStack Stacking::windowStack() const
 {
     xcb_connection_t *xcb = m_connection.xcb();
-    // All questions first, then all answers: one round trip for the lot.
+    // All requests are sent before the first reply is read: one round trip for all.
     const auto desktopCookie = xcb_get_geometry(xcb, m_connection.root());
     NumbersRequest managerRequest(m_connection, m_connection.root(), "_NET_SUPPORTING_WM_CHECK",
                                   XCB_ATOM_WINDOW);
@@ -166,7 +167,7 @@ std::vector<RootChild> Stacking::rootChildren(std::span<const xcb_window_t> wind
                                               xcb_window_t manager) const
 {
     xcb_connection_t *xcb = m_connection.xcb();
-    // Again all questions first.
+    // One round trip for all, as above.
     std::vector<std::pair<xcb_get_window_attributes_cookie_t, xcb_get_geometry_cookie_t>> cookies;
     for (const xcb_window_t window : windows)
         cookies.emplace_back(xcb_get_window_attributes(xcb, window), xcb_get_geometry(xcb, window));

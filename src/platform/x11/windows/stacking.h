@@ -12,8 +12,7 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Keeps our windows in their order among themselves and above whatever other programs raise, save a screen
-/// locker.
+/// Keeps our windows in order: above the windows that other programs raise, but below a screen locker.
 class Stacking : public QObject
 {
     Q_OBJECT
@@ -21,16 +20,15 @@ class Stacking : public QObject
 public:
     Stacking(Connection &connection, const Screens &screens, const WindowList &ours);
 
-    /// Puts our windows, mapped or not, in their order above the others.
+    /// Puts all our shown windows in order. They need not be mapped yet.
     void restack();
-    /// Puts one of our windows, which is not mapped yet, in its place among the others. They keep theirs:
-    /// with hundreds of them, each new one would else move all.
+    /// Puts one of our shown windows in its place, and moves no other. It need not be mapped yet.
     void insert(xcb_window_t window);
-    /// Something was raised or mapped: looks a little later whether our order still holds.
+    /// A window was raised or mapped: checks a little later whether our windows are still in order.
     void checkSoon();
     /// One of our windows was hidden.
     void windowHidden();
-    /// A structure event of the root window, other than that one of its children was mapped.
+    /// A child of the root window was changed, but not mapped.
     void structureChanged(xcb_window_t window);
     /// A child of the root window was mapped.
     void windowMapped(xcb_window_t window);

@@ -18,7 +18,7 @@ public:
     /// The surface that the window belongs to; none if it belongs to no surface.
     X11Surface *surfaceOf(xcb_window_t window) const;
 
-    /// Lets every surface paint what was damaged.
+    /// Has every surface paint and show its damaged parts.
     void display();
     /// The compositor came or went.
     void compositingChanged();

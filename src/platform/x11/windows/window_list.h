@@ -20,14 +20,14 @@ public:
         /// A text field covers every overlay, although it has their level.
         bool isTextField = false;
         bool isShown = false;
-        /// Counts up with every order-front, 0 before the first. In a level the last one ordered front is in
+        /// The number of its last order-front, 0 before the first. Within a level the highest number is in
         /// front.
         quint64 order = 0;
         /// The server's windows that belong to the entry, the lowest first.
         std::vector<xcb_window_t> windows = {};
     };
 
-    /// The entry must stay where it is until it is removed.
+    /// The list keeps a reference until the entry is removed.
     void add(const Entry &entry) { m_entries.push_back(&entry); }
     void remove(const Entry &entry);
 

@@ -66,9 +66,9 @@ void X11Surface::adoptScale(double scale)
     if (scale == m_scale)
         return;
     m_scale = scale;
-    // The buffer has the wrong size now; the window forgets its picture when it is resized.
+    // The buffer has the wrong size now. The window loses its picture when it is resized.
     m_buffer.reset();
-    m_inked = {};
+    m_painted = {};
     setNeedsDisplay(Damage::everything());
 }
 
@@ -83,7 +83,7 @@ void X11Surface::unmap()
     m_damage = {};
     m_isDisplayWanted = false;
     m_isLeftButtonHeld = false;
-    m_inked = {};
+    m_painted = {};
     if (m_buffer)
         m_buffer->release();
     updateInputWindow();
@@ -101,7 +101,7 @@ void X11Surface::setIgnoresMouseEvents(bool ignores)
     else
         xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, window(), 0, 0, XCB_PIXMAP_NONE);
     updateInputWindow();
-    // So that the very next click, whoever makes it, goes to the right window.
+    // The next click must already go to the right window.
     if (isShown())
         m_connection.roundTrip();
 }
@@ -131,7 +131,7 @@ void X11Surface::display()
     if (!m_buffer)
         m_buffer.emplace(m_connection, m_nativeFrame.size());
     const QRegion region = paintDamage(m_buffer->image(), m_scale, std::exchange(m_damage, {}), *m_content);
-    m_inked |= region.boundingRect();
+    m_painted |= region.boundingRect();
     if (!services().isComposited()) {
         showColors(m_buffer->image(), region);
         showPainted(m_connection, window(), m_buffer->image(), region);
@@ -147,15 +147,15 @@ void X11Surface::compositingChanged()
         showWhole(m_connection, window());
     else
         showNothing(m_connection, window());
-    // Its contents went with the place where the server kept them, and see-through colours are others now.
-    if (!m_inked.isEmpty())
-        setNeedsDisplay(Damage::of(ViewGeometry(m_nativeFrame.size(), m_scale).toView(m_inked)));
+    // The server has dropped the contents, and without a compositor translucent colours differ.
+    if (!m_painted.isEmpty())
+        setNeedsDisplay(Damage::of(ViewGeometry(m_nativeFrame.size(), m_scale).toView(m_painted)));
     updateInputWindow();
 }
 
 void X11Surface::updateInputWindow()
 {
-    // Hiding it in mid-drag would hand the release to the application beneath.
+    // Unmapping it during a drag would send the release to the application beneath.
     const bool takesPointer = !m_ignoresMouseEvents || m_isLeftButtonHeld;
     const bool isNeeded = isShown() && takesPointer && !services().isComposited();
     if (isNeeded == m_isInputWindowShown)
@@ -182,7 +182,7 @@ void X11Surface::put(const QRegion &region)
 void X11Surface::exposed(const QRect &pixels)
 {
     if (isShown())
-        put(pixels & m_inked);
+        put(pixels & m_painted);
 }
 
 void X11Surface::buttonPressed(const xcb_input_button_press_event_t &event)
@@ -213,7 +213,7 @@ void X11Surface::pointerMoved(const xcb_input_button_press_event_t &event)
     if (holdsLeftButton(event))
         m_content->mouseDragged(pointerEvent(event));
     else
-        endDrag(event); // somebody else got the release
+        endDrag(event); // another program got the release
 }
 
 void X11Surface::scrolled(std::optional<ScrollEvent> scroll, const xcb_input_button_press_event_t &event)
@@ -232,7 +232,7 @@ void X11Surface::keyPressed(const KeyEvent &event)
 
 PointerEvent X11Surface::pointerEvent(const xcb_input_button_press_event_t &event) const
 {
-    // The position names a pixel; the ink goes through its middle.
+    // The position names a pixel. The stroke goes through its centre.
     const QPointF pixel(fromFixed(event.event_x) + 0.5, fromFixed(event.event_y) + 0.5);
     return {ViewGeometry(m_nativeFrame.size(), m_scale).toView(pixel), modifiersOf(event.mods.effective)};
 }

@@ -14,8 +14,8 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// A surface on X11: an override-redirect window with an alpha channel, so that stacking and focus are in
-/// our hands and no window manager moves or decorates it.
+/// A surface on X11: an override-redirect window with an alpha channel. No window manager stacks, focuses,
+/// moves or decorates it.
 class X11Surface final : public Surface, private StackedWindow
 {
 public:
@@ -34,16 +34,16 @@ public:
 
     bool owns(xcb_window_t id) const { return id == window() || (m_inputWindow && id == m_inputWindow); }
 
-    /// Paints and shows what was damaged.
+    /// Paints and shows the damaged parts.
     void display();
     /// The compositor came or went.
     void compositingChanged();
-    /// That part of the window was uncovered and shows nothing.
+    /// The server has lost the contents of that part of the window.
     void exposed(const QRect &pixels);
     void buttonPressed(const xcb_input_button_press_event_t &event);
     void buttonReleased(const xcb_input_button_press_event_t &event);
     void pointerMoved(const xcb_input_button_press_event_t &event);
-    /// What of the wheel that event was, if anything.
+    /// `scroll` is the scrolling that the event stands for, if any.
     void scrolled(std::optional<ScrollEvent> scroll, const xcb_input_button_press_event_t &event);
     void keyPressed(const KeyEvent &event);
 
@@ -61,7 +61,8 @@ private:
     QRectF m_frame;
     double m_scale;
     QRect m_nativeFrame;
-    /// Made when there is no compositor: a shaped window takes the pointer only where it is painted on.
+    /// Takes the pointer without a compositor, because the shaped window gets it only over painted pixels.
+    /// Created when it is first needed.
     xcb_window_t m_inputWindow = 0;
     bool m_isInputWindowShown = false;
     xcb_gcontext_t m_context = 0;
@@ -70,8 +71,8 @@ private:
     bool m_isLeftButtonHeld = false;
     Damage m_damage;
     bool m_isDisplayWanted = false;
-    /// Encloses all that was put since the window was shown; beyond it the window is transparent.
-    QRect m_inked;
+    /// Encloses all pixels put since the window was shown. The rest is transparent.
+    QRect m_painted;
     std::optional<FrameBuffer> m_buffer;
 };
 

@@ -17,7 +17,7 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// Save what Qt makes of fractions of a pixel.
+/// Qt rounds fractions of a pixel, so the two may differ by one.
 bool isNearly(const QRect &a, const QRect &b)
 {
     const auto isNear = [](QPoint one, QPoint other) {
@@ -36,19 +36,19 @@ X11WidgetWindow::X11WidgetWindow(const WindowServices &services, WidgetRole role
     , m_widget(widget)
     , m_ornament(ornament)
 {
-    // Not a tool window: Qt raises those over everything whenever it shows them.
+    // Not Qt::Tool: Qt raises such windows above everything when it shows them.
     m_widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
                             Qt::BypassWindowManagerHint);
     m_widget.setWindowFlag(Qt::WindowDoesNotAcceptFocus, role != WidgetRole::TextField);
     m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
     m_widget.setAttribute(Qt::WA_TranslucentBackground);
-    // It is never the active window, and shows its tooltips all the same.
+    // It is never the active window, but it must show tooltips.
     m_widget.setAttribute(Qt::WA_AlwaysShowToolTips);
     m_widget.installEventFilter(this);
     connect(&services.screens, &Screens::changed, this, &X11WidgetWindow::describeFrame);
-    connect(&services.screens, &Screens::changed, this, &X11WidgetWindow::settleSoon);
-    m_settling.setSingleShot(true);
-    m_settling.callOnTimeout(this, &X11WidgetWindow::settle);
+    connect(&services.screens, &Screens::changed, this, &X11WidgetWindow::restorePlaceSoon);
+    m_restoring.setSingleShot(true);
+    m_restoring.callOnTimeout(this, &X11WidgetWindow::restorePlace);
 }
 
 X11WidgetWindow::~X11WidgetWindow()
@@ -63,7 +63,7 @@ QRectF X11WidgetWindow::frame() const
 
 QSize X11WidgetWindow::size() const
 {
-    // While its screen goes, Qt gives a widget sizes that it must not have.
+    // While a screen is being removed, Qt ignores the fixed size of the widgets on it.
     const QSize fixed = m_widget.minimumSize();
     return fixed == m_widget.maximumSize() ? fixed : m_widget.size();
 }
@@ -90,7 +90,7 @@ void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin
         m_widget.setFixedSize(qMax(1, qFloor(size.width())), qMax(1, qFloor(size.height())));
     }
     putOnScreen(screen->name);
-    // Qt counts each screen's points from its native corner.
+    // In Qt the points of a screen start at its corner in pixels.
     const QPoint home = screen->nativeFrame.topLeft();
     const QPointF points = QPointF(window.topLeft() - home) / screen->scale;
     m_widget.move(home + QPoint(qFloor(points.x()), qFloor(points.y())));
@@ -119,8 +119,8 @@ void X11WidgetWindow::map()
 
 void X11WidgetWindow::unmap()
 {
-    // It may just have lost the keyboard to another of our windows, which must have it before this one goes:
-    // else the keys in between go to whatever lies beneath.
+    // If the focus has just moved to another of our windows, it must arrive before this one is unmapped.
+    // Otherwise the window beneath gets the keys in between.
     m_connection.roundTrip();
     services().typedKeys.windowCloses(window(), m_widget, services().focus.key());
     m_widget.hide();
@@ -132,18 +132,18 @@ void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
         return;
     m_ignoresMouseEvents = ignores;
     describeFrame();
-    // So that the very next click, whoever makes it, goes to the right window.
+    // The next click must already go to the right window.
     m_connection.roundTrip();
 }
 
 void X11WidgetWindow::makeKey()
 {
-    // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
+    // The window is mapped: showing it has waited for the server.
     if (!isShown() || m_role != WidgetRole::TextField)
         return;
     services().typedKeys.keyboardComes(window());
     services().focus.give(window());
-    // So that the keys which a canvas got until now are at hand before those that come to the widget.
+    // The keys that went to a canvas must be read before those that go to the widget.
     m_connection.roundTrip();
 }
 
@@ -159,12 +159,12 @@ void X11WidgetWindow::adoptNativeWindow()
         setWindows({native});
         connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::describeFrame,
                 Qt::UniqueConnection);
-        connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::settleSoon,
+        connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::restorePlaceSoon,
                 Qt::UniqueConnection);
         m_connection.roundTripOfAdopted();
         refuseShadow(m_connection, window());
         if (m_role == WidgetRole::TextField) {
-            // Others may take the keyboard from it.
+            // Other programs may take the focus from it.
             constexpr std::uint32_t kFocusChange = XCB_EVENT_MASK_FOCUS_CHANGE;
             xcb_change_window_attributes(m_connection.xcb(), window(), XCB_CW_EVENT_MASK, &kFocusChange);
         }
@@ -176,7 +176,7 @@ void X11WidgetWindow::placeToThePixel()
 {
     if (!m_nativeCorner)
         return;
-    // After Qt's own request.
+    // Wait for Qt's own request, which would undo this one.
     m_connection.roundTripOfAdopted();
     const std::array values = {static_cast<std::uint32_t>(m_nativeCorner->x()),
                                static_cast<std::uint32_t>(m_nativeCorner->y())};
@@ -185,13 +185,13 @@ void X11WidgetWindow::placeToThePixel()
     m_connection.flush();
 }
 
-void X11WidgetWindow::settleSoon()
+void X11WidgetWindow::restorePlaceSoon()
 {
-    if (m_place && !m_settling.isActive())
-        m_settling.start(0);
+    if (m_place && !m_restoring.isActive())
+        m_restoring.start(0);
 }
 
-void X11WidgetWindow::settle()
+void X11WidgetWindow::restorePlace()
 {
     const QScreen *screen = m_place ? QGuiApplication::screenAt(m_place->center()) : nullptr;
     if (!isShown() || !screen)
@@ -219,14 +219,14 @@ void X11WidgetWindow::describeFrame()
 {
     if (window() == XCB_NONE)
         return;
-    // Qt leaves the mask the size that it had at another scale.
+    // Qt does not rescale the mask when the scale changes.
     if (!m_widget.mask().isEmpty())
         m_widget.windowHandle()->setMask(m_widget.mask());
     const double scale = m_widget.windowHandle()->devicePixelRatio();
     const QRect frame = m_widget.rect().marginsRemoved(m_ornament);
     const QRect native((QPointF(frame.topLeft()) * scale).toPoint(), frame.size() * scale);
-    // The bounding shape is Qt's, where a mask of the widget goes; the server intersects the two. Without a
-    // rectangle the pointer goes through.
+    // Qt puts the widget's mask into the bounding shape, and the server intersects the two. Without any
+    // rectangle the pointer passes through.
     const xcb_rectangle_t takesPointer = {
         static_cast<std::int16_t>(native.x()), static_cast<std::int16_t>(native.y()),
         static_cast<std::uint16_t>(native.width()), static_cast<std::uint16_t>(native.height())};
@@ -248,7 +248,7 @@ bool X11WidgetWindow::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Resize) {
         describeFrame();
         if (m_widget.size() != size())
-            settleSoon();
+            restorePlaceSoon();
     }
     return QObject::eventFilter(watched, event);
 }

@@ -11,8 +11,8 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// A Qt widget as an override-redirect window among our surfaces. Qt makes and paints the window on its own
-/// connection; its place in the stack and its input shape are set from ours.
+/// A Qt widget as an override-redirect window among our surfaces. Qt creates and paints the window on its own
+/// connection. This class sets its place in the stack and its input shape on ours.
 class X11WidgetWindow final : public QObject, public WidgetWindow, private StackedWindow
 {
     Q_OBJECT
@@ -42,11 +42,11 @@ private:
     void putOnScreen(const QString &name);
     void placeToThePixel();
     QSize size() const;
-    /// Gives the window the place and size that it is to have, should it have others: when a screen goes or
-    /// comes, Qt takes a window to another one without regard to their scales.
-    void settle();
-    void settleSoon();
-    /// Tells the server which part of the window is the frame, and takes the pointer.
+    /// Moves the window back to its place and size if they have changed. When a screen comes or goes, Qt
+    /// moves windows to other screens without regard to the scales.
+    void restorePlace();
+    void restorePlaceSoon();
+    /// Sets the part of the window that takes the pointer, and the part to blur behind.
     void describeFrame();
     void askForBlur(const QRect &nativeFrame);
 
@@ -54,11 +54,11 @@ private:
     WidgetRole m_role;
     QWidget &m_widget;
     QMargins m_ornament;
-    /// Where a text field is to lie in pixels; Qt itself knows whole points only.
+    /// The corner of a text field in pixels. Qt itself only knows whole points.
     std::optional<QPoint> m_nativeCorner;
-    /// Where all the others are to lie, in Qt's points; none until they are placed.
+    /// The place of any other window in Qt's points; none before it is set.
     std::optional<QRect> m_place;
-    QTimer m_settling;
+    QTimer m_restoring;
     bool m_ignoresMouseEvents = false;
 };
 

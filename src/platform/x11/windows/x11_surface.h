@@ -8,7 +8,6 @@
 
 #include <xcb/xinput.h>
 
-#include <functional>
 #include <optional>
 #include <vector>
 

@@ -67,7 +67,7 @@ QString Connection::prepareExtensions()
     if (!input->present)
         return QStringLiteral("the X11 display lacks the X Input extension");
     m_xinputOpcode = input->major_opcode;
-    // A client that announces less than 2.1 gets no raw events during other programs' grabs.
+    // A client that announces a version below 2.1 gets no raw events while another program has a grab.
     const auto version =
         owned(xcb_input_xi_query_version_reply(m_xcb, xcb_input_xi_query_version(m_xcb, 2, 3), nullptr));
     if (!version || version->major_version < 2)
@@ -87,7 +87,7 @@ QString Connection::prepareExtensions()
     if (shm->present) {
         const auto shmVersion =
             owned(xcb_shm_query_version_reply(m_xcb, xcb_shm_query_version(m_xcb), nullptr));
-        // Descriptors are passed since 1.2.
+        // File descriptors can be passed since 1.2.
         m_hasSharedMemory = shmVersion && (shmVersion->major_version > 1 || shmVersion->minor_version >= 2);
     }
     loadArrow();
@@ -115,7 +115,7 @@ void Connection::loadArrow()
 {
     xcb_cursor_context_t *context = nullptr;
     if (xcb_cursor_context_new(m_xcb, m_screen, &context) < 0)
-        return; // the surfaces then inherit the pointer of the root window
+        return; // the surfaces then inherit the root window's cursor
     m_arrowCursor = xcb_cursor_load_cursor(context, "left_ptr");
     xcb_cursor_context_free(context);
 }
@@ -127,7 +127,7 @@ void Connection::start(std::function<void(const xcb_generic_event_t &)> handler,
     m_beforeBlocking = std::move(beforeBlocking);
     m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_xcb), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &Connection::readEvents);
-    // Waiting for a reply queues events inside xcb while the socket stays silent.
+    // While waiting for a reply, xcb queues events, and the socket does not report them.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &Connection::endTurn);
 }
@@ -155,7 +155,7 @@ void Connection::readEvents()
 {
     if (m_isPaused)
         return;
-    // The socket is read once, and what that brought is handled; whatever comes later wakes us again.
+    // Read the socket once and handle what was read. Later events wake the event loop again.
     if (const auto event = owned(xcb_poll_for_event(m_xcb)))
         m_handler(*event);
     handleQueuedEvents();
@@ -167,13 +167,12 @@ void Connection::readEvents()
 
 void Connection::endTurn()
 {
-    // Painting and flushing may read from the socket too, and what they leave in the queue would wait there
-    // until something else arrives.
+    // Painting and flushing may read events into the queue, which would stay there until the next event.
     do {
         handleQueuedEvents();
         m_beforeBlocking();
         flush();
-        // Qt itself flushes only what it asks for on account of its own events.
+        // Qt flushes its connection only after its own events.
         if (m_adopted)
             xcb_flush(m_adopted);
     } while (handleQueuedEvents());

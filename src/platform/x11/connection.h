@@ -15,42 +15,42 @@ namespace zeigewerk::platform::x11 {
 
 Q_DECLARE_LOGGING_CATEGORY(logX11)
 
-/// Of the type that an event gives; the high bit says that a client sent it.
+/// Mask of the event type. The high bit marks an event that was sent by a client.
 inline constexpr std::uint8_t kEventType = 0x7F;
 inline constexpr std::uint32_t kLeftButton = 1;
 
-/// Our own connection to the X server, beside that of Qt: events come straight from its socket to the main
-/// thread, without a thread switch each.
+/// Our own connection to the X server, besides Qt's. The main thread reads its events directly, without a
+/// thread switch.
 class Connection : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Connects to $DISPLAY and prepares the extensions that the program needs. `problem` says in one line
-    /// why there is no connection when none is returned.
+    /// Connects to $DISPLAY and prepares the extensions that the program needs. If this fails, returns none
+    /// and sets `problem` to one line that says why.
     static std::unique_ptr<Connection> open(QString *problem);
     ~Connection() override;
 
-    /// Calls `handler` for every event from the event loop, and `beforeBlocking` at the end of each turn of
-    /// the loop, after the events that have been read by then. Needs the application object.
+    /// Calls `handler` for every event, from the event loop. Calls `beforeBlocking` at the end of each turn
+    /// of the loop, when all events read so far are handled. Needs the application object.
     void start(std::function<void(const xcb_generic_event_t &)> handler,
                std::function<void()> beforeBlocking);
 
-    /// Leaves the events that come alone, until it is told to go on.
+    /// While paused, incoming events are not handled.
     void pause();
     void resume();
-    /// Handles what has happened by now, unless it is paused.
+    /// Handles all events that have happened so far, unless paused.
     void catchUp();
 
     xcb_connection_t *xcb() const { return m_xcb; }
     xcb_window_t root() const { return m_screen->root; }
-    /// Which of the server's screens, in the sense of ":0.1", this is.
+    /// The number of the X screen: 1 for the display ":0.1".
     int screenNumber() const { return m_screenNumber; }
-    /// The visual with an alpha channel.
+    /// The depth of windows with an alpha channel, and the visual and colormap that they need.
     static constexpr std::uint8_t kArgbDepth = 32;
     xcb_visualid_t argbVisual() const { return m_argbVisual; }
     xcb_colormap_t argbColormap() const { return m_argbColormap; }
-    /// The theme's arrow.
+    /// The arrow of the cursor theme.
     xcb_cursor_t arrowCursor() const { return m_arrowCursor; }
     bool hasSharedMemory() const { return m_hasSharedMemory; }
 
@@ -59,24 +59,24 @@ public:
 
     xcb_atom_t atom(const char *name);
     bool isOurs(xcb_window_t window) const;
-    /// Marks the windows of another connection of this process (Qt's), which outlives this one, as ours too,
-    /// and sends its requests at the end of each turn of the loop.
+    /// Also treats the windows of `other` (Qt's connection) as ours, and flushes it at the end of each turn
+    /// of the loop. It must outlive this connection.
     void adoptWindowsOf(xcb_connection_t *other);
     bool isAdopted(xcb_window_t window) const;
 
-    /// Has the server tell of those events of the root window, or no longer. Each kind has one listener.
+    /// Selects those events of the root window, or deselects them. Only one listener may use each event.
     void listenToRoot(std::uint32_t eventMask);
     void ignoreRoot(std::uint32_t eventMask);
 
     void flush() { xcb_flush(m_xcb); }
-    /// Waits until the server has done everything that was asked of it.
+    /// Waits until the server has processed all requests.
     void roundTrip();
-    /// The same for the adopted connection. Requests on the two are not ordered: between one on this and one
-    /// on that which must come after it, wait.
+    /// The same for the adopted connection. The server may process requests of the two connections in any
+    /// order, so wait between requests that depend on each other.
     void roundTripOfAdopted();
 
 Q_SIGNALS:
-    /// The server has gone away.
+    /// The connection to the server is broken.
     void lost();
 
 private:

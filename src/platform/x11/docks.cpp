@@ -6,7 +6,7 @@ namespace zeigewerk::platform::x11 {
 
 QSize desktopSize(Connection &connection)
 {
-    // Asked each time: what the connection said at its start is out of date once a screen came or went.
+    // The size in the connection's setup is outdated once a screen is added or removed.
     const auto cookie = xcb_get_geometry(connection.xcb(), connection.root());
     const auto reply = owned(xcb_get_geometry_reply(connection.xcb(), cookie, nullptr));
     return reply ? QSize(reply->width, reply->height) : QSize();
@@ -16,7 +16,7 @@ std::vector<Strut> strutsOfDocks(Connection &connection, const QSize &desktop)
 {
     const std::vector<xcb_window_t> clients =
         NumbersRequest(connection, connection.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW).take();
-    // All questions first, then all answers: one round trip for the lot.
+    // All requests are sent before the first reply is read: one round trip for all.
     std::vector<std::pair<NumbersRequest, NumbersRequest>> requests;
     requests.reserve(clients.size());
     for (const xcb_window_t client : clients)

@@ -5,10 +5,10 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// The size of the whole desktop in pixels: a rectangle around all screens.
+/// The size of the whole desktop, a rectangle around all screens, in pixels.
 QSize desktopSize(Connection &connection);
 
-/// What the docks keep for themselves now. Without a window manager that lists its windows there are none.
+/// The current struts of all docks. Empty without a window manager that lists its windows.
 std::vector<Strut> strutsOfDocks(Connection &connection, const QSize &desktop);
 
 } // namespace zeigewerk::platform::x11

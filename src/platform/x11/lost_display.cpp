@@ -14,35 +14,35 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-// Qt reads its connection in a thread of its own, which may be the one to notice.
-std::atomic<bool> hasTold = false;
+// Qt reads its connection in a thread of its own, which may be the first to notice.
+std::atomic<bool> isReported = false;
 std::atomic<Connection *> ours = nullptr;
-QtMessageHandler handlerBefore = nullptr;
+QtMessageHandler previousHandler = nullptr;
 
 bool isLost()
 {
     Connection *connection = ours;
     if (!connection)
         return false;
-    // What is lost is known only by who asks.
+    // xcb notices a broken connection only when it is used.
     connection->roundTrip();
     return xcb_connection_has_error(connection->xcb()) != 0;
 }
 
 void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    const bool isOfQtsDisplay = context.category && std::strncmp(context.category, "qt.qpa", 6) == 0;
-    const bool isTheEnd = message.startsWith(QLatin1String("The X11 connection broke"));
-    if (isTheEnd || (isOfQtsDisplay && isLost()))
-        LostDisplay::tell();
+    const bool isFromPlatformPlugin = context.category && std::strncmp(context.category, "qt.qpa", 6) == 0;
+    const bool isConnectionBroken = message.startsWith(QLatin1String("The X11 connection broke"));
+    if (isConnectionBroken || (isFromPlatformPlugin && isLost()))
+        LostDisplay::report();
     else
-        handlerBefore(type, context, message);
+        previousHandler(type, context, message);
 }
 
-/// For Xlib, which Qt uses here and there. It ends the program with exit code 1 afterwards.
-int handleEndOfXlib(Display *)
+/// Qt also uses Xlib, which ends the program with exit code 1 after this.
+int handleXlibError(Display *)
 {
-    LostDisplay::tell();
+    LostDisplay::report();
     return 0;
 }
 
@@ -50,20 +50,20 @@ int handleEndOfXlib(Display *)
 
 LostDisplay::LostDisplay(Connection &connection)
 {
-    XSetIOErrorHandler(&handleEndOfXlib);
+    XSetIOErrorHandler(&handleXlibError);
     ours = &connection;
-    handlerBefore = qInstallMessageHandler(&handleMessage);
+    previousHandler = qInstallMessageHandler(&handleMessage);
 }
 
 LostDisplay::~LostDisplay()
 {
-    qInstallMessageHandler(std::exchange(handlerBefore, nullptr));
+    qInstallMessageHandler(std::exchange(previousHandler, nullptr));
     ours = nullptr;
 }
 
-void LostDisplay::tell()
+void LostDisplay::report()
 {
-    if (!hasTold.exchange(true))
+    if (!isReported.exchange(true))
         std::fputs("zeigewerk: the X11 display has gone away\n", stderr);
 }
 

@@ -4,8 +4,8 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Tells of the end of the display in one line, whoever notices it first. Qt has a connection of its own,
-/// says in its own words what it can no longer do, and ends the program with exit code 1. One at a time.
+/// Reports in one line that the display is gone, instead of what Qt and Xlib print. They have connections of
+/// their own, may notice first, and then end the program with exit code 1. Only one object at a time.
 class LostDisplay
 {
 public:
@@ -14,8 +14,8 @@ public:
     LostDisplay(const LostDisplay &) = delete;
     LostDisplay &operator=(const LostDisplay &) = delete;
 
-    /// Tells it, unless it has been told.
-    static void tell();
+    /// Prints the line, but only once.
+    static void report();
 };
 
 } // namespace zeigewerk::platform::x11

@@ -4,8 +4,8 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Whether no other of our programs runs on the display's screen: then this one does, until its connection
-/// ends, however it ends. Of two that ask at the same time one is told so.
+/// Makes this process the only instance on the X screen until its connection ends, however it ends. Returns
+/// false if another instance is running. Of two that ask at the same time, exactly one gets true.
 bool becomeOnlyInstance(Connection &connection);
 
 } // namespace zeigewerk::platform::x11

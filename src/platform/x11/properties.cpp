@@ -8,8 +8,8 @@ NumbersRequest::NumbersRequest(Connection &connection, xcb_window_t window, cons
                                xcb_atom_t type)
     : m_xcb(connection.xcb())
 {
-    constexpr std::uint32_t kMostValues = 4096;
-    m_cookie = xcb_get_property(m_xcb, 0, window, connection.atom(property), type, 0, kMostValues);
+    constexpr std::uint32_t kMaxValues = 4096;
+    m_cookie = xcb_get_property(m_xcb, 0, window, connection.atom(property), type, 0, kMaxValues);
 }
 
 std::vector<std::uint32_t> NumbersRequest::take()

@@ -8,13 +8,14 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// A property of 32-bit values that has been asked for; many can be under way at once.
+/// A pending request for a property of 32-bit values. Sending several before taking the first reply costs
+/// only one round trip.
 class NumbersRequest
 {
 public:
     NumbersRequest(Connection &connection, xcb_window_t window, const char *property, xcb_atom_t type);
 
-    /// Waits for the answer, to be called once; empty where there is no such property or no such window.
+    /// Waits for the reply. Empty if the property or the window does not exist. Call it exactly once.
     std::vector<std::uint32_t> take();
 
 private:
@@ -25,7 +26,7 @@ private:
 void setNumbers(Connection &connection, xcb_window_t window, const char *property, xcb_atom_t type,
                 std::initializer_list<std::uint32_t> values);
 
-/// Keeps compositors from giving the window a shadow.
+/// Asks compositors not to draw a shadow for the window.
 void refuseShadow(Connection &connection, xcb_window_t window);
 
 } // namespace zeigewerk::platform::x11

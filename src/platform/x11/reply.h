@@ -9,7 +9,7 @@ namespace zeigewerk::platform::x11 {
 
 struct FreeDeleter
 {
-    void operator()(void *memory) const { std::free(memory); } // xcb hands out what malloc made
+    void operator()(void *memory) const { std::free(memory); } // xcb allocates with malloc
 };
 
 /// A reply, event or error of xcb, owned.

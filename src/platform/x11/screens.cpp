@@ -16,8 +16,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Far longer than Qt takes to learn of a change; only for a monitor of which it never makes a screen.
-constexpr auto kWaitForQtAtMost = 250ms;
+/// Far longer than Qt needs to notice a change. Only reached if Qt makes no screen for a monitor.
+constexpr auto kMaxWaitForQt = 250ms;
 
 QScreen *qtScreen(const QString &name)
 {
@@ -35,28 +35,28 @@ double scaleOf(const QString &name)
     return screen ? screen->devicePixelRatio() : 1.0;
 }
 
-/// Qt counts a screen's size in points, from the corner that it has in pixels.
+/// In Qt a screen's corner is in pixels, and its size is in points.
 bool isKnownToQt(const Screen &screen)
 {
     const QScreen *known = qtScreen(screen.name);
     if (!known || known->geometry().topLeft() != screen.nativeFrame.topLeft())
         return false;
     const QSizeF difference = QSizeF(known->size()) - QSizeF(screen.nativeFrame.size()) / screen.scale;
-    // It rounds to whole points.
+    // Qt rounds to whole points.
     return std::abs(difference.width()) <= 1.0 && std::abs(difference.height()) <= 1.0;
 }
 
-/// Qt learns of a change on its own connection, of each screen apart. What is placed meanwhile it puts where
-/// a screen was, and of the size that is right on another.
+/// Qt reads each changed screen separately, on its own connection. Until it has read all of them, it would
+/// place windows by old positions and scales.
 bool areKnownToQt(const std::vector<Screen> &screens)
 {
-    // With all outputs off it keeps a screen that is none.
+    // While all outputs are off, Qt keeps a placeholder screen.
     const auto count = static_cast<std::size_t>(QGuiApplication::screens().size());
     return screens.empty() ||
            (screens.size() == count && std::all_of(screens.begin(), screens.end(), &isKnownToQt));
 }
 
-/// Names do not count: of two mirrored outputs the other one may go.
+/// Ignores the names: of two mirrored outputs, the one that named the screen may be unplugged.
 bool haveSameGeometry(const ScreenLayout &a, const ScreenLayout &b)
 {
     return std::equal(a.screens().begin(), a.screens().end(), b.screens().begin(), b.screens().end(),
@@ -74,7 +74,7 @@ Screens::Screens(Connection &connection)
     m_readAgain.setSingleShot(true);
     m_readAgain.callOnTimeout(this, &Screens::readAgain);
 
-    // Qt does not tell when the last output goes off, so the server is asked as well.
+    // Qt sends no signal when the last output is switched off, so listen to the server as well.
     m_firstEvent = xcb_get_extension_data(connection.xcb(), &xcb_randr_id)->first_event;
     xcb_randr_select_input(connection.xcb(), connection.root(),
                            XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
@@ -110,7 +110,7 @@ void Screens::readAgain()
     const std::vector<Screen> screens = read();
     if (!areKnownToQt(screens)) {
         if (!m_waitForQt)
-            m_waitForQt.emplace(kWaitForQtAtMost);
+            m_waitForQt.emplace(kMaxWaitForQt);
         if (!m_waitForQt->hasExpired()) {
             m_readAgain.start(static_cast<int>(m_waitForQt->remainingTime()));
             return;

@@ -10,22 +10,22 @@ class QScreen;
 
 namespace zeigewerk::platform::x11 {
 
-/// The screens as the server has them, each with the scale that Qt gives it.
+/// The server's screens, with the scale that Qt uses for each.
 class Screens : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Reads them, and watches them from then on.
+    /// Reads the screens and starts watching them.
     explicit Screens(Connection &connection);
 
     const ScreenLayout &layout() const { return m_layout; }
     bool isChangeEvent(std::uint8_t eventType) const;
-    /// The server or Qt says that something changed; many such news are one change.
+    /// The server or Qt reports a change. A series of such calls makes one `changed`.
     void changeAnnounced();
 
 Q_SIGNALS:
-    /// Places, scales or the order changed; once per change.
+    /// Positions, scales or the order of the screens changed.
     void changed();
 
 private:
@@ -38,7 +38,7 @@ private:
     ScreenLayout m_layout;
     std::uint8_t m_firstEvent = 0;
     QTimer m_readAgain;
-    /// Until when the news of the server wait for Qt, which reads them on a connection of its own.
+    /// Until then a change waits for Qt, which reads it on its own connection.
     std::optional<QDeadlineTimer> m_waitForQt;
 };
 

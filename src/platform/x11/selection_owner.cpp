@@ -9,7 +9,7 @@ SelectionOwner::SelectionOwner(Connection &connection, std::string_view service)
     , m_selection(connection.atom((std::string(service) + std::to_string(connection.screenNumber())).c_str()))
 {
     xcb_connection_t *xcb = connection.xcb();
-    // The extension answers nothing before it has been asked for its version.
+    // The extension requires this request before any other.
     const auto version =
         owned(xcb_xfixes_query_version_reply(xcb, xcb_xfixes_query_version(xcb, 5, 0), nullptr));
     if (version) {
@@ -25,7 +25,7 @@ SelectionOwner::SelectionOwner(Connection &connection, std::string_view service)
 
 void SelectionOwner::ownerChanged(const xcb_xfixes_selection_notify_event_t &event)
 {
-    // Asked again, since an owner that hands over to the next one is gone for a moment only.
+    // Ask again: when one owner replaces another, there is briefly none.
     if (event.selection != m_selection || ask() == m_exists)
         return;
     m_exists = !m_exists;

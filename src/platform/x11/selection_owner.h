@@ -8,24 +8,24 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Whether some program owns a selection of the screen: owning it is how the one program that does a certain
-/// service says that it is there.
+/// Whether a program owns a selection of the X screen. The program that provides a certain service, such as
+/// compositing, owns a selection to say so.
 class SelectionOwner : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `service` is the name without the number of the screen, such as "_NET_WM_CM_S".
+    /// `service` is the selection's name without the screen number, such as "_NET_WM_CM_S".
     SelectionOwner(Connection &connection, std::string_view service);
 
     bool exists() const { return m_exists; }
-    /// Whether events of that type tell that a selection changed hands.
+    /// Whether events of that type report a new owner of a selection.
     bool isChangeEvent(std::uint8_t eventType) const { return eventType == m_changeEvent; }
-    /// Some selection changed hands.
+    /// Some selection has a new owner. Checks whether it is this one.
     void ownerChanged(const xcb_xfixes_selection_notify_event_t &event);
 
 Q_SIGNALS:
-    /// `exists` has another answer.
+    /// The result of `exists` has changed.
     void changed();
 
 private:

@@ -13,15 +13,15 @@ constexpr std::array kEdges = {Strut::Edge::Left, Strut::Edge::Right, Strut::Edg
 constexpr std::size_t kDepthsOnly = kEdges.size();
 constexpr std::size_t kDepthsAndRanges = 3 * kEdges.size();
 
-bool isUpright(Strut::Edge edge)
+bool isVertical(Strut::Edge edge)
 {
     return edge == Strut::Edge::Left || edge == Strut::Edge::Right;
 }
 
-/// Another program's number: whatever it is, what we reckon with stays on the desktop.
-int bounded(std::uint32_t value, int most)
+/// The values come from other programs and may be any number.
+int bounded(std::uint32_t value, int max)
 {
-    return static_cast<int>(std::min(value, static_cast<std::uint32_t>(most)));
+    return static_cast<int>(std::min(value, static_cast<std::uint32_t>(max)));
 }
 
 QRect stripOf(const Strut &strut, const QSize &desktop)
@@ -45,14 +45,14 @@ QRect stripOf(const Strut &strut, const QSize &desktop)
 std::vector<Strut> strutsOf(std::span<const std::uint32_t> values, const QSize &desktop)
 {
     std::vector<Strut> struts;
-    // The server may have gone before it told how large the desktop is.
+    // The desktop's size is empty if the connection broke.
     if (desktop.isEmpty() || (values.size() != kDepthsOnly && values.size() != kDepthsAndRanges))
         return struts;
     for (std::size_t i = 0; i < kEdges.size(); ++i) {
-        const bool upright = isUpright(kEdges[i]);
-        const int most = upright ? desktop.width() : desktop.height();
-        const int last = (upright ? desktop.height() : desktop.width()) - 1;
-        Strut strut{.edge = kEdges[i], .depth = bounded(values[i], most), .start = 0, .end = last};
+        const bool vertical = isVertical(kEdges[i]);
+        const int maxDepth = vertical ? desktop.width() : desktop.height();
+        const int last = (vertical ? desktop.height() : desktop.width()) - 1;
+        Strut strut{.edge = kEdges[i], .depth = bounded(values[i], maxDepth), .start = 0, .end = last};
         if (values.size() == kDepthsAndRanges) {
             strut.start = bounded(values[kEdges.size() + 2 * i], last + 1);
             strut.end = bounded(values[kEdges.size() + 2 * i + 1], last);
@@ -69,7 +69,7 @@ QRect withoutStruts(const QRect &screen, const QSize &desktop, std::span<const S
     for (const Strut &strut : struts) {
         const QRect part = stripOf(strut, desktop) & screen;
         const bool crosses =
-            isUpright(strut.edge) ? part.width() == screen.width() : part.height() == screen.height();
+            isVertical(strut.edge) ? part.width() == screen.width() : part.height() == screen.height();
         if (part.isEmpty() || crosses)
             continue;
         switch (strut.edge) {

@@ -31,8 +31,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_keymap(*m_connection)
     , m_compositor(*m_connection, "_NET_WM_CM_S")
     , m_embeddingTray(*m_connection, "_NET_SYSTEM_TRAY_S")
-    , m_stacking(
-          *m_connection, [this] { return windowsFromBottom(); }, [this] { return nativeScreens(); })
+    , m_stacking(*m_connection, m_screens, m_windowList)
     , m_redrawReminder(*m_connection)
     , m_hotKeys(*m_connection)
     , m_scrolling(*m_connection)
@@ -40,19 +39,28 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
           *m_connection, [this](const auto &press) { handlePress(press); },
           [this](xcb_window_t canvas, const auto &key) { handleTyped(canvas, key); })
     , m_eventMonitor(*m_connection, m_screens)
+    , m_windowServices{.connection = *m_connection,
+                       .screens = m_screens,
+                       .compositor = m_compositor,
+                       .focus = m_focus,
+                       .typedKeys = m_typedKeys,
+                       .surfaces = m_surfaces,
+                       .windows = m_windowList,
+                       .stacking = m_stacking,
+                       .redrawReminder = m_redrawReminder}
 {
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
     connect(m_connection.get(), &Connection::lost, this, [] {
-        LostDisplay::tell();
+        LostDisplay::report();
         QCoreApplication::exit(kExitCodeOfLostDisplay);
     });
-    connect(&m_compositor, &SelectionOwner::changed, this, &X11Desktop::tellOfCompositor);
+    connect(&m_compositor, &SelectionOwner::changed, this, &X11Desktop::notifyCompositingChanged);
     connect(&m_embeddingTray, &SelectionOwner::changed, this, &Desktop::trayChanged);
     connect(&m_screens, &Screens::changed, this, &Desktop::screensChanged);
     m_connection->start([this](const xcb_generic_event_t &event) { handle(event); },
-                        [this] { displayAll(); });
-    // It reads the whole table, so not before our windows are on the screen.
+                        [this] { m_surfaces.display(); });
+    // Reading the whole table takes a while, so our windows are shown first.
     QMetaObject::invokeMethod(this, &provideComposeTable, Qt::QueuedConnection);
 }
 
@@ -63,13 +71,13 @@ X11Desktop::~X11Desktop()
 
 std::unique_ptr<Surface> X11Desktop::makeSurface(SurfaceRole role, const QRectF &frame)
 {
-    return std::make_unique<X11Surface>(*this, role, frame);
+    return std::make_unique<X11Surface>(m_windowServices, role, frame);
 }
 
 std::unique_ptr<WidgetWindow> X11Desktop::makeWindow(WidgetRole role, QWidget &widget,
                                                      const QMargins &ornament)
 {
-    return std::make_unique<X11WidgetWindow>(*this, role, widget, ornament);
+    return std::make_unique<X11WidgetWindow>(m_windowServices, role, widget, ornament);
 }
 
 std::optional<Screen> X11Desktop::mainScreen() const
@@ -119,7 +127,7 @@ void X11Desktop::handle(const xcb_generic_event_t &event)
         return m_stacking.structureChanged(as<xcb_circulate_notify_event_t>(event).window);
     case XCB_EXPOSE: {
         const auto &expose = as<xcb_expose_event_t>(event);
-        if (X11Surface *surface = surfaceOf(expose.window))
+        if (X11Surface *surface = m_surfaces.surfaceOf(expose.window))
             surface->exposed({expose.x, expose.y, expose.width, expose.height});
         return;
     }
@@ -148,7 +156,7 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
     if (event.event_type == XCB_INPUT_RAW_KEY_PRESS)
         return m_typedKeys.keyAnnounced(reinterpret_cast<const xcb_input_raw_key_press_event_t &>(event));
     const auto &input = reinterpret_cast<const xcb_input_button_press_event_t &>(event);
-    X11Surface *surface = surfaceOf(input.event);
+    X11Surface *surface = m_surfaces.surfaceOf(input.event);
     if (!surface)
         return;
     switch (event.event_type) {
@@ -178,13 +186,13 @@ void X11Desktop::buttonPressed(const xcb_input_button_press_event_t &event, X11S
 
 void X11Desktop::handlePress(const xcb_input_button_press_event_t &press)
 {
-    if (X11Surface *surface = surfaceOf(press.event))
+    if (X11Surface *surface = m_surfaces.surfaceOf(press.event))
         surface->buttonPressed(press);
 }
 
 void X11Desktop::handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &key)
 {
-    if (X11Surface *surface = surfaceOf(canvas))
+    if (X11Surface *surface = m_surfaces.surfaceOf(canvas))
         pressKey(*surface, key);
 }
 
@@ -192,7 +200,7 @@ void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
 {
     if (isPress)
         m_typedKeys.catchUpWith(event.time);
-    X11Surface *surface = surfaceOf(event.event);
+    X11Surface *surface = m_surfaces.surfaceOf(event.event);
     if (!isPress) {
         m_heldKeys.released(event.detail);
         m_hotKeys.keyReleased(event);
@@ -219,17 +227,10 @@ void X11Desktop::selectionChanged(const xcb_xfixes_selection_notify_event_t &eve
     m_embeddingTray.ownerChanged(event);
 }
 
-void X11Desktop::tellOfCompositor()
+void X11Desktop::notifyCompositingChanged()
 {
-    for (X11Surface *surface : m_surfaces)
-        surface->compositingChanged();
+    m_surfaces.compositingChanged();
     Q_EMIT compositingChanged();
-}
-
-void X11Desktop::displayAll()
-{
-    for (X11Surface *surface : m_surfaces)
-        surface->display();
 }
 
 } // namespace zeigewerk::platform::x11

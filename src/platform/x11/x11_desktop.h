@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/desktop.h"
-#include "platform/levels.h"
 #include "platform/x11/connection.h"
 #include "platform/x11/input/held_keys.h"
 #include "platform/x11/input/keymap.h"
@@ -16,16 +15,18 @@
 #include "platform/x11/windows/popup_grabs.h"
 #include "platform/x11/windows/redraw_reminder.h"
 #include "platform/x11/windows/stacking.h"
+#include "platform/x11/windows/surface_list.h"
+#include "platform/x11/windows/window_list.h"
+#include "platform/x11/windows/window_services.h"
 
 #include <xcb/xinput.h>
 
 namespace zeigewerk::platform::x11 {
 
 class X11Surface;
-class X11WidgetWindow;
 
-/// The desktop of an X server: hands each event of our connection to whom it concerns, and has the surfaces
-/// paint once per turn of the event loop.
+/// The desktop of an X server. It dispatches the events of our connection and has the surfaces paint once per
+/// turn of the event loop.
 class X11Desktop : public Desktop
 {
     Q_OBJECT
@@ -57,21 +58,8 @@ public:
         m_typedKeys.keyboardGoes();
     }
 
-    Connection &connection() { return *m_connection; }
-    const ScreenLayout &layout() const { return m_screens.layout(); }
-    Focus &focus() { return m_focus; }
-    Stacking &stacking() { return m_stacking; }
-    RedrawReminder &redrawReminder() { return m_redrawReminder; }
-    TypedKeys &typedKeys() { return m_typedKeys; }
-
-    void surfaceMade(X11Surface &surface) { m_surfaces.push_back(&surface); }
-    void surfaceGone(X11Surface &surface);
-    void windowMade(X11WidgetWindow &window) { m_widgetWindows.push_back(&window); }
-    void windowGone(X11WidgetWindow &window);
-    /// Numbers the order-fronts of all surfaces and windows.
-    quint64 nextOrder() { return ++m_lastOrder; }
-
 private:
+    const ScreenLayout &layout() const { return m_screens.layout(); }
     void handle(const xcb_generic_event_t &event);
     void handleInput(const xcb_ge_generic_event_t &event);
     void buttonPressed(const xcb_input_button_press_event_t &event, X11Surface &surface);
@@ -80,11 +68,7 @@ private:
     void handleKey(const xcb_key_press_event_t &event, bool isPress);
     void pressKey(X11Surface &surface, const xcb_key_press_event_t &key);
     void selectionChanged(const xcb_xfixes_selection_notify_event_t &event);
-    void tellOfCompositor();
-    void displayAll();
-    X11Surface *surfaceOf(xcb_window_t window) const;
-    std::vector<xcb_window_t> windowsFromBottom() const;
-    std::vector<QRect> nativeScreens() const;
+    void notifyCompositingChanged();
 
     std::unique_ptr<Connection> m_connection;
     LostDisplay m_lostDisplay;
@@ -94,6 +78,8 @@ private:
     HeldKeys m_heldKeys;
     SelectionOwner m_compositor;
     SelectionOwner m_embeddingTray;
+    SurfaceList m_surfaces;
+    WindowList m_windowList;
     Stacking m_stacking;
     RedrawReminder m_redrawReminder;
     X11HotKeys m_hotKeys;
@@ -101,9 +87,8 @@ private:
     TypedKeys m_typedKeys;
     X11EventMonitor m_eventMonitor;
     PopupGrabs m_popupGrabs;
-    std::vector<X11Surface *> m_surfaces;
-    std::vector<X11WidgetWindow *> m_widgetWindows;
-    quint64 m_lastOrder = 0;
+    /// Refers to the members above.
+    WindowServices m_windowServices;
 };
 
 } // namespace zeigewerk::platform::x11

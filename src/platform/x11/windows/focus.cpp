@@ -8,10 +8,10 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// A window that opens takes the focus once it is mapped and, with some window managers, again a little
-/// later; whoever takes it back sooner loses it a second time.
+/// A new window takes the focus when it is mapped. Some window managers give it the focus a second time a
+/// little later, so the focus must not be taken back before that.
 constexpr std::chrono::milliseconds kTakeAgainAfter(60);
-/// A program that insists on the keyboard gets it in the end.
+/// After that many attempts, a program that keeps taking the keyboard may have it.
 constexpr int kRetries = 20;
 
 bool isWindow(xcb_window_t focus)
@@ -47,8 +47,8 @@ std::optional<QRect> Focus::frameOfOwner() const
     const xcb_window_t focus = owner();
     if (!isWindow(focus) || focus == m_connection.root() || m_connection.isOurs(focus))
         return std::nullopt;
-    // The keyboard may be with a child, even one of no size beside the window; a window manager's frame
-    // around it lies where the window does.
+    // The focus may be on a child window, even on one without a size outside its parent. Only the top-level
+    // window (or the window manager's frame around it) says where the user looks.
     xcb_window_t topLevel = focus;
     for (xcb_window_t parent = focus; parent != m_connection.root();) {
         topLevel = parent;
@@ -82,7 +82,7 @@ void Focus::set(xcb_window_t window)
 {
     m_takeAgain.stop();
     m_key = window;
-    // Should we be killed, the keyboard follows the pointer, which leaves a usable desktop.
+    // If the program is killed, the focus follows the pointer, so the desktop stays usable.
     xcb_set_input_focus(m_connection.xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
     m_connection.flush();
 }
@@ -104,7 +104,7 @@ void Focus::handBack()
     m_key = XCB_NONE;
     const xcb_window_t now = owner();
     if (isWindow(now) && !m_connection.isOurs(now))
-        return; // somebody took it meanwhile
+        return; // another program has taken it
     if (m_handledKey && isDown(m_handledKey))
         holdUntilRelease(m_handledKey);
     if (m_previous != XCB_NONE && trySet(m_previous))
@@ -123,8 +123,8 @@ bool Focus::trySet(xcb_window_t window)
 
 void Focus::holdUntilRelease(xcb_keycode_t key)
 {
-    // The key that ended interaction repeats while it is held, and the repeats are not meant for whoever gets
-    // the keyboard next: one Esc too many ends a slide show.
+    // The key that ended interaction repeats while it is held. The next focus window must not get the
+    // repeats: one Esc too many ends a slide show.
     const auto cookie = xcb_grab_keyboard(m_connection.xcb(), false, m_connection.root(), XCB_CURRENT_TIME,
                                           XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     const auto reply = owned(xcb_grab_keyboard_reply(m_connection.xcb(), cookie, nullptr));
@@ -153,7 +153,8 @@ void Focus::keyReleased(xcb_keycode_t key, bool isHotKeyHeld)
 
 void Focus::focusOut(const xcb_focus_out_event_t &event)
 {
-    // A grab by itself, that of our own hot keys included, passes; what moves under a grab stays moved.
+    // A grab, such as that of our own hot keys, takes the focus only while it lasts. But a focus change
+    // during a grab is permanent.
     const bool isPassing = event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
     if (m_isBorrowed && event.event == m_key && !isPassing)
         m_takeAgain.start();
@@ -187,7 +188,7 @@ bool Focus::isDock(xcb_window_t window)
 {
     const std::vector<xcb_atom_t> types =
         NumbersRequest(m_connection, window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM).take();
-    // The first type that is known counts, and docks have no other.
+    // A window lists its types in order of preference, and a dock lists only this one.
     return !types.empty() && types.front() == m_connection.atom("_NET_WM_WINDOW_TYPE_DOCK");
 }
 

@@ -9,10 +9,10 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// The keyboard, while we borrow it: who had it, that we keep it, and that it goes back.
+/// The keyboard focus while we borrow it: remembers the previous owner, keeps the focus, and hands it back.
 ///
-/// What counts is the server's focus. Window managers that publish an active window lag behind it, and some
-/// ignore requests that carry an event's time, so the focus is always set with the current time.
+/// It looks at the server's focus, because a window manager's active window lags behind. It sets the focus
+/// with the current time, because some window managers ignore requests with an event's time.
 class Focus : public QObject
 {
     Q_OBJECT
@@ -20,29 +20,30 @@ class Focus : public QObject
 public:
     explicit Focus(Connection &connection);
 
-    /// Interaction begins: remembers who has the keyboard.
+    /// Interaction begins: remembers which window has the focus.
     void borrow();
-    /// Gives the keyboard to one of our windows, which must be mapped.
+    /// Gives the focus to one of our windows, which must be mapped.
     void give(xcb_window_t window);
-    /// The one of our windows that was given the keyboard last; none if it is gone or was handed back.
+    /// Our window that was given the focus last. None if it is gone, or if the focus was handed back.
     xcb_window_t key() const { return m_key; }
-    /// Interaction has ended: hands the keyboard back, unless somebody else has taken it.
+    /// Interaction has ended: hands the focus back, unless another program has taken it.
     void handBack();
 
-    /// Where the top-level window lies that has the keyboard, in pixels; none if it is one of ours, or no
-    /// window.
+    /// The frame of the top-level window that has the focus, in pixels. None if that is one of ours, or if no
+    /// window has it.
     std::optional<QRect> frameOfOwner() const;
 
-    /// One of our windows is no longer there to have the keyboard.
+    /// One of our windows was hidden or destroyed, so it cannot keep the focus.
     void forget(xcb_window_t window);
 
     void focusOut(const xcb_focus_out_event_t &event);
-    /// Whether a press of that key, of one of our windows, is being handled: it may end interaction.
+    /// A press of that key in one of our windows is being handled from here to `noKeyIsHandled`. It may end
+    /// interaction.
     void keyIsHandled(xcb_keycode_t key) { m_handledKey = key; }
     void noKeyIsHandled() { m_handledKey = 0; }
-    /// Whether the keyboard is held on to until a key is released.
+    /// Whether the keyboard is grabbed until the key that ended interaction is released.
     bool isHolding() const { return m_isHolding; }
-    /// `isHotKeyHeld`: some hot key's press was ours, so its release must be, too.
+    /// `isHotKeyHeld`: we got the press of a hot key, so we must also get its release.
     void keyReleased(xcb_keycode_t key, bool isHotKeyHeld);
 
 private:
@@ -54,20 +55,20 @@ private:
     bool isDown(xcb_keycode_t key) const;
     bool trySet(xcb_window_t window);
     xcb_window_t topmostClient();
-    /// Docks stand above all windows, but nobody types into one.
+    /// A dock may be the topmost window, but nobody types into it.
     bool isDock(xcb_window_t window);
     bool isViewable(xcb_window_t window) const;
 
     Connection &m_connection;
     bool m_isBorrowed = false;
     xcb_window_t m_previous = XCB_NONE;
-    /// Ours that was given the keyboard last.
+    /// Our window that was given the focus last.
     xcb_window_t m_key = XCB_NONE;
     QTimer m_takeAgain;
     int m_retriesLeft = 0;
     xcb_keycode_t m_handledKey = 0;
     bool m_isHolding = false;
-    /// The key until whose release we hold on to the keyboard; 0 once it is released.
+    /// The grab of the keyboard lasts until this key is released; 0 after that.
     xcb_keycode_t m_heldKey = 0;
 };
 

@@ -55,14 +55,14 @@ bool FrameBuffer::shareMemory()
     if (address == MAP_FAILED)
         return false;
     m_address = address;
-    const int forServer = fcntl(m_memory, F_DUPFD_CLOEXEC, 0); // xcb closes the one that it sends
+    const int forServer = fcntl(m_memory, F_DUPFD_CLOEXEC, 0); // xcb closes the descriptor that it sends
     if (forServer < 0)
         return false;
     m_segment = xcb_generate_id(m_connection.xcb());
     const auto cookie = xcb_shm_attach_fd_checked(m_connection.xcb(), m_segment, forServer, 0);
     if (owned(xcb_request_check(m_connection.xcb(), cookie))) {
         m_segment = 0;
-        qCDebug(logX11, "the server does not share memory; pictures are sent to it");
+        qCDebug(logX11, "the server does not share memory; pictures are sent through the socket");
         return false;
     }
     return true;
@@ -89,12 +89,12 @@ void FrameBuffer::put(xcb_window_t window, xcb_gcontext_t context, const QRegion
 
 void FrameBuffer::putShared(xcb_window_t window, xcb_gcontext_t context, const QRect &rect)
 {
-    // Nobody waits for its completion. Being told would wake the program a second time for each sample of a
-    // stroke; and a server that reads pixels while they are replaced shows the new ones all the sooner.
-    constexpr std::uint8_t kTellWhenDone = 0;
+    // A completion event would wake the program a second time for each sample of a stroke. It is not needed:
+    // a server that reads pixels while they change only shows the new ones sooner.
+    constexpr std::uint8_t kSendCompletion = 0;
     xcb_shm_put_image(m_connection.xcb(), window, context, u16(m_size.width()), u16(m_size.height()),
                       u16(rect.x()), u16(rect.y()), u16(rect.width()), u16(rect.height()), s16(rect.x()),
-                      s16(rect.y()), Connection::kArgbDepth, XCB_IMAGE_FORMAT_Z_PIXMAP, kTellWhenDone,
+                      s16(rect.y()), Connection::kArgbDepth, XCB_IMAGE_FORMAT_Z_PIXMAP, kSendCompletion,
                       m_segment, 0);
 }
 

@@ -9,8 +9,8 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// The picture of one surface: premultiplied ARGB in memory that the server reads in place, or, on a display
-/// that shares no memory, in memory of our own that is sent.
+/// The picture of one surface, as premultiplied ARGB. The server reads it from shared memory; a display
+/// without shared memory is sent the pixels.
 class FrameBuffer
 {
 public:
@@ -19,14 +19,14 @@ public:
     FrameBuffer(const FrameBuffer &) = delete;
     FrameBuffer &operator=(const FrameBuffer &) = delete;
 
-    /// The picture; transparent until painted on.
+    /// The picture. It starts transparent.
     QImage &image();
 
-    /// Shows that part of the picture in the window. Pixels that are changed before the server has read them
-    /// are shown as they are then.
+    /// Shows that part of the picture in the window. The server may read it later, and then shows newer
+    /// pixels.
     void put(xcb_window_t window, xcb_gcontext_t context, const QRegion &region);
 
-    /// Gives the memory back, on both sides; the picture is transparent again.
+    /// Makes the picture transparent and returns its memory to the system.
     void release();
 
 private:
@@ -39,7 +39,7 @@ private:
     std::size_t m_byteCount;
     int m_memory = -1;
     void *m_address = nullptr;
-    /// The server's name for the memory; 0 where none is shared.
+    /// The server's id of the shared memory; 0 if none is shared.
     xcb_shm_seg_t m_segment = 0;
     QImage m_image;
 };

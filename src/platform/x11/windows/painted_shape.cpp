@@ -11,7 +11,7 @@ namespace {
 
 /// Less than the highlighter's opacity (102), more than the faint outer pixels of an antialiased edge.
 constexpr int kVisibleAlpha = 64;
-/// More than the spotlight's dimming (140), less than an edge that is as good as covered.
+/// More than the spotlight's dimming (140), less than the nearly covered pixels of an antialiased edge.
 constexpr int kSolidAlpha = 192;
 
 xcb_rectangle_t rectangle(const QRect &rect)
@@ -33,12 +33,12 @@ struct Spans
     std::vector<xcb_rectangle_t> clear;
 };
 
-/// Adds the stretches of one row of `rect`.
+/// Adds the spans of one row of `rect`.
 void addRow(const QImage &picture, const QRect &rect, int row, Spans &spans)
 {
     const auto *pixels = reinterpret_cast<const QRgb *>(picture.constScanLine(row));
-    const int leastAlpha = row % 2 == 0 ? kVisibleAlpha : kSolidAlpha;
-    const auto isPainted = [&](QRgb pixel) { return qAlpha(pixel) >= leastAlpha; };
+    const int minAlpha = row % 2 == 0 ? kVisibleAlpha : kSolidAlpha;
+    const auto isPainted = [&](QRgb pixel) { return qAlpha(pixel) >= minAlpha; };
     const QRgb *const end = pixels + rect.x() + rect.width();
     for (const QRgb *from = pixels + rect.x(); from != end;) {
         const bool painted = isPainted(*from);
@@ -79,7 +79,7 @@ void showPainted(Connection &connection, xcb_window_t window, const QImage &pict
         for (int row = rect.top(); row <= rect.bottom(); ++row)
             addRow(picture, rect, row, spans);
     }
-    // In this order, so that what stays painted is never uncovered in between.
+    // Union first: pixels that stay painted are never uncovered in between.
     change(connection, window, XCB_SHAPE_SO_UNION, spans.painted);
     change(connection, window, XCB_SHAPE_SO_SUBTRACT, spans.clear);
 }

@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// The server does not tell when a grab ends.
+/// The server sends no event when another program's grab ends, so it is tried again.
 constexpr auto kAskAgainAfter = 50ms;
 
 bool isOpenMenu(const QWindow *window)
@@ -25,8 +25,8 @@ bool isOpenMenu(const QWindow *window)
     return window->type() == Qt::Popup && window->isVisible();
 }
 
-/// Takes the pointer by Qt's own connection, as whoever has it already gets it again. Qt's own way of
-/// grabbing does not look at the answer.
+/// Grabs the pointer on Qt's connection, where a second grab by Qt then succeeds as well. Qt itself ignores
+/// whether its grab succeeded.
 bool takePointer(const QWindow &menu)
 {
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -57,7 +57,7 @@ PopupGrabs::PopupGrabs()
 
 bool PopupGrabs::eventFilter(QObject *watched, QEvent *event)
 {
-    // At that event the window is not on the screen yet.
+    // At this event the window is not mapped yet.
     if (event->type() == QEvent::Show && watched->isWindowType())
         m_grabbing.start(0);
     return QObject::eventFilter(watched, event);
@@ -70,7 +70,7 @@ void PopupGrabs::grab()
     if (found == windows.end())
         return;
     QWindow &menu = **found;
-    // Each for itself: with the keyboard alone, Esc closes it. Both end by themselves when the menu goes.
+    // Each on its own: the keyboard alone is enough for Esc to close the menu. The grabs end with the menu.
     const bool hasKeyboard = menu.setKeyboardGrabEnabled(true);
     const bool hasPointer = takePointer(menu) && menu.setMouseGrabEnabled(true);
     if (!hasKeyboard || !hasPointer)

@@ -5,9 +5,11 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Sees to it that our open menus have keyboard and pointer. Qt asks for both once, when a menu opens; while
-/// another program has one of them it gets none, and such a menu could be closed neither by Esc nor by a
-/// click beside it. A tray that opens the menu at a press has the pointer until the release.
+/// Grabs keyboard and pointer for our open menus until it succeeds, so that Esc or a click outside closes
+/// them.
+///
+/// Qt tries only once, when the menu opens. That fails while another program has a grab, such as a tray that
+/// opens the menu at a press and keeps the pointer until the release.
 class PopupGrabs : public QObject
 {
     Q_OBJECT

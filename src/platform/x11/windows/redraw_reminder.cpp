@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Long for a compositor to be busy, and short for a presenter to wait.
+/// Long enough for a busy compositor to catch up, and short enough for a presenter.
 constexpr auto kRemindAfter = 500ms;
 
 } // namespace
@@ -37,7 +37,7 @@ void RedrawReminder::remind()
 
 void RedrawReminder::touch(xcb_window_t window)
 {
-    // A pixel onto itself: the picture stays as it is, and counts as painted on.
+    // Copies a pixel onto itself. The picture stays the same, but it counts as damage.
     xcb_connection_t *xcb = m_connection.xcb();
     const xcb_gcontext_t context = xcb_generate_id(xcb);
     constexpr std::array<std::uint32_t, 1> kNoExposures = {0};

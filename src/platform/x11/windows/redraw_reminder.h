@@ -8,11 +8,11 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Has the compositor draw our windows that went and came back.
+/// Makes the compositor draw windows of ours that were hidden and shown again.
 ///
-/// A busy one finds at once that a window went, came, and was painted on. It may then take the picture for
-/// one of before, and draw nothing of the window until that is painted on again: the whiteboard would be on,
-/// and nobody see it. So such a window is touched once more, some time later.
+/// A busy compositor reads that a window was unmapped, mapped and painted all at once. It may then miss the
+/// paint and not draw the window at all until the next one. So the reminder damages the window once more a
+/// little later.
 class RedrawReminder : public QObject
 {
     Q_OBJECT
@@ -20,9 +20,9 @@ class RedrawReminder : public QObject
 public:
     explicit RedrawReminder(Connection &connection);
 
-    /// That window is mapped again, or about to be.
+    /// The window is mapped again, or is about to be.
     void windowComesBack(xcb_window_t window);
-    /// That window is about to be destroyed.
+    /// The window is about to be destroyed.
     void forget(xcb_window_t window) { m_windows.erase(window); }
 
 private:

@@ -19,7 +19,7 @@ void setText(Connection &connection, xcb_window_t window, xcb_atom_t property, x
                         static_cast<std::uint32_t>(text.size()), text.data());
 }
 
-/// What window managers, compositors and people with a window list want to know.
+/// Sets what window managers, compositors and window lists read.
 void describe(Connection &connection, xcb_window_t window, SurfaceRole role)
 {
     using namespace std::string_view_literals;
@@ -27,7 +27,7 @@ void describe(Connection &connection, xcb_window_t window, SurfaceRole role)
     setText(connection, window, connection.atom("_NET_WM_NAME"), connection.atom("UTF8_STRING"),
             role == SurfaceRole::Overlay ? "Zeigewerk overlay" : "Zeigewerk effect");
     setNumbers(connection, window, "_NET_WM_PID", XCB_ATOM_CARDINAL, {static_cast<std::uint32_t>(getpid())});
-    // Without these, compositors may give it a shadow, or show the full screen beneath without compositing.
+    // Otherwise compositors may draw a shadow, or stop compositing for a full-screen window beneath.
     refuseShadow(connection, window);
     constexpr std::uint32_t kNever = 2;
     setNumbers(connection, window, "_NET_WM_BYPASS_COMPOSITOR", XCB_ATOM_CARDINAL, {kNever});
@@ -51,7 +51,7 @@ xcb_window_t createSurfaceWindow(Connection &connection, SurfaceRole role, const
 {
     const xcb_window_t window = xcb_generate_id(connection.xcb());
     constexpr std::uint32_t kTransparent = 0;
-    constexpr std::uint32_t kBorder = 0; // required where the depth is not that of the parent
+    constexpr std::uint32_t kBorder = 0; // required because the depth differs from the parent's
     constexpr std::uint32_t kOverrideRedirect = 1;
     const std::uint32_t mask = XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT |
                                XCB_CW_EVENT_MASK | XCB_CW_COLORMAP | XCB_CW_CURSOR;

@@ -7,12 +7,11 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Makes the hidden window of a surface: override-redirect, transparent until painted on, delivering the
-/// pointer through X Input 2 (with sub-pixel positions) and the keyboard through the core protocol.
+/// Creates the unmapped window of a surface: override-redirect and transparent. It gets the pointer through
+/// X Input 2 (with sub-pixel positions) and the keyboard through the core protocol.
 xcb_window_t createSurfaceWindow(Connection &connection, SurfaceRole role, const QRect &nativeFrame);
 
-/// Makes the hidden window that takes the pointer in the place of an overlay's own where that has the shape
-/// of what is painted: invisible, and whole.
+/// Creates the unmapped, input-only window that takes the pointer for a surface whose own window is shaped.
 xcb_window_t createInputWindow(Connection &connection, const QRect &nativeFrame);
 
 /// Moves and resizes a window.

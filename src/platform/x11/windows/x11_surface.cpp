@@ -1,10 +1,10 @@
 #include "platform/x11/windows/x11_surface.h"
 
+#include "platform/levels.h"
 #include "platform/paint_damage.h"
 #include "platform/x11/input/modifiers.h"
 #include "platform/x11/windows/painted_shape.h"
 #include "platform/x11/windows/surface_window.h"
-#include "platform/x11/x11_desktop.h"
 
 #include <xcb/shape.h>
 
@@ -27,28 +27,25 @@ bool holdsLeftButton(const xcb_input_button_press_event_t &event)
 
 } // namespace
 
-X11Surface::X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame)
-    : m_desktop(desktop)
-    , m_connection(desktop.connection())
-    , m_role(role)
+X11Surface::X11Surface(const WindowServices &services, SurfaceRole role, const QRectF &frame)
+    : StackedWindow(services, {.level = levelOf(role)})
+    , m_connection(services.connection)
     , m_frame(frame)
-    , m_scale(desktop.layout().scaleAt(frame.center()))
-    , m_nativeFrame(desktop.layout().nativeRect(frame))
+    , m_scale(services.layout().scaleAt(frame.center()))
+    , m_nativeFrame(services.layout().nativeRect(frame))
 {
-    m_window = createSurfaceWindow(m_connection, role, m_nativeFrame);
+    setWindows({createSurfaceWindow(m_connection, role, m_nativeFrame)});
     m_context = xcb_generate_id(m_connection.xcb());
-    xcb_create_gc(m_connection.xcb(), m_context, m_window, 0, nullptr);
+    xcb_create_gc(m_connection.xcb(), m_context, window(), 0, nullptr);
     setIgnoresMouseEvents(true);
-    m_desktop.surfaceMade(*this);
+    services.surfaces.add(*this);
 }
 
 X11Surface::~X11Surface()
 {
-    m_desktop.surfaceGone(*this);
-    m_desktop.focus().forget(m_window);
-    m_desktop.redrawReminder().forget(m_window);
+    services().surfaces.remove(*this);
     xcb_free_gc(m_connection.xcb(), m_context);
-    xcb_destroy_window(m_connection.xcb(), m_window);
+    xcb_destroy_window(m_connection.xcb(), window());
     if (m_inputWindow)
         xcb_destroy_window(m_connection.xcb(), m_inputWindow);
 }
@@ -56,12 +53,12 @@ X11Surface::~X11Surface()
 void X11Surface::setFrameOrigin(QPointF origin)
 {
     m_frame.moveTopLeft(origin);
-    adoptScale(m_desktop.layout().scaleAt(m_frame.center()));
-    const QRect nativeFrame = m_desktop.layout().nativeRect(m_frame);
+    adoptScale(services().layout().scaleAt(m_frame.center()));
+    const QRect nativeFrame = services().layout().nativeRect(m_frame);
     if (nativeFrame == m_nativeFrame)
         return;
     m_nativeFrame = nativeFrame;
-    configureWindow(m_connection, m_window, nativeFrame);
+    configureWindow(m_connection, window(), nativeFrame);
 }
 
 void X11Surface::adoptScale(double scale)
@@ -69,47 +66,27 @@ void X11Surface::adoptScale(double scale)
     if (scale == m_scale)
         return;
     m_scale = scale;
-    // The buffer has the wrong size now; the window forgets its picture when it is resized.
+    // The buffer has the wrong size now. The window loses its picture when it is resized.
     m_buffer.reset();
-    m_inked = {};
+    m_painted = {};
     setNeedsDisplay(Damage::everything());
 }
 
-void X11Surface::orderFrontRegardless()
+void X11Surface::map()
 {
-    if (!m_visible && m_orderedFront != 0)
-        m_desktop.redrawReminder().windowComesBack(m_window);
-    m_orderedFront = m_desktop.nextOrder();
-    if (m_visible) {
-        m_desktop.stacking().checkSoon();
-        return;
-    }
-    m_visible = true;
-    compositingChanged();
-    if (m_role == SurfaceRole::Effect)
-        m_desktop.stacking().insert(m_window);
-    else
-        m_desktop.stacking().restack();
-    xcb_map_window(m_connection.xcb(), m_window);
-    // A window that we were put above may have gone meanwhile.
-    m_desktop.stacking().checkSoon();
+    xcb_map_window(m_connection.xcb(), window());
 }
 
-void X11Surface::orderOut()
+void X11Surface::unmap()
 {
-    if (!m_visible)
-        return;
-    m_visible = false;
-    xcb_unmap_window(m_connection.xcb(), m_window);
+    xcb_unmap_window(m_connection.xcb(), window());
     m_damage = {};
     m_isDisplayWanted = false;
     m_isLeftButtonHeld = false;
-    m_inked = {};
+    m_painted = {};
     if (m_buffer)
         m_buffer->release();
     updateInputWindow();
-    m_desktop.focus().forget(m_window);
-    m_desktop.stacking().windowHidden();
 }
 
 void X11Surface::setIgnoresMouseEvents(bool ignores)
@@ -119,25 +96,25 @@ void X11Surface::setIgnoresMouseEvents(bool ignores)
     m_ignoresMouseEvents = ignores;
     xcb_connection_t *xcb = m_connection.xcb();
     if (ignores)
-        xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window,
+        xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, window(),
                              0, 0, 0, nullptr);
     else
-        xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, m_window, 0, 0, XCB_PIXMAP_NONE);
+        xcb_shape_mask(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, window(), 0, 0, XCB_PIXMAP_NONE);
     updateInputWindow();
-    // So that the very next click, whoever makes it, goes to the right window.
-    if (m_visible)
+    // The next click must already go to the right window.
+    if (isShown())
         m_connection.roundTrip();
 }
 
 void X11Surface::makeKey()
 {
-    if (m_visible)
-        m_desktop.focus().give(m_window);
+    if (isShown())
+        services().focus.give(window());
 }
 
 void X11Surface::setNeedsDisplay(const Damage &damage)
 {
-    if (!m_visible)
+    if (!isShown())
         return;
     m_isDisplayWanted = true;
     m_damage.add(damage);
@@ -154,63 +131,58 @@ void X11Surface::display()
     if (!m_buffer)
         m_buffer.emplace(m_connection, m_nativeFrame.size());
     const QRegion region = paintDamage(m_buffer->image(), m_scale, std::exchange(m_damage, {}), *m_content);
-    m_inked |= region.boundingRect();
-    if (!m_desktop.isComposited()) {
+    m_painted |= region.boundingRect();
+    if (!services().isComposited()) {
         showColors(m_buffer->image(), region);
-        showPainted(m_connection, m_window, m_buffer->image(), region);
+        showPainted(m_connection, window(), m_buffer->image(), region);
     }
     put(region);
 }
 
 void X11Surface::compositingChanged()
 {
-    if (!m_visible)
+    if (!isShown())
         return;
-    if (m_desktop.isComposited())
-        showWhole(m_connection, m_window);
+    if (services().isComposited())
+        showWhole(m_connection, window());
     else
-        showNothing(m_connection, m_window);
-    // Its contents went with the place where the server kept them, and see-through colours are others now.
-    if (!m_inked.isEmpty())
-        setNeedsDisplay(Damage::of(ViewGeometry(m_nativeFrame.size(), m_scale).toView(m_inked)));
+        showNothing(m_connection, window());
+    // The server has dropped the contents, and without a compositor translucent colours differ.
+    if (!m_painted.isEmpty())
+        setNeedsDisplay(Damage::of(ViewGeometry(m_nativeFrame.size(), m_scale).toView(m_painted)));
     updateInputWindow();
 }
 
 void X11Surface::updateInputWindow()
 {
-    // Hiding it in mid-drag would hand the release to the application beneath.
+    // Unmapping it during a drag would send the release to the application beneath.
     const bool takesPointer = !m_ignoresMouseEvents || m_isLeftButtonHeld;
-    const bool isNeeded = m_visible && takesPointer && !m_desktop.isComposited();
+    const bool isNeeded = isShown() && takesPointer && !services().isComposited();
     if (isNeeded == m_isInputWindowShown)
         return;
     m_isInputWindowShown = isNeeded;
     if (!isNeeded) {
+        setWindows({window()});
         xcb_unmap_window(m_connection.xcb(), m_inputWindow);
         return;
     }
     if (!m_inputWindow)
         m_inputWindow = createInputWindow(m_connection, m_nativeFrame);
-    m_desktop.stacking().restack();
+    setWindows({window(), m_inputWindow});
+    services().stacking.restack();
     xcb_map_window(m_connection.xcb(), m_inputWindow);
-}
-
-std::vector<xcb_window_t> X11Surface::shownWindows() const
-{
-    if (m_isInputWindowShown)
-        return {m_window, m_inputWindow};
-    return {m_window};
 }
 
 void X11Surface::put(const QRegion &region)
 {
     if (m_buffer)
-        m_buffer->put(m_window, m_context, region);
+        m_buffer->put(window(), m_context, region);
 }
 
 void X11Surface::exposed(const QRect &pixels)
 {
-    if (m_visible)
-        put(pixels & m_inked);
+    if (isShown())
+        put(pixels & m_painted);
 }
 
 void X11Surface::buttonPressed(const xcb_input_button_press_event_t &event)
@@ -241,7 +213,7 @@ void X11Surface::pointerMoved(const xcb_input_button_press_event_t &event)
     if (holdsLeftButton(event))
         m_content->mouseDragged(pointerEvent(event));
     else
-        endDrag(event); // somebody else got the release
+        endDrag(event); // another program got the release
 }
 
 void X11Surface::scrolled(std::optional<ScrollEvent> scroll, const xcb_input_button_press_event_t &event)
@@ -261,7 +233,7 @@ void X11Surface::keyPressed(const KeyEvent &event)
 
 PointerEvent X11Surface::pointerEvent(const xcb_input_button_press_event_t &event) const
 {
-    // The position names a pixel; the ink goes through its middle.
+    // The position names a pixel. The stroke goes through its centre.
     const QPointF pixel(fromFixed(event.event_x) + 0.5, fromFixed(event.event_y) + 0.5);
     return {.position = ViewGeometry(m_nativeFrame.size(), m_scale).toView(pixel),
             .modifiers = modifiersOf(event.mods.effective),
@@ -270,7 +242,7 @@ PointerEvent X11Surface::pointerEvent(const xcb_input_button_press_event_t &even
 
 QPointF X11Surface::globalPosition(const xcb_input_button_press_event_t &event) const
 {
-    return m_desktop.layout().pointOfPixel({fromFixed(event.root_x), fromFixed(event.root_y)});
+    return services().layout().pointOfPixel({fromFixed(event.root_x), fromFixed(event.root_y)});
 }
 
 } // namespace zeigewerk::platform::x11

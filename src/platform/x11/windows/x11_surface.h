@@ -1,63 +1,55 @@
 #pragma once
 
 #include "platform/surface.h"
-#include "platform/x11/connection.h"
 #include "platform/x11/windows/frame_buffer.h"
+#include "platform/x11/windows/stacked_window.h"
 
 #include <QRect>
 
 #include <xcb/xinput.h>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
 namespace zeigewerk::platform::x11 {
 
-class X11Desktop;
-
-/// A surface on X11: an override-redirect window with an alpha channel, so that stacking and focus are in
-/// our hands and no window manager moves or decorates it.
-class X11Surface final : public Surface
+/// A surface on X11: an override-redirect window with an alpha channel. No window manager stacks, focuses,
+/// moves or decorates it.
+class X11Surface final : public Surface, private StackedWindow
 {
 public:
-    X11Surface(X11Desktop &desktop, SurfaceRole role, const QRectF &frame);
+    X11Surface(const WindowServices &services, SurfaceRole role, const QRectF &frame);
     ~X11Surface() override;
 
     void setContent(SurfaceContent *content) override { m_content = content; }
     QRectF frame() const override { return m_frame; }
     void setFrameOrigin(QPointF origin) override;
-    bool isVisible() const override { return m_visible; }
-    void orderFrontRegardless() override;
-    void orderOut() override;
+    bool isVisible() const override { return isShown(); }
+    void orderFrontRegardless() override { orderFront(); }
+    void orderOut() override { hide(); }
     void setIgnoresMouseEvents(bool ignores) override;
     void makeKey() override;
     void setNeedsDisplay(const Damage &damage) override;
 
-    bool owns(xcb_window_t window) const
-    {
-        return window == m_window || (m_inputWindow && window == m_inputWindow);
-    }
-    /// The windows that are to be on the screen, the lowest first.
-    std::vector<xcb_window_t> shownWindows() const;
-    SurfaceRole role() const { return m_role; }
-    /// Counts up with every order-front: within a level the last one is in front.
-    quint64 orderedFront() const { return m_orderedFront; }
+    bool owns(xcb_window_t id) const { return id == window() || (m_inputWindow && id == m_inputWindow); }
 
-    /// Paints and shows what was damaged.
+    /// Paints and shows the damaged parts.
     void display();
     /// The compositor came or went.
     void compositingChanged();
-    /// That part of the window was uncovered and shows nothing.
+    /// The server has lost the contents of that part of the window.
     void exposed(const QRect &pixels);
     void buttonPressed(const xcb_input_button_press_event_t &event);
     void buttonReleased(const xcb_input_button_press_event_t &event);
     void pointerMoved(const xcb_input_button_press_event_t &event);
-    /// What of the wheel that event was, if anything.
+    /// `scroll` is the scrolling that the event stands for, if any.
     void scrolled(std::optional<ScrollEvent> scroll, const xcb_input_button_press_event_t &event);
     void keyPressed(const KeyEvent &event);
 
 private:
+    void prepareToShow() override { compositingChanged(); }
+    void map() override;
+    void unmap() override;
     void adoptScale(double scale);
     void updateInputWindow();
     void put(const QRegion &region);
@@ -65,26 +57,22 @@ private:
     PointerEvent pointerEvent(const xcb_input_button_press_event_t &event) const;
     QPointF globalPosition(const xcb_input_button_press_event_t &event) const;
 
-    X11Desktop &m_desktop;
     Connection &m_connection;
-    SurfaceRole m_role;
     QRectF m_frame;
     double m_scale;
     QRect m_nativeFrame;
-    xcb_window_t m_window = 0;
-    /// Made when there is no compositor: a shaped window takes the pointer only where it is painted on.
+    /// Takes the pointer without a compositor, because the shaped window gets it only over painted pixels.
+    /// Created when it is first needed.
     xcb_window_t m_inputWindow = 0;
     bool m_isInputWindowShown = false;
     xcb_gcontext_t m_context = 0;
     SurfaceContent *m_content = nullptr;
-    bool m_visible = false;
     bool m_ignoresMouseEvents = false;
     bool m_isLeftButtonHeld = false;
-    quint64 m_orderedFront = 0;
     Damage m_damage;
     bool m_isDisplayWanted = false;
-    /// Encloses all that was put since the window was shown; beyond it the window is transparent.
-    QRect m_inked;
+    /// Encloses all pixels put since the window was shown. The rest is transparent.
+    QRect m_painted;
     std::optional<FrameBuffer> m_buffer;
 };
 

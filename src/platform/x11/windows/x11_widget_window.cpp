@@ -1,9 +1,9 @@
 #include "platform/x11/windows/x11_widget_window.h"
 
+#include "platform/levels.h"
 #include "platform/x11/input/pointer_state.h"
 #include "platform/x11/properties.h"
 #include "platform/x11/windows/qt_geometry.h"
-#include "platform/x11/x11_desktop.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -19,7 +19,7 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// Save what Qt makes of fractions of a pixel.
+/// Qt rounds fractions of a pixel, so the two may differ by one.
 bool isNearly(const QRect &a, const QRect &b)
 {
     const auto isNear = [](QPoint one, QPoint other) {
@@ -30,45 +30,42 @@ bool isNearly(const QRect &a, const QRect &b)
 
 } // namespace
 
-X11WidgetWindow::X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &widget,
+X11WidgetWindow::X11WidgetWindow(const WindowServices &services, WidgetRole role, QWidget &widget,
                                  const QMargins &ornament)
-    : m_desktop(desktop)
-    , m_connection(desktop.connection())
+    : StackedWindow(services, {.level = levelOf(role), .isTextField = role == WidgetRole::TextField})
+    , m_connection(services.connection)
     , m_role(role)
     , m_widget(widget)
     , m_ornament(ornament)
 {
-    // Not a tool window: Qt raises those over everything whenever it shows them.
+    // Not Qt::Tool: Qt raises such windows above everything when it shows them.
     m_widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
                             Qt::BypassWindowManagerHint);
     m_widget.setWindowFlag(Qt::WindowDoesNotAcceptFocus, role != WidgetRole::TextField);
     m_widget.setAttribute(Qt::WA_ShowWithoutActivating);
     m_widget.setAttribute(Qt::WA_TranslucentBackground);
-    // It is never the active window, and shows its tooltips all the same.
+    // It is never the active window, but it must show tooltips.
     m_widget.setAttribute(Qt::WA_AlwaysShowToolTips);
     m_widget.installEventFilter(this);
-    connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::describeFrame);
-    connect(&m_desktop, &Desktop::screensChanged, this, &X11WidgetWindow::settleSoon);
-    m_settling.setSingleShot(true);
-    m_settling.callOnTimeout(this, &X11WidgetWindow::settle);
-    m_desktop.windowMade(*this);
+    connect(&services.screens, &Screens::changed, this, &X11WidgetWindow::describeFrame);
+    connect(&services.screens, &Screens::changed, this, &X11WidgetWindow::restorePlaceSoon);
+    m_restoring.setSingleShot(true);
+    m_restoring.callOnTimeout(this, &X11WidgetWindow::restorePlace);
 }
 
 X11WidgetWindow::~X11WidgetWindow()
 {
-    m_desktop.windowGone(*this);
-    orderOut();
-    m_desktop.redrawReminder().forget(m_window);
+    hide();
 }
 
 QRectF X11WidgetWindow::frame() const
 {
-    return frameOfQtRect(m_desktop.layout(), QRect(m_widget.pos(), size()).marginsRemoved(m_ornament));
+    return frameOfQtRect(services().layout(), QRect(m_widget.pos(), size()).marginsRemoved(m_ornament));
 }
 
 QSize X11WidgetWindow::size() const
 {
-    // While its screen goes, Qt gives a widget sizes that it must not have.
+    // While a screen is being removed, Qt ignores the fixed size of the widgets on it.
     const QSize fixed = m_widget.minimumSize();
     return fixed == m_widget.maximumSize() ? fixed : m_widget.size();
 }
@@ -76,13 +73,13 @@ QSize X11WidgetWindow::size() const
 void X11WidgetWindow::setFrameOrigin(QPointF origin)
 {
     const QRectF wanted(origin, frame().size());
-    m_place = qtRectOf(m_desktop.layout(), wanted).marginsAdded(m_ornament);
+    m_place = qtRectOf(services().layout(), wanted).marginsAdded(m_ornament);
     m_widget.move(m_place->topLeft());
 }
 
 void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin)
 {
-    const ScreenLayout &layout = m_desktop.layout();
+    const ScreenLayout &layout = services().layout();
     const std::optional<Screen> screen = layout.screenAt(screenFrame.center());
     if (!screen)
         return setFrameOrigin(origin);
@@ -95,7 +92,7 @@ void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin
         m_widget.setFixedSize(qMax(1, qFloor(size.width())), qMax(1, qFloor(size.height())));
     }
     putOnScreen(screen->name);
-    // Qt counts each screen's points from its native corner.
+    // In Qt the points of a screen start at its corner in pixels.
     const QPoint home = screen->nativeFrame.topLeft();
     const QPointF points = QPointF(window.topLeft() - home) / screen->scale;
     m_widget.move(home + QPoint(qFloor(points.x()), qFloor(points.y())));
@@ -103,7 +100,7 @@ void X11WidgetWindow::setFrameOriginOn(const QRectF &screenFrame, QPointF origin
 
 void X11WidgetWindow::drag(QPointF grip, QPointF)
 {
-    if (const auto pointer = queryPointer(m_connection, m_desktop.layout()))
+    if (const auto pointer = queryPointer(m_connection, services().layout()))
         setFrameOrigin(pointer->location - grip);
 }
 
@@ -115,31 +112,26 @@ void X11WidgetWindow::putOnScreen(const QString &name)
     }
 }
 
-void X11WidgetWindow::orderFrontRegardless()
+void X11WidgetWindow::prepareToShow()
 {
-    if (!m_visible && m_orderedFront != 0)
-        m_desktop.redrawReminder().windowComesBack(m_window);
-    m_orderedFront = m_desktop.nextOrder();
-    if (m_visible) {
-        m_desktop.stacking().checkSoon();
-        return;
-    }
-    m_visible = true;
-    show();
+    adoptNativeWindow();
+    placeToThePixel();
 }
 
-void X11WidgetWindow::orderOut()
+void X11WidgetWindow::map()
 {
-    if (!m_visible)
-        return;
-    m_visible = false;
-    // It may just have lost the keyboard to another of our windows, which must have it before this one goes:
-    // else the keys in between go to whatever lies beneath.
     m_connection.roundTrip();
-    m_desktop.typedKeys().windowCloses(m_window, m_widget, m_desktop.focus().key());
+    m_widget.show();
+    m_connection.roundTripOfAdopted();
+}
+
+void X11WidgetWindow::unmap()
+{
+    // If the focus has just moved to another of our windows, it must arrive before this one is unmapped.
+    // Otherwise the window beneath gets the keys in between.
+    m_connection.roundTrip();
+    services().typedKeys.windowCloses(window(), m_widget, services().focus.key());
     m_widget.hide();
-    m_desktop.focus().forget(m_window);
-    m_desktop.stacking().windowHidden();
 }
 
 void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
@@ -148,54 +140,41 @@ void X11WidgetWindow::setIgnoresMouseEvents(bool ignores)
         return;
     m_ignoresMouseEvents = ignores;
     describeFrame();
-    // So that the very next click, whoever makes it, goes to the right window.
+    // The next click must already go to the right window.
     m_connection.roundTrip();
 }
 
 void X11WidgetWindow::makeKey()
 {
-    // Showing it has waited until the server had it mapped, and a window that is can be given the keyboard.
-    if (!m_visible || m_role != WidgetRole::TextField)
+    // The window is mapped: showing it has waited for the server.
+    if (!isShown() || m_role != WidgetRole::TextField)
         return;
-    m_desktop.typedKeys().keyboardComes(m_window);
-    m_desktop.focus().give(m_window);
-    // So that the keys which a canvas got until now are at hand before those that come to the widget.
+    services().typedKeys.keyboardComes(window());
+    services().focus.give(window());
+    // The keys that went to a canvas must be read before those that go to the widget.
     m_connection.roundTrip();
 }
 
 bool X11WidgetWindow::isKey() const
 {
-    return m_window != XCB_NONE && m_desktop.focus().key() == m_window;
-}
-
-void X11WidgetWindow::show()
-{
-    adoptNativeWindow();
-    placeToThePixel();
-    // Some compositors draw such windows in the order in which they were mapped, so it gets its place first.
-    m_desktop.stacking().restack();
-    m_connection.roundTrip();
-    m_widget.show();
-    m_connection.roundTripOfAdopted();
-    // A window that it was put above may have gone meanwhile.
-    m_desktop.stacking().checkSoon();
+    return window() != XCB_NONE && services().focus.key() == window();
 }
 
 void X11WidgetWindow::adoptNativeWindow()
 {
-    const auto window = static_cast<xcb_window_t>(m_widget.winId());
-    if (window != m_window) {
-        m_window = window;
+    const auto native = static_cast<xcb_window_t>(m_widget.winId());
+    if (native != window()) {
+        setWindows({native});
         connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::describeFrame,
                 Qt::UniqueConnection);
-        connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::settleSoon,
+        connect(m_widget.windowHandle(), &QWindow::screenChanged, this, &X11WidgetWindow::restorePlaceSoon,
                 Qt::UniqueConnection);
         m_connection.roundTripOfAdopted();
-        refuseShadow(m_connection, m_window);
+        refuseShadow(m_connection, window());
         if (m_role == WidgetRole::TextField) {
-            // Others may take the keyboard from it.
+            // Other programs may take the focus from it.
             constexpr std::uint32_t kFocusChange = XCB_EVENT_MASK_FOCUS_CHANGE;
-            xcb_change_window_attributes(m_connection.xcb(), m_window, XCB_CW_EVENT_MASK, &kFocusChange);
+            xcb_change_window_attributes(m_connection.xcb(), window(), XCB_CW_EVENT_MASK, &kFocusChange);
         }
     }
     describeFrame();
@@ -205,39 +184,39 @@ void X11WidgetWindow::placeToThePixel()
 {
     if (!m_nativeCorner)
         return;
-    // After Qt's own request.
+    // Wait for Qt's own request, which would undo this one.
     m_connection.roundTripOfAdopted();
     const std::array values = {static_cast<std::uint32_t>(m_nativeCorner->x()),
                                static_cast<std::uint32_t>(m_nativeCorner->y())};
-    xcb_configure_window(m_connection.xcb(), m_window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
+    xcb_configure_window(m_connection.xcb(), window(), XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
                          values.data());
     m_connection.flush();
 }
 
-void X11WidgetWindow::settleSoon()
+void X11WidgetWindow::restorePlaceSoon()
 {
-    if (m_place && !m_settling.isActive())
-        m_settling.start(0);
+    if (m_place && !m_restoring.isActive())
+        m_restoring.start(0);
 }
 
-void X11WidgetWindow::settle()
+void X11WidgetWindow::restorePlace()
 {
     const QScreen *screen = m_place ? QGuiApplication::screenAt(m_place->center()) : nullptr;
-    if (!m_visible || !screen)
+    if (!isShown() || !screen)
         return;
     const double scale = screen->devicePixelRatio();
     const QPoint corner = screen->geometry().topLeft();
     const QRect wanted(corner + ((QPointF(m_place->topLeft() - corner)) * scale).toPoint(),
                        (QSizeF(size()) * scale).toSize());
     m_connection.roundTripOfAdopted();
-    const auto cookie = xcb_get_geometry(m_connection.xcb(), m_window);
+    const auto cookie = xcb_get_geometry(m_connection.xcb(), window());
     const auto now = owned(xcb_get_geometry_reply(m_connection.xcb(), cookie, nullptr));
     if (!now || isNearly(QRect(now->x, now->y, now->width, now->height), wanted))
         return;
     const std::array values = {static_cast<std::uint32_t>(wanted.x()), static_cast<std::uint32_t>(wanted.y()),
                                static_cast<std::uint32_t>(wanted.width()),
                                static_cast<std::uint32_t>(wanted.height())};
-    xcb_configure_window(m_connection.xcb(), m_window,
+    xcb_configure_window(m_connection.xcb(), window(),
                          XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
                              XCB_CONFIG_WINDOW_HEIGHT,
                          values.data());
@@ -246,28 +225,28 @@ void X11WidgetWindow::settle()
 
 void X11WidgetWindow::describeFrame()
 {
-    if (m_window == XCB_NONE)
+    if (window() == XCB_NONE)
         return;
-    // Qt leaves the mask the size that it had at another scale.
+    // Qt does not rescale the mask when the scale changes.
     if (!m_widget.mask().isEmpty())
         m_widget.windowHandle()->setMask(m_widget.mask());
     const double scale = m_widget.windowHandle()->devicePixelRatio();
     const QRect frame = m_widget.rect().marginsRemoved(m_ornament);
     const QRect native((QPointF(frame.topLeft()) * scale).toPoint(), frame.size() * scale);
-    // The bounding shape is Qt's, where a mask of the widget goes; the server intersects the two. Without a
-    // rectangle the pointer goes through.
+    // Qt puts the widget's mask into the bounding shape, and the server intersects the two. Without any
+    // rectangle the pointer passes through.
     const xcb_rectangle_t takesPointer = {
         static_cast<std::int16_t>(native.x()), static_cast<std::int16_t>(native.y()),
         static_cast<std::uint16_t>(native.width()), static_cast<std::uint16_t>(native.height())};
     xcb_shape_rectangles(m_connection.xcb(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
-                         m_window, 0, 0, m_ignoresMouseEvents ? 0 : 1, &takesPointer);
+                         window(), 0, 0, m_ignoresMouseEvents ? 0 : 1, &takesPointer);
     if (m_role == WidgetRole::Toolbar)
         askForBlur(native);
 }
 
 void X11WidgetWindow::askForBlur(const QRect &native)
 {
-    setNumbers(m_connection, m_window, "_KDE_NET_WM_BLUR_BEHIND_REGION", XCB_ATOM_CARDINAL,
+    setNumbers(m_connection, window(), "_KDE_NET_WM_BLUR_BEHIND_REGION", XCB_ATOM_CARDINAL,
                {static_cast<std::uint32_t>(native.x()), static_cast<std::uint32_t>(native.y()),
                 static_cast<std::uint32_t>(native.width()), static_cast<std::uint32_t>(native.height())});
 }
@@ -277,7 +256,7 @@ bool X11WidgetWindow::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Resize) {
         describeFrame();
         if (m_widget.size() != size())
-            settleSoon();
+            restorePlaceSoon();
     }
     return QObject::eventFilter(watched, event);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/widget_window.h"
-#include "platform/x11/connection.h"
+#include "platform/x11/windows/stacked_window.h"
 
 #include <QMargins>
 #include <QTimer>
@@ -11,16 +11,15 @@
 
 namespace zeigewerk::platform::x11 {
 
-class X11Desktop;
-
-/// A Qt widget as an override-redirect window among our surfaces. Qt makes and paints the window on its own
-/// connection; its place in the stack and its input shape are set from ours.
-class X11WidgetWindow final : public QObject, public WidgetWindow
+/// A Qt widget as an override-redirect window among our surfaces. Qt creates and paints the window on its own
+/// connection. This class sets its place in the stack and its input shape on ours.
+class X11WidgetWindow final : public QObject, public WidgetWindow, private StackedWindow
 {
     Q_OBJECT
 
 public:
-    X11WidgetWindow(X11Desktop &desktop, WidgetRole role, QWidget &widget, const QMargins &ornament);
+    X11WidgetWindow(const WindowServices &services, WidgetRole role, QWidget &widget,
+                    const QMargins &ornament);
     ~X11WidgetWindow() override;
 
     QRectF frame() const override;
@@ -30,49 +29,41 @@ public:
     void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) override;
     /// By the pointer's place now: the event's was measured before the window last moved.
     void drag(QPointF grip, QPointF position) override;
-    bool isVisible() const override { return m_visible; }
-    void orderFrontRegardless() override;
-    void orderOut() override;
+    bool isVisible() const override { return isShown(); }
+    void orderFrontRegardless() override { orderFront(); }
+    void orderOut() override { hide(); }
     void setIgnoresMouseEvents(bool ignores) override;
     void makeKey() override;
     bool isKey() const override;
 
-    /// None until it is shown for the first time.
-    xcb_window_t window() const { return m_window; }
-    WidgetRole role() const { return m_role; }
-    /// Counts up with every order-front: within a level the last one is in front.
-    quint64 orderedFront() const { return m_orderedFront; }
-
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void show();
+    void prepareToShow() override;
+    void map() override;
+    void unmap() override;
     void adoptNativeWindow();
     void putOnScreen(const QString &name);
     void placeToThePixel();
     QSize size() const;
-    /// Gives the window the place and size that it is to have, should it have others: when a screen goes or
-    /// comes, Qt takes a window to another one without regard to their scales.
-    void settle();
-    void settleSoon();
-    /// Tells the server which part of the window is the frame, and takes the pointer.
+    /// Moves the window back to its place and size if they have changed. When a screen comes or goes, Qt
+    /// moves windows to other screens without regard to the scales.
+    void restorePlace();
+    void restorePlaceSoon();
+    /// Sets the part of the window that takes the pointer, and the part to blur behind.
     void describeFrame();
     void askForBlur(const QRect &nativeFrame);
 
-    X11Desktop &m_desktop;
     Connection &m_connection;
     WidgetRole m_role;
     QWidget &m_widget;
     QMargins m_ornament;
-    xcb_window_t m_window = XCB_NONE;
-    /// Where a text field is to lie in pixels; Qt itself knows whole points only.
+    /// The corner of a text field in pixels. Qt itself only knows whole points.
     std::optional<QPoint> m_nativeCorner;
-    /// Where all the others are to lie, in Qt's points; none until they are placed.
+    /// The place of any other window in Qt's points; none before it is set.
     std::optional<QRect> m_place;
-    QTimer m_settling;
-    bool m_visible = false;
+    QTimer m_restoring;
     bool m_ignoresMouseEvents = false;
-    quint64 m_orderedFront = 0;
 };
 
 } // namespace zeigewerk::platform::x11

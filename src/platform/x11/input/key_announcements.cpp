@@ -1,6 +1,6 @@
 #include "platform/x11/input/key_announcements.h"
 
-#include <xcb/xinput.h>
+#include "platform/x11/input/event_mask.h"
 
 #include <vector>
 
@@ -30,12 +30,8 @@ void announceKeys(Connection &connection, bool on)
 {
     // Raw events of all masters at once are a selection of its own, which others make.
     for (const xcb_input_device_id_t keyboard : masterKeyboards(connection)) {
-        struct
-        {
-            xcb_input_event_mask_t head;
-            std::uint32_t mask;
-        } selection = {{keyboard, 1}, on ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS} : 0U};
-        xcb_input_xi_select_events(connection.xcb(), connection.root(), 1, &selection.head);
+        selectInputEvents(connection, connection.root(), keyboard,
+                          on ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS} : 0U);
     }
 }
 

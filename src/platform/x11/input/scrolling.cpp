@@ -1,5 +1,7 @@
 #include "platform/x11/input/scrolling.h"
 
+#include "platform/x11/input/event_mask.h"
+
 #include <array>
 
 namespace zeigewerk::platform::x11 {
@@ -80,13 +82,8 @@ std::optional<AxisInfo> verticalAxisOf(const xcb_input_xi_device_info_t &device)
 Scrolling::Scrolling(Connection &connection)
     : m_connection(connection)
 {
-    struct
-    {
-        xcb_input_event_mask_t head;
-        std::uint32_t mask;
-    } selection = {{XCB_INPUT_DEVICE_ALL, 1},
-                   XCB_INPUT_XI_EVENT_MASK_HIERARCHY | XCB_INPUT_XI_EVENT_MASK_DEVICE_CHANGED};
-    xcb_input_xi_select_events(connection.xcb(), connection.root(), 1, &selection.head);
+    selectInputEvents(connection, connection.root(), XCB_INPUT_DEVICE_ALL,
+                      XCB_INPUT_XI_EVENT_MASK_HIERARCHY | XCB_INPUT_XI_EVENT_MASK_DEVICE_CHANGED);
 }
 
 void Scrolling::devicesChanged(const xcb_ge_generic_event_t &event)

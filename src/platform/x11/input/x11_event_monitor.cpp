@@ -1,5 +1,6 @@
 #include "platform/x11/input/x11_event_monitor.h"
 
+#include "platform/x11/input/event_mask.h"
 #include "platform/x11/input/modifiers.h"
 
 #include <algorithm>
@@ -53,12 +54,7 @@ void X11EventMonitor::selectRawEvents()
         mask |= XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
     // Of the master devices, since each raw event comes once for the physical device and once for its master.
     // The changes of devices are selected for all of them, which is a selection of its own.
-    struct
-    {
-        xcb_input_event_mask_t head;
-        std::uint32_t mask;
-    } selection = {{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask};
-    xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
+    selectInputEvents(m_connection, m_connection.root(), XCB_INPUT_DEVICE_ALL_MASTER, mask);
 }
 
 bool X11EventMonitor::handle(const xcb_ge_generic_event_t &event)

@@ -194,9 +194,11 @@ void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
     if (!isPress) {
         m_heldKeys.released(event.detail);
         m_hotKeys.keyReleased(event);
-        m_focus.keyReleased(event.detail, m_focus.isHolding() && m_hotKeys.isAnyHeld());
+        if (m_focus.isHolding())
+            m_hotKeys.forgetReleased();
+        m_focus.keyReleased(event.detail, m_hotKeys.isAnyHeld());
     } else if (surface) {
-        if (!m_heldKeys.isPress(event.detail))
+        if (!m_heldKeys.acceptPress(event.detail))
             return;
         pressKey(*surface, event);
     } else if (event.event == m_connection->root()) {

@@ -21,7 +21,7 @@ void HeldKeys::adopt(Map held)
     m_foreign = keys & ~m_own;
 }
 
-bool HeldKeys::isPress(std::uint8_t key)
+bool HeldKeys::acceptPress(std::uint8_t key)
 {
     if (m_foreign.test(key))
         return false;

@@ -19,7 +19,7 @@ public:
     /// A window has got the keyboard while these keys were held.
     void adopt(Map held);
     /// Whether the press is one for the window: the first one after a release, or a repeat of such a one.
-    bool isPress(std::uint8_t key);
+    bool acceptPress(std::uint8_t key);
     void released(std::uint8_t key);
 
 private:

@@ -24,15 +24,23 @@ std::vector<xcb_input_device_id_t> masterKeyboards(Connection &connection)
     return keyboards;
 }
 
+/// For each master by itself: the selection for all masters together is X11EventMonitor's.
+void selectForKeyboards(Connection &connection, std::uint32_t mask)
+{
+    for (const xcb_input_device_id_t keyboard : masterKeyboards(connection))
+        selectInputEvents(connection, connection.root(), keyboard, mask);
+}
+
 } // namespace
 
-void announceKeys(Connection &connection, bool on)
+void startAnnouncingKeys(Connection &connection)
 {
-    // Raw events of all masters at once are a selection of its own, which others make.
-    for (const xcb_input_device_id_t keyboard : masterKeyboards(connection)) {
-        selectInputEvents(connection, connection.root(), keyboard,
-                          on ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS} : 0U);
-    }
+    selectForKeyboards(connection, XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS);
+}
+
+void stopAnnouncingKeys(Connection &connection)
+{
+    selectForKeyboards(connection, 0);
 }
 
 } // namespace zeigewerk::platform::x11

@@ -103,7 +103,10 @@ void TypedKeys::setWindow(xcb_window_t window)
     m_repeats.clear();
     if (wasNone || window == XCB_NONE) {
         m_announced.clear();
-        announceKeys(m_connection, window != XCB_NONE);
+        if (window != XCB_NONE)
+            startAnnouncingKeys(m_connection);
+        else
+            stopAnnouncingKeys(m_connection);
     }
 }
 

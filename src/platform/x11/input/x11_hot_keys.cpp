@@ -101,17 +101,20 @@ void X11HotKeys::keyReleased(const xcb_key_release_event_t &event)
     }
 }
 
-bool X11HotKeys::isAnyHeld()
+bool X11HotKeys::isAnyHeld() const
 {
-    const auto isHeld = [](const Grab &grab) { return grab.isHeld; };
-    if (std::none_of(m_grabs.begin(), m_grabs.end(), isHeld))
-        return false;
+    return std::any_of(m_grabs.begin(), m_grabs.end(), [](const Grab &grab) { return grab.isHeld; });
+}
+
+void X11HotKeys::forgetReleased()
+{
+    if (!isAnyHeld())
+        return;
     const auto cookie = xcb_query_keymap(m_connection.xcb());
     const auto reply = owned(xcb_query_keymap_reply(m_connection.xcb(), cookie, nullptr));
     for (Grab &grab : m_grabs)
         grab.isHeld =
             grab.isHeld && reply && (reply->keys[grab.keyCode / 8] & (1U << (grab.keyCode % 8))) != 0;
-    return std::any_of(m_grabs.begin(), m_grabs.end(), isHeld);
 }
 
 } // namespace zeigewerk::platform::x11

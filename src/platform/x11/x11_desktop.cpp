@@ -164,11 +164,11 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
 
 void X11Desktop::buttonPressed(const xcb_input_button_press_event_t &event, X11Surface &surface)
 {
-    m_typedKeys.catchUpWith(event.time);
+    m_typedKeys.handleKeysBefore(event.time);
     const xcb_window_t field = m_focus.key();
     if (event.detail == XCB_BUTTON_INDEX_1 && m_connection->isAdopted(field)) {
         surface.makeKey();
-        return m_typedKeys.letGoBefore(event, field);
+        return m_typedKeys.holdPress(event, field);
     }
     surface.buttonPressed(event);
     surface.scrolled(m_scrolling.buttonPressed(event), event);
@@ -189,7 +189,7 @@ void X11Desktop::handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &k
 void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
 {
     if (isPress)
-        m_typedKeys.catchUpWith(event.time);
+        m_typedKeys.handleKeysBefore(event.time);
     X11Surface *surface = surfaceOf(event.event);
     if (!isPress) {
         m_heldKeys.released(event.detail);

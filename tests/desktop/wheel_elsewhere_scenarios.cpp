@@ -54,6 +54,7 @@ private Q_SLOTS:
     void withoutTheSpotlightItDoesNothing();
     void overOurOwnWindowsItCountsOnceOrNotAtAll();
     void aScrollAxisIsHeardInsteadOfItsButtons();
+    void overTheCanvasAScrollAxisCountsOnce();
     void afterwardsTheProgramSleeps();
 };
 
@@ -176,6 +177,38 @@ void WheelElsewhereScenarios::aScrollAxisIsHeardInsteadOfItsButtons()
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
     EVENTUALLY(isStored(on, kRadius + 6));
     EVENTUALLY(reaches(on, kRadius + 6));
+}
+
+void WheelElsewhereScenarios::overTheCanvasAScrollAxisCountsOnce()
+{
+    if (!ScrollMouse::isAvailable())
+        QSKIP("this X server comes without its test driver for input devices");
+    Presentation on(unmanaged(Mice::WithScrollAxis));
+    ScrollMouse mouse(on.session.display().devicePath());
+    QVERIFY(on.session.pointer().moveTo(kMiddle));
+    on.hotKey(Key::D);
+    on.hotKey(Key::S);
+    EVENTUALLY(reaches(on, kRadius));
+    EVENTUALLY(on.hasKeyboard());
+    const Alt alt(on.session);
+    // The canvas hears each step, and so does the monitor of the whole desktop.
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(isStored(on, kRadius + kNotch));
+    QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
+    EVENTUALLY(isStored(on, kRadius - 2 * kNotch));
+
+    // Elsewhere, only the monitor hears it: what it heard over the canvas does not count any more.
+    on.session.keyboard().chord({Key::Ctrl}, Key::D);
+    EVENTUALLY(on.beneath.hasFocus());
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(isStored(on, kRadius - kNotch));
+
+    // And the canvas does not count what was scrolled elsewhere.
+    on.session.keyboard().chord({Key::Ctrl}, Key::D);
+    EVENTUALLY(on.hasKeyboard());
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(isStored(on, kRadius));
+    EVENTUALLY(reaches(on, kRadius));
 }
 
 void WheelElsewhereScenarios::afterwardsTheProgramSleeps()

@@ -38,7 +38,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_typedKeys(
           *m_connection, [this](const auto &press) { handlePress(press); },
           [this](xcb_window_t canvas, const auto &key) { handleTyped(canvas, key); })
-    , m_eventMonitor(*m_connection)
+    , m_eventMonitor(*m_connection, m_scrolling)
 {
     if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         m_connection->adoptWindowsOf(x11->connection());
@@ -142,7 +142,7 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
     if (event.event_type == XCB_INPUT_DEVICE_CHANGED || event.event_type == XCB_INPUT_HIERARCHY)
         return m_scrolling.devicesChanged(event);
     if (event.event_type == XCB_INPUT_ENTER)
-        return m_scrolling.catchUp();
+        return m_scrolling.surfaceEntered();
     if (event.event_type == XCB_INPUT_RAW_KEY_PRESS)
         return m_typedKeys.keyAnnounced(reinterpret_cast<const xcb_input_raw_key_press_event_t &>(event));
     const auto &input = reinterpret_cast<const xcb_input_button_press_event_t &>(event);

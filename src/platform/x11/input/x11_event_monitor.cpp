@@ -7,9 +7,9 @@
 
 namespace zeigewerk::platform::x11 {
 
-X11EventMonitor::X11EventMonitor(Connection &connection)
+X11EventMonitor::X11EventMonitor(Connection &connection, Scrolling &scrolling)
     : m_connection(connection)
-    , m_scrolling(connection)
+    , m_scrolling(scrolling)
     , m_alt(connection)
 {
 }
@@ -34,9 +34,8 @@ void X11EventMonitor::listenToAxes(bool listens)
         return;
     m_hearsAxes = listens;
     selectRawEvents();
-    // A step made since Alt was pressed, and before this is known, counts by the button that goes with it.
     if (listens)
-        m_scrolling.catchUp();
+        m_scrolling.rawMotionSelected();
 }
 
 void X11EventMonitor::selectRawEvents()
@@ -61,10 +60,6 @@ bool X11EventMonitor::handle(const xcb_ge_generic_event_t &event)
 {
     const auto &raw = reinterpret_cast<const xcb_input_raw_button_press_event_t &>(event);
     switch (event.event_type) {
-    case XCB_INPUT_DEVICE_CHANGED:
-    case XCB_INPUT_HIERARCHY:
-        m_scrolling.devicesChanged(event);
-        return false;
     case XCB_INPUT_RAW_BUTTON_PRESS:
         buttonPressed(raw);
         return true;

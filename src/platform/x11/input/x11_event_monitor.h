@@ -16,7 +16,7 @@ namespace zeigewerk::platform::x11 {
 class X11EventMonitor : public EventMonitor
 {
 public:
-    explicit X11EventMonitor(Connection &connection);
+    X11EventMonitor(Connection &connection, Scrolling &scrolling);
 
     void setListening(MonitoredEvents events) override;
     void setLeftPressHandler(std::function<void()> handler) override { m_leftPress = std::move(handler); }
@@ -39,7 +39,7 @@ private:
     void tellOfScroll(std::optional<ScrollEvent> scroll) const;
 
     Connection &m_connection;
-    Scrolling m_scrolling;
+    Scrolling &m_scrolling;
     AltWatch m_alt;
     int m_fingers = 0;
     MonitoredEvents m_listening;

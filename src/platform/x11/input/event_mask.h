@@ -6,8 +6,8 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Selects what a device, or all of a kind, sends to a window: XCB_INPUT_XI_EVENT_MASK_… combined, 0 for
-/// nothing. Replaces the earlier selection for that window and device.
+/// Selects the X Input events that a device, or a group such as XCB_INPUT_DEVICE_ALL, sends to a window:
+/// `mask` combines XCB_INPUT_XI_EVENT_MASK_…. Replaces the earlier selection for the same window and device.
 void selectInputEvents(Connection &connection, xcb_window_t window, xcb_input_device_id_t device,
                        std::uint32_t mask);
 

@@ -8,7 +8,7 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// What core events are made of.
+/// The server makes core key events from the events of these.
 std::vector<xcb_input_device_id_t> masterKeyboards(Connection &connection)
 {
     const auto cookie = xcb_input_xi_query_device(connection.xcb(), XCB_INPUT_DEVICE_ALL_MASTER);
@@ -24,7 +24,7 @@ std::vector<xcb_input_device_id_t> masterKeyboards(Connection &connection)
     return keyboards;
 }
 
-/// For each master by itself: the selection for all masters together is X11EventMonitor's.
+/// Selects for each master separately. The selection for all masters together is X11EventMonitor's.
 void selectForKeyboards(Connection &connection, std::uint32_t mask)
 {
     for (const xcb_input_device_id_t keyboard : masterKeyboards(connection))

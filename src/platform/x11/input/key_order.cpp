@@ -34,16 +34,16 @@ void KeyOrder::holdPress(const Press &press, Window field)
     hold();
 }
 
-bool KeyOrder::closeField(Window field, Window canvas)
+bool KeyOrder::closeField(Window field, Window keyboardOwner)
 {
     if (field != m_field)
         return false;
     if (!m_isHolding) {
-        if (canvas == kNoWindow || canvas == field) {
+        if (keyboardOwner == kNoWindow || keyboardOwner == field) {
             setField(kNoWindow);
             return false;
         }
-        m_canvas = canvas;
+        m_canvas = keyboardOwner;
         hold();
     }
     m_isClosed = true;
@@ -132,7 +132,7 @@ bool KeyOrder::takeAnnouncement(const Stamp &key)
     const auto found = std::find(m_announced.begin(), m_announced.end(), key);
     if (found == m_announced.end())
         return false;
-    // Qt reads the keys in order, so it never read those before.
+    // Qt reads keys in order: those announced before were not for the field.
     m_announced.erase(m_announced.begin(), found + 1);
     return true;
 }

@@ -9,11 +9,11 @@
 namespace zeigewerk::platform::x11 {
 
 /// Decides for each key that is typed into a text field who handles it, the field or a canvas, and when.
-/// "Keys and presses in order" in docs/architecture.md explains why that takes deciding.
+/// docs/architecture.md explains the rules ("Keys and presses in order").
 class KeyOrder
 {
 public:
-    /// An id of the server's.
+    /// The server's id of a window.
     using Window = std::uint32_t;
     static constexpr Window kNoWindow = 0;
     /// The server's clock in milliseconds, which wraps around.
@@ -50,14 +50,14 @@ public:
         /// Has each key announced on our connection.
         virtual void startAnnouncements() = 0;
         virtual void stopAnnouncements() = 0;
-        /// Stops handling what arrives on our connection. Calls `giveUp` unless it is resumed soon.
+        /// Stops handling what arrives on our connection. Must call `giveUp` if it stays paused for too long.
         virtual void pauseConnection() = 0;
         /// Handles what has arrived on it meanwhile.
         virtual void resumeConnection() = 0;
         /// Sends the mark to the field, behind the keys that are on their way there. Returns false if the
         /// field's window no longer exists.
         virtual bool sendMark(Window field, std::uint32_t mark) = 0;
-        /// Calls `release` with that mark when Qt has handled the keys that it has read.
+        /// Must call `release` with that mark once Qt has handled the keys that it has read.
         virtual void releaseLater(std::uint32_t mark) = 0;
         /// Handles the press that was held.
         virtual void handlePress() = 0;
@@ -84,9 +84,9 @@ public:
     /// Holds the press, and our connection, until Qt has handled the keys typed before it into the field. The
     /// field must have lost the keyboard to the canvas already.
     void holdPress(const Press &press, Window field);
-    /// The field closes, and that canvas has the keyboard, if any. Returns whether keys that still come to
-    /// the field are for the canvas: pass them to `interceptKey` and `interceptKeyOfClosedField`.
-    bool closeField(Window field, Window canvas);
+    /// The field closes. If `keyboardOwner`, the window of ours that has the keyboard now, is a canvas, it
+    /// gets the keys that still come to the field. Returns whether it does.
+    bool closeField(Window field, Window keyboardOwner);
     /// The closed field has been deleted.
     void closedFieldDeleted() { m_isClosed = false; }
 
@@ -103,7 +103,7 @@ public:
     void handleKeysBefore(Time time);
     /// The mark has come back, and Qt has handled what it read before. Does nothing for an older mark.
     void release(std::uint32_t mark);
-    /// The mark has not come back for too long.
+    /// The mark has not come back in time.
     void giveUp() { release(m_mark); }
 
 private:

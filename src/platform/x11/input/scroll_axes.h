@@ -18,12 +18,12 @@ struct ScrollAxis
     double value = 0.0;
 };
 
-/// What one listener knows of the scroll axes. Each listener has its own, since a step is the difference from
-/// the last value that this listener has heard.
+/// What one listener knows of the scroll axes. Each listener needs its own: a step is the difference from the
+/// last value that the listener has seen.
 class ScrollAxes
 {
 public:
-    /// What is known may be wrong from now on, and should be read again.
+    /// The devices have changed: the axes must be read again before they are used.
     void invalidate() { m_isStale = true; }
     bool isStale() const { return m_isStale; }
     /// Replaces everything by the server's answer to a request with that sequence number.

@@ -110,7 +110,7 @@ Scrolling::Scrolling(Connection &connection)
 
 void Scrolling::devicesChanged(const xcb_ge_generic_event_t &event)
 {
-    // Using another device moves no axis.
+    // A switch to another device moves no axis.
     const bool isDeviceSwitch = event.event_type == XCB_INPUT_DEVICE_CHANGED &&
                                 reinterpret_cast<const xcb_input_device_changed_event_t &>(event).reason ==
                                     XCB_INPUT_CHANGE_REASON_SLAVE_SWITCH;

@@ -8,7 +8,7 @@
 namespace zeigewerk::platform::x11 {
 
 /// Turns events of pointing devices into scroll events, for two listeners: the surfaces, and the event
-/// monitor with its raw events. Both may hear of the same step.
+/// monitor with its raw events. Both may see the same step.
 ///
 /// A device with a scroll axis reports its steps as motion of that axis. The server emulates presses of
 /// buttons 4 and 5 for them, which are coarser and are ignored.

@@ -61,9 +61,9 @@ void TypedKeys::holdPress(const xcb_input_button_press_event_t &press, xcb_windo
     m_order.holdPress({.time = press.time, .canvas = press.event}, field);
 }
 
-void TypedKeys::windowCloses(xcb_window_t field, QWidget &widget, xcb_window_t canvas)
+void TypedKeys::windowCloses(xcb_window_t field, QWidget &widget, xcb_window_t keyboardOwner)
 {
-    if (!m_order.closeField(field, canvas))
+    if (!m_order.closeField(field, keyboardOwner))
         return;
     m_closed = &widget;
     widget.installEventFilter(this);

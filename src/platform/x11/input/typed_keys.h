@@ -37,9 +37,9 @@ public:
     /// Holds the press, and our connection, until Qt has handled the keys typed before it into the field. The
     /// canvas must have taken the keyboard from the field already.
     void holdPress(const xcb_input_button_press_event_t &press, xcb_window_t field);
-    /// The field's window closes; `widget` is deleted later. `canvas` gets the keys that still come, if it
-    /// has the keyboard.
-    void windowCloses(xcb_window_t field, QWidget &widget, xcb_window_t canvas);
+    /// The field closes; its widget is deleted later. If `keyboardOwner`, the window of ours that has the
+    /// keyboard now, is a canvas, it gets the keys that still come to the field.
+    void windowCloses(xcb_window_t field, QWidget &widget, xcb_window_t keyboardOwner);
 
     /// A key was pressed, whoever gets it.
     void keyAnnounced(const xcb_input_raw_key_press_event_t &event);

@@ -9,10 +9,10 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// An X key code is the evdev code and this.
+/// An X key code is the evdev code plus this.
 constexpr int kKeyCodeOffset = 8;
 
-/// A grab holds for exactly its modifiers, and the locks count as some.
+/// A grab matches exactly its modifiers, and the locks count as modifiers.
 constexpr std::array<std::uint32_t, 4> kLocks = {0, XCB_MOD_MASK_LOCK, kNumLockMask,
                                                  XCB_MOD_MASK_LOCK | kNumLockMask};
 
@@ -63,7 +63,7 @@ bool X11HotKeys::grab(const Grab &grab)
     bool isOurs = true;
     for (const xcb_void_cookie_t cookie : cookies)
         isOurs = !owned(xcb_request_check(m_connection.xcb(), cookie)) && isOurs;
-    // Half a hot key, one that fails with NumLock on, is worse than none.
+    // A hot key that fails while NumLock is on is worse than none.
     if (!isOurs)
         ungrab(grab);
     return isOurs;

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void withoutTheSpotlightItDoesNothing();
     void overOurOwnWindowsEachStepCountsAtMostOnce();
     void aScrollAxisCountsInsteadOfItsButtons();
+    void overTheCanvasAScrollAxisCountsOnce();
     void theProgramSleepsAfterwards();
 };
 
@@ -177,6 +178,38 @@ void WheelElsewhereScenarios::aScrollAxisCountsInsteadOfItsButtons()
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
     EVENTUALLY(isStored(show, kRadius + 6));
     EVENTUALLY(reaches(show, kRadius + 6));
+}
+
+void WheelElsewhereScenarios::overTheCanvasAScrollAxisCountsOnce()
+{
+    if (!ScrollMouse::isAvailable())
+        QSKIP("this X server comes without its test driver for input devices");
+    Presentation show(unmanaged(ExtraDevice::ScrollMouse));
+    ScrollMouse mouse(show.session.display().devicePath());
+    QVERIFY(show.session.pointer().moveTo(kMiddle));
+    show.hotKey(Key::D);
+    show.hotKey(Key::S);
+    EVENTUALLY(reaches(show, kRadius));
+    EVENTUALLY(show.hasKeyboard());
+    const HeldAlt alt(show.session);
+    // The canvas gets each step, and so does the monitor of the whole desktop.
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(isStored(show, kRadius + kNotch));
+    QVERIFY(mouse.scroll(3 * ScrollMouse::kNotch));
+    EVENTUALLY(isStored(show, kRadius - 2 * kNotch));
+
+    // Elsewhere, only the monitor gets it. The steps over the canvas do not count again.
+    show.session.keyboard().chord({Key::Ctrl}, Key::D);
+    EVENTUALLY(show.beneath.hasFocus());
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(isStored(show, kRadius - kNotch));
+
+    // Nor does the canvas count the steps elsewhere.
+    show.session.keyboard().chord({Key::Ctrl}, Key::D);
+    EVENTUALLY(show.hasKeyboard());
+    QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
+    EVENTUALLY(isStored(show, kRadius));
+    EVENTUALLY(reaches(show, kRadius));
 }
 
 void WheelElsewhereScenarios::theProgramSleepsAfterwards()

@@ -38,7 +38,7 @@ X11Desktop::X11Desktop(std::unique_ptr<Connection> connection)
     , m_typedKeys(
           *m_connection, [this](const auto &press) { handlePress(press); },
           [this](xcb_window_t canvas, const auto &key) { handleTyped(canvas, key); })
-    , m_eventMonitor(*m_connection, m_screens)
+    , m_eventMonitor(*m_connection, m_screens, m_scrolling)
     , m_windowServices{.connection = *m_connection,
                        .screens = m_screens,
                        .compositor = m_compositor,
@@ -152,7 +152,7 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
     if (event.event_type == XCB_INPUT_DEVICE_CHANGED || event.event_type == XCB_INPUT_HIERARCHY)
         return m_scrolling.devicesChanged(event);
     if (event.event_type == XCB_INPUT_ENTER)
-        return m_scrolling.catchUp();
+        return m_scrolling.surfaceEntered();
     if (event.event_type == XCB_INPUT_RAW_KEY_PRESS)
         return m_typedKeys.keyAnnounced(reinterpret_cast<const xcb_input_raw_key_press_event_t &>(event));
     const auto &input = reinterpret_cast<const xcb_input_button_press_event_t &>(event);
@@ -174,11 +174,11 @@ void X11Desktop::handleInput(const xcb_ge_generic_event_t &event)
 
 void X11Desktop::buttonPressed(const xcb_input_button_press_event_t &event, X11Surface &surface)
 {
-    m_typedKeys.catchUpWith(event.time);
+    m_typedKeys.handleKeysBefore(event.time);
     const xcb_window_t field = m_focus.key();
     if (event.detail == XCB_BUTTON_INDEX_1 && m_connection->isAdopted(field)) {
         surface.makeKey();
-        return m_typedKeys.letGoBefore(event, field);
+        return m_typedKeys.holdPress(event, field);
     }
     surface.buttonPressed(event);
     surface.scrolled(m_scrolling.buttonPressed(event), event);
@@ -199,14 +199,16 @@ void X11Desktop::handleTyped(xcb_window_t canvas, const xcb_key_press_event_t &k
 void X11Desktop::handleKey(const xcb_key_press_event_t &event, bool isPress)
 {
     if (isPress)
-        m_typedKeys.catchUpWith(event.time);
+        m_typedKeys.handleKeysBefore(event.time);
     X11Surface *surface = m_surfaces.surfaceOf(event.event);
     if (!isPress) {
         m_heldKeys.released(event.detail);
         m_hotKeys.keyReleased(event);
-        m_focus.keyReleased(event.detail, m_focus.isHolding() && m_hotKeys.isAnyHeld());
+        if (m_focus.isHolding())
+            m_hotKeys.forgetReleased();
+        m_focus.keyReleased(event.detail, m_hotKeys.isAnyHeld());
     } else if (surface) {
-        if (!m_heldKeys.isPress(event.detail))
+        if (!m_heldKeys.acceptPress(event.detail))
             return;
         pressKey(*surface, event);
     } else if (event.event == m_connection->root()) {

@@ -16,7 +16,7 @@ void AltWatch::setWatching(bool watches)
     m_isHeld = false;
     if (!watches)
         return;
-    // It may be held already, being part of a hot key.
+    // Alt may already be held, as part of a hot key.
     const auto cookie = xcb_xkb_get_state(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD);
     const auto reply = owned(xcb_xkb_get_state_reply(m_connection.xcb(), cookie, nullptr));
     m_isHeld = reply && (reply->mods & kAltMask) != 0;

@@ -4,7 +4,7 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Knows whether Alt is held, wherever the keyboard's focus is, and is woken by nothing but modifiers.
+/// Tracks whether Alt is held, whatever has the keyboard. Only changes of modifiers wake the program.
 class AltWatch
 {
 public:
@@ -13,10 +13,11 @@ public:
     {
     }
 
-    /// From now on it is known, or no longer.
+    /// Starts or stops tracking.
     void setWatching(bool watches);
     bool isHeld() const { return m_isHeld; }
-    /// An event of the XKB extension; true if it was about modifiers, and concerns nobody else.
+    /// Handles an event of the XKB extension. Returns true if it was about modifiers, and nobody else needs
+    /// it.
     bool handle(const xcb_generic_event_t &event);
 
 private:

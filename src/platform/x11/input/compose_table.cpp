@@ -11,11 +11,11 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// Names a file of one's own in place of that of the locale.
+/// Names a compose file that replaces the one of the locale.
 constexpr char kFileVariable[] = "XCOMPOSEFILE";
 
-/// In the order in which they are asked, here and by Qt.
-QByteArray localeOfTyping()
+/// The locale that compose tables are chosen by. Qt checks the variables in the same order.
+QByteArray typingLocale()
 {
     for (const char *variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
         if (QByteArray locale = qgetenv(variable); !locale.isEmpty())
@@ -24,6 +24,7 @@ QByteArray localeOfTyping()
     return QByteArrayLiteral("C");
 }
 
+/// Locales that are newer than the list of tables have none. A table that is not in UTF-8 cannot be used.
 bool hasTable(const QByteArray &locale)
 {
     struct Unref
@@ -34,14 +35,14 @@ bool hasTable(const QByteArray &locale)
     const std::unique_ptr<xkb_context, Unref> context(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES));
     if (!context)
         return false;
-    // It would name every line that is not in UTF-8.
+    // By default, the library logs every line that is not in UTF-8.
     xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL);
     const std::unique_ptr<xkb_compose_table, Unref> table(
         xkb_compose_table_new_from_locale(context.get(), locale.constData(), XKB_COMPOSE_COMPILE_NO_FLAGS));
     return table != nullptr;
 }
 
-/// The table of nearly all locales in UTF-8, where the X library keeps it.
+/// The X library's table for nearly all UTF-8 locales.
 QString commonTable()
 {
     const QString folder = qEnvironmentVariable("XLOCALEDIR", QStringLiteral("/usr/share/X11/locale"));
@@ -52,7 +53,7 @@ QString commonTable()
 
 void provideComposeTable()
 {
-    if (qEnvironmentVariableIsSet(kFileVariable) || hasTable(localeOfTyping()))
+    if (qEnvironmentVariableIsSet(kFileVariable) || hasTable(typingLocale()))
         return;
     const QString table = commonTable();
     if (QFile::exists(table))

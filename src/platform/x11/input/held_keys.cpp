@@ -16,12 +16,12 @@ void HeldKeys::adopt(Map held)
     Keys keys;
     for (std::size_t i = 0; i < held.size() * kBitsOfByte; ++i)
         keys.set(kFirstKey + i, (held[i / kBitsOfByte] >> (i % kBitsOfByte) & 1U) != 0);
-    // It is also told when the pointer comes, or a grab ends, with the keyboard where it was.
+    // The server also sends the map when the pointer enters a window or a grab ends.
     m_own &= keys;
     m_foreign = keys & ~m_own;
 }
 
-bool HeldKeys::isPress(std::uint8_t key)
+bool HeldKeys::acceptPress(std::uint8_t key)
 {
     if (m_foreign.test(key))
         return false;

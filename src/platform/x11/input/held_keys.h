@@ -7,19 +7,19 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Tells the keys that were pressed while a window has the keyboard from those that were already held when it
-/// got it: while such a key is held, the server repeats it to whoever has the keyboard by then, and the hand
-/// meant somebody else.
+/// Recognizes key presses that are not meant for our windows: repeats of keys that were already held when a
+/// window got the keyboard. The server sends repeats to the window that has the keyboard now.
 class HeldKeys
 {
 public:
-    /// One bit for each key code from 8 upwards, as a keymap notification has them.
+    /// One bit per key code from 8 up, as in a keymap notification.
     using Map = std::span<const std::uint8_t, 31>;
 
-    /// A window has got the keyboard while these keys were held.
+    /// A window of ours has got the keyboard while these keys were held.
     void adopt(Map held);
-    /// Whether the press is one for the window: the first one after a release, or a repeat of such a one.
-    bool isPress(std::uint8_t key);
+    /// Returns whether the press is meant for the window: the first after a release, or a repeat of such a
+    /// press.
+    bool acceptPress(std::uint8_t key);
     void released(std::uint8_t key);
 
 private:

@@ -1,6 +1,6 @@
 #include "platform/x11/input/key_announcements.h"
 
-#include <xcb/xinput.h>
+#include "platform/x11/input/event_mask.h"
 
 #include <vector>
 
@@ -8,7 +8,7 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// What core events are made of.
+/// The server makes core key events from the events of these.
 std::vector<xcb_input_device_id_t> masterKeyboards(Connection &connection)
 {
     const auto cookie = xcb_input_xi_query_device(connection.xcb(), XCB_INPUT_DEVICE_ALL_MASTER);
@@ -24,19 +24,23 @@ std::vector<xcb_input_device_id_t> masterKeyboards(Connection &connection)
     return keyboards;
 }
 
+/// Selects for each master separately. The selection for all masters together is X11EventMonitor's.
+void selectForKeyboards(Connection &connection, std::uint32_t mask)
+{
+    for (const xcb_input_device_id_t keyboard : masterKeyboards(connection))
+        selectInputEvents(connection, connection.root(), keyboard, mask);
+}
+
 } // namespace
 
-void announceKeys(Connection &connection, bool on)
+void startAnnouncingKeys(Connection &connection)
 {
-    // Raw events of all masters at once are a selection of its own, which others make.
-    for (const xcb_input_device_id_t keyboard : masterKeyboards(connection)) {
-        struct
-        {
-            xcb_input_event_mask_t head;
-            std::uint32_t mask;
-        } selection = {{keyboard, 1}, on ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS} : 0U};
-        xcb_input_xi_select_events(connection.xcb(), connection.root(), 1, &selection.head);
-    }
+    selectForKeyboards(connection, XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS);
+}
+
+void stopAnnouncingKeys(Connection &connection)
+{
+    selectForKeyboards(connection, 0);
 }
 
 } // namespace zeigewerk::platform::x11

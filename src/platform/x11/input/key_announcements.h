@@ -4,8 +4,9 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// From now on the connection is told of each key that is pressed, whoever gets it, or no longer: by a raw
-/// event, in order with all else that it is told.
-void announceKeys(Connection &connection, bool on);
+/// Has the server send the connection a raw event for each key press, whoever gets the key. It arrives in
+/// order with the connection's other events.
+void startAnnouncingKeys(Connection &connection);
+void stopAnnouncingKeys(Connection &connection);
 
 } // namespace zeigewerk::platform::x11

@@ -11,14 +11,14 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// Symbols of Latin characters are their codes.
+/// The symbol of a Latin character is its code.
 bool isLatin(xkb_keysym_t symbol)
 {
     return symbol != XKB_KEY_NoSymbol && symbol <= 0xFF;
 }
 
-/// What the key of a command is known by: where the layout writes other letters, the Latin one that the first
-/// other layout of the user's has there. `symbol` itself if there is none.
+/// The Latin letter by which a command such as Ctrl+Z knows the key: that of the first of the user's layouts
+/// that has one there, else `symbol`.
 xkb_keysym_t latinSymbol(xkb_keymap *keymap, xkb_keycode_t key, xkb_keysym_t symbol)
 {
     for (xkb_layout_index_t layout = 0; layout < xkb_keymap_num_layouts_for_key(keymap, key); ++layout) {
@@ -35,9 +35,10 @@ xkb_keysym_t latinSymbol(xkb_keymap *keymap, xkb_keycode_t key, xkb_keysym_t sym
 Keymap::Keymap(Connection &connection)
     : m_connection(connection)
 {
-    constexpr std::uint16_t kNews = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
-    xcb_xkb_select_events(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD, kNews, 0, kNews, 0xFF, 0xFF, nullptr);
-    // A held key then repeats as presses only: a press after a release is a new press of the hand.
+    constexpr std::uint16_t kChanges = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
+    xcb_xkb_select_events(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD, kChanges, 0, kChanges, 0xFF, 0xFF,
+                          nullptr);
+    // A held key then repeats without releases, so that a press after a release is a new one.
     constexpr std::uint32_t kFlag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
     const auto cookie =
         xcb_xkb_per_client_flags(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD, kFlag, kFlag, 0, 0, 0);
@@ -47,15 +48,15 @@ Keymap::Keymap(Connection &connection)
 void Keymap::load()
 {
     if (!m_context)
-        m_context.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES)); // the server has the keymap
+        m_context.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES)); // the keymap comes from the server
     if (!m_context)
         return;
     const std::int32_t device = xkb_x11_get_core_keyboard_device_id(m_connection.xcb());
     std::unique_ptr<xkb_keymap, Unref> keymap(xkb_x11_keymap_new_from_device(
         m_context.get(), m_connection.xcb(), device, XKB_KEYMAP_COMPILE_NO_FLAGS));
     std::unique_ptr<xkb_state, Unref> state(keymap ? xkb_state_new(keymap.get()) : nullptr);
-    // A keyboard that is being plugged in may change the map while it is read: the old one serves until the
-    // next key, with which it is read again.
+    // Plugging in a keyboard may change the keymap while it is read. The old one stays in use, and the next
+    // key press reads it again.
     if (!state)
         return;
     m_keymap = std::move(keymap);
@@ -70,10 +71,10 @@ KeyEvent Keymap::keyEvent(const xcb_key_press_event_t &event)
     KeyEvent result{.modifiers = modifiersOf(event.state)};
     if (!m_state)
         return result;
-    // Shift and the locks choose the character; Ctrl, Alt and Super do not.
-    constexpr xkb_mod_mask_t kChoosing = 0xFF & ~(XCB_MOD_MASK_CONTROL | kAltMask | kSuperMask);
+    // Shift and the locks determine the character; Ctrl, Alt and Super do not.
+    constexpr xkb_mod_mask_t kCharacterModifiers = 0xFF & ~(XCB_MOD_MASK_CONTROL | kAltMask | kSuperMask);
     const xkb_layout_index_t layout = (event.state >> 13) & 3;
-    xkb_state_update_mask(m_state.get(), event.state & kChoosing, 0, 0, 0, 0, layout);
+    xkb_state_update_mask(m_state.get(), event.state & kCharacterModifiers, 0, 0, 0, 0, layout);
     xkb_keysym_t symbol = xkb_state_key_get_one_sym(m_state.get(), event.detail);
     result.isEscape = symbol == XKB_KEY_Escape;
     const bool isCommand = result.modifiers.testAnyFlags(Modifier::Ctrl | Modifier::Super);

@@ -7,14 +7,14 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// What the keys of the core keyboard stand for in the user's layout.
+/// Translates keys of the core keyboard with the user's layout.
 class Keymap
 {
 public:
     explicit Keymap(Connection &connection);
 
     KeyEvent keyEvent(const xcb_key_press_event_t &event);
-    /// The layout changed; it is read again when the next key is pressed, since such news come in bursts.
+    /// The layout has changed. It is read again at the next key press, since changes come in bursts.
     void invalidate() { m_isStale = true; }
 
 private:

@@ -8,7 +8,7 @@
 
 namespace zeigewerk::platform::x11 {
 
-// Alt is Mod1 and Super is Mod4 by the convention of every keymap in xkeyboard-config.
+// In every keymap of xkeyboard-config, Alt is Mod1, NumLock is Mod2 and Super is Mod4.
 inline constexpr std::uint32_t kAltMask = XCB_MOD_MASK_1;
 inline constexpr std::uint32_t kSuperMask = XCB_MOD_MASK_4;
 inline constexpr std::uint32_t kNumLockMask = XCB_MOD_MASK_2;

@@ -7,13 +7,12 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// libinput reports two fingers in the unit of pointer motion and takes 15 of it for one notch, after the 15
-/// degrees by which the usual wheel turns; so does a driver that scales them to another increment.
+/// libinput reports two-finger scrolling in the unit of pointer motion, and counts 15 of it as a notch: a
+/// usual wheel turns 15 degrees per notch. Drivers with another increment scale by it.
 constexpr double kPointsPerNotch = 15.0;
 
-/// The values are sums of many steps in fixed point with 32 bits behind the point; a finger's step is
-/// coarser.
-constexpr double kRounding = 1e-4;
+/// Values are sums of many steps in fixed point with 32 fractional bits. A finger's step is larger than this.
+constexpr double kMaxRoundingError = 1e-4;
 
 } // namespace
 
@@ -25,14 +24,14 @@ ScrollValuator::ScrollValuator(double increment, std::optional<double> value)
 
 std::optional<ScrollEvent> ScrollValuator::moveTo(double value)
 {
-    const std::optional<double> before = std::exchange(m_value, value);
-    if (!before)
+    const std::optional<double> previous = std::exchange(m_value, value);
+    if (!previous)
         return std::nullopt;
-    const double notches = -(value - *before) / m_increment;
-    if (!std::isfinite(notches) || std::abs(notches) < kRounding)
+    const double notches = -(value - *previous) / m_increment;
+    if (!std::isfinite(notches) || std::abs(notches) < kMaxRoundingError)
         return std::nullopt;
     const double wholeNotches = std::round(notches);
-    if (std::abs(notches - wholeNotches) < kRounding)
+    if (std::abs(notches - wholeNotches) < kMaxRoundingError)
         return ScrollEvent{.distance = wholeNotches, .isPrecise = false, .modifiers = {}};
     return ScrollEvent{.distance = notches * kPointsPerNotch, .isPrecise = true, .modifiers = {}};
 }

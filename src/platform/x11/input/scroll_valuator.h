@@ -6,18 +6,16 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// The vertical scroll axis of one device: it delivers an absolute value, which only ever means something
-/// beside the one before.
+/// The vertical scroll axis of one device. It reports absolute values; a step is the difference of two.
 class ScrollValuator
 {
 public:
-    /// `increment` is how far the value moves by a notch, positive if it grows downwards; 0 or no number
-    /// never scrolls. `value` is where the axis stands, if that is known.
+    /// `increment` is the change of the value per notch, positive if the value grows downwards; an axis with
+    /// 0 or NaN never scrolls. `value` is the present value, if known.
     explicit ScrollValuator(double increment, std::optional<double> value = std::nullopt);
 
-    /// The axis stands there now. Returns the way from where it stood, upwards positive: in notches when it
-    /// is a whole number of them, which is what a wheel makes, else in points. None for no way, or when it is
-    /// not known where it stood.
+    /// Returns the step from the previous value, upwards positive: in notches if it is a whole number of
+    /// them, as from a wheel, else in points. None if nothing has changed or there is no previous value.
     std::optional<ScrollEvent> moveTo(double value);
 
 private:

@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QWindow>
 
-#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -16,26 +15,25 @@ namespace zeigewerk::platform::x11 {
 namespace {
 
 constexpr char kMark[] = "_ZEIGEWERK_TYPED_KEYS";
-/// The mark comes back within a millisecond; should it get lost, the pointer must not wait for ever.
+/// The mark normally comes back within a millisecond. If it is lost, the pointer must not hang for good.
 constexpr std::chrono::seconds kPatience(1);
-/// More than anybody types before Qt reads the first of it. Some never come to Qt, as those of hot keys.
-constexpr std::size_t kMostRemembered = 256;
 
-/// With the number that xcb puts behind the first 32 bytes.
+/// Includes what xcb stores behind the first 32 bytes.
 std::size_t sizeOf(const xcb_input_button_press_event_t &event)
 {
     return sizeof(xcb_generic_event_t) + 4 * std::size_t{event.length};
 }
 
-/// The server's time wraps round.
-bool isLater(xcb_timestamp_t one, xcb_timestamp_t other)
+KeyOrder::Key keyOf(const xcb_key_press_event_t &event)
 {
-    return static_cast<std::int32_t>(one - other) > 0;
+    return {.stamp = {.time = event.time, .code = event.detail}, .modifiers = event.state};
 }
 
-const xcb_input_button_press_event_t &pressOf(const std::vector<char> &bytes)
+KeyOrder::Key keyOf(const QKeyEvent &event)
 {
-    return *reinterpret_cast<const xcb_input_button_press_event_t *>(bytes.data());
+    return {.stamp = {.time = static_cast<xcb_timestamp_t>(event.timestamp()),
+                      .code = static_cast<xcb_keycode_t>(event.nativeScanCode())},
+            .modifiers = static_cast<std::uint16_t>(event.nativeModifiers())};
 }
 
 } // namespace
@@ -47,7 +45,7 @@ TypedKeys::TypedKeys(Connection &connection, HandlePress handlePress, HandleKey 
 {
     m_patience.setSingleShot(true);
     m_patience.setInterval(kPatience);
-    m_patience.callOnTimeout(this, &TypedKeys::resume);
+    m_patience.callOnTimeout(this, [this] { m_order.giveUp(); });
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
@@ -56,233 +54,148 @@ TypedKeys::~TypedKeys()
     QCoreApplication::instance()->removeNativeEventFilter(this);
 }
 
-void TypedKeys::keyboardComes(xcb_window_t window)
+void TypedKeys::holdPress(const xcb_input_button_press_event_t &press, xcb_window_t field)
 {
-    if (!m_isHolding)
-        setWindow(window);
-}
-
-void TypedKeys::keyboardGoes()
-{
-    if (!m_isHolding)
-        setWindow(XCB_NONE);
-}
-
-void TypedKeys::letGoBefore(const xcb_input_button_press_event_t &press, xcb_window_t window)
-{
-    setWindow(window);
     const auto *bytes = reinterpret_cast<const char *>(&press);
     m_press.assign(bytes, bytes + sizeOf(press));
-    m_canvas = press.event;
-    hold();
+    m_order.holdPress({.time = press.time, .canvas = press.event}, field);
 }
 
-void TypedKeys::windowCloses(xcb_window_t window, QWidget &widget, xcb_window_t canvas)
+void TypedKeys::windowCloses(xcb_window_t field, QWidget &widget, xcb_window_t keyboardOwner)
 {
-    if (window != m_window)
+    if (!m_order.closeField(field, keyboardOwner))
         return;
-    if (!m_isHolding) {
-        if (canvas == XCB_NONE || canvas == window)
-            return setWindow(XCB_NONE);
-        m_canvas = canvas;
-        hold();
-    }
     m_closed = &widget;
     widget.installEventFilter(this);
+    connect(&widget, &QObject::destroyed, this, &TypedKeys::widgetDeleted, Qt::UniqueConnection);
 }
 
-void TypedKeys::setWindow(xcb_window_t window)
+void TypedKeys::widgetDeleted(const QObject *widget)
 {
-    if (m_closed)
-        m_closed->removeEventFilter(this);
-    m_closed.clear();
-    if (window == m_window)
+    if (widget != m_closed)
         return;
-    const bool wasNone = std::exchange(m_window, window) == XCB_NONE;
-    m_down.reset();
-    m_repeats.clear();
-    if (wasNone || window == XCB_NONE) {
-        m_announced.clear();
-        announceKeys(m_connection, window != XCB_NONE);
-    }
+    m_closed = nullptr;
+    m_order.closedFieldDeleted();
 }
 
-void TypedKeys::hold()
+void TypedKeys::keyAnnounced(const xcb_input_raw_key_press_event_t &event)
 {
-    m_isHolding = true;
-    m_connection.pause();
-    m_patience.start();
-    if (!sendMark())
-        resumeFrom(m_mark);
-}
-
-bool TypedKeys::sendMark()
-{
-    // The server sends a window's events to a client in order, so this one arrives after the keys; none does
-    // if the window is gone.
-    xcb_client_message_event_t event = {};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = m_window;
-    event.type = m_connection.atom(kMark);
-    event.data.data32[0] = ++m_mark;
-    const auto cookie = xcb_send_event_checked(m_connection.xcb(), false, m_window, XCB_EVENT_MASK_NO_EVENT,
-                                               reinterpret_cast<const char *>(&event));
-    return !owned(xcb_request_check(m_connection.xcb(), cookie));
-}
-
-bool TypedKeys::isMark(const xcb_client_message_event_t &event)
-{
-    return event.type == m_connection.atom(kMark);
+    // X has no key codes of more than eight bits.
+    m_order.keyAnnounced({.time = event.time, .code = static_cast<xcb_keycode_t>(event.detail)});
 }
 
 bool TypedKeys::nativeEventFilter(const QByteArray &eventType, void *message, qintptr *)
 {
-    if (m_window == XCB_NONE || eventType != "xcb_generic_event_t")
+    if (m_order.field() == KeyOrder::kNoWindow || eventType != "xcb_generic_event_t")
         return false;
     switch (static_cast<const xcb_generic_event_t *>(message)->response_type & kEventType) {
-    case XCB_KEY_PRESS: {
-        const auto &key = *static_cast<const xcb_key_press_event_t *>(message);
-        if (key.event == m_window && !m_isHolding) {
-            tellOfFocus();
-            // What was done on the canvases before it comes first.
-            m_connection.catchUp();
-        }
-        return key.event == m_window && takes(key);
-    }
+    case XCB_KEY_PRESS:
+        return interceptKey(*static_cast<const xcb_key_press_event_t *>(message));
     case XCB_KEY_RELEASE: {
         const auto &key = *static_cast<const xcb_key_release_event_t *>(message);
-        if (key.event == m_window)
-            m_down.reset(key.detail);
+        m_order.keyReleased(key.event, key.detail);
         return false;
     }
-    case XCB_CLIENT_MESSAGE: {
-        const auto &event = *static_cast<const xcb_client_message_event_t *>(message);
-        if (!isMark(event))
-            return false;
-        // Qt has read the keys by now, and hands them on when it has read all that there is.
-        resumeFrom(event.data.data32[0]);
-        return true;
-    }
+    case XCB_CLIENT_MESSAGE:
+        return interceptMark(*static_cast<const xcb_client_message_event_t *>(message));
     default:
         return false;
     }
 }
 
-void TypedKeys::tellOfFocus()
+bool TypedKeys::interceptKey(const xcb_key_press_event_t &event)
+{
+    if (event.event == m_order.field() && !m_order.isHolding()) {
+        processPendingFocusIn();
+        // What happened on the canvases before this key comes first.
+        m_connection.catchUp();
+    }
+    return m_order.interceptKey(event.event, keyOf(event));
+}
+
+void TypedKeys::processPendingFocusIn() const
 {
     const QWindow *focused = QGuiApplication::focusWindow();
-    if (focused && focused->winId() == m_window)
+    if (focused && focused->winId() == m_order.field())
         return;
+    // Otherwise Qt handles FocusIn after all events that it has read, and the keys among them get neither
+    // accents nor an input method.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
 }
 
-bool TypedKeys::takes(const xcb_key_press_event_t &event)
+bool TypedKeys::interceptMark(const xcb_client_message_event_t &event)
 {
-    const bool isRepeat = m_down.test(event.detail);
-    m_down.set(event.detail);
-    if (isRepeat)
-        remember(m_repeats, keyOf(event));
-    // What was announced came before everything that has not been read on our connection.
-    const bool isEarly = wasAnnounced(keyOf(event));
-    if (!m_isHolding)
+    if (event.type != m_connection.atom(kMark))
         return false;
-    const bool waits = m_press.empty() ? !isEarly : !isEarly && isAfterPress(event.time);
-    if (!waits && !m_closed)
-        return false;
-    // Repeats belong to whom the hand pressed the key for.
-    if (isRepeat)
-        return true;
-    if (waits)
-        m_waiting.push_back(event);
-    else
-        m_handleKey(m_canvas, event);
+    releaseLater(event.data.data32[0]);
     return true;
-}
-
-bool TypedKeys::wasAnnounced(const Key &key)
-{
-    const auto found = std::find(m_announced.begin(), m_announced.end(), key);
-    if (found == m_announced.end())
-        return false;
-    m_announced.erase(m_announced.begin(), found + 1);
-    return true;
-}
-
-bool TypedKeys::isAfterPress(xcb_timestamp_t time) const
-{
-    return !isLater(pressOf(m_press).time, time);
 }
 
 bool TypedKeys::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_closed.data() || event->type() != QEvent::KeyPress)
+    if (watched != m_closed || event->type() != QEvent::KeyPress)
         return false;
-    // Qt had read it before it handled the key that closed the window.
-    const auto &key = static_cast<const QKeyEvent &>(*event);
-    xcb_key_press_event_t native = {};
-    native.detail = static_cast<xcb_keycode_t>(key.nativeScanCode());
-    native.state = static_cast<std::uint16_t>(key.nativeModifiers());
-    native.time = static_cast<xcb_timestamp_t>(key.timestamp());
-    if (std::find(m_repeats.begin(), m_repeats.end(), keyOf(native)) == m_repeats.end())
-        m_handleKey(m_canvas, native);
-    return true;
+    return m_order.interceptKeyOfClosedField(keyOf(static_cast<const QKeyEvent &>(*event)));
 }
 
-void TypedKeys::resumeFrom(std::uint32_t mark)
+void TypedKeys::startAnnouncements()
 {
-    const auto resumeIfCurrent = [this, mark] {
-        if (mark == m_mark)
-            resume();
-    };
-    QMetaObject::invokeMethod(this, resumeIfCurrent, Qt::QueuedConnection);
+    startAnnouncingKeys(m_connection);
 }
 
-void TypedKeys::resume()
+void TypedKeys::stopAnnouncements()
 {
-    if (!m_isHolding)
-        return; // it took longer than there was patience for
+    stopAnnouncingKeys(m_connection);
+}
+
+void TypedKeys::pauseConnection()
+{
+    m_connection.pause();
+    m_patience.start();
+}
+
+void TypedKeys::resumeConnection()
+{
     m_patience.stop();
-    m_isHolding = false;
-    setWindow(XCB_NONE);
-    const std::vector<char> held = std::exchange(m_press, {});
-    if (!held.empty())
-        m_handlePress(pressOf(held));
-    // Whatever else was done before the last of those keys has arrived after this, and comes in its turn.
+    // Fetches everything that happened before the last of the waiting keys.
     m_connection.roundTrip();
     m_connection.resume();
-    // There are keys that nobody announces: those that a program sends to the window by itself.
-    while (!m_isHolding && !m_waiting.empty())
-        handleFirst();
 }
 
-void TypedKeys::keyAnnounced(const xcb_input_raw_key_press_event_t &event)
+bool TypedKeys::sendMark(xcb_window_t field, std::uint32_t mark)
 {
-    const Key key{event.time, event.detail};
-    catchUpWith(key.time);
-    if (!m_waiting.empty() && key == keyOf(m_waiting.front()))
-        return handleFirst();
-    remember(m_announced, key);
+    // The server delivers a window's events to a client in order, so the mark arrives behind the keys.
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = field;
+    event.type = m_connection.atom(kMark);
+    event.data.data32[0] = mark;
+    const auto cookie = xcb_send_event_checked(m_connection.xcb(), false, field, XCB_EVENT_MASK_NO_EVENT,
+                                               reinterpret_cast<const char *>(&event));
+    return !owned(xcb_request_check(m_connection.xcb(), cookie));
 }
 
-void TypedKeys::remember(std::deque<Key> &keys, const Key &key)
+void TypedKeys::releaseLater(std::uint32_t mark)
 {
-    keys.push_back(key);
-    if (keys.size() > kMostRemembered)
-        keys.pop_front();
+    // Qt hands its windows the keys once it has read everything there is, and runs queued calls after that.
+    QMetaObject::invokeMethod(
+        this, [this, mark] { m_order.release(mark); }, Qt::QueuedConnection);
 }
 
-void TypedKeys::catchUpWith(xcb_timestamp_t time)
+void TypedKeys::handlePress()
 {
-    while (!m_isHolding && !m_waiting.empty() && isLater(time, m_waiting.front().time))
-        handleFirst();
+    const std::vector<char> press = std::exchange(m_press, {});
+    m_handlePress(*reinterpret_cast<const xcb_input_button_press_event_t *>(press.data()));
 }
 
-void TypedKeys::handleFirst()
+void TypedKeys::handleKey(xcb_window_t canvas, const KeyOrder::Key &key)
 {
-    const xcb_key_press_event_t key = m_waiting.front();
-    m_waiting.pop_front();
-    m_handleKey(m_canvas, key);
+    xcb_key_press_event_t event = {};
+    event.time = key.stamp.time;
+    event.detail = key.stamp.code;
+    event.state = key.modifiers;
+    m_handleKey(canvas, event);
 }
 
 } // namespace zeigewerk::platform::x11

@@ -1,29 +1,22 @@
 #pragma once
 
 #include "platform/x11/connection.h"
+#include "platform/x11/input/key_order.h"
 
 #include <QAbstractNativeEventFilter>
-#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
 #include <xcb/xinput.h>
 
-#include <bitset>
-#include <deque>
 #include <functional>
 #include <vector>
 
 namespace zeigewerk::platform::x11 {
 
-/// Keeps what is typed into a window of Qt's in order with what is done on the canvases. The keys come on
-/// Qt's connection and the presses on ours, and nothing says in which order the two are read; and until a
-/// press, or the key that closes the window, has been handled, the server goes on sending keys to that
-/// window.
-///
-/// The times of events cannot tell their order, since several may share a millisecond. So while such a window
-/// has the keyboard, we have our connection announce each key (raw events): among the presses, in order.
-class TypedKeys : public QObject, public QAbstractNativeEventFilter
+/// Keeps the keys typed into a text field in order with the presses on the canvases. Qt's connection delivers
+/// the keys, ours the presses and the announcements; KeyOrder decides, and this does what it asks for.
+class TypedKeys : public QObject, public QAbstractNativeEventFilter, private KeyOrder::Actions
 {
     Q_OBJECT
 
@@ -31,80 +24,56 @@ public:
     using HandlePress = std::function<void(const xcb_input_button_press_event_t &press)>;
     using HandleKey = std::function<void(xcb_window_t canvas, const xcb_key_press_event_t &key)>;
 
-    /// `handlePress` is called for the press when it is its turn, `handleKey` for each key that was typed
-    /// into the window and belongs to a canvas.
+    /// `handlePress` is called for a held press when its turn has come, `handleKey` for each key that was
+    /// typed into a field and belongs to a canvas.
     TypedKeys(Connection &connection, HandlePress handlePress, HandleKey handleKey);
     ~TypedKeys() override;
 
-    /// That window of Qt's is about to get the keyboard.
-    void keyboardComes(xcb_window_t window);
+    /// The field's window is about to get the keyboard.
+    void keyboardComes(xcb_window_t field) { m_order.keyboardComes(field); }
     /// The keyboard goes to another program.
-    void keyboardGoes();
+    void keyboardGoes() { m_order.keyboardGoes(); }
 
-    /// Holds the press, and our connection with all that comes after it, until Qt has handled everything that
-    /// was typed before it into that window, which no longer has the keyboard.
-    void letGoBefore(const xcb_input_button_press_event_t &press, xcb_window_t window);
-    /// The window of that widget, which lives on for a while, closes. If the keyboard is with that canvas by
-    /// now, it gets what is yet to come to the window.
-    void windowCloses(xcb_window_t window, QWidget &widget, xcb_window_t canvas);
+    /// Holds the press, and our connection, until Qt has handled the keys typed before it into the field. The
+    /// canvas must have taken the keyboard from the field already.
+    void holdPress(const xcb_input_button_press_event_t &press, xcb_window_t field);
+    /// The field closes; its widget is deleted later. If `keyboardOwner`, the window of ours that has the
+    /// keyboard now, is a canvas, it gets the keys that still come to the field.
+    void windowCloses(xcb_window_t field, QWidget &widget, xcb_window_t keyboardOwner);
 
     /// A key was pressed, whoever gets it.
     void keyAnnounced(const xcb_input_raw_key_press_event_t &event);
-    /// Has those keys handled that wait and were pressed before that time. Call it before anything is handled
-    /// that happened then.
-    void catchUpWith(xcb_timestamp_t time);
+    /// Handles the waiting keys that were pressed before that time. Call it before handling any event of that
+    /// time.
+    void handleKeysBefore(xcb_timestamp_t time) { m_order.handleKeysBefore(time); }
 
     bool nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    struct Key
-    {
-        xcb_timestamp_t time = 0;
-        std::uint32_t code = 0;
+    void startAnnouncements() override;
+    void stopAnnouncements() override;
+    void pauseConnection() override;
+    void resumeConnection() override;
+    bool sendMark(xcb_window_t field, std::uint32_t mark) override;
+    void releaseLater(std::uint32_t mark) override;
+    void handlePress() override;
+    void handleKey(xcb_window_t canvas, const KeyOrder::Key &key) override;
 
-        friend bool operator==(const Key &, const Key &) = default;
-    };
-
-    static Key keyOf(const xcb_key_press_event_t &event) { return {event.time, event.detail}; }
-    static void remember(std::deque<Key> &keys, const Key &key);
-
-    void setWindow(xcb_window_t window);
-    void hold();
-    bool sendMark();
-    bool isMark(const xcb_client_message_event_t &event);
-    /// Has Qt take in that the window has the focus, should it have read so and nothing else. It does when it
-    /// has read all that there is, and has no accents and no input method for the keys among that.
-    void tellOfFocus();
-    bool takes(const xcb_key_press_event_t &event);
-    bool wasAnnounced(const Key &key);
-    bool isAfterPress(xcb_timestamp_t time) const;
-    void resumeFrom(std::uint32_t mark);
-    void resume();
-    void handleFirst();
+    bool interceptKey(const xcb_key_press_event_t &event);
+    bool interceptMark(const xcb_client_message_event_t &event);
+    void processPendingFocusIn() const;
+    void widgetDeleted(const QObject *widget);
 
     Connection &m_connection;
     HandlePress m_handlePress;
     HandleKey m_handleKey;
-    /// What has the keyboard, or had it and may still get keys.
-    xcb_window_t m_window = XCB_NONE;
-    /// Its widget, once it is closed.
-    QPointer<QWidget> m_closed;
-    /// The keys that are down in it: what else they send are repeats.
-    std::bitset<256> m_down;
-    /// The last repeats that Qt has read. What Qt itself takes for a repeat may be a quick second press.
-    std::deque<Key> m_repeats;
-    /// Whether our connection waits for the mark.
-    bool m_isHolding = false;
-    std::uint32_t m_mark = 0;
+    KeyOrder m_order{*this};
     QTimer m_patience;
-    /// The press that is held, if one is, with what follows it in memory.
+    /// The press that is held, with the data behind the event's struct; empty if none is.
     std::vector<char> m_press;
-    /// Announced, and not yet read by Qt.
-    std::deque<Key> m_announced;
-    /// Read by Qt, and not yet announced: they wait, and are meant for that canvas.
-    std::deque<xcb_key_press_event_t> m_waiting;
-    xcb_window_t m_canvas = XCB_NONE;
+    /// The field that was closed last, until it is deleted.
+    const QObject *m_closed = nullptr;
 };
 
 } // namespace zeigewerk::platform::x11

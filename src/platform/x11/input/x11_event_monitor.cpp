@@ -1,5 +1,6 @@
 #include "platform/x11/input/x11_event_monitor.h"
 
+#include "platform/x11/input/event_mask.h"
 #include "platform/x11/input/modifiers.h"
 #include "platform/x11/input/pointer_state.h"
 
@@ -7,10 +8,10 @@
 
 namespace zeigewerk::platform::x11 {
 
-X11EventMonitor::X11EventMonitor(Connection &connection, const Screens &screens)
+X11EventMonitor::X11EventMonitor(Connection &connection, const Screens &screens, Scrolling &scrolling)
     : m_connection(connection)
     , m_screens(screens)
-    , m_scrolling(connection)
+    , m_scrolling(scrolling)
     , m_alt(connection)
 {
 }
@@ -25,7 +26,7 @@ void X11EventMonitor::setListening(MonitoredEvents events)
         m_alt.setWatching(hearsWheel);
     selectRawEvents();
     listenToAxes(hearsWheel && m_alt.isHeld());
-    // So that the very next click, whoever makes it, is heard.
+    // From here on, the server reports every click.
     m_connection.roundTrip();
 }
 
@@ -35,9 +36,8 @@ void X11EventMonitor::listenToAxes(bool listens)
         return;
     m_hearsAxes = listens;
     selectRawEvents();
-    // A step made since Alt was pressed, and before this is known, counts by the button that goes with it.
     if (listens)
-        m_scrolling.catchUp();
+        m_scrolling.rawMotionSelected();
 }
 
 void X11EventMonitor::selectRawEvents()
@@ -45,32 +45,23 @@ void X11EventMonitor::selectRawEvents()
     std::uint32_t mask = 0;
     if (m_listening)
         mask |= XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
-    // The first finger presses the pointer's button for whoever does not ask for fingers, but there are no
-    // raw events about that.
+    // For windows that do not select touch events, the first finger presses the pointer's button, but without
+    // a raw event.
     if (m_listening.testFlag(Monitored::LeftPresses))
         mask |= XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_END;
     else
         m_fingers = 0;
     if (m_hearsAxes)
         mask |= XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
-    // Of the master devices, since each raw event comes once for the physical device and once for its master.
-    // The changes of devices are selected for all of them, which is a selection of its own.
-    struct
-    {
-        xcb_input_event_mask_t head;
-        std::uint32_t mask;
-    } selection = {{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask};
-    xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
+    // Each raw event comes once for the physical device and once for its master. This leaves the selection
+    // that Scrolling makes for all devices as it is.
+    selectInputEvents(m_connection, m_connection.root(), XCB_INPUT_DEVICE_ALL_MASTER, mask);
 }
 
 bool X11EventMonitor::handle(const xcb_ge_generic_event_t &event)
 {
     const auto &raw = reinterpret_cast<const xcb_input_raw_button_press_event_t &>(event);
     switch (event.event_type) {
-    case XCB_INPUT_DEVICE_CHANGED:
-    case XCB_INPUT_HIERARCHY:
-        m_scrolling.devicesChanged(event);
-        return false;
     case XCB_INPUT_RAW_BUTTON_PRESS:
         buttonPressed(raw);
         return true;
@@ -83,7 +74,7 @@ bool X11EventMonitor::handle(const xcb_ge_generic_event_t &event)
         return true;
     case XCB_INPUT_RAW_MOTION:
         if (m_hearsAxes)
-            tellOfScroll(m_scrolling.rawMoved(raw));
+            notifyScroll(m_scrolling.rawMoved(raw));
         return true;
     default:
         return false;
@@ -100,14 +91,14 @@ bool X11EventMonitor::handleXkb(const xcb_generic_event_t &event)
 
 void X11EventMonitor::buttonPressed(const xcb_input_raw_button_press_event_t &event)
 {
-    // What comes late is dropped.
+    // Events may still arrive after listening has ended.
     if (!m_listening)
         return;
     const std::uint32_t button = logicalButton(event.detail);
     if (button == kLeftButton)
         leftPressed();
     if (m_listening.testFlag(Monitored::WheelWithAlt))
-        tellOfScroll(m_scrolling.rawButtonPressed(event, button));
+        notifyScroll(m_scrolling.rawButtonPressed(event, button));
 }
 
 void X11EventMonitor::leftPressed() const
@@ -120,8 +111,8 @@ void X11EventMonitor::leftPressed() const
 
 std::uint32_t X11EventMonitor::logicalButton(std::uint32_t physicalButton) const
 {
-    // Raw events number the buttons as the hardware does. For left hands, or for a wheel turned round, the
-    // user may have given them another order.
+    // Raw events have the hardware's numbers. The user may have mapped the buttons in another order, for the
+    // left hand or to reverse the wheel.
     const auto cookie = xcb_get_pointer_mapping(m_connection.xcb());
     const auto reply = owned(xcb_get_pointer_mapping_reply(m_connection.xcb(), cookie, nullptr));
     if (!reply || physicalButton < 1 || physicalButton > reply->map_len)
@@ -129,7 +120,7 @@ std::uint32_t X11EventMonitor::logicalButton(std::uint32_t physicalButton) const
     return xcb_get_pointer_mapping_map(reply.get())[physicalButton - 1];
 }
 
-void X11EventMonitor::tellOfScroll(std::optional<ScrollEvent> scroll) const
+void X11EventMonitor::notifyScroll(std::optional<ScrollEvent> scroll) const
 {
     if (!scroll || !m_scroll)
         return;

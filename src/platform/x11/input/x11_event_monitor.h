@@ -12,12 +12,12 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Watches the pointer by the raw events of X Input 2, which come for each press, whoever holds a grab, and
-/// in addition to the ordinary events. They say neither where the pointer is nor which modifiers are held.
+/// Watches the pointer through the raw events of X Input 2. They come in addition to the ordinary events,
+/// even while another program has a grab, and give neither the pointer's position nor the modifiers.
 class X11EventMonitor : public EventMonitor
 {
 public:
-    X11EventMonitor(Connection &connection, const Screens &screens);
+    X11EventMonitor(Connection &connection, const Screens &screens, Scrolling &scrolling);
 
     void setListening(MonitoredEvents events) override;
     void setLeftPressHandler(std::function<void(QPointF)> handler) override
@@ -29,9 +29,9 @@ public:
         m_scroll = std::move(handler);
     }
 
-    /// An event of X Input; true if it concerns nobody else.
+    /// Handles an event of X Input. Returns true if nobody else needs it.
     bool handle(const xcb_ge_generic_event_t &event);
-    /// An event of XKB; the same.
+    /// The same for an event of XKB.
     bool handleXkb(const xcb_generic_event_t &event);
 
 private:
@@ -40,16 +40,16 @@ private:
     void leftPressed() const;
     void buttonPressed(const xcb_input_raw_button_press_event_t &event);
     std::uint32_t logicalButton(std::uint32_t physicalButton) const;
-    void tellOfScroll(std::optional<ScrollEvent> scroll) const;
+    void notifyScroll(std::optional<ScrollEvent> scroll) const;
 
     Connection &m_connection;
     const Screens &m_screens;
-    Scrolling m_scrolling;
+    Scrolling &m_scrolling;
     AltWatch m_alt;
     int m_fingers = 0;
     MonitoredEvents m_listening;
-    /// Scroll axes move in motion events, each of which wakes the program: they are heard only while Alt is
-    /// held.
+    /// Motion of scroll axes is selected only while Alt is held, since each motion of the pointer then wakes
+    /// the program.
     bool m_hearsAxes = false;
     std::function<void(QPointF)> m_leftPress;
     std::function<void(const MonitoredScroll &)> m_scroll;

@@ -10,10 +10,10 @@ namespace zeigewerk::platform::x11 {
 
 namespace {
 
-/// An X key code is the evdev code and this.
+/// An X key code is the evdev code plus this.
 constexpr int kKeyCodeOffset = 8;
 
-/// A grab holds for exactly its modifiers, and the locks count as some.
+/// A grab matches exactly its modifiers, and the locks count as modifiers.
 constexpr std::array<std::uint32_t, 4> kLocks = {0, XCB_MOD_MASK_LOCK, kNumLockMask,
                                                  XCB_MOD_MASK_LOCK | kNumLockMask};
 
@@ -77,7 +77,7 @@ bool X11HotKeys::grab(const Grab &grab)
     bool isOurs = true;
     for (const xcb_void_cookie_t cookie : cookies)
         isOurs = !owned(xcb_request_check(m_connection.xcb(), cookie)) && isOurs;
-    // Half a hot key, one that fails with NumLock on, is worse than none.
+    // A hot key that fails while NumLock is on is worse than none.
     if (!isOurs)
         ungrab(grab);
     return isOurs;
@@ -110,17 +110,20 @@ void X11HotKeys::keyReleased(const xcb_key_release_event_t &event)
     }
 }
 
-bool X11HotKeys::isAnyHeld()
+bool X11HotKeys::isAnyHeld() const
 {
-    const auto isHeld = [](const Grab &grab) { return grab.isHeld; };
-    if (std::none_of(m_grabs.begin(), m_grabs.end(), isHeld))
-        return false;
+    return std::any_of(m_grabs.begin(), m_grabs.end(), [](const Grab &grab) { return grab.isHeld; });
+}
+
+void X11HotKeys::forgetReleased()
+{
+    if (!isAnyHeld())
+        return;
     const auto cookie = xcb_query_keymap(m_connection.xcb());
     const auto reply = owned(xcb_query_keymap_reply(m_connection.xcb(), cookie, nullptr));
     for (Grab &grab : m_grabs)
         grab.isHeld =
             grab.isHeld && reply && (reply->keys[grab.keyCode / 8] & (1U << (grab.keyCode % 8))) != 0;
-    return std::any_of(m_grabs.begin(), m_grabs.end(), isHeld);
 }
 
 } // namespace zeigewerk::platform::x11

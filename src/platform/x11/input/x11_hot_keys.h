@@ -25,8 +25,10 @@ public:
     /// A key event of the root window.
     void keyPressed(const xcb_key_press_event_t &event);
     void keyReleased(const xcb_key_release_event_t &event);
-    /// Whether a key is still down that was pressed as a hot key.
-    bool isAnyHeld();
+    /// Asks the server which hot keys are still held: the release of one may have gone to another program.
+    void forgetReleased();
+    /// Whether a hot key was pressed and, as far as we know, not released.
+    bool isAnyHeld() const;
 
 private:
     struct Grab

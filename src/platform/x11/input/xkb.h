@@ -1,4 +1,4 @@
-// XKB's own header, which names a field `explicit`: C++ keeps that word for itself.
+// xcb/xkb.h has a field named `explicit`, which is a keyword in C++.
 #pragma once
 
 #define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)

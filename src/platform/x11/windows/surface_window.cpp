@@ -1,9 +1,9 @@
 #include "platform/x11/windows/surface_window.h"
 
+#include "platform/x11/input/event_mask.h"
 #include "platform/x11/properties.h"
 
 #include <unistd.h>
-#include <xcb/xinput.h>
 
 #include <array>
 #include <string_view>
@@ -35,14 +35,9 @@ void describe(Connection &connection, xcb_window_t window, SurfaceRole role)
 
 void selectPointer(Connection &connection, xcb_window_t window)
 {
-    struct
-    {
-        xcb_input_event_mask_t head;
-        std::uint32_t mask;
-    } selection = {{XCB_INPUT_DEVICE_ALL_MASTER, 1},
-                   XCB_INPUT_XI_EVENT_MASK_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_BUTTON_RELEASE |
-                       XCB_INPUT_XI_EVENT_MASK_MOTION | XCB_INPUT_XI_EVENT_MASK_ENTER};
-    xcb_input_xi_select_events(connection.xcb(), window, 1, &selection.head);
+    selectInputEvents(connection, window, XCB_INPUT_DEVICE_ALL_MASTER,
+                      XCB_INPUT_XI_EVENT_MASK_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_BUTTON_RELEASE |
+                          XCB_INPUT_XI_EVENT_MASK_MOTION | XCB_INPUT_XI_EVENT_MASK_ENTER);
 }
 
 } // namespace

@@ -16,7 +16,7 @@ class SeamWorld
 public:
     virtual ~SeamWorld() = default;
 
-    /// Has the program do what the line says; returns its answer.
+    /// Makes the program do what the line says, and returns its answer.
     virtual QString tell(const QString &line) = 0;
 
     virtual void movePointer(QPointF place) = 0;

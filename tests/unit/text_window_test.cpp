@@ -1,4 +1,4 @@
-// How an open text field goes along with its overlay, and who has the keyboard.
+// How an open text field follows its overlay, and who has the keyboard.
 
 #include "registered_test.h"
 #include "writing_fixture.h"

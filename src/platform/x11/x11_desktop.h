@@ -25,8 +25,8 @@ namespace zeigewerk::platform::x11 {
 
 class X11Surface;
 
-/// The desktop of an X server. It dispatches the events of our connection and has the surfaces paint once per
-/// turn of the event loop.
+/// The desktop of an X server. It dispatches the events of our connection, and makes the surfaces paint once
+/// per turn of the event loop.
 class X11Desktop : public Desktop
 {
     Q_OBJECT

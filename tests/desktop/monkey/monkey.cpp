@@ -81,7 +81,7 @@ bool Monkey::run()
     } catch (const RigError &error) {
         report({QStringLiteral("the virtual desktop failed: ") + QString::fromUtf8(error.what())});
     }
-    std::printf("%s; the program was quit %d times, and the window manager crashed %d times.\n",
+    std::printf("%s; quits of the program: %d, crashes of the window manager: %d\n",
                 passed ? "PASSED" : "FAILED", m_quits, m_windowManagerExits);
     return passed;
 }

@@ -4,7 +4,7 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Has the server send the connection a raw event for each key press, whoever gets the key. It arrives in
+/// Makes the server send the connection a raw event for each key press, whoever gets the key. It arrives in
 /// order with the connection's other events.
 void startAnnouncingKeys(Connection &connection);
 void stopAnnouncingKeys(Connection &connection);

@@ -45,20 +45,23 @@ void CanvasScrollTest::theWheelChangesTheRadiusWithinItsBounds_data()
     QTest::addColumn<double>("after");
 
     const double infinity = std::numeric_limits<double>::infinity();
-    QTest::newRow("a notch up") << 90.0 << 1.0 << !kPrecise << 98.0;
-    QTest::newRow("a notch down") << 90.0 << -1.0 << !kPrecise << 82.0;
-    QTest::newRow("three notches at once") << 90.0 << 3.0 << !kPrecise << 114.0;
-    QTest::newRow("fingers up") << 90.0 << 10.0 << kPrecise << 102.0;
-    QTest::newRow("fingers down") << 90.0 << -10.0 << kPrecise << 78.0;
-    QTest::newRow("just below the largest") << 390.0 << 1.0 << !kPrecise << 398.0;
-    QTest::newRow("to the largest") << 398.0 << 1.0 << !kPrecise << 400.0;
-    QTest::newRow("at the largest") << 400.0 << 1.0 << !kPrecise << 400.0;
-    QTest::newRow("to the smallest") << 36.0 << -5.0 << kPrecise << 35.0;
-    QTest::newRow("at the smallest") << 35.0 << -1.0 << !kPrecise << 35.0;
-    QTest::newRow("from beyond the bounds") << 1e9 << -1.0 << !kPrecise << 400.0;
-    QTest::newRow("from no end") << infinity << -1.0 << !kPrecise << 400.0;
-    QTest::newRow("from below the bounds") << 1e-300 << 1.0 << !kPrecise << 35.0;
-    QTest::newRow("no way at all") << 120.0 << 0.0 << !kPrecise << 120.0;
+    // A table, one row a line.
+    // clang-format off
+    QTest::newRow("a notch up")             << 90.0     << 1.0   << !kPrecise << 98.0;
+    QTest::newRow("a notch down")           << 90.0     << -1.0  << !kPrecise << 82.0;
+    QTest::newRow("three notches at once")  << 90.0     << 3.0   << !kPrecise << 114.0;
+    QTest::newRow("fingers up")             << 90.0     << 10.0  << kPrecise  << 102.0;
+    QTest::newRow("fingers down")           << 90.0     << -10.0 << kPrecise  << 78.0;
+    QTest::newRow("just below the largest") << 390.0    << 1.0   << !kPrecise << 398.0;
+    QTest::newRow("to the largest")         << 398.0    << 1.0   << !kPrecise << 400.0;
+    QTest::newRow("at the largest")         << 400.0    << 1.0   << !kPrecise << 400.0;
+    QTest::newRow("to the smallest")        << 36.0     << -5.0  << kPrecise  << 35.0;
+    QTest::newRow("at the smallest")        << 35.0     << -1.0  << !kPrecise << 35.0;
+    QTest::newRow("from beyond the bounds") << 1e9      << -1.0  << !kPrecise << 400.0;
+    QTest::newRow("from no end")            << infinity << -1.0  << !kPrecise << 400.0;
+    QTest::newRow("from below the bounds")  << 1e-300   << 1.0   << !kPrecise << 35.0;
+    QTest::newRow("no way at all")          << 120.0    << 0.0   << !kPrecise << 120.0;
+    // clang-format on
 }
 
 void CanvasScrollTest::theWheelChangesTheRadiusWithinItsBounds()

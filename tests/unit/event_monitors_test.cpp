@@ -13,7 +13,6 @@ using platform::MonitoredScroll;
 using platform::RecordingEventMonitor;
 using platform::SurfaceRole;
 using test::Controller;
-using test::kPrecise;
 
 class EventMonitorsTest : public QObject
 {
@@ -35,8 +34,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-constexpr bool kOverOurs = true;
 
 MonitoredScroll altNotches(double count)
 {
@@ -192,23 +189,36 @@ void EventMonitorsTest::altAndTheWheelElsewhereChangeTheRadius_data()
     QTest::addColumn<bool>("isOverOurs");
     QTest::addColumn<double>("after");
 
-    const Modifiers alt = Modifier::Alt;
-    QTest::newRow("a notch up") << "s" << 90.0 << 1.0 << !kPrecise << alt << !kOverOurs << 98.0;
-    QTest::newRow("a notch down") << "s" << 90.0 << -1.0 << !kPrecise << alt << !kOverOurs << 82.0;
-    QTest::newRow("fingers up") << "s" << 90.0 << 10.0 << kPrecise << alt << !kOverOurs << 102.0;
-    QTest::newRow("fingers down") << "s" << 90.0 << -10.0 << kPrecise << alt << !kOverOurs << 78.0;
-    QTest::newRow("to the largest") << "s" << 398.0 << 1.0 << !kPrecise << alt << !kOverOurs << 400.0;
-    QTest::newRow("to the smallest") << "s" << 36.0 << -1.0 << !kPrecise << alt << !kOverOurs << 35.0;
-    QTest::newRow("more than Alt") << "s" << 90.0 << 1.0 << !kPrecise << (alt | Modifier::Shift) << !kOverOurs
-                                   << 98.0;
-    QTest::newRow("without Alt") << "s" << 90.0 << 1.0 << !kPrecise << Modifiers() << !kOverOurs << 90.0;
-    QTest::newRow("another modifier")
-        << "s" << 90.0 << 1.0 << !kPrecise << Modifiers(Modifier::Ctrl) << !kOverOurs << 90.0;
-    QTest::newRow("over a window of ours") << "s" << 90.0 << 1.0 << !kPrecise << alt << kOverOurs << 90.0;
-    QTest::newRow("over a canvas that is drawn on")
-        << "sd" << 90.0 << 1.0 << !kPrecise << alt << kOverOurs << 90.0;
-    QTest::newRow("without the spotlight") << "k" << 90.0 << 1.0 << !kPrecise << alt << !kOverOurs << 90.0;
-    QTest::newRow("after Esc") << "se" << 90.0 << 1.0 << !kPrecise << alt << !kOverOurs << 90.0;
+    struct Row
+    {
+        const char *name;
+        const char *operations = "s";
+        double before = 90.0;
+        double distance = 1.0;
+        bool isPrecise = false;
+        Modifiers modifiers = Modifier::Alt;
+        bool isOverOurs = false;
+        double after = 90.0;
+    };
+    const Modifiers altAndShift = Modifier::Alt | Modifier::Shift;
+    const std::array rows = {
+        Row{.name = "a notch up", .distance = 1.0, .after = 98.0},
+        Row{.name = "a notch down", .distance = -1.0, .after = 82.0},
+        Row{.name = "fingers up", .distance = 10.0, .isPrecise = true, .after = 102.0},
+        Row{.name = "fingers down", .distance = -10.0, .isPrecise = true, .after = 78.0},
+        Row{.name = "to the largest", .before = 398.0, .distance = 1.0, .after = 400.0},
+        Row{.name = "to the smallest", .before = 36.0, .distance = -1.0, .after = 35.0},
+        Row{.name = "more than Alt", .modifiers = altAndShift, .after = 98.0},
+        Row{.name = "without Alt", .modifiers = {}},
+        Row{.name = "another modifier", .modifiers = Modifier::Ctrl},
+        Row{.name = "over a window of ours", .isOverOurs = true},
+        Row{.name = "over a canvas that takes the pointer", .operations = "sd", .isOverOurs = true},
+        Row{.name = "without the spotlight", .operations = "k"},
+        Row{.name = "after Esc", .operations = "se"},
+    };
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << QString(row.operations) << row.before << row.distance << row.isPrecise
+                                << row.modifiers << row.isOverOurs << row.after;
 }
 
 void EventMonitorsTest::altAndTheWheelElsewhereChangeTheRadius()

@@ -49,14 +49,17 @@ void HotKeysTest::hotKeysActLikeTheToggles_data()
     QTest::addColumn<bool>("clicksOn");
     QTest::addColumn<bool>("pinnedOn");
 
-    QTest::newRow("D turns drawing on") << "" << 1U << true << false << false << false << false;
-    QTest::newRow("D turns drawing off") << "d" << 1U << false << false << false << false << false;
-    QTest::newRow("S") << "" << 2U << false << true << false << false << false;
-    QTest::newRow("W") << "" << 3U << false << false << true << false << false;
-    QTest::newRow("K") << "" << 4U << false << false << false << true << false;
-    QTest::newRow("P without drawing") << "" << 6U << false << false << false << false << false;
-    QTest::newRow("P while drawing") << "d" << 6U << false << false << false << false << true;
-    QTest::newRow("P while pinned") << "dp" << 6U << true << false << false << false << false;
+    // A table, one row a line.
+    // clang-format off
+    QTest::newRow("D turns drawing on")  << ""   << 1U << true  << false << false << false << false;
+    QTest::newRow("D turns drawing off") << "d"  << 1U << false << false << false << false << false;
+    QTest::newRow("S")                   << ""   << 2U << false << true  << false << false << false;
+    QTest::newRow("W")                   << ""   << 3U << false << false << true  << false << false;
+    QTest::newRow("K")                   << ""   << 4U << false << false << false << true  << false;
+    QTest::newRow("P without drawing")   << ""   << 6U << false << false << false << false << false;
+    QTest::newRow("P while drawing")     << "d"  << 6U << false << false << false << false << true;
+    QTest::newRow("P while pinned")      << "dp" << 6U << true  << false << false << false << false;
+    // clang-format on
 }
 
 void HotKeysTest::hotKeysActLikeTheToggles()

@@ -36,43 +36,29 @@ void RefreshTest::stepsComeInTheirOrder_data()
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QStringList>("steps");
 
-    QTest::newRow("drawing on") << ""
-                                << "d"
-                                << QStringList{"overlay 0: take the mouse",
-                                               "overlay 1: take the mouse",
-                                               "overlay 1: order front",
-                                               "activate",
-                                               "overlay 0: order front",
-                                               "overlay 0: make key",
-                                               "toolbar 0: order front"};
-    QTest::newRow("drawing off") << "d"
-                                 << "d"
-                                 << QStringList{"overlay 0: ignore the mouse", "overlay 1: ignore the mouse",
-                                                "deactivate", "overlay 0: order out", "overlay 1: order out"};
-    QTest::newRow("pin") << "d"
-                         << "p"
-                         << QStringList{"overlay 0: ignore the mouse", "overlay 1: ignore the mouse",
-                                        "deactivate", "overlay 0: order front", "overlay 1: order front"};
-    QTest::newRow("spotlight") << ""
-                               << "s" << QStringList{"overlay 0: ignore the mouse",
-                                                     "overlay 1: ignore the mouse",
-                                                     "deactivate",
-                                                     "overlay 0: order front",
-                                                     "overlay 1: order front",
-                                                     "hot key 99: registered"};
-    QTest::newRow("ring with the spotlight on")
-        << "s"
-        << "r"
-        << QStringList{"overlay 0: ignore the mouse", "overlay 1: ignore the mouse", "deactivate",
-                       "overlay 0: order front",      "overlay 1: order front",      "effect 0: made",
-                       "effect 0: ignore the mouse",  "effect 0: move to 472, 372",  "effect 0: order front"};
-    QTest::newRow("spotlight off with the ring on")
-        << "sr"
-        << "s"
-        << QStringList{
-               "overlay 0: ignore the mouse", "overlay 1: ignore the mouse", "deactivate",
-               "overlay 0: order out",        "overlay 1: order out",        "effect 0: move to 472, 372",
-               "effect 0: move to 472, 372",  "effect 0: order front",       "hot key 99: released"};
+    const auto row = [](const char *name, const char *before, const char *operation, const char *steps) {
+        QTest::newRow(name) << QString(before) << QString(operation) << QString(steps).split("; ");
+    };
+    row("drawing on", "", "d",
+        "overlay 0: take the mouse; overlay 1: take the mouse; overlay 1: order front; activate; "
+        "overlay 0: order front; overlay 0: make key; toolbar 0: order front");
+    row("drawing off", "d", "d",
+        "overlay 0: ignore the mouse; overlay 1: ignore the mouse; deactivate; "
+        "overlay 0: order out; overlay 1: order out");
+    row("pin", "d", "p",
+        "overlay 0: ignore the mouse; overlay 1: ignore the mouse; deactivate; "
+        "overlay 0: order front; overlay 1: order front");
+    row("spotlight", "", "s",
+        "overlay 0: ignore the mouse; overlay 1: ignore the mouse; deactivate; "
+        "overlay 0: order front; overlay 1: order front; hot key 99: registered");
+    row("ring with the spotlight on", "s", "r",
+        "overlay 0: ignore the mouse; overlay 1: ignore the mouse; deactivate; "
+        "overlay 0: order front; overlay 1: order front; "
+        "effect 0: made; effect 0: ignore the mouse; effect 0: move to 472, 372; effect 0: order front");
+    row("spotlight off with the ring on", "sr", "s",
+        "overlay 0: ignore the mouse; overlay 1: ignore the mouse; deactivate; "
+        "overlay 0: order out; overlay 1: order out; effect 0: move to 472, 372; "
+        "effect 0: move to 472, 372; effect 0: order front; hot key 99: released");
 }
 
 void RefreshTest::stepsComeInTheirOrder()
@@ -93,13 +79,15 @@ void RefreshTest::theOverlayUnderThePointerBecomesKey_data()
     QTest::addColumn<QPointF>("mouse");
     QTest::addColumn<QString>("key");
 
-    QTest::newRow("on the first screen") << QPointF(500, 400) << "overlay 0: make key";
-    QTest::newRow("on the second screen") << QPointF(1400, 500) << "overlay 1: make key";
-    QTest::newRow("a left edge belongs to the screen") << QPointF(1000, 500) << "overlay 1: make key";
-    QTest::newRow("below the second, on none") << QPointF(1400, 100) << "overlay 0: make key";
-    QTest::newRow("the second screen's lower edge belongs to it")
-        << QPointF(1400, 200) << "overlay 1: make key";
-    QTest::newRow("far away") << QPointF(-5000, 9000) << "overlay 0: make key";
+    // A table, one row a line.
+    // clang-format off
+    QTest::newRow("on the first screen")               << QPointF(500, 400)    << "overlay 0: make key";
+    QTest::newRow("on the second screen")              << QPointF(1400, 500)   << "overlay 1: make key";
+    QTest::newRow("a left edge belongs to the screen") << QPointF(1000, 500)   << "overlay 1: make key";
+    QTest::newRow("and so does a lower edge")          << QPointF(1400, 200)   << "overlay 1: make key";
+    QTest::newRow("below the second, on none")         << QPointF(1400, 100)   << "overlay 0: make key";
+    QTest::newRow("far away")                          << QPointF(-5000, 9000) << "overlay 0: make key";
+    // clang-format on
 }
 
 void RefreshTest::theOverlayUnderThePointerBecomesKey()

@@ -32,18 +32,25 @@ void ScrollValuatorTest::aWayIsNotchesOrPoints_data()
     QTest::addColumn<bool>("isPrecise");
 
     // Values that grow are downwards, so a negative distance.
-    QTest::newRow("a notch down") << 15.0 << 0.0 << 15.0 << -1.0 << false;
-    QTest::newRow("a notch up") << 15.0 << 0.0 << -15.0 << 1.0 << false;
-    QTest::newRow("several notches") << 15.0 << 300.0 << 255.0 << 3.0 << false;
-    QTest::newRow("a device in hundred-and-twentieths") << 120.0 << -120.0 << 0.0 << -1.0 << false;
-    QTest::newRow("a device that counts notches") << 1.0 << 7.0 << 8.0 << -1.0 << false;
-    QTest::newRow("an axis that grows upwards") << -15.0 << 0.0 << 15.0 << 1.0 << false;
-    QTest::newRow("a notch that was rounded") << 120.0 << 1e6 / 3 << 1e6 / 3 - 120.00001 << 1.0 << false;
-    QTest::newRow("fingers down") << 15.0 << 0.0 << 4.5 << -4.5 << true;
-    QTest::newRow("fingers up") << 15.0 << 100.0 << 90.0 << 10.0 << true;
-    QTest::newRow("fingers over more than a notch") << 15.0 << 0.0 << 20.0 << -20.0 << true;
-    QTest::newRow("the quarter of a notch") << 120.0 << 0.0 << 30.0 << -3.75 << true;
-    QTest::newRow("fingers on an axis that grows upwards") << -15.0 << 0.0 << 3.0 << 3.0 << true;
+    const auto row = [](const char *name, double increment, double from, double to, double distance,
+                        bool isPrecise) {
+        QTest::newRow(name) << increment << from << to << distance << isPrecise;
+    };
+    // A table, one row a line.
+    // clang-format off
+    row("a notch down",                          15.0,  0.0,     15.0,                -1.0,  false);
+    row("a notch up",                            15.0,  0.0,     -15.0,               1.0,   false);
+    row("several notches",                       15.0,  300.0,   255.0,               3.0,   false);
+    row("a device in hundred-and-twentieths",    120.0, -120.0,  0.0,                 -1.0,  false);
+    row("a device that counts notches",          1.0,   7.0,     8.0,                 -1.0,  false);
+    row("an axis that grows upwards",            -15.0, 0.0,     15.0,                1.0,   false);
+    row("a notch that was rounded",              120.0, 1e6 / 3, 1e6 / 3 - 120.00001, 1.0,   false);
+    row("fingers down",                          15.0,  0.0,     4.5,                 -4.5,  true);
+    row("fingers up",                            15.0,  100.0,   90.0,                10.0,  true);
+    row("fingers over more than a notch",        15.0,  0.0,     20.0,                -20.0, true);
+    row("the quarter of a notch",                120.0, 0.0,     30.0,                -3.75, true);
+    row("fingers on an axis that grows upwards", -15.0, 0.0,     3.0,                 3.0,   true);
+    // clang-format on
 }
 
 void ScrollValuatorTest::aWayIsNotchesOrPoints()

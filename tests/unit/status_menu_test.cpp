@@ -93,18 +93,21 @@ void StatusMenuTest::checkMarksAreTheFlags_data()
     QTest::addColumn<QString>("operations");
     QTest::addColumn<QStringList>("expected");
 
-    QTest::newRow("nothing on") << "" << QStringList{};
-    QTest::newRow("drawing") << "d" << QStringList{kDraw};
-    QTest::newRow("drawing off again") << "dd" << QStringList{};
-    QTest::newRow("spotlight") << "s" << QStringList{kSpot};
-    QTest::newRow("whiteboard") << "w" << QStringList{kBoard};
-    QTest::newRow("clicks") << "k" << QStringList{kClicks};
-    QTest::newRow("ring") << "r" << QStringList{kRing};
-    QTest::newRow("pin") << "dp" << QStringList{kPin};
-    QTest::newRow("pin refused") << "p" << QStringList{};
-    QTest::newRow("pin ended by drawing") << "dpd" << QStringList{kDraw};
-    QTest::newRow("all that go together") << "dswkr" << QStringList{kDraw, kSpot, kBoard, kClicks, kRing};
-    QTest::newRow("Esc") << "dswkre" << QStringList{kClicks, kRing};
+    // A table, one row a line.
+    // clang-format off
+    QTest::newRow("nothing on")           << ""       << QStringList{};
+    QTest::newRow("drawing")              << "d"      << QStringList{kDraw};
+    QTest::newRow("drawing off again")    << "dd"     << QStringList{};
+    QTest::newRow("spotlight")            << "s"      << QStringList{kSpot};
+    QTest::newRow("whiteboard")           << "w"      << QStringList{kBoard};
+    QTest::newRow("clicks")               << "k"      << QStringList{kClicks};
+    QTest::newRow("ring")                 << "r"      << QStringList{kRing};
+    QTest::newRow("pin")                  << "dp"     << QStringList{kPin};
+    QTest::newRow("pin refused")          << "p"      << QStringList{};
+    QTest::newRow("pin ended by drawing") << "dpd"    << QStringList{kDraw};
+    QTest::newRow("all that go together") << "dswkr"  << QStringList{kDraw, kSpot, kBoard, kClicks, kRing};
+    QTest::newRow("Esc")                  << "dswkre" << QStringList{kClicks, kRing};
+    // clang-format on
 }
 
 void StatusMenuTest::checkMarksAreTheFlags()

@@ -158,13 +158,15 @@ void ToolbarPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView_data()
 {
     QTest::addColumn<QString>("saved");
     QTest::addColumn<QPointF>("place");
-    QTest::newRow("left of every screen") << "-500 100 151 477 A" << QPointF(0, 100);
-    QTest::newRow("right and above, of a screen that is gone")
-        << "5000 5000 151 477 C" << QPointF(1000 - 151, 800 - 477);
-    QTest::newRow("below its screen") << "1200 -900 151 477 B" << QPointF(1200, 200);
-    QTest::newRow("too little to take hold of") << "960 100 151 477 Z" << QPointF(1000 - 151, 100);
-    QTest::newRow("enough to take hold of") << "1750 300 151 477 B" << QPointF(1750, 300);
-    QTest::newRow("partly below, within reach") << "300 -400 151 477 A" << QPointF(300, -400);
+    // A table, one row a line.
+    // clang-format off
+    QTest::newRow("left of every screen")       << "-500 100 151 477 A"  << QPointF(0, 100);
+    QTest::newRow("on a screen that is gone")   << "5000 5000 151 477 C" << QPointF(1000 - 151, 800 - 477);
+    QTest::newRow("below its screen")           << "1200 -900 151 477 B" << QPointF(1200, 200);
+    QTest::newRow("too little to take hold of") << "960 100 151 477 Z"   << QPointF(1000 - 151, 100);
+    QTest::newRow("enough to take hold of")     << "1750 300 151 477 B"  << QPointF(1750, 300);
+    QTest::newRow("partly below, within reach") << "300 -400 151 477 A"  << QPointF(300, -400);
+    // clang-format on
 }
 
 void ToolbarPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView()

@@ -49,6 +49,11 @@ output=$(env -u DISPLAY "$prefix/bin/zeigewerk" 2>&1) || status=$?
 [ "$status: $output" = "1: zeigewerk: no X11 display: DISPLAY is not set" ] ||
     fail "The installed program exited with $status and printed: $output"
 
+# The installed program contains the controller, and nothing of the tests' recording desktop.
+symbols=$(nm -C "$prefix/bin/zeigewerk")
+grep -q 'zeigewerk::AppDelegate' <<<"$symbols" || fail "The installed program has no symbols to check."
+! grep 'Recording' <<<"$symbols" || fail "The installed program contains a part of the tests."
+
 # The metainfo and the Debian changelog start with this version.
 release=$(grep -om1 '<release version="[^"]*"' "$prefix"/share/metainfo/*.xml)
 [ "$release" = "<release version=\"$version\"" ] || fail "The metainfo's newest release is not $version: $release"

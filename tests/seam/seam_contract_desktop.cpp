@@ -134,7 +134,8 @@ void SeamContract::whereDocksLeaveNothingTheVisibleFrameIsTheScreen()
     const QStringList screen = tell("desktop screens").split(' ');
     m_world->setDocks({0, 30, 0, 0});
     QTRY_VERIFY(tell("desktop visible") != screen.join(' '));
-    m_world->setDocks({0, screen.at(3).toInt(), 0, 0});
+    const int moreThanHalf = screen.at(3).toInt() / 2 + 50;
+    m_world->setDocks({0, moreThanHalf, 0, moreThanHalf});
     QTRY_COMPARE(tell("desktop visible"), screen.join(' '));
 }
 

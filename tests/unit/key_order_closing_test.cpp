@@ -40,7 +40,7 @@ void KeyOrderClosingTest::theCanvasGetsLaterKeys_data()
         {mark(1), "stop announcing, resume, canvas z"},
         {handedToClosedField('x', 11), "Qt"},
     };
-    QTest::newRow("and in order with a press") << Script{
+    QTest::newRow("and in order with other events") << Script{
         {read('r', 10), "Qt"},
         {fieldCloses(), "pause, mark 1"},
         {read('y', 12), "withheld"},
@@ -49,7 +49,7 @@ void KeyOrderClosingTest::theCanvasGetsLaterKeys_data()
         {otherEvent(12), ""},
         {mark(1), "stop announcing, resume, event of 11, canvas y, event of 12"},
     };
-    QTest::newRow("if it closes while a press is held: the pressed canvas's") << Script{
+    QTest::newRow("if it closes while a press is held: to the pressed canvas") << Script{
         {announced('r', 10), ""},
         {announced('x', 11), ""},
         {press(20), "pause, mark 1"},
@@ -99,7 +99,7 @@ void KeyOrderClosingTest::repeatsAreDroppedButNotNewPresses_data()
         {read('r', 12), "withheld"},
         {mark(1), "stop announcing, resume"},
     };
-    QTest::newRow("a quick second press of the key that closed the field: the canvas's") << Script{
+    QTest::newRow("a quick second press of the key that closed the field: to the canvas") << Script{
         {read('r', 10), "Qt"},
         {released('r'), ""},
         {read('r', 11), "Qt"},

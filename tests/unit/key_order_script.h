@@ -228,7 +228,7 @@ inline Input keyboardGoes()
     return [](KeyOrderRig &rig) { rig.order.keyboardGoes(); };
 }
 
-inline Input patienceEnds()
+inline Input markTimesOut()
 {
     return [](KeyOrderRig &rig) { rig.order.giveUp(); };
 }

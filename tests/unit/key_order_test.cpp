@@ -31,31 +31,31 @@ void KeyOrderTest::aPressWaitsForTheKeysBeforeIt_data()
     QTest::addColumn<Script>("script");
     // One input a line.
     // clang-format off
-    QTest::newRow("without a press, every key is the field's") << Script{
+    QTest::newRow("without a press, every key goes to the field") << Script{
         {announced('a', 10), ""},
         {read('a', 10), "Qt"},
         {read('b', 11), "Qt"},
         {announced('b', 11), ""},
     };
-    QTest::newRow("typed before the press: the field's") << Script{
+    QTest::newRow("typed before the press: to the field") << Script{
         {announced('a', 10), ""},
         {press(20), "pause, mark 1"},
         {read('a', 10), "Qt"},
         {mark(1), "stop announcing, press, resume"},
     };
-    QTest::newRow("typed before the press in its millisecond: the field's") << Script{
+    QTest::newRow("typed before the press in its millisecond: to the field") << Script{
         {announced('a', 20), ""},
         {press(20), "pause, mark 1"},
         {read('a', 20), "Qt"},
         {mark(1), "stop announcing, press, resume"},
     };
-    QTest::newRow("typed after the press: the canvas's, after the press") << Script{
+    QTest::newRow("typed after the press: to the canvas, after the press") << Script{
         {press(20), "pause, mark 1"},
         {announced('b', 21), ""},
         {read('b', 21), "withheld"},
         {mark(1), "stop announcing, press, resume, canvas b"},
     };
-    QTest::newRow("typed after the press in its millisecond: the canvas's, after the press") << Script{
+    QTest::newRow("typed after the press in its millisecond: to the canvas, after the press") << Script{
         {press(20), "pause, mark 1"},
         {announced('b', 20), ""},
         {read('b', 20), "withheld"},
@@ -86,7 +86,7 @@ void KeyOrderTest::aPressWaitsForTheKeysBeforeIt_data()
         {announced('c', 22), ""},
         {mark(1), "stop announcing, press, resume, event of 21, canvas b, event of 22, canvas c"},
     };
-    QTest::newRow("never announced, from before the press: the field's") << Script{
+    QTest::newRow("never announced, from before the press: to the field") << Script{
         {press(20), "pause, mark 1"},
         {read('a', 19), "Qt"},
         {mark(1), "stop announcing, press, resume"},
@@ -165,7 +165,7 @@ void KeyOrderTest::theCanvasGetsNoRepeats_data()
     QTest::addColumn<Script>("script");
     // One input a line.
     // clang-format off
-    QTest::newRow("read before the press: the field's") << Script{
+    QTest::newRow("read before the press: to the field") << Script{
         {read('a', 10), "Qt"},
         {read('a', 15), "Qt"},
         {press(20), "pause, mark 1"},
@@ -200,34 +200,34 @@ void KeyOrderTest::aHoldEnds_data()
     QTest::addColumn<Script>("script");
     // One input a line.
     // clang-format off
-    QTest::newRow("when patience does") << Script{
+    QTest::newRow("when the mark does not come back in time") << Script{
         {press(20), "pause, mark 1"},
         {read('b', 21), "withheld"},
-        {patienceEnds(), "stop announcing, press, resume, canvas b"},
+        {markTimesOut(), "stop announcing, press, resume, canvas b"},
         {mark(1), ""},
         {read('c', 22), "Qt"},
     };
-    QTest::newRow("once") << Script{
+    QTest::newRow("only once") << Script{
         {press(20), "pause, mark 1"},
         {mark(1), "stop announcing, press, resume"},
         {mark(1), ""},
-        {patienceEnds(), ""},
+        {markTimesOut(), ""},
     };
-    QTest::newRow("not with the mark of an earlier one") << Script{
+    QTest::newRow("not by the mark of an earlier hold") << Script{
         {press(20), "pause, mark 1"},
-        {patienceEnds(), "stop announcing, press, resume"},
+        {markTimesOut(), "stop announcing, press, resume"},
         {fieldOpens(kField), "announce"},
         {press(40), "pause, mark 2"},
         {mark(1), ""},
         {mark(2), "stop announcing, press, resume"},
     };
-    QTest::newRow("soon, if the field's window is gone") << Script{
+    QTest::newRow("without a mark, if the field's window is gone") << Script{
         {windowVanishes(), ""},
         {press(20), "pause, mark 1, release 1 later"},
         {read('a', 19), "Qt"},
         {mark(1), "stop announcing, press, resume"},
     };
-    QTest::newRow("soon, if the closing field's window is gone") << Script{
+    QTest::newRow("without a mark, if the closing field's window is gone") << Script{
         {windowVanishes(), ""},
         {fieldCloses(), "pause, mark 1, release 1 later"},
         {mark(1), "stop announcing, resume"},

@@ -96,7 +96,7 @@ public:
     bool interceptKeyOfClosedField(const Key &key);
     /// Qt has read a release for that window.
     void keyReleased(Window window, std::uint8_t code);
-    /// Our connection has announced a key, whoever gets it.
+    /// Our connection has announced a key, whichever window gets it.
     void keyAnnounced(const Stamp &key);
     /// Handles the waiting keys that were pressed before that time. Call it before handling any event of that
     /// time.

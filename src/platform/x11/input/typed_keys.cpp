@@ -15,8 +15,8 @@ namespace zeigewerk::platform::x11 {
 namespace {
 
 constexpr char kMark[] = "_ZEIGEWERK_TYPED_KEYS";
-/// The mark normally comes back within a millisecond. If it is lost, the pointer must not hang for good.
-constexpr std::chrono::seconds kPatience(1);
+/// The mark normally comes back within a millisecond. If it is lost, the pointer must not hang forever.
+constexpr std::chrono::seconds kMarkTimeout(1);
 
 /// Includes what xcb stores behind the first 32 bytes.
 std::size_t sizeOf(const xcb_input_button_press_event_t &event)
@@ -43,9 +43,9 @@ TypedKeys::TypedKeys(Connection &connection, HandlePress handlePress, HandleKey 
     , m_handlePress(std::move(handlePress))
     , m_handleKey(std::move(handleKey))
 {
-    m_patience.setSingleShot(true);
-    m_patience.setInterval(kPatience);
-    m_patience.callOnTimeout(this, [this] { m_order.giveUp(); });
+    m_markTimeout.setSingleShot(true);
+    m_markTimeout.setInterval(kMarkTimeout);
+    m_markTimeout.callOnTimeout(this, [this] { m_order.giveUp(); });
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
@@ -151,12 +151,12 @@ void TypedKeys::stopAnnouncements()
 void TypedKeys::pauseConnection()
 {
     m_connection.pause();
-    m_patience.start();
+    m_markTimeout.start();
 }
 
 void TypedKeys::resumeConnection()
 {
-    m_patience.stop();
+    m_markTimeout.stop();
     // Fetches everything that happened before the last of the waiting keys.
     m_connection.roundTrip();
     m_connection.resume();

@@ -41,7 +41,7 @@ public:
     /// keyboard now, is a canvas, it gets the keys that still come to the field.
     void windowCloses(xcb_window_t field, QWidget &widget, xcb_window_t keyboardOwner);
 
-    /// A key was pressed, whoever gets it.
+    /// A key was pressed, whichever window gets it.
     void keyAnnounced(const xcb_input_raw_key_press_event_t &event);
     /// Handles the waiting keys that were pressed before that time. Call it before handling any event of that
     /// time.
@@ -69,7 +69,7 @@ private:
     HandlePress m_handlePress;
     HandleKey m_handleKey;
     KeyOrder m_order{*this};
-    QTimer m_patience;
+    QTimer m_markTimeout;
     /// The press that is held, with the data behind the event's struct; empty if none is.
     std::vector<char> m_press;
     /// The field that was closed last, until it is deleted.

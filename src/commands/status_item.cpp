@@ -47,9 +47,9 @@ bool StatusItem::hasTray() const
     case NotifierWatch::State::HostRegistered:
         return true;
     case NotifierWatch::State::NoWatcher:
-        return m_desktop.hasTray();
+        return m_desktop.showsTrayIcons();
     case NotifierWatch::State::NoHost:
-        return !m_waitForHost.isActive() && m_desktop.hasTray();
+        return !m_waitForHost.isActive() && m_desktop.showsTrayIcons();
     case NotifierWatch::State::Unknown:
         return false;
     }

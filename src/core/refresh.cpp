@@ -23,8 +23,8 @@ void AppDelegate::refreshAll()
     showOverlays(interactive, visible);
     if (interactive)
         raiseToolbar();
-    updateFollowTimer();
     updateCursorRing();
+    updateFollowTimer();
     updateFadeTimer();
     updateEscHotKey();
     updateEventMonitor();
@@ -122,10 +122,9 @@ void AppDelegate::updateCursorRing()
     if (m_cursorRingOn) {
         if (!m_ringWindow)
             m_ringWindow = std::make_unique<CursorRing>(m_desktop);
-        if (const std::optional<QPointF> mouse = m_desktop.mouseLocation()) {
-            m_ringWindow->moveTo(*mouse);
+        // A hidden one is shown once its place is known: followPointer().
+        if (m_ringWindow->isVisible())
             m_ringWindow->orderFrontRegardless();
-        }
     } else if (m_ringWindow) {
         m_ringWindow->orderOut();
     }

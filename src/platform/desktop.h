@@ -51,16 +51,18 @@ public:
     virtual QString limitation(Feature feature) const = 0;
     bool offers(Feature feature) const { return limitation(feature).isEmpty(); }
 
-    /// Where the pointer is; none if the desktop does not tell.
+    /// Where the pointer is; none if that is unknown. While nothing follows the pointer, a desktop that
+    /// cannot ask at once answers with the last place that it knows.
     virtual std::optional<QPointF> mouseLocation() const = 0;
-    /// Whether something follows the pointer from now on, so that `mouseLocation` must be current at any
-    /// time. A desktop that has to ask another process for it does so only then.
+    /// Whether something follows the pointer from now on. Then `mouseLocation` must be current, if the
+    /// desktop offers `Feature::FollowingPointer`; it may take another process to find out, which is asked
+    /// only then. Does nothing if nothing changes.
     virtual void setFollowsPointer(bool follows) = 0;
 
     /// Whether windows can be translucent. If not, what is beside a toolbar's rounded corners is cut off.
     virtual bool isComposited() const = 0;
     /// Whether the desktop shows tray icons itself, without the session bus.
-    virtual bool hasTray() const = 0;
+    virtual bool showsTrayIcons() const = 0;
     virtual HotKeys &hotKeys() = 0;
     virtual EventMonitor &eventMonitor() = 0;
 
@@ -77,7 +79,7 @@ Q_SIGNALS:
     void featuresChanged();
     /// `isComposited` has another answer.
     void compositingChanged();
-    /// `hasTray` has another answer.
+    /// `showsTrayIcons` has another answer.
     void trayChanged();
 };
 

@@ -34,8 +34,8 @@ public:
 
     /// Reports these events from now on, and no others.
     virtual void setListening(MonitoredEvents events) = 0;
-    /// Called once for each press of the left button, with its place: points, global coordinates, y up. For
-    /// users with swapped buttons it is the one they press as left.
+    /// Called once for each press of the left button, with the pointer's place when the press is reported:
+    /// points, global coordinates, y up. For users with swapped buttons it is the one they press as left.
     virtual void setLeftPressHandler(std::function<void(QPointF position)> handler) = 0;
     /// Called once for each step of the wheel made while Alt is held. It may also report other steps.
     virtual void setScrollHandler(std::function<void(const MonitoredScroll &)> handler) = 0;

@@ -36,8 +36,8 @@ inline bool contains(const QRectF &rect, QPointF point)
            point.y() < rect.bottom();
 }
 
-/// The screens of the display server, and the conversion between its pixels and our points. Only this class
-/// and `ViewGeometry` flip y.
+/// The screens of the display server, and the conversion between its pixels and our points. Above the
+/// backends, only this class and `ViewGeometry` flip y.
 class ScreenLayout
 {
 public:

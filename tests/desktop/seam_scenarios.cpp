@@ -2,7 +2,10 @@
 #include "seam.h"
 #include "seam/seam_contract.h"
 
-#include <map>
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
 
 using namespace zeigewerk;
 using namespace zeigewerk::rig;

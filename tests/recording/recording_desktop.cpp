@@ -61,14 +61,14 @@ std::optional<Screen> RecordingDesktop::mainScreen() const
 
 void RecordingDesktop::setComposited(bool isComposited)
 {
-    m_isComposited = isComposited;
-    Q_EMIT compositingChanged();
+    if (std::exchange(m_isComposited, isComposited) != isComposited)
+        Q_EMIT compositingChanged();
 }
 
 void RecordingDesktop::setTray(bool exists)
 {
-    m_hasTray = exists;
-    Q_EMIT trayChanged();
+    if (std::exchange(m_hasTray, exists) != exists)
+        Q_EMIT trayChanged();
 }
 
 QRectF RecordingDesktop::visibleFrame(const Screen &screen) const
@@ -85,8 +85,8 @@ QString RecordingDesktop::limitation(Feature feature) const
 
 void RecordingDesktop::setLimitation(Feature feature, const QString &reason)
 {
-    m_limitations[feature] = reason;
-    Q_EMIT featuresChanged();
+    if (std::exchange(m_limitations[feature], reason) != reason)
+        Q_EMIT featuresChanged();
 }
 
 void RecordingDesktop::activate()

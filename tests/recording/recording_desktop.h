@@ -120,7 +120,7 @@ public:
     std::optional<QPointF> mouseLocation() const override { return m_mouseLocation; }
     void setFollowsPointer(bool follows) override { m_followsPointer = follows; }
     bool isComposited() const override { return m_isComposited; }
-    bool hasTray() const override { return m_hasTray; }
+    bool showsTrayIcons() const override { return m_hasTray; }
     RecordingHotKeys &hotKeys() override { return m_hotKeys; }
     RecordingEventMonitor &eventMonitor() override { return m_eventMonitor; }
     void activate() override;

@@ -62,11 +62,15 @@ void RecordingHotKeys::setState(HotKeyId id, HotKeyState state)
 
 void RecordingHotKeys::press(HotKeyId id)
 {
-    const auto isGranted = [&](const Registration *registration) {
-        return registration->hotKey.id == id && registration->current == HotKeyState::Granted;
-    };
-    if (std::any_of(m_registrations.begin(), m_registrations.end(), isGranted))
+    if (isGranted(id))
         deliver(id);
+}
+
+bool RecordingHotKeys::isGranted(HotKeyId id) const
+{
+    return std::any_of(m_registrations.begin(), m_registrations.end(), [&](const Registration *registration) {
+        return registration->hotKey.id == id && registration->current == HotKeyState::Granted;
+    });
 }
 
 int RecordingHotKeys::timesRegistered(HotKeyId id) const

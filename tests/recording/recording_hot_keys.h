@@ -6,7 +6,7 @@ namespace zeigewerk::platform {
 
 class RecordingDesktop;
 
-/// Hot keys that a test grants, refuses and presses.
+/// Hot keys that a test grants, refuses and presses. Unlike a real desktop, it delivers a press at once.
 class RecordingHotKeys : public HotKeys
 {
     Q_OBJECT
@@ -33,6 +33,7 @@ public:
     void deliver(HotKeyId id) { Q_EMIT pressed(id); }
 
     int timesRegistered(HotKeyId id) const;
+    bool isGranted(HotKeyId id) const;
     /// The hot keys that are registered now, in the order in which they were asked for.
     std::vector<HotKey> registered() const;
 

@@ -16,6 +16,7 @@ RecordingSurface::RecordingSurface(RecordingDesktop &desktop, QString name, cons
 
 RecordingSurface::~RecordingSurface()
 {
+    m_desktop.forgetKey(m_name);
     for (auto &[role, surfaces] : m_desktop.m_surfaces)
         surfaces.erase(std::remove(surfaces.begin(), surfaces.end(), this), surfaces.end());
 }

@@ -132,8 +132,7 @@ RecordingSurface *RecordingUser::keySurface() const
 void RecordingUser::pressKey(PhysicalKey key)
 {
     for (const HotKey &hotKey : m_desktop.hotKeys().registered()) {
-        if (hotKey.key == key && hotKey.modifiers == m_modifiers &&
-            m_desktop.hotKeys().timesRegistered(hotKey.id) > 0)
+        if (hotKey.key == key && hotKey.modifiers == m_modifiers && m_desktop.hotKeys().isGranted(hotKey.id))
             return m_desktop.hotKeys().press(hotKey.id);
     }
     if (RecordingSurface *surface = keySurface())
@@ -148,8 +147,9 @@ void RecordingUser::pressKey(PhysicalKey key)
         return;
     }
     const char32_t character = characterOf(key);
-    QKeyEvent press(QEvent::KeyPress, QChar::toUpper(character), Qt::NoModifier,
-                    QString::fromUcs4(&character, 1));
+    const bool isEscape = key == PhysicalKey::Escape;
+    QKeyEvent press(QEvent::KeyPress, isEscape ? Qt::Key_Escape : static_cast<int>(QChar::toUpper(character)),
+                    Qt::NoModifier, QString::fromUcs4(&character, 1));
     QCoreApplication::sendEvent(&(*field)->widget(), &press);
 }
 

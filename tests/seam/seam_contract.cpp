@@ -4,9 +4,6 @@
 
 namespace zeigewerk::test {
 
-using platform::Modifier;
-using platform::PhysicalKey;
-
 void SeamContract::init()
 {
     m_world = makeWorld();
@@ -61,11 +58,9 @@ void SeamContract::aSurfacePaintsOnlyWhatIsDamaged()
     showCanvas();
     QTRY_COMPARE(m_world->pixel(kInCanvas), kRed);
     tell("color canvas lime");
-    // A second surface that is painted meanwhile shows that there was time to paint the first.
-    tell("surface other overlay 550 100 100 100 yellow");
-    tell("order other front");
-    tell("damage other");
-    QTRY_COMPARE(m_world->pixel({600.5, 150.5}), kYellow);
+    // View coordinates: the right half.
+    tell("damage canvas 200 0 200 300");
+    QTRY_COMPARE(m_world->pixel({400.5, 250.5}), kLime);
     QCOMPARE(m_world->pixel(kInCanvas), kRed);
     tell("damage canvas");
     QTRY_COMPARE(m_world->pixel(kInCanvas), kLime);
@@ -113,10 +108,18 @@ void SeamContract::levelsHoldWhateverIsOrderedFrontLast()
     QTRY_COMPARE(m_world->pixel({110.5, 110.5}), kRed);
     QTRY_COMPARE(m_world->pixel({130.5, 130.5}), kLime);
     QTRY_COMPARE(m_world->pixel({160.5, 160.5}), kYellow);
+
+    // The canvas comes to the front of its level, and not above the others.
+    tell("surface other overlay 300 300 400 300 blue");
+    tell("color other fuchsia");
+    tell("order other front");
+    tell("damage other");
+    QTRY_COMPARE(m_world->pixel({350.5, 350.5}), QColor(QColorConstants::Svg::fuchsia));
     tell("order bar front");
     tell("order canvas front");
-    QTRY_COMPARE(m_world->pixel({130.5, 130.5}), kLime);
-    QTRY_COMPARE(m_world->pixel({160.5, 160.5}), kYellow);
+    QTRY_COMPARE(m_world->pixel({350.5, 350.5}), kRed);
+    QCOMPARE(m_world->pixel({130.5, 130.5}), kLime);
+    QCOMPARE(m_world->pixel({160.5, 160.5}), kYellow);
 }
 
 void SeamContract::withinALevelTheLastOrderedFrontIsInFront()

@@ -38,7 +38,7 @@ private Q_SLOTS:
     void clicksPassThroughAWindowThatIgnoresTheMouse();
     void aWindowMovesToWholePoints();
     void aWindowIsDraggedByItsGrip();
-    void aHotKeyIsDeliveredOncePerPress();
+    void aHotKeyIsDeliveredForEachPress();
     void aHotKeyOfAnotherProgramIsRefused();
     void aHotKeyIsGivenBackWhileTheProgramRuns();
     void theMonitorReportsOnlyWhatItIsAskedFor();
@@ -60,6 +60,10 @@ private:
     static constexpr platform::Modifiers kCtrlAlt = platform::Modifier::Ctrl | platform::Modifier::Alt;
 
     QString tell(const QString &line) { return m_world->tell(line); }
+    bool offers(const QString &feature) { return tell("desktop features").split(' ').contains(feature); }
+    /// Waits until the program has handled the events that have happened: asking the desktop fetches them,
+    /// and they are handled before the next line.
+    void awaitEvents() { tell("desktop main"); }
     /// Forgets what reached the program and the other application.
     void forget();
     /// Shows the overlay "canvas", 400 x 300 points at (100, 100), in that colour.

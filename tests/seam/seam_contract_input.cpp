@@ -14,6 +14,7 @@ void SeamContract::clicksPassThroughASurfaceUntilItTakesTheMouse()
     m_world->movePointer(kInCanvas);
     m_world->click();
     QTRY_COMPARE(m_world->clicksOfOther(), 1);
+    awaitEvents();
     QCOMPARE(tell("events canvas"), QString());
 
     forget();
@@ -26,6 +27,7 @@ void SeamContract::clicksPassThroughASurfaceUntilItTakesTheMouse()
     tell("mouse canvas ignore");
     m_world->click();
     QTRY_COMPARE(m_world->clicksOfOther(), 1);
+    awaitEvents();
     QCOMPARE(tell("events canvas"), QString());
 }
 
@@ -94,6 +96,7 @@ void SeamContract::theKeyboardGoesToTheKeySurfaceAndBack()
     forget();
     m_world->tap(PhysicalKey::D);
     QTRY_COMPARE(m_world->keysOfOther(), 1);
+    awaitEvents();
     QCOMPARE(tell("events canvas"), QString());
 }
 

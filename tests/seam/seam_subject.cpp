@@ -95,7 +95,7 @@ QString SeamSubject::tell(const QString &line)
         {"mouse",    &SeamSubject::setMouse},       // NAME take|ignore
         {"key",      &SeamSubject::makeKey},        // NAME
         {"color",    &SeamSubject::setColor},       // SURFACE COLOUR
-        {"damage",   &SeamSubject::damage},         // SURFACE
+        {"damage",   &SeamSubject::damage},         // SURFACE [X Y WIDTH HEIGHT]
         {"frame",    &SeamSubject::frame},          // NAME
         {"state",    &SeamSubject::state},          // NAME
         {"events",   &SeamSubject::events},         // SURFACE: those that reached it
@@ -107,6 +107,7 @@ QString SeamSubject::tell(const QString &line)
         {"listen",   &SeamSubject::listen},         // [clicks] [wheel]
         {"heard",    &SeamSubject::heard},          // hot keys and events elsewhere
         {"forget",   &SeamSubject::forget},         // all logs
+        {"follow",   &SeamSubject::follow},         // on|off
         {"interact", &SeamSubject::interact},       // begin|end
         {"desktop",  &SeamSubject::desktop},        // screens|visible|main|pointer|tray|features
         {"signals",  &SeamSubject::signalCount},    // screens|features|compositing|tray
@@ -193,7 +194,11 @@ QString SeamSubject::setColor(const Words &words)
 
 QString SeamSubject::damage(const Words &words)
 {
-    m_surfaces.at(words.value(1))->surface->setNeedsDisplay(Damage::everything());
+    const bool isPart = words.size() > 2;
+    m_surfaces.at(words.value(1))
+        ->surface->setNeedsDisplay(
+            isPart ? Damage::of({pointAt(words, 2), QSizeF(number(words, 4), number(words, 5))})
+                   : Damage::everything());
     return {};
 }
 

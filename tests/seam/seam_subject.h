@@ -52,6 +52,7 @@ private:
     QString listen(const Words &words);
     QString heard(const Words &words);
     QString forget(const Words &words);
+    QString follow(const Words &words);
     QString interact(const Words &words);
     QString desktop(const Words &words);
     QString signalCount(const Words &words);

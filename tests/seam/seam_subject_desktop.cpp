@@ -29,6 +29,18 @@ constexpr std::array kHotKeys = {
 };
 // clang-format on
 
+struct FeatureRow
+{
+    const char *name;
+    Feature feature;
+};
+
+constexpr std::array kFeatures = {
+    FeatureRow{"following", Feature::FollowingPointer},
+    FeatureRow{"clicks", Feature::ClicksElsewhere},
+    FeatureRow{"wheel", Feature::WheelElsewhere},
+};
+
 const HotKeyRow &hotKeyNamed(const QString &name)
 {
     const auto found = std::find_if(kHotKeys.begin(), kHotKeys.end(),
@@ -121,6 +133,12 @@ QString SeamSubject::heard(const Words &)
     return m_heard.join(QLatin1Char(';'));
 }
 
+QString SeamSubject::follow(const Words &words)
+{
+    m_desktop.setFollowsPointer(words.value(1) == QLatin1String("on"));
+    return {};
+}
+
 QString SeamSubject::interact(const Words &words)
 {
     words.value(1) == QStringLiteral("begin") ? m_desktop.activate() : m_desktop.deactivate();
@@ -135,12 +153,13 @@ QString SeamSubject::desktop(const Words &words)
     if (subject == QStringLiteral("pointer"))
         return m_desktop.mouseLocation() ? text(*m_desktop.mouseLocation()) : QStringLiteral("unknown");
     if (subject == QStringLiteral("tray"))
-        return m_desktop.hasTray() ? QStringLiteral("there") : QStringLiteral("none");
+        return m_desktop.showsTrayIcons() ? QStringLiteral("there") : QStringLiteral("none");
     if (subject == QStringLiteral("features")) {
         QStringList offered;
-        for (const Feature feature :
-             {Feature::FollowingPointer, Feature::ClicksElsewhere, Feature::WheelElsewhere})
-            offered.append(m_desktop.offers(feature) ? QStringLiteral("offered") : QStringLiteral("limited"));
+        for (const FeatureRow &row : kFeatures) {
+            if (m_desktop.offers(row.feature))
+                offered.append(QString::fromLatin1(row.name));
+        }
         return offered.join(QLatin1Char(' '));
     }
     QStringList frames;

@@ -1,4 +1,3 @@
-#include "commands/hot_key_table.h"
 #include "commands/status_item.h"
 #include "controller_fixture.h"
 #include "registered_test.h"
@@ -7,6 +6,7 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -18,23 +18,25 @@ namespace {
 
 const QString kReason = QStringLiteral("Das bietet diese Sitzung nicht.");
 
-/// What needs a feature: a button, a menu entry, a hot key if there is one, and the mode they switch.
+/// What needs a feature: a mode, and the button and menu entry that toggle it.
 struct ModeRow
 {
     const char *name;
     Feature needs;
     PalButton *Toolbar::*button;
     const char *entry;
-    std::optional<std::uint32_t> hotKey;
+    void (AppDelegate::*toggle)();
     bool (AppDelegate::*isOn)() const;
 };
 
-// A table, one row a line.
 // clang-format off
 constexpr std::array kModes = {
-    ModeRow{"spotlight", Feature::FollowingPointer, &Toolbar::btnSpot, "spotlight", 2, &AppDelegate::spotlightOn},
-    ModeRow{"ring", Feature::FollowingPointer, &Toolbar::btnRing, "cursor-ring", {}, &AppDelegate::cursorRingOn},
-    ModeRow{"clicks", Feature::ClicksElsewhere, &Toolbar::btnClicks, "clicks", 4, &AppDelegate::clicksOn},
+    ModeRow{"spotlight", Feature::FollowingPointer, &Toolbar::btnSpot, "spotlight",
+            &AppDelegate::toggleSpot, &AppDelegate::spotlightOn},
+    ModeRow{"ring", Feature::FollowingPointer, &Toolbar::btnRing, "cursor-ring",
+            &AppDelegate::toggleRing, &AppDelegate::cursorRingOn},
+    ModeRow{"clicks", Feature::ClicksElsewhere, &Toolbar::btnClicks, "clicks",
+            &AppDelegate::toggleClicks, &AppDelegate::clicksOn},
 };
 // clang-format on
 
@@ -107,11 +109,14 @@ void FeaturesTest::whatIsNotOfferedCannotBeSwitchedOn()
 {
     Controller controller;
     controller.desktop.setLimitation(mode().needs, kReason);
+    const auto isOn = [&] { return (controller.app().*mode().isOn)(); };
     (controller.app().toolbar()->*mode().button)->click();
+    QVERIFY(!isOn());
     controller.app().statusItem()->menu().trigger(QString::fromLatin1(mode().entry));
-    if (mode().hotKey)
-        controller.desktop.hotKeys().press({kHotKeySignature, *mode().hotKey});
-    QVERIFY(!(controller.app().*mode().isOn)());
+    QVERIFY(!isOn());
+    // As a hot key does.
+    (controller.app().*mode().toggle)();
+    QVERIFY(!isOn());
 }
 
 void FeaturesTest::aModeEndsWhenItsFeatureGoesAndComesBackOnlyByHand()
@@ -161,7 +166,8 @@ void FeaturesTest::aPressOnAGreyedButtonNeitherClicksNorDrags()
     QSignalSpy drags(&panel, &Panel::dragBegan);
     QSignalSpy menus(&panel, &Panel::menuRequested);
     QTest::mouseClick(controller.app().toolbar()->btnClicks, Qt::LeftButton);
-    QTest::mouseClick(controller.app().toolbar()->btnClicks, Qt::RightButton);
+    QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5));
+    QCoreApplication::sendEvent(controller.app().toolbar()->btnClicks, &rightClick);
     QCOMPARE(drags.size(), 0);
     QCOMPARE(menus.size(), 0);
     QVERIFY(!controller.app().clicksOn());

@@ -57,8 +57,8 @@ void RefreshTest::stepsComeInTheirOrder_data()
         "effect 0: made; effect 0: ignore the mouse; effect 0: move to 472, 372; effect 0: order front");
     row("spotlight off with the ring on", "sr", "s",
         "overlay 0: ignore the mouse; overlay 1: ignore the mouse; deactivate; "
-        "overlay 0: order out; overlay 1: order out; effect 0: move to 472, 372; "
-        "effect 0: move to 472, 372; effect 0: order front; hot key 99: released");
+        "overlay 0: order out; overlay 1: order out; "
+        "effect 0: order front; effect 0: move to 472, 372; hot key 99: released");
 }
 
 void RefreshTest::stepsComeInTheirOrder()

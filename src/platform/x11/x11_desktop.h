@@ -48,7 +48,7 @@ public:
     /// The server is asked each time.
     void setFollowsPointer(bool) override {}
     bool isComposited() const override { return m_compositor.exists(); }
-    bool hasTray() const override { return m_embeddingTray.exists(); }
+    bool showsTrayIcons() const override { return m_embeddingTray.exists(); }
     HotKeys &hotKeys() override { return m_hotKeys; }
     EventMonitor &eventMonitor() override { return m_eventMonitor; }
     void activate() override { m_focus.borrow(); }

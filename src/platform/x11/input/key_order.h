@@ -85,7 +85,8 @@ public:
     /// field must have lost the keyboard to the canvas already.
     void holdPress(const Press &press, Window field);
     /// The field closes. If `keyboardOwner`, the window of ours that has the keyboard now, is a canvas, it
-    /// gets the keys that still come to the field. Returns whether it does.
+    /// gets the keys that still come to the field. If a press is held, the pressed canvas gets them. Returns
+    /// whether a canvas gets them.
     bool closeField(Window field, Window keyboardOwner);
     /// The closed field has been deleted.
     void closedFieldDeleted() { m_isClosed = false; }

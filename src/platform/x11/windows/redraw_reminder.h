@@ -22,7 +22,7 @@ public:
 
     /// The window is mapped again, or is about to be.
     void windowComesBack(xcb_window_t window);
-    /// The window is about to be destroyed.
+    /// The window is destroyed.
     void forget(xcb_window_t window) { m_windows.erase(window); }
 
 private:

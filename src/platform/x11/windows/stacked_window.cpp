@@ -41,7 +41,7 @@ void StackedWindow::orderFront()
             m_services.redrawReminder.windowComesBack(window());
         show();
     }
-    // The window directly below may be gone by now.
+    // Moves a window that was shown before. For a new one, the window directly below may be gone by now.
     m_services.stacking.checkSoon();
 }
 

@@ -1,6 +1,7 @@
 #include "platform/x11/windows/stacking_order.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace zeigewerk::platform::x11 {
 

@@ -3,7 +3,6 @@
 #include <QRect>
 
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <vector>
 

@@ -9,7 +9,6 @@
 #include <xcb/xinput.h>
 
 #include <optional>
-#include <vector>
 
 namespace zeigewerk::platform::x11 {
 

@@ -51,10 +51,10 @@ public:
     virtual QString limitation(Feature feature) const = 0;
     bool offers(Feature feature) const { return limitation(feature).isEmpty(); }
 
-    /// Where the pointer is; none if the desktop does not tell.
+    /// Where the pointer is; none if the desktop does not say.
     virtual std::optional<QPointF> mouseLocation() const = 0;
-    /// Whether something follows the pointer from now on, so that `mouseLocation` must be current at any
-    /// time. A desktop that has to ask another process for it does so only then.
+    /// Tells the desktop whether something follows the pointer from now on. Only while it does must
+    /// `mouseLocation` be current at any time, so a desktop can ask another process for it only then.
     virtual void setFollowsPointer(bool follows) = 0;
 
     /// Whether windows can be translucent. If not, what is beside a toolbar's rounded corners is cut off.
@@ -73,11 +73,11 @@ public:
 Q_SIGNALS:
     /// Places, scales or the order of the screens changed; emitted once per change.
     void screensChanged();
-    /// `limitation` has another answer for some feature.
+    /// The answer of `limitation` has changed for some feature.
     void featuresChanged();
-    /// `isComposited` has another answer.
+    /// The answer of `isComposited` has changed.
     void compositingChanged();
-    /// `hasTray` has another answer.
+    /// The answer of `hasTray` has changed.
     void trayChanged();
 };
 

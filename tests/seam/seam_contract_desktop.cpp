@@ -9,7 +9,7 @@ using platform::PhysicalKey;
 
 void SeamContract::aHotKeyIsDeliveredOncePerPress()
 {
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     tell("hotkeys D W");
     QTRY_COMPARE(tell("states"), QString("D=granted W=granted"));
     m_world->holdModifiers(kCtrlAlt);
@@ -18,18 +18,18 @@ void SeamContract::aHotKeyIsDeliveredOncePerPress()
     m_world->tap(PhysicalKey::D);
     QTRY_COMPARE(tell("heard"), QString("hotkey D;hotkey W;hotkey D"));
     m_world->releaseModifiers();
-    QCOMPARE(m_world->keysOfOther(), 0);
+    QCOMPARE(m_world->otherKeys(), 0);
 
     // Without the modifiers it is an ordinary key.
     forget();
     m_world->tap(PhysicalKey::D);
-    QTRY_COMPARE(m_world->keysOfOther(), 1);
+    QTRY_COMPARE(m_world->otherKeys(), 1);
     QCOMPARE(tell("heard"), QString());
 }
 
 void SeamContract::aHotKeyOfAnotherProgramIsRefused()
 {
-    m_world->grabByOther();
+    m_world->otherGrabsHotKey();
     tell("hotkeys D W");
     QTRY_COMPARE(tell("states"), QString("D=refused W=granted"));
     m_world->holdModifiers(kCtrlAlt);
@@ -39,44 +39,44 @@ void SeamContract::aHotKeyOfAnotherProgramIsRefused()
     QTRY_COMPARE(tell("heard"), QString("hotkey W"));
 }
 
-void SeamContract::aHotKeyIsGivenBackWhileTheProgramRuns()
+void SeamContract::aHotKeyCanBeGivenBackWhileTheProgramRuns()
 {
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     tell("hotkeys Esc");
     QTRY_COMPARE(tell("states"), QString("Esc=granted"));
     m_world->tap(PhysicalKey::Escape);
     QTRY_COMPARE(tell("heard"), QString("hotkey Esc"));
-    QCOMPARE(m_world->keysOfOther(), 0);
+    QCOMPARE(m_world->otherKeys(), 0);
 
     forget();
     tell("giveback Esc");
     QCOMPARE(tell("states"), QString());
     m_world->tap(PhysicalKey::Escape);
-    QTRY_COMPARE(m_world->keysOfOther(), 1);
+    QTRY_COMPARE(m_world->otherKeys(), 1);
     QCOMPARE(tell("heard"), QString());
 
     tell("hotkeys Esc");
     QTRY_COMPARE(tell("states"), QString("Esc=granted"));
     m_world->tap(PhysicalKey::Escape);
     QTRY_COMPARE(tell("heard"), QString("hotkey Esc"));
-    QCOMPARE(m_world->keysOfOther(), 1);
+    QCOMPARE(m_world->otherKeys(), 1);
 }
 
 void SeamContract::theMonitorReportsOnlyWhatItIsAskedFor()
 {
     m_world->movePointer(kBeside);
     m_world->click();
-    QTRY_COMPARE(m_world->clicksOfOther(), 1);
+    QTRY_COMPARE(m_world->otherClicks(), 1);
     tell("listen clicks");
     m_world->click();
     QTRY_COMPARE(tell("heard"), QString("press 700.5,600.5"));
     tell("listen");
     m_world->click();
-    QTRY_COMPARE(m_world->clicksOfOther(), 3);
+    QTRY_COMPARE(m_world->otherClicks(), 3);
     QCOMPARE(tell("heard"), QString("press 700.5,600.5"));
 }
 
-void SeamContract::theMonitorReportsClicksOverOursAndElsewhere()
+void SeamContract::theMonitorReportsClicksEverywhere()
 {
     showCanvas();
     tell("mouse canvas take");
@@ -84,12 +84,12 @@ void SeamContract::theMonitorReportsClicksOverOursAndElsewhere()
     m_world->movePointer(kInCanvas);
     m_world->click();
     QTRY_COMPARE(tell("heard"), QString("press 200.5,250.5"));
-    // It consumes nothing.
+    // The monitor does not consume the click.
     QTRY_VERIFY(tell("events canvas").startsWith("down"));
     m_world->movePointer(kBeside);
     m_world->click();
     QTRY_COMPARE(tell("heard"), QString("press 200.5,250.5;press 700.5,600.5"));
-    QTRY_COMPARE(m_world->clicksOfOther(), 1);
+    QTRY_COMPARE(m_world->otherClicks(), 1);
 }
 
 void SeamContract::theMonitorReportsTheWheelWithAlt()
@@ -105,7 +105,7 @@ void SeamContract::theMonitorReportsTheWheelWithAlt()
     m_world->turnWheel(-1);
     QTRY_COMPARE(tell("heard"), QString("scroll 1 700.5,600.5 elsewhere;scroll -1 200.5,250.5 ours"));
     m_world->releaseModifiers();
-    // Nor is a click heard that was not asked for.
+    // It does not report clicks that the program did not ask for.
     m_world->click();
     QTRY_VERIFY(tell("events canvas").contains("down"));
     QCOMPARE(tell("heard"), QString("scroll 1 700.5,600.5 elsewhere;scroll -1 200.5,250.5 ours"));
@@ -117,7 +117,7 @@ void SeamContract::thePrimaryScreenBeginsAtTheOrigin()
     QVERIFY(tell("desktop main") != "none");
 }
 
-void SeamContract::docksAreLeftOutOfTheVisibleFrame()
+void SeamContract::theVisibleFrameExcludesDocks()
 {
     const QStringList screen = tell("desktop screens").split(' ');
     const int width = screen.at(2).toInt();
@@ -129,7 +129,7 @@ void SeamContract::docksAreLeftOutOfTheVisibleFrame()
     QTRY_COMPARE(tell("desktop visible"), QString("48 20 %1 %2").arg(width - 48).arg(height - 20));
 }
 
-void SeamContract::whereDocksLeaveNothingTheVisibleFrameIsTheScreen()
+void SeamContract::ifDocksLeaveNothingTheVisibleFrameIsTheScreen()
 {
     const QStringList screen = tell("desktop screens").split(' ');
     m_world->setDocks({0, 30, 0, 0});

@@ -18,7 +18,7 @@ namespace {
 
 const QString kReason = QStringLiteral("Das bietet diese Sitzung nicht.");
 
-/// What needs a feature: a button, a menu entry, a hot key if there is one, and the mode they switch.
+/// A mode that needs a feature, and its controls: a button, a menu entry, and a hot key if it has one.
 struct ModeRow
 {
     const char *name;
@@ -29,7 +29,7 @@ struct ModeRow
     bool (AppDelegate::*isOn)() const;
 };
 
-// A table, one row a line.
+// A table, one row per line.
 // clang-format off
 constexpr std::array kModes = {
     ModeRow{"spotlight", Feature::FollowingPointer, &Toolbar::btnSpot, "spotlight", 2, &AppDelegate::spotlightOn},
@@ -50,17 +50,17 @@ class FeaturesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatIsNotOfferedIsGreyedAndSaysWhy_data() { addModes(); }
-    void whatIsNotOfferedIsGreyedAndSaysWhy();
-    void whatIsNotOfferedCannotBeSwitchedOn_data() { addModes(); }
-    void whatIsNotOfferedCannotBeSwitchedOn();
-    void aModeEndsWhenItsFeatureGoesAndComesBackOnlyByHand_data() { addModes(); }
-    void aModeEndsWhenItsFeatureGoesAndComesBackOnlyByHand();
+    void aMissingFeatureDisablesItsControlsAndSaysWhy_data() { addModes(); }
+    void aMissingFeatureDisablesItsControlsAndSaysWhy();
+    void aModeWithoutItsFeatureCannotBeTurnedOn_data() { addModes(); }
+    void aModeWithoutItsFeatureCannotBeTurnedOn();
+    void aModeEndsWithItsFeatureAndDoesNotResumeByItself_data() { addModes(); }
+    void aModeEndsWithItsFeatureAndDoesNotResumeByItself();
     void theOtherModesStayAvailable_data() { addModes(); }
     void theOtherModesStayAvailable();
-    void withoutTheWheelElsewhereTheSpotlightOnlySaysWhy();
-    void aPressOnAGreyedButtonNeitherClicksNorDrags();
-    void aGreyedButtonIsPaler();
+    void withoutTheWheelElsewhereTheSpotlightWorksAndSaysWhy();
+    void aPressOnADisabledButtonNeitherClicksNorDrags();
+    void aDisabledButtonIsPaler();
 
 private:
     static void addModes();
@@ -80,7 +80,7 @@ const ModeRow &FeaturesTest::mode()
     return kModes.at(static_cast<std::size_t>(index));
 }
 
-void FeaturesTest::whatIsNotOfferedIsGreyedAndSaysWhy()
+void FeaturesTest::aMissingFeatureDisablesItsControlsAndSaysWhy()
 {
     Controller controller;
     PalButton &button = *(controller.app().toolbar()->*mode().button);
@@ -103,7 +103,7 @@ void FeaturesTest::whatIsNotOfferedIsGreyedAndSaysWhy()
     QCOMPARE(button.toolTip(), tip);
 }
 
-void FeaturesTest::whatIsNotOfferedCannotBeSwitchedOn()
+void FeaturesTest::aModeWithoutItsFeatureCannotBeTurnedOn()
 {
     Controller controller;
     controller.desktop.setLimitation(mode().needs, kReason);
@@ -114,7 +114,7 @@ void FeaturesTest::whatIsNotOfferedCannotBeSwitchedOn()
     QVERIFY(!(controller.app().*mode().isOn)());
 }
 
-void FeaturesTest::aModeEndsWhenItsFeatureGoesAndComesBackOnlyByHand()
+void FeaturesTest::aModeEndsWithItsFeatureAndDoesNotResumeByItself()
 {
     Controller controller;
     controller.app().statusItem()->menu().trigger(QString::fromLatin1(mode().entry));
@@ -141,7 +141,7 @@ void FeaturesTest::theOtherModesStayAvailable()
     }
 }
 
-void FeaturesTest::withoutTheWheelElsewhereTheSpotlightOnlySaysWhy()
+void FeaturesTest::withoutTheWheelElsewhereTheSpotlightWorksAndSaysWhy()
 {
     Controller controller;
     PalButton &spot = *controller.app().toolbar()->btnSpot;
@@ -153,7 +153,7 @@ void FeaturesTest::withoutTheWheelElsewhereTheSpotlightOnlySaysWhy()
     QCOMPARE(spot.toolTip(), tip + "\n" + kReason);
 }
 
-void FeaturesTest::aPressOnAGreyedButtonNeitherClicksNorDrags()
+void FeaturesTest::aPressOnADisabledButtonNeitherClicksNorDrags()
 {
     Controller controller;
     controller.desktop.setLimitation(Feature::ClicksElsewhere, kReason);
@@ -167,7 +167,7 @@ void FeaturesTest::aPressOnAGreyedButtonNeitherClicksNorDrags()
     QVERIFY(!controller.app().clicksOn());
 }
 
-void FeaturesTest::aGreyedButtonIsPaler()
+void FeaturesTest::aDisabledButtonIsPaler()
 {
     Controller controller;
     const PalButton &button = *controller.app().toolbar()->btnClicks;

@@ -20,7 +20,7 @@ inline rig::DesktopSetup benchSetup()
     return {.screens = {QRect(QPoint(0, 0), kScreen)}};
 }
 
-/// Switches drawing on. Throws RigError if it does not start.
+/// Turns drawing on. Throws RigError if it does not start.
 void beginDrawing(rig::Presentation &show);
 
 /// Processor time of the three processes between the mouse and the screen.

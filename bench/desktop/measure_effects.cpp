@@ -32,7 +32,7 @@ void measureSpotlight(Results &results, double rate, const Bars &bars)
     const Path sameDistance = [&](int sample) { return path(static_cast<int>(sample * 1000.0 / rate)); };
     mouse.follow(sameDistance, 1, static_cast<int>(kSeconds * rate), rate);
     const Costs spent = Costs::of(show.session, show.program.processId()) - before;
-    const QString what = QStringLiteral("spotlight, mouse of %1 Hz: ").arg(rate);
+    const QString what = QStringLiteral("spotlight, %1 Hz mouse: ").arg(rate);
     results.add(what + QStringLiteral("program"), shareOfCore(spent.program), QStringLiteral("%"), bars);
     results.add(what + QStringLiteral("X server"), shareOfCore(spent.server), QStringLiteral("%"));
     results.add(what + QStringLiteral("compositor"), shareOfCore(spent.compositor), QStringLiteral("%"));

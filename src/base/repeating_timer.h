@@ -8,7 +8,7 @@
 namespace zeigewerk {
 
 /// The first deadline of the series `start + n * interval` (n >= 1) after `now`: deadlines that have passed
-/// are skipped, not made up for.
+/// are skipped, not caught up on.
 std::chrono::steady_clock::time_point nextDeadline(std::chrono::steady_clock::time_point start,
                                                    std::chrono::nanoseconds interval,
                                                    std::chrono::steady_clock::time_point now);

@@ -15,7 +15,7 @@ class TerminationSignals
 public:
     /// Blocks the signals, so that they do not end the process at once. Call it before there are other
     /// threads: they inherit it, and a thread without it would still be ended by a signal. Also ignores
-    /// SIGPIPE: reading finds a lost display or bus, too, and the loss is reported before the process ends.
+    /// SIGPIPE: a lost display or bus is noticed when reading, too, and is reported before the process ends.
     static void hold();
     /// Unblocks the signals in a child process, which inherits the block; for use between fork and exec.
     /// QProcess itself restores SIGPIPE.

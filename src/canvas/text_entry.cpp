@@ -81,8 +81,8 @@ void DrawingView::closeTextField()
     const std::unique_ptr<TextEntry> entry = std::move(m_textEntry);
     if (!entry)
         return;
-    // Before the field closes, so that no key gets lost. If the field does not have the keyboard, it must not
-    // move; after interaction, it goes back to the application that had it.
+    // The canvas takes the keyboard before the field closes, so that no key gets lost. It takes it only from
+    // the field; after interaction, the keyboard returns to the application that had it.
     if (entry->window->isKey() && app && app->interactionOn() && m_surface)
         m_surface->makeKey();
     entry->window.reset();

@@ -15,7 +15,7 @@ struct TextEntry
     /// The lower left corner of the field's frame in view coordinates. The window is at the nearest pixel.
     QPointF origin;
     std::unique_ptr<TextField> field;
-    // It shows the field, so it goes first.
+    // It shows the field, so it is destroyed first.
     std::unique_ptr<platform::WidgetWindow> window;
 };
 

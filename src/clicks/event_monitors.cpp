@@ -15,7 +15,7 @@ void AppDelegate::installClickMonitors()
 {
     platform::EventMonitor &monitor = m_desktop.eventMonitor();
     const QPointer<AppDelegate> app(this);
-    // Events that were under way when a mode ended arrive afterwards.
+    // Events that were already on their way when a mode ended arrive afterwards.
     monitor.setLeftPressHandler([app](QPointF position) {
         if (app && app->clicksOn())
             ClickRing::show(app->m_desktop, position, app->color(), app->m_clock);

@@ -27,7 +27,7 @@ struct HotKeyRow
 
 inline constexpr platform::Modifiers kCtrlAlt = platform::Modifier::Ctrl | platform::Modifier::Alt;
 
-/// The hot keys of the whole run, in the order of their registration. One row a line:
+/// The hot keys of the whole run, in the order of their registration. One row per line:
 // clang-format off
 inline constexpr std::array<HotKeyRow, 6> kHotKeyTable = {{
     {1, platform::PhysicalKey::D, kCtrlAlt, &AppDelegate::toggleDraw,    u"Zeichnen ein/aus"},
@@ -39,8 +39,8 @@ inline constexpr std::array<HotKeyRow, 6> kHotKeyTable = {{
 }};
 // clang-format on
 
-/// Esc is taken from the other applications only while the spotlight is on. Without drawing the overlays let
-/// the keyboard through, and would not see it.
+/// Esc is taken from the other applications only while the spotlight is on. While drawing is off, the
+/// overlays let the keyboard through, and would not see it.
 inline constexpr HotKeyRow kEscHotKey = {
     99, platform::PhysicalKey::Escape, {}, &AppDelegate::escapePressed, u"Zeichnen und Spotlight beenden"};
 

@@ -41,7 +41,7 @@ void AppDelegate::updateEscHotKey()
         m_escHotKeyRef.reset();
         return;
     }
-    // A refused one is asked for again at each refresh.
+    // A refused hot key is requested again at each refresh.
     if (m_escHotKeyRef && m_escHotKeyRef->state() != HotKeyState::Refused)
         return;
     const std::array wanted = {kEscHotKey.hotKey()};

@@ -23,19 +23,19 @@ struct StatusRow
     QStringView title;
     /// The action's name for other programs.
     QStringView name = {};
-    /// None for a line that only explains.
+    /// Null for a line that only gives a hint.
     void (AppDelegate::*operation)() = nullptr;
     /// Shown as a check mark, or by the choice of title if there is a second one.
     bool (AppDelegate::*flag)() const = nullptr;
     QStringView titleWhenOff = {};
-    /// The entry is greyed if the desktop does not offer it.
+    /// The entry is disabled if the desktop does not offer it.
     std::optional<Feature> needs = {};
     /// Whether the entry exists at all, which does not change after launch; always if null.
     bool (AppDelegate::*exists)() const = nullptr;
 };
 
-/// The titles spell the modifiers as glyphs. As shortcuts of the actions, Qt would act on these hot keys a
-/// second time. Quitting is the last row.
+/// The titles contain the hot keys, with glyphs for the modifiers. If they were shortcuts of the actions, Qt
+/// would act on them a second time. Quitting is the last row.
 constexpr StatusRow kSeparator = {};
 // What belongs together is on one line.
 // clang-format off

@@ -27,7 +27,7 @@ public:
     void rebuild();
     /// Triggers the entry of that name, as a click does: "draw", "spotlight", "whiteboard", "clicks", "pin",
     /// "cursor-ring", "auto-fade", "dark-toolbar", "clear", "toolbar", "check-for-updates" or "quit". False
-    /// if there is no such entry. A greyed entry does nothing.
+    /// if there is no such entry. A disabled entry does nothing.
     bool trigger(const QString &name);
     /// Opens our own menu at that place in Qt's coordinates, moved so that it fits the screen. It takes the
     /// keyboard while it is open, and does not move the focus.

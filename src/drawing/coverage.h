@@ -12,7 +12,7 @@ namespace zeigewerk {
 
 /// How much of each pixel strokes cover. A pixel's coverage is how far its centre lies inside the nearest
 /// edge; where strokes overlap, the highest counts. So a path of many lines is one stroke without seams, even
-/// a translucent one, in whatever order and parts its lines are added.
+/// a translucent one, regardless of the order and the parts in which its lines are added.
 ///
 /// Coordinates are pixels, x to the right, y down; pixel (x, y) has its centre at (x + 0.5, y + 0.5).
 class Coverage

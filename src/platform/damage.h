@@ -12,8 +12,8 @@ namespace zeigewerk::platform {
 class Damage
 {
 public:
-    /// The maximum number of rectangles. Beyond it neighbours are united, first those that waste least, so
-    /// that clipping and culling have a bounded cost.
+    /// The maximum number of rectangles. Beyond it, neighbours are united, starting with those whose union
+    /// adds the least area, so that clipping and culling have a bounded cost.
     static constexpr std::size_t kMaxRects = 128;
 
     Damage() = default;

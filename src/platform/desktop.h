@@ -51,12 +51,12 @@ public:
     virtual QString limitation(Feature feature) const = 0;
     bool offers(Feature feature) const { return limitation(feature).isEmpty(); }
 
-    /// Where the pointer is; none if that is unknown. While nothing follows the pointer, a desktop that
-    /// cannot ask at once answers with the last place that it knows.
+    /// Where the pointer is; none if that is unknown. While nothing follows the pointer, this may be the last
+    /// known place.
     virtual std::optional<QPointF> mouseLocation() const = 0;
-    /// Whether something follows the pointer from now on. Then `mouseLocation` must be current, if the
-    /// desktop offers `Feature::FollowingPointer`; it may take another process to find out, which is asked
-    /// only then. Does nothing if nothing changes.
+    /// Tells the desktop whether something follows the pointer from now on. Only while it does must
+    /// `mouseLocation` be current at any time, so a desktop can ask another process for it only then. The
+    /// same value again does nothing.
     virtual void setFollowsPointer(bool follows) = 0;
 
     /// Whether windows can be translucent. If not, what is beside a toolbar's rounded corners is cut off.
@@ -75,11 +75,11 @@ public:
 Q_SIGNALS:
     /// Places, scales or the order of the screens changed; emitted once per change.
     void screensChanged();
-    /// `limitation` has another answer for some feature.
+    /// The answer of `limitation` has changed for some feature.
     void featuresChanged();
-    /// `isComposited` has another answer.
+    /// The answer of `isComposited` has changed.
     void compositingChanged();
-    /// `showsTrayIcons` has another answer.
+    /// The answer of `showsTrayIcons` has changed.
     void trayChanged();
 };
 

@@ -48,8 +48,8 @@ struct ScrollEvent
     QPointF globalPosition = {};
 };
 
-/// The place of a key on the keyboard, whatever the layout writes on it. The values are the evdev codes of
-/// linux/input-event-codes.h, which X11 (plus 8) and Wayland share.
+/// The place of a key on the keyboard, whichever character the layout assigns to it. The values are the evdev
+/// codes of linux/input-event-codes.h, which X11 (plus 8) and Wayland share.
 enum class PhysicalKey {
     Escape = 1,
     W = 17,

@@ -12,7 +12,7 @@ class PaintTarget;
 /// What a surface is for; it determines its level.
 enum class SurfaceRole {
     Overlay, ///< covers one screen; can take the mouse and the keyboard
-    Effect,  ///< a small ornament above everything else of ours; never takes a click
+    Effect,  ///< a small decoration above all our other windows; never takes a click
 };
 
 /// Paints a surface and receives its input.

@@ -8,7 +8,7 @@ namespace zeigewerk::platform {
 enum class WidgetRole {
     TextField, ///< lies over its overlay; can take the mouse and the keyboard
     Toolbar,   ///< takes the mouse, never the keyboard
-    Dialog,    ///< as a toolbar, on the same level
+    Dialog,    ///< like a toolbar, on the same level
 };
 
 /// A top-level Qt widget that the desktop places among the surfaces. No window manager moves or decorates it,
@@ -26,7 +26,7 @@ public:
     /// scale, to the nearest pixel. It may stick out of the screen.
     virtual void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) = 0;
     /// Moves the frame so that `grip`, the point by which the pointer drags the widget, is under the pointer
-    /// again. `position` is where the event at hand has the pointer. Both are points from the lower left
+    /// again. `position` is the pointer's position in the current event. Both are points from the lower left
     /// corner of the frame, y up.
     virtual void drag(QPointF grip, QPointF position) = 0;
 
@@ -39,7 +39,7 @@ public:
     virtual void setIgnoresMouseEvents(bool ignores) = 0;
     /// Gives it the keyboard. Does nothing while it is hidden, or if its role never takes the keyboard.
     virtual void makeKey() = 0;
-    /// Whether it is the one of our windows that has the keyboard.
+    /// Whether, of our windows, this one has the keyboard.
     virtual bool isKey() const = 0;
 };
 

@@ -12,7 +12,7 @@ namespace zeigewerk {
 
 namespace {
 
-constexpr double kGreyedOpacity = 0.35;
+constexpr double kDisabledOpacity = 0.35;
 
 /// The largest rectangle within `rect` whose edges lie on pixel boundaries. At fractional scales a button's
 /// edges lie inside pixels, and would cut a circle flat.
@@ -36,7 +36,7 @@ PalButton::PalButton(QWidget *parent, QSize size, const QString &tip)
     setFixedSize(size);
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
-    // Else a press on a greyed button would drag the panel.
+    // Otherwise a press on a disabled button would drag the panel.
     setAttribute(Qt::WA_NoMousePropagation);
     // The menu belongs to the background: a right click on a button opens none.
     setContextMenuPolicy(Qt::PreventContextMenu);
@@ -124,7 +124,7 @@ void PalButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setOpacity(isEnabled() ? 1.0 : kGreyedOpacity);
+    painter.setOpacity(isEnabled() ? 1.0 : kDisabledOpacity);
     paintLayer(painter);
     const QColor tint = toQColor(m_contentTint);
     if (m_image) {

@@ -32,7 +32,7 @@ void setChosenSwatch(PalButton &swatch, bool isChosen, const ToolbarLook &look)
     swatch.setShownOn(isChosen);
 }
 
-/// Greys a button that needs something the desktop does not offer; its tooltip says why.
+/// Disables a button that needs something the desktop does not offer; its tooltip says why.
 void setLimitation(PalButton &button, const QString &limitation)
 {
     button.setEnabled(limitation.isEmpty());

@@ -9,7 +9,7 @@ namespace zeigewerk {
 inline constexpr char kPageOpener[] = "xdg-open";
 
 /// Opens the page with `opener`, which may outlive us; false if it cannot be started. QDesktopServices would
-/// pass on to the browser the signals that we block and the environment that we set.
+/// pass our blocked signals and our changed environment on to the browser.
 bool openPage(const QUrl &page, const QString &opener = QLatin1String(kPageOpener));
 
 } // namespace zeigewerk

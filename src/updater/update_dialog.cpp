@@ -17,7 +17,7 @@ constexpr int kSpacing = 10;
 QLabel *makeLabel(QWidget &parent)
 {
     auto *label = new QLabel(&parent);
-    // A feed must not format our text.
+    // A feed must not be able to format our text.
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::NoTextInteraction);

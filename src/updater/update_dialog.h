@@ -18,7 +18,7 @@ class UpdateDialog : public QWidget
 public:
     UpdateDialog();
 
-    /// Shows the news, in a window as high as they need.
+    /// Shows the news, and adapts the window's height to it.
     void setNews(const UpdateNews &news);
     const UpdateNews &news() const { return m_news; }
 

@@ -31,7 +31,7 @@ public:
         QString feedProgram = zeigewerk::feedProgram();
         /// The limit for a complete answer.
         std::chrono::milliseconds timeLimit = std::chrono::seconds(30);
-        /// The start of the program, and of the session around it, comes first.
+        /// How long the automatic check waits after launch, so that the program and the session start first.
         std::chrono::milliseconds firstCheckAfter = std::chrono::seconds(3);
         /// Opens a page; false if it cannot.
         std::function<bool(const QUrl &)> open = [](const QUrl &page) { return openPage(page); };

@@ -21,7 +21,7 @@ public:
     {
     }
 
-    /// Switches the showing of clicks on; false if that fails.
+    /// Turns "show clicks" on; false if that fails.
     bool turnOn()
     {
         hotKey(Key::K);

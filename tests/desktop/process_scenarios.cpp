@@ -19,7 +19,7 @@ private Q_SLOTS:
     void afterAKillTheDesktopIsUsable();
     void itSleepsWhenIdle();
     void aSecondInstanceExitsQuietly();
-    void ofTwoSimultaneousStartsOneRemains();
+    void onlyOneOfTwoSimultaneousStartsRemains();
     void aKilledInstanceDoesNotBlockTheNext();
     void whenTheDisplayGoesAwayItReportsThatAndExits_data();
     void whenTheDisplayGoesAwayItReportsThatAndExits();
@@ -93,7 +93,7 @@ void ProcessScenarios::afterAKillTheDesktopIsUsable()
 void ProcessScenarios::itSleepsWhenIdle()
 {
     Presentation show;
-    // Modes are switched on and off again, so that anything that might leave a timer running has run.
+    // Modes are turned on and off again, so that anything that might leave a timer running has run.
     show.hotKey(Key::D);
     EVENTUALLY(show.hasKeyboard());
     for (const Key key : {Key::S, Key::S, Key::D})
@@ -121,7 +121,7 @@ void ProcessScenarios::aSecondInstanceExitsQuietly()
     EVENTUALLY(show.beneath.hasFocus() && show.overlays().isEmpty());
 }
 
-void ProcessScenarios::ofTwoSimultaneousStartsOneRemains()
+void ProcessScenarios::onlyOneOfTwoSimultaneousStartsRemains()
 {
     DesktopSession session;
     for (int i = 0; i < 3; ++i) {
@@ -164,7 +164,7 @@ void ProcessScenarios::whenTheDisplayGoesAwayItReportsThatAndExits()
     Presentation show;
     for (const Key mode : modes)
         show.hotKey(mode);
-    // Drawing is switched on last, if at all.
+    // Drawing is turned on last, if at all.
     EVENTUALLY(show.hasKeyboard() == modes.contains(Key::D));
     QCOMPARE(kill(static_cast<pid_t>(show.session.display().serverProcessId()), signal), 0);
     QCOMPARE(show.program.waitForExit(), std::optional(1));

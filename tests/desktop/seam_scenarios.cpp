@@ -1,6 +1,6 @@
 #include "registered_test.h"
-#include "seam.h"
 #include "seam/seam_contract.h"
+#include "seam_stand_in.h"
 
 #include <algorithm>
 #include <array>
@@ -26,7 +26,7 @@ class X11World : public test::SeamWorld
 public:
     X11World() { mustSucceed(m_other.opensWithFocus(), "the other application does not get the keyboard"); }
 
-    QString tell(const QString &line) override { return m_seam.tell(line); }
+    QString tell(const QString &line) override { return m_standIn.tell(line); }
 
     void movePointer(QPointF place) override
     {
@@ -61,8 +61,8 @@ public:
 
     QColor pixel(QPointF place) override { return m_session.screenshot().pixel(pixelAt(place)); }
 
-    int clicksOfOther() override { return static_cast<int>(m_other.presses().size()); }
-    int keysOfOther() override
+    int otherClicks() override { return static_cast<int>(m_other.presses().size()); }
+    int otherKeys() override
     {
         const QList<Key> keys = m_other.pressedKeys();
         return static_cast<int>(std::count_if(keys.begin(), keys.end(), [](Key key) {
@@ -70,9 +70,9 @@ public:
                                 [key](const auto &row) { return row.second == key; });
         }));
     }
-    void forgetOther() override { m_other.forget(); }
-    bool hasOtherTheKeyboard() override { return m_other.hasFocus(); }
-    void grabByOther() override { m_grab.emplace(m_session, Modifiers{Key::Ctrl, Key::Alt}, Key::D); }
+    void forgetOtherInput() override { m_other.forget(); }
+    bool otherHasKeyboard() override { return m_other.hasFocus(); }
+    void otherGrabsHotKey() override { m_grab.emplace(m_session, Modifiers{Key::Ctrl, Key::Alt}, Key::D); }
 
     void setDocks(const QMargins &margins) override
     {
@@ -99,7 +99,7 @@ private:
 
     DesktopSession m_session;
     WindowBeneath m_other{m_session, kScreen, Qt::blue};
-    Seam m_seam{m_session};
+    SeamStandIn m_standIn{m_session};
     std::optional<KeyGrab> m_grab;
     std::optional<Dock> m_dock;
     QList<Key> m_held;

@@ -1,6 +1,6 @@
 // A program around the seam on the desktop that connectToDesktop() chooses. It does what the lines on its
 // standard input say, and answers each with a line: those of a SeamSubject, and below a few of its own about
-// one red slab with an ornament.
+// one red widget with an ornament.
 
 #include "platform/choose_desktop.h"
 #include "platform/desktop.h"
@@ -28,10 +28,10 @@ using namespace zeigewerk::platform;
 
 constexpr QMargins kOrnament(20, 16, 20, 24);
 
-class Slab : public QWidget
+class RedWidget : public QWidget
 {
 public:
-    Slab() { resize(QSize(150, 300).grownBy(kOrnament)); }
+    RedWidget() { resize(QSize(150, 300).grownBy(kOrnament)); }
 
 protected:
     void paintEvent(QPaintEvent *) override
@@ -46,7 +46,7 @@ public:
     explicit StandIn(Desktop &desktop)
         : m_desktop(desktop)
         , m_subject(desktop)
-        , m_window(desktop.makeWindow(WidgetRole::Toolbar, m_slab, kOrnament))
+        , m_window(desktop.makeWindow(WidgetRole::Toolbar, m_widget, kOrnament))
     {
         m_menu.addAction(QStringLiteral("An entry"));
     }
@@ -62,18 +62,18 @@ public:
         else if (verb == QStringLiteral("move"))
             m_window->setFrameOrigin(QPointF(number(1), number(2)));
         else if (verb == QStringLiteral("resize"))
-            m_slab.resize(QSize(number(1), number(2)).grownBy(kOrnament));
+            m_widget.resize(QSize(number(1), number(2)).grownBy(kOrnament));
         else if (verb == QStringLiteral("mask"))
-            m_slab.setMask(m_slab.rect().marginsRemoved(kOrnament));
+            m_widget.setMask(m_widget.rect().marginsRemoved(kOrnament));
         else if (verb == QStringLiteral("unmask"))
-            m_slab.clearMask();
+            m_widget.clearMask();
         else if (verb == QStringLiteral("menu"))
             m_menu.popup(QPoint(number(1), number(2)));
         else if (verb == QStringLiteral("lowered")) {
             m_menu.popup(QPoint(number(2), number(3)));
             m_menu.lower();
         } else if (verb == QStringLiteral("tooltip"))
-            QToolTip::showText(QPoint(number(1), number(2)), QStringLiteral("A tooltip"), &m_slab);
+            QToolTip::showText(QPoint(number(1), number(2)), QStringLiteral("A tooltip"), &m_widget);
         else if (verb == QStringLiteral("overlay"))
             m_overlay = shown(SurfaceRole::Overlay, m_desktop.screens().front().frame);
         else if (verb == QStringLiteral("effect"))
@@ -82,13 +82,13 @@ public:
             openLineAndBeBusy();
         else if (verb == QStringLiteral("written"))
             return QString::fromLatin1(QUrl::toPercentEncoding(m_line.text()));
-        else if (verb != QStringLiteral("slab"))
+        else if (verb != QStringLiteral("widget"))
             return m_subject.tell(words.join(QLatin1Char(' ')));
         return zeigewerk::test::text(m_window->frame());
     }
 
 private:
-    /// Gives the keyboard to a line to write on, says so, and does nothing until the next line of input.
+    /// Opens a line edit, gives it the keyboard, prints "busy", and blocks until the next line of input.
     void openLineAndBeBusy()
     {
         m_lineWindow = m_desktop.makeWindow(WidgetRole::TextField, m_line, {});
@@ -109,7 +109,7 @@ private:
 
     Desktop &m_desktop;
     zeigewerk::test::SeamSubject m_subject;
-    Slab m_slab;
+    RedWidget m_widget;
     QMenu m_menu;
     QLineEdit m_line;
     std::unique_ptr<WidgetWindow> m_window;

@@ -92,7 +92,7 @@ void StackingScenarios::aScreenLockerIsNeverCovered()
     QVERIFY(show.session.client().isAbove(locker.id(), overlay));
     QVERIFY(show.session.client().isAbove(lockerPopup.id(), overlay));
 
-    // A mode that is switched on meanwhile stays below the locker, too.
+    // A mode that is turned on meanwhile stays below the locker, too.
     show.hotKey(Key::W);
     EVENTUALLY(show.hasKeyboard());
     THROUGHOUT(400ms, show.session.client().isAbove(locker.id(), overlay));

@@ -71,7 +71,7 @@ private Q_SLOTS:
     void anUnusableSavedPlaceIsCorrected_data();
     void anUnusableSavedPlaceIsCorrected();
     void itReturnsWhenItsScreenComesBack();
-    void switchesSurviveARestart();
+    void appearanceAndAutoFadeSurviveARestart();
     void unwritableSettingsBreakNothing_data();
     void unwritableSettingsBreakNothing();
 };
@@ -231,7 +231,7 @@ void ToolbarPlaceScenarios::itReturnsWhenItsScreenComesBack()
     EVENTUALLY(run.presenter.panel() == moved);
 }
 
-void ToolbarPlaceScenarios::switchesSurviveARestart()
+void ToolbarPlaceScenarios::appearanceAndAutoFadeSurviveARestart()
 {
     DesktopSession session(kSetup);
     const auto isLight = [&](Run &run) {

@@ -15,7 +15,7 @@ struct ButtonRef
     int index = 0;
 };
 
-/// Buttons that switch no canvas on.
+/// Buttons that do not show a canvas.
 // A table, one row per line:
 // clang-format off
 const QList<ButtonRef> kButtonsWithoutCanvas = {
@@ -43,7 +43,7 @@ bool lostFocus(WindowBeneath &window)
     });
 }
 
-/// Recognizes the look by the background, which only the appearance changes.
+/// Recognises the look by the background, which only the appearance changes.
 bool isDark(ToolbarPresentation &show, QPoint background)
 {
     return show.pixel(background).lightness() < 0x60;
@@ -171,7 +171,7 @@ void ToolbarWindowScenarios::itHidesAndComesBackAtTheSamePlace()
     QCOMPARE(show.presenter.panel(), panel);
     EVENTUALLY(show.pixel(panel.center()) != show.beneathColor());
 
-    // While it is hidden, switching a canvas on does not show it.
+    // While it is hidden, showing a canvas does not show it.
     show.hotKey(Key::T);
     EVENTUALLY(!isShown());
     show.hotKey(Key::D);

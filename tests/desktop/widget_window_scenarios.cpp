@@ -1,6 +1,6 @@
 // The place of a widget's window, and the clicks and keys that it gets.
 #include "registered_test.h"
-#include "seam.h"
+#include "seam_stand_in.h"
 
 using namespace zeigewerk::rig;
 
@@ -72,27 +72,27 @@ void WidgetWindowScenarios::theWindowIsPlacedInPoints()
     const QString move = QString("move %1 %2").arg(origin.x()).arg(origin.y());
     {
         // Moved before it is shown.
-        Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
-        QCOMPARE(seam.tell(move), frame);
-        seam.tell("show");
-        EVENTUALLY(seam.red() == native);
-        QCOMPARE(seam.tell("slab"), frame);
+        SeamStandIn standIn(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
+        QCOMPARE(standIn.tell(move), frame);
+        standIn.tell("show");
+        EVENTUALLY(standIn.red() == native);
+        QCOMPARE(standIn.tell("widget"), frame);
     }
     // Moved while it is shown, back and forth.
-    Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
-    seam.tell("move 10 20");
-    seam.tell("show");
-    EVENTUALLY(!seam.red().isEmpty());
-    const QRect before = seam.red();
-    seam.tell(move);
-    EVENTUALLY(seam.red() == native);
-    QCOMPARE(seam.tell("slab"), frame);
-    seam.tell("move 10 20");
-    EVENTUALLY(seam.red() == before);
-    QCOMPARE(seam.tell("slab"), QString("10 20 150 300"));
-    seam.tell(move);
-    EVENTUALLY(seam.red() == native);
-    QCOMPARE(seam.tell("slab"), frame);
+    SeamStandIn standIn(session, {{"QT_SCREEN_SCALE_FACTORS", factors}});
+    standIn.tell("move 10 20");
+    standIn.tell("show");
+    EVENTUALLY(!standIn.red().isEmpty());
+    const QRect before = standIn.red();
+    standIn.tell(move);
+    EVENTUALLY(standIn.red() == native);
+    QCOMPARE(standIn.tell("widget"), frame);
+    standIn.tell("move 10 20");
+    EVENTUALLY(standIn.red() == before);
+    QCOMPARE(standIn.tell("widget"), QString("10 20 150 300"));
+    standIn.tell(move);
+    EVENTUALLY(standIn.red() == native);
+    QCOMPARE(standIn.tell("widget"), frame);
 }
 
 void WidgetWindowScenarios::clicksPassThroughTheOrnament_data()
@@ -116,29 +116,30 @@ void WidgetWindowScenarios::clicksPassThroughTheOrnament()
     QFETCH(int, scale);
     DesktopSession session({.screens = {kLeft, kRight}});
     WindowBeneath beneath(session, {0, 0, 2880, 1024}, Qt::blue);
-    Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", factorsOf(scales)}});
-    seam.tell("show");
+    SeamStandIn standIn(session, {{"QT_SCREEN_SCALE_FACTORS", factorsOf(scales)}});
+    standIn.tell("show");
     for (const Move &move : moves) {
-        seam.tell(move.command);
-        EVENTUALLY(seam.red() == move.native);
+        standIn.tell(move.command);
+        EVENTUALLY(standIn.red() == move.native);
     }
     // At its first size, and after it has grown.
     for (const QString &size : {QString("150 300"), QString("190 330")}) {
-        seam.tell("resize " + size);
+        standIn.tell("resize " + size);
         const QSize points(size.section(' ', 0, 0).toInt(), size.section(' ', 1).toInt());
-        const QRect slab(moves.constLast().native.topLeft(), points * scale);
-        EVENTUALLY(seam.red() == slab);
-        for (const QPoint outside : {slab.topLeft() - QPoint(2, 0), slab.topLeft() - QPoint(0, 2),
-                                     slab.bottomRight() + QPoint(2, 0), slab.bottomRight() + QPoint(0, 2)}) {
+        const QRect widget(moves.constLast().native.topLeft(), points * scale);
+        EVENTUALLY(standIn.red() == widget);
+        for (const QPoint outside :
+             {widget.topLeft() - QPoint(2, 0), widget.topLeft() - QPoint(0, 2),
+              widget.bottomRight() + QPoint(2, 0), widget.bottomRight() + QPoint(0, 2)}) {
             beneath.forget();
             QVERIFY(session.pointer().clickAt(outside));
             EVENTUALLY(beneath.presses() == QList<QPoint>{outside});
         }
         beneath.forget();
-        for (const QPoint inside : {slab.topLeft() + QPoint(1, 1), slab.bottomRight() - QPoint(1, 1)})
+        for (const QPoint inside : {widget.topLeft() + QPoint(1, 1), widget.bottomRight() - QPoint(1, 1)})
             QVERIFY(session.pointer().clickAt(inside));
         // Clicks arrive in order: one that passed through would have come before this one.
-        const QPoint after = slab.bottomRight() + QPoint(5, 5);
+        const QPoint after = widget.bottomRight() + QPoint(5, 5);
         QVERIFY(session.pointer().clickAt(after));
         EVENTUALLY(!beneath.presses().isEmpty());
         QCOMPARE(beneath.presses(), QList<QPoint>{after});
@@ -149,18 +150,18 @@ void WidgetWindowScenarios::theOrnamentIsClickThroughWithAndWithoutAMask()
 {
     DesktopSession session({.compositor = Compositor::None});
     WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::blue);
-    Seam seam(session);
-    seam.tell("move 200 500");
-    seam.tell("show");
+    SeamStandIn standIn(session);
+    standIn.tell("move 200 500");
+    standIn.tell("show");
     const QRect native(200, 280, 150, 300);
-    EVENTUALLY(seam.red() == native);
+    EVENTUALLY(standIn.red() == native);
     const QPoint outside = native.topLeft() - QPoint(2, 0);
     // Without a mask the ornament is black; this is why there are masks.
     const QList<std::pair<QString, QColor>> steps = {
         {"unmask", Qt::black}, {"mask", Qt::blue}, {"unmask", Qt::black}};
     for (const auto &step : steps) {
-        seam.tell(step.first);
-        EVENTUALLY(session.screenshot().pixel(outside) == step.second && seam.red() == native);
+        standIn.tell(step.first);
+        EVENTUALLY(session.screenshot().pixel(outside) == step.second && standIn.red() == native);
         beneath.forget();
         QVERIFY(session.pointer().clickAt(native.center()));
         QVERIFY(session.pointer().clickAt(outside));
@@ -175,13 +176,13 @@ void WidgetWindowScenarios::showingItLeavesTheKeyboardAlone()
     WindowBeneath beneath(session, VirtualDisplay::kFullHd, Qt::blue);
     QVERIFY(beneath.takeFocus());
     beneath.forget();
-    Seam seam(session);
+    SeamStandIn standIn(session);
     for (int i = 0; i < 3; ++i) {
-        seam.tell("show");
-        EVENTUALLY(!seam.red().isEmpty());
-        QVERIFY(session.pointer().clickAt(seam.red().center()));
-        seam.tell("hide");
-        EVENTUALLY(seam.red().isEmpty());
+        standIn.tell("show");
+        EVENTUALLY(!standIn.red().isEmpty());
+        QVERIFY(session.pointer().clickAt(standIn.red().center()));
+        standIn.tell("hide");
+        EVENTUALLY(standIn.red().isEmpty());
     }
     session.keyboard().tap(Key::A);
     EVENTUALLY(beneath.pressedKeys() == QList<Key>{Key::A});
@@ -193,41 +194,41 @@ void WidgetWindowScenarios::showingItLeavesTheKeyboardAlone()
 void WidgetWindowScenarios::keysReadAfterTakingTheFocusKeepTheirAccents()
 {
     DesktopSession session({.keyboardMap = "de"});
-    Seam seam(session);
-    QCOMPARE(seam.tell("write"), QString("busy"));
+    SeamStandIn standIn(session);
+    QCOMPARE(standIn.tell("write"), QString("busy"));
     session.keyboard().tap(Key::Equal);
     session.keyboard().tap(Key::E);
-    seam.tell("go on");
-    EVENTUALLY(!seam.tell("written").isEmpty());
-    QCOMPARE(seam.tell("written"), QString("%C3%A9"));
+    standIn.tell("go on");
+    EVENTUALLY(!standIn.tell("written").isEmpty());
+    QCOMPARE(standIn.tell("written"), QString("%C3%A9"));
 }
 
 void WidgetWindowScenarios::theWindowSurvivesLosingItsScreen()
 {
     DesktopSession session({.screens = {kLeft, kRight}});
-    Seam seam(session);
-    seam.tell("move 1400 300");
-    seam.tell("show");
-    EVENTUALLY(seam.red() == QRect(1400, 424, 150, 300));
+    SeamStandIn standIn(session);
+    standIn.tell("move 1400 300");
+    standIn.tell("show");
+    EVENTUALLY(standIn.red() == QRect(1400, 424, 150, 300));
     session.display().unplug(1);
-    EVENTUALLY(!seam.tell("desktop screens").contains(';'));
-    seam.tell("move 100 200");
-    EVENTUALLY(seam.red() == QRect(100, 524, 150, 300));
+    EVENTUALLY(!standIn.tell("desktop screens").contains(';'));
+    standIn.tell("move 100 200");
+    EVENTUALLY(standIn.red() == QRect(100, 524, 150, 300));
     // It is still above other windows, and clicks around it still pass through.
     WindowBeneath beneath(session, kLeft, Qt::blue);
     EVENTUALLY(session.screenshot().pixel({2, 2}) == QColor(Qt::blue) &&
-               seam.red() == QRect(100, 524, 150, 300));
+               standIn.red() == QRect(100, 524, 150, 300));
     QVERIFY(session.pointer().clickAt({98, 600}));
     EVENTUALLY(beneath.presses() == QList<QPoint>{QPoint(98, 600)});
 
     // All screens off, and then another one on.
     session.display().unplug(0);
-    EVENTUALLY(seam.tell("desktop screens").isEmpty());
-    QCOMPARE(seam.tell("desktop main"), QString("none"));
+    EVENTUALLY(standIn.tell("desktop screens").isEmpty());
+    QCOMPARE(standIn.tell("desktop main"), QString("none"));
     session.display().plug(0, kLeft);
-    EVENTUALLY(seam.tell("desktop main") == "DUMMY0");
-    seam.tell("move 300 200");
-    EVENTUALLY(seam.red() == QRect(300, 524, 150, 300));
+    EVENTUALLY(standIn.tell("desktop main") == "DUMMY0");
+    standIn.tell("move 300 200");
+    EVENTUALLY(standIn.red() == QRect(300, 524, 150, 300));
     const QPoint beside(298, 600);
     beneath.forget();
     QVERIFY(session.pointer().clickAt(beside));
@@ -237,16 +238,16 @@ void WidgetWindowScenarios::theWindowSurvivesLosingItsScreen()
 void WidgetWindowScenarios::theWindowSurvivesLosingOneOfTwoMirroredScreens()
 {
     DesktopSession session({.screens = {kLeft, kLeft}});
-    Seam seam(session);
-    seam.tell("move 100 200");
-    seam.tell("show");
+    SeamStandIn standIn(session);
+    standIn.tell("move 100 200");
+    standIn.tell("show");
     const QRect native(100, 524, 150, 300);
-    EVENTUALLY(seam.red() == native);
+    EVENTUALLY(standIn.red() == native);
     session.display().unplug(0);
     // It is above windows that open later, and at its place.
     const WindowBeneath beneath(session, kLeft, Qt::blue);
-    EVENTUALLY(session.screenshot().pixel({2, 2}) == QColor(Qt::blue) && seam.red() == native);
-    QCOMPARE(seam.tell("slab"), QString("100 200 150 300"));
+    EVENTUALLY(session.screenshot().pixel({2, 2}) == QColor(Qt::blue) && standIn.red() == native);
+    QCOMPARE(standIn.tell("widget"), QString("100 200 150 300"));
 }
 
 REGISTER_GUILESS_TEST(WidgetWindowScenarios)

@@ -1,5 +1,5 @@
 #include "registered_test.h"
-#include "seam.h"
+#include "seam_stand_in.h"
 
 using namespace zeigewerk::rig;
 
@@ -8,45 +8,45 @@ class X11SeamScenarios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theMainScreenIsThatOfTheKeyboard();
-    void whereNoWindowHasTheKeyboardThePrimaryScreenIsTheMainOne();
-    void docksAreLeftOut_data();
-    void docksAreLeftOut();
+    void theMainScreenHasTheKeyboardFocus();
+    void withoutAFocusedWindowThePrimaryScreenIsTheMainScreen();
+    void theVisibleFrameExcludesDocks_data();
+    void theVisibleFrameExcludesDocks();
     void withoutAWindowManagerThereAreNoDocks();
     void theEmbeddingTrayComesAndGoes();
 };
 
-void X11SeamScenarios::theMainScreenIsThatOfTheKeyboard()
+void X11SeamScenarios::theMainScreenHasTheKeyboardFocus()
 {
     DesktopSession session({.screens = {kLeft, kRight}});
-    Seam seam(session);
-    seam.tell("show");
-    QCOMPARE(seam.tell("desktop main"), QString("DUMMY0"));
+    SeamStandIn standIn(session);
+    standIn.tell("show");
+    QCOMPARE(standIn.tell("desktop main"), QString("DUMMY0"));
     WindowBeneath right(session, {1400, 100, 500, 500}, Qt::blue);
     QVERIFY(right.takeFocus());
-    QCOMPARE(seam.tell("desktop main"), QString("DUMMY1"));
+    QCOMPARE(standIn.tell("desktop main"), QString("DUMMY1"));
     WindowBeneath astride(session, {1000, 100, 500, 500}, Qt::green);
     QVERIFY(astride.takeFocus());
-    QCOMPARE(seam.tell("desktop main"), QString("DUMMY0"));
+    QCOMPARE(standIn.tell("desktop main"), QString("DUMMY0"));
 }
 
-void X11SeamScenarios::whereNoWindowHasTheKeyboardThePrimaryScreenIsTheMainOne()
+void X11SeamScenarios::withoutAFocusedWindowThePrimaryScreenIsTheMainScreen()
 {
-    // A window manager would not leave it at that.
+    // A window manager would set the focus to a window.
     DesktopSession session({.screens = {kLeft, kRight}, .windowManager = WindowManager::None});
-    Seam seam(session);
-    seam.tell("show");
+    SeamStandIn standIn(session);
+    standIn.tell("show");
     WindowBeneath right(session, {1400, 100, 500, 500}, Qt::blue);
-    for (const xcb_window_t nobody : {xcb_window_t{XCB_INPUT_FOCUS_POINTER_ROOT},
-                                      xcb_window_t{XCB_INPUT_FOCUS_NONE}, session.client().root()}) {
+    for (const xcb_window_t focus : {xcb_window_t{XCB_INPUT_FOCUS_POINTER_ROOT},
+                                     xcb_window_t{XCB_INPUT_FOCUS_NONE}, session.client().root()}) {
         QVERIFY(right.takeFocus());
-        QCOMPARE(seam.tell("desktop main"), QString("DUMMY1"));
-        session.client().setInputFocus(nobody);
-        QCOMPARE(seam.tell("desktop main"), QString("DUMMY0"));
+        QCOMPARE(standIn.tell("desktop main"), QString("DUMMY1"));
+        session.client().setInputFocus(focus);
+        QCOMPARE(standIn.tell("desktop main"), QString("DUMMY0"));
     }
 }
 
-void X11SeamScenarios::docksAreLeftOut_data()
+void X11SeamScenarios::theVisibleFrameExcludesDocks_data()
 {
     QTest::addColumn<QByteArray>("property");
     QTest::addColumn<QList<quint32>>("strut");
@@ -70,7 +70,7 @@ void X11SeamScenarios::docksAreLeftOut_data()
                                         << QRect(0, 0, 48, 1024) << "48 0 1232 1024" << second;
 }
 
-void X11SeamScenarios::docksAreLeftOut()
+void X11SeamScenarios::theVisibleFrameExcludesDocks()
 {
     QFETCH(QByteArray, property);
     QFETCH(QList<quint32>, strut);
@@ -78,24 +78,24 @@ void X11SeamScenarios::docksAreLeftOut()
     QFETCH(QString, first);
     QFETCH(QString, second);
     DesktopSession session({.screens = {kLeft, kRight}});
-    Seam seam(session, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=1;DUMMY1=2"}});
-    QCOMPARE(seam.tell("desktop visible"), QString("0 0 1280 1024;1280 574 800 450"));
+    SeamStandIn standIn(session, {{"QT_SCREEN_SCALE_FACTORS", "DUMMY0=1;DUMMY1=2"}});
+    QCOMPARE(standIn.tell("desktop visible"), QString("0 0 1280 1024;1280 574 800 450"));
     const Dock dock(session, dockFrame, property, strut);
-    QCOMPARE(seam.tell("desktop visible"), first + ";" + second);
+    QCOMPARE(standIn.tell("desktop visible"), first + ";" + second);
 }
 
 void X11SeamScenarios::withoutAWindowManagerThereAreNoDocks()
 {
     DesktopSession session({.windowManager = WindowManager::None});
-    Seam seam(session);
-    QCOMPARE(seam.tell("desktop visible"), QString("0 0 1920 1080"));
+    SeamStandIn standIn(session);
+    QCOMPARE(standIn.tell("desktop visible"), QString("0 0 1920 1080"));
 }
 
 void X11SeamScenarios::theEmbeddingTrayComesAndGoes()
 {
     DesktopSession session;
-    Seam seam(session);
-    const auto tray = [&] { return seam.tell("desktop tray") + " " + seam.tell("signals tray"); };
+    SeamStandIn standIn(session);
+    const auto tray = [&] { return standIn.tell("desktop tray") + " " + standIn.tell("signals tray"); };
     QCOMPARE(tray(), QString("none 0"));
     {
         Client host(session.display().name());
@@ -106,7 +106,7 @@ void X11SeamScenarios::theEmbeddingTrayComesAndGoes()
                                 XCB_CURRENT_TIME);
         host.roundTrip();
         EVENTUALLY(tray() == "there 1");
-        // The compositor is another matter.
+        // The compositor's selection does not matter.
         session.stopCompositor();
         EVENTUALLY(!session.isComposited());
         QCOMPARE(tray(), QString("there 1"));

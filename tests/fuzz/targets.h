@@ -29,7 +29,7 @@ struct Target
     void (*run)(Bytes input);
 };
 
-// A table, one row a line.
+// A table, one row per line.
 // clang-format off
 inline constexpr std::array kTargets = {
     Target{"settings", settings},

@@ -129,10 +129,10 @@ public:
     /// Returns the requests in order, such as "overlay 0: order front", and empties the log.
     QStringList takeLog();
     void setMouseLocation(QPointF location) { m_mouseLocation = location; }
-    /// From now on the desktop does not tell where the pointer is.
+    /// From now on the desktop does not know where the pointer is.
     void hideMouseLocation() { m_mouseLocation.reset(); }
     bool followsPointer() const { return m_followsPointer; }
-    /// The reason why that is not offered; offered if empty.
+    /// Why the desktop does not offer that feature; it offers it if the text is empty.
     void setLimitation(Feature feature, const QString &reason);
     /// Puts the keyboard focus on the screen with that index.
     void setMainScreen(std::size_t index) { m_mainScreen = index; }

@@ -32,7 +32,7 @@ public:
     /// monitor listens for that.
     void pressLeft() const;
     void scroll(const MonitoredScroll &scroll) const;
-    /// The same for an event already under way when listening ended: the handler is called anyway.
+    /// The same for an event that was on its way when listening ended: the handler is called anyway.
     void pressLeftLate() const;
     void scrollLate(const MonitoredScroll &scroll) const;
 

@@ -20,12 +20,13 @@ public:
     std::vector<std::unique_ptr<HotKeyRegistration>>
     registerHotKeys(std::span<const HotKey> hotKeys) override;
 
-    /// How the desktop answers from now on: at once, or with `HotKeyState::Requested` only later.
+    /// The state of a new registration from now on; `HotKeyState::Requested` means that the answer comes
+    /// later.
     void setFirstState(HotKeyState state) { m_firstState = state; }
-    /// The answer for that hot key, whenever it is asked for.
+    /// Refuses that hot key whenever the program asks for it.
     void refuse(HotKeyId id) { m_refused.push_back(id); }
     void refuseNone() { m_refused.clear(); }
-    /// Changes the state of a registered hot key, and tells so.
+    /// Changes the state of a registered hot key, and emits the signal for that.
     void setState(HotKeyId id, HotKeyState state);
     /// A press of a granted hot key; others do nothing, as on a real desktop.
     void press(HotKeyId id);

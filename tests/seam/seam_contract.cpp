@@ -18,7 +18,7 @@ void SeamContract::cleanup()
 void SeamContract::forget()
 {
     tell("forget");
-    m_world->forgetOther();
+    m_world->forgetOtherInput();
 }
 
 void SeamContract::showCanvas(const QString &color)
@@ -96,7 +96,7 @@ void SeamContract::aSurfaceMovesWithItsPicture()
     QTRY_COMPARE(m_world->pixel({120.5, 120.5}), kBeneath);
 }
 
-void SeamContract::levelsHoldWhateverIsOrderedFrontLast()
+void SeamContract::orderingFrontNeverChangesTheLevel()
 {
     tell("surface ring effect 150 150 56 56 yellow");
     tell("order ring front");
@@ -122,7 +122,7 @@ void SeamContract::levelsHoldWhateverIsOrderedFrontLast()
     QCOMPARE(m_world->pixel({160.5, 160.5}), kYellow);
 }
 
-void SeamContract::withinALevelTheLastOrderedFrontIsInFront()
+void SeamContract::withinALevelTheLastOneOrderedFrontIsInFront()
 {
     showCanvas();
     tell("surface other overlay 150 150 400 300 lime");

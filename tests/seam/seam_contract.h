@@ -25,14 +25,14 @@ private Q_SLOTS:
     void aSurfacePaintsOnlyWhatIsDamaged();
     void aSurfaceComesBackTransparent();
     void aSurfaceMovesWithItsPicture();
-    void levelsHoldWhateverIsOrderedFrontLast();
-    void withinALevelTheLastOrderedFrontIsInFront();
+    void orderingFrontNeverChangesTheLevel();
+    void withinALevelTheLastOneOrderedFrontIsInFront();
     void clicksPassThroughASurfaceUntilItTakesTheMouse();
     void pointerEventsCarryTheirPlaces();
-    void aDragGoesOnOutsideTheSurface();
+    void aDragContinuesOutsideTheSurface();
     void scrollEventsCarryTheirPlace();
     void aHiddenSurfaceGetsNoKeyboard();
-    void theKeyboardGoesToTheKeySurfaceAndBack();
+    void theKeyboardGoesToASurfaceAndBack();
     void aToolbarNeverTakesTheKeyboard();
     void aTextFieldTakesTheKeyboard();
     void clicksPassThroughAWindowThatIgnoresTheMouse();
@@ -40,13 +40,13 @@ private Q_SLOTS:
     void aWindowIsDraggedByItsGrip();
     void aHotKeyIsDeliveredForEachPress();
     void aHotKeyOfAnotherProgramIsRefused();
-    void aHotKeyIsGivenBackWhileTheProgramRuns();
+    void aHotKeyCanBeGivenBackWhileTheProgramRuns();
     void theMonitorReportsOnlyWhatItIsAskedFor();
-    void theMonitorReportsClicksOverOursAndElsewhere();
+    void theMonitorReportsClicksEverywhere();
     void theMonitorReportsTheWheelWithAlt();
     void thePrimaryScreenBeginsAtTheOrigin();
-    void docksAreLeftOutOfTheVisibleFrame();
-    void whereDocksLeaveNothingTheVisibleFrameIsTheScreen();
+    void theVisibleFrameExcludesDocks();
+    void ifDocksLeaveNothingTheVisibleFrameIsTheScreen();
     void thePointersPlaceIsKnown();
 
 private:

@@ -9,7 +9,7 @@ using platform::PhysicalKey;
 
 void SeamContract::aHotKeyIsDeliveredForEachPress()
 {
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     tell("hotkeys D W");
     QTRY_COMPARE(tell("states"), QString("D=granted W=granted"));
     m_world->holdModifiers(kCtrlAlt);
@@ -18,19 +18,19 @@ void SeamContract::aHotKeyIsDeliveredForEachPress()
     m_world->tap(PhysicalKey::D);
     QTRY_COMPARE(tell("heard"), QString("hotkey D;hotkey W;hotkey D"));
     m_world->releaseModifiers();
-    QCOMPARE(m_world->keysOfOther(), 0);
+    QCOMPARE(m_world->otherKeys(), 0);
 
     // Without the modifiers it is an ordinary key.
     forget();
     m_world->tap(PhysicalKey::D);
-    QTRY_COMPARE(m_world->keysOfOther(), 1);
+    QTRY_COMPARE(m_world->otherKeys(), 1);
     awaitEvents();
     QCOMPARE(tell("heard"), QString());
 }
 
 void SeamContract::aHotKeyOfAnotherProgramIsRefused()
 {
-    m_world->grabByOther();
+    m_world->otherGrabsHotKey();
     tell("hotkeys D W");
     QTRY_COMPARE(tell("states"), QString("D=refused W=granted"));
     m_world->holdModifiers(kCtrlAlt);
@@ -40,20 +40,20 @@ void SeamContract::aHotKeyOfAnotherProgramIsRefused()
     QTRY_COMPARE(tell("heard"), QString("hotkey W"));
 }
 
-void SeamContract::aHotKeyIsGivenBackWhileTheProgramRuns()
+void SeamContract::aHotKeyCanBeGivenBackWhileTheProgramRuns()
 {
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     tell("hotkeys Esc");
     QTRY_COMPARE(tell("states"), QString("Esc=granted"));
     m_world->tap(PhysicalKey::Escape);
     QTRY_COMPARE(tell("heard"), QString("hotkey Esc"));
-    QCOMPARE(m_world->keysOfOther(), 0);
+    QCOMPARE(m_world->otherKeys(), 0);
 
     forget();
     tell("giveback Esc");
     QCOMPARE(tell("states"), QString());
     m_world->tap(PhysicalKey::Escape);
-    QTRY_COMPARE(m_world->keysOfOther(), 1);
+    QTRY_COMPARE(m_world->otherKeys(), 1);
     awaitEvents();
     QCOMPARE(tell("heard"), QString());
 
@@ -61,7 +61,7 @@ void SeamContract::aHotKeyIsGivenBackWhileTheProgramRuns()
     QTRY_COMPARE(tell("states"), QString("Esc=granted"));
     m_world->tap(PhysicalKey::Escape);
     QTRY_COMPARE(tell("heard"), QString("hotkey Esc"));
-    QCOMPARE(m_world->keysOfOther(), 1);
+    QCOMPARE(m_world->otherKeys(), 1);
 }
 
 void SeamContract::theMonitorReportsOnlyWhatItIsAskedFor()
@@ -70,18 +70,18 @@ void SeamContract::theMonitorReportsOnlyWhatItIsAskedFor()
         QSKIP("this desktop does not offer it");
     m_world->movePointer(kBeside);
     m_world->click();
-    QTRY_COMPARE(m_world->clicksOfOther(), 1);
+    QTRY_COMPARE(m_world->otherClicks(), 1);
     tell("listen clicks");
     m_world->click();
     QTRY_COMPARE(tell("heard"), QString("press 700.5,600.5"));
     tell("listen");
     m_world->click();
-    QTRY_COMPARE(m_world->clicksOfOther(), 3);
+    QTRY_COMPARE(m_world->otherClicks(), 3);
     awaitEvents();
     QCOMPARE(tell("heard"), QString("press 700.5,600.5"));
 }
 
-void SeamContract::theMonitorReportsClicksOverOursAndElsewhere()
+void SeamContract::theMonitorReportsClicksEverywhere()
 {
     if (!offers("clicks"))
         QSKIP("this desktop does not offer it");
@@ -91,12 +91,12 @@ void SeamContract::theMonitorReportsClicksOverOursAndElsewhere()
     m_world->movePointer(kInCanvas);
     m_world->click();
     QTRY_COMPARE(tell("heard"), QString("press 200.5,250.5"));
-    // It consumes nothing.
+    // The monitor does not consume the click.
     QTRY_VERIFY(tell("events canvas").startsWith("down"));
     m_world->movePointer(kBeside);
     m_world->click();
     QTRY_COMPARE(tell("heard"), QString("press 200.5,250.5;press 700.5,600.5"));
-    QTRY_COMPARE(m_world->clicksOfOther(), 1);
+    QTRY_COMPARE(m_world->otherClicks(), 1);
 }
 
 void SeamContract::theMonitorReportsTheWheelWithAlt()
@@ -114,7 +114,7 @@ void SeamContract::theMonitorReportsTheWheelWithAlt()
     m_world->turnWheel(-1);
     QTRY_COMPARE(tell("heard"), QString("scroll 1 700.5,600.5 elsewhere;scroll -1 200.5,250.5 ours"));
     m_world->releaseModifiers();
-    // Nor is a click heard that was not asked for.
+    // It does not report clicks that the program did not ask for.
     m_world->click();
     QTRY_VERIFY(tell("events canvas").contains("down"));
     awaitEvents();
@@ -127,7 +127,7 @@ void SeamContract::thePrimaryScreenBeginsAtTheOrigin()
     QVERIFY(tell("desktop main") != "none");
 }
 
-void SeamContract::docksAreLeftOutOfTheVisibleFrame()
+void SeamContract::theVisibleFrameExcludesDocks()
 {
     const QStringList screen = tell("desktop screens").split(' ');
     const int width = screen.at(2).toInt();
@@ -139,7 +139,7 @@ void SeamContract::docksAreLeftOutOfTheVisibleFrame()
     QTRY_COMPARE(tell("desktop visible"), QString("48 20 %1 %2").arg(width - 48).arg(height - 20));
 }
 
-void SeamContract::whereDocksLeaveNothingTheVisibleFrameIsTheScreen()
+void SeamContract::ifDocksLeaveNothingTheVisibleFrameIsTheScreen()
 {
     const QStringList screen = tell("desktop screens").split(' ');
     m_world->setDocks({0, 30, 0, 0});

@@ -13,7 +13,7 @@ void SeamContract::clicksPassThroughASurfaceUntilItTakesTheMouse()
     QTRY_COMPARE(m_world->pixel(kInCanvas), kRed);
     m_world->movePointer(kInCanvas);
     m_world->click();
-    QTRY_COMPARE(m_world->clicksOfOther(), 1);
+    QTRY_COMPARE(m_world->otherClicks(), 1);
     awaitEvents();
     QCOMPARE(tell("events canvas"), QString());
 
@@ -21,12 +21,12 @@ void SeamContract::clicksPassThroughASurfaceUntilItTakesTheMouse()
     tell("mouse canvas take");
     m_world->click();
     QTRY_COMPARE(tell("events canvas"), QString("down 100.5,150.5 200.5,250.5;up 100.5,150.5 200.5,250.5"));
-    QCOMPARE(m_world->clicksOfOther(), 0);
+    QCOMPARE(m_world->otherClicks(), 0);
 
     forget();
     tell("mouse canvas ignore");
     m_world->click();
-    QTRY_COMPARE(m_world->clicksOfOther(), 1);
+    QTRY_COMPARE(m_world->otherClicks(), 1);
     awaitEvents();
     QCOMPARE(tell("events canvas"), QString());
 }
@@ -44,7 +44,7 @@ void SeamContract::pointerEventsCarryTheirPlaces()
                                                 "up 110.5,140.5 210.5,240.5"));
 }
 
-void SeamContract::aDragGoesOnOutsideTheSurface()
+void SeamContract::aDragContinuesOutsideTheSurface()
 {
     showCanvas();
     tell("mouse canvas take");
@@ -55,7 +55,7 @@ void SeamContract::aDragGoesOnOutsideTheSurface()
     QTRY_COMPARE(tell("events canvas"), QString("down 100.5,150.5 200.5,250.5;"
                                                 "drag 600.5,500.5 700.5,600.5;"
                                                 "up 600.5,500.5 700.5,600.5"));
-    QCOMPARE(m_world->clicksOfOther(), 0);
+    QCOMPARE(m_world->otherClicks(), 0);
 }
 
 void SeamContract::scrollEventsCarryTheirPlace()
@@ -70,39 +70,39 @@ void SeamContract::scrollEventsCarryTheirPlace()
 
 void SeamContract::aHiddenSurfaceGetsNoKeyboard()
 {
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     tell("surface canvas overlay 100 100 400 300 red");
     tell("interact begin");
     tell("key canvas");
     m_world->tap(PhysicalKey::D);
-    QTRY_COMPARE(m_world->keysOfOther(), 1);
-    QVERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_COMPARE(m_world->otherKeys(), 1);
+    QVERIFY(m_world->otherHasKeyboard());
 }
 
-void SeamContract::theKeyboardGoesToTheKeySurfaceAndBack()
+void SeamContract::theKeyboardGoesToASurfaceAndBack()
 {
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     showCanvas();
     tell("interact begin");
     tell("key canvas");
-    QTRY_VERIFY(!m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(!m_world->otherHasKeyboard());
     m_world->tap(PhysicalKey::D);
     m_world->tap(PhysicalKey::Escape);
     QTRY_COMPARE(tell("events canvas"), QString("key d;escape"));
-    QCOMPARE(m_world->keysOfOther(), 0);
+    QCOMPARE(m_world->otherKeys(), 0);
 
     tell("interact end");
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     forget();
     m_world->tap(PhysicalKey::D);
-    QTRY_COMPARE(m_world->keysOfOther(), 1);
+    QTRY_COMPARE(m_world->otherKeys(), 1);
     awaitEvents();
     QCOMPARE(tell("events canvas"), QString());
 }
 
 void SeamContract::aToolbarNeverTakesTheKeyboard()
 {
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     tell("window bar toolbar 200 200 lime");
     tell("origin bar 150 150");
     tell("order bar front");
@@ -112,14 +112,14 @@ void SeamContract::aToolbarNeverTakesTheKeyboard()
     m_world->click();
     QCOMPARE(tell("state bar"), QString("visible"));
     m_world->tap(PhysicalKey::D);
-    QTRY_COMPARE(m_world->keysOfOther(), 1);
-    QVERIFY(m_world->hasOtherTheKeyboard());
-    QCOMPARE(m_world->clicksOfOther(), 0);
+    QTRY_COMPARE(m_world->otherKeys(), 1);
+    QVERIFY(m_world->otherHasKeyboard());
+    QCOMPARE(m_world->otherClicks(), 0);
 }
 
 void SeamContract::aTextFieldTakesTheKeyboard()
 {
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     tell("window note field 340 32 white");
     tell("origin note 150 230");
     tell("interact begin");
@@ -127,11 +127,11 @@ void SeamContract::aTextFieldTakesTheKeyboard()
     QCOMPARE(tell("state note"), QString("visible"));
     tell("key note");
     QCOMPARE(tell("state note"), QString("visible key"));
-    QTRY_VERIFY(!m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(!m_world->otherHasKeyboard());
     m_world->tap(PhysicalKey::K);
     QTRY_COMPARE(tell("typed note"), QString("k"));
     tell("interact end");
-    QTRY_VERIFY(m_world->hasOtherTheKeyboard());
+    QTRY_VERIFY(m_world->otherHasKeyboard());
     tell("order note out");
     QCOMPARE(tell("state note"), QString("hidden"));
 }
@@ -145,13 +145,13 @@ void SeamContract::clicksPassThroughAWindowThatIgnoresTheMouse()
     m_world->movePointer(kInCanvas);
     tell("mouse bar ignore");
     m_world->click();
-    QTRY_COMPARE(m_world->clicksOfOther(), 1);
+    QTRY_COMPARE(m_world->otherClicks(), 1);
     tell("mouse bar take");
     m_world->click();
     // The click beside shows that there was time for the one before.
     m_world->movePointer(kBeside);
     m_world->click();
-    QTRY_COMPARE(m_world->clicksOfOther(), 2);
+    QTRY_COMPARE(m_world->otherClicks(), 2);
 }
 
 void SeamContract::aWindowMovesToWholePoints()

@@ -14,10 +14,10 @@ using namespace platform;
 namespace {
 
 /// Paints itself in one colour.
-class Slab : public QWidget
+class ColoredWidget : public QWidget
 {
 public:
-    explicit Slab(const QColor &color)
+    explicit ColoredWidget(const QColor &color)
         : m_color(color)
     {
     }
@@ -85,7 +85,7 @@ SeamSubject::~SeamSubject() = default;
 
 QString SeamSubject::tell(const QString &line)
 {
-    // A table, one row a line.
+    // A table, one row per line.
     // clang-format off
     static const std::map<QString, Command> kCommands = {
         {"surface",  &SeamSubject::makeSurface},    // NAME overlay|effect X Y WIDTH HEIGHT COLOUR
@@ -139,7 +139,7 @@ QString SeamSubject::makeWindow(const Words &words)
     if (role == WidgetRole::TextField)
         made->widget = std::make_unique<QLineEdit>();
     else
-        made->widget = std::make_unique<Slab>(QColor(words.value(5)));
+        made->widget = std::make_unique<ColoredWidget>(QColor(words.value(5)));
     made->widget->setFixedSize(static_cast<int>(number(words, 3)), static_cast<int>(number(words, 4)));
     made->window = m_desktop.makeWindow(role, *made->widget, {});
     m_windows[words.value(1)] = std::move(made);

@@ -12,8 +12,8 @@
 
 namespace zeigewerk::test {
 
-/// A program around the seam to the desktop that does what lines of text tell it, for tests that look at the
-/// effect from outside. It names its surfaces and windows, and logs what reaches them.
+/// A program that uses the seam to the desktop as lines of text tell it to, for tests that observe the effect
+/// from outside. Its surfaces and windows have names, and it logs what reaches them.
 ///
 /// Places are points, global coordinates, y up. Colours are names such as "red".
 class SeamSubject

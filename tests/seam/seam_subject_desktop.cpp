@@ -20,7 +20,7 @@ struct HotKeyRow
 
 constexpr Modifiers kCtrlAlt = Modifier::Ctrl | Modifier::Alt;
 
-// A table, one row a line.
+// A table, one row per line.
 // clang-format off
 constexpr std::array kHotKeys = {
     HotKeyRow{"D",   {.id = {1, 1}, .key = PhysicalKey::D,      .modifiers = kCtrlAlt, .description = u"D"}},

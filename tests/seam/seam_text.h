@@ -6,7 +6,7 @@
 #include <QRectF>
 #include <QStringList>
 
-// How the lines between the contract and its subject spell values.
+// How values are written in the lines between the contract and its subject.
 
 namespace zeigewerk::test {
 

@@ -33,14 +33,14 @@ public:
     virtual QColor pixel(QPointF place) = 0;
 
     /// What reached the other application: presses of the left button, and of keys.
-    virtual int clicksOfOther() = 0;
-    virtual int keysOfOther() = 0;
+    virtual int otherClicks() = 0;
+    virtual int otherKeys() = 0;
     /// Forgets what reached it until now.
-    virtual void forgetOther() = 0;
-    virtual bool hasOtherTheKeyboard() = 0;
-    /// The other application takes the hot key "D" (Ctrl+Alt+D), before anybody else asks for it.
-    virtual void grabByOther() = 0;
-    /// Docks take that much from the edges of the screen, in place of what they took before.
+    virtual void forgetOtherInput() = 0;
+    virtual bool otherHasKeyboard() = 0;
+    /// The other application takes the hot key "D" (Ctrl+Alt+D) before the program asks for it.
+    virtual void otherGrabsHotKey() = 0;
+    /// Sets how much of each edge of the screen docks take.
     virtual void setDocks(const QMargins &margins) = 0;
 
     /// A press and a release.

@@ -20,10 +20,10 @@ private Q_SLOTS:
     void theWheelChangesTheRadiusWithinItsBounds();
     void withoutTheSpotlightTheWheelDoesNothing();
     void withoutAControllerTheWheelDoesNothing();
-    void theRadiusIsThereAtTheNextStart();
-    void theNextStepOfTheSpotlightShowsIt();
-    void whereNothingCanBeWrittenTheRadiusHoldsForThisRun_data();
-    void whereNothingCanBeWrittenTheRadiusHoldsForThisRun();
+    void theRadiusSurvivesARestart();
+    void theNextFollowStepShowsTheNewRadius();
+    void withUnwritableSettingsTheRadiusLastsForTheRun_data();
+    void withUnwritableSettingsTheRadiusLastsForTheRun();
 };
 
 namespace {
@@ -45,7 +45,7 @@ void CanvasScrollTest::theWheelChangesTheRadiusWithinItsBounds_data()
     QTest::addColumn<double>("after");
 
     const double infinity = std::numeric_limits<double>::infinity();
-    // A table, one row a line.
+    // A table, one row per line.
     // clang-format off
     QTest::newRow("a notch up")             << 90.0     << 1.0   << !kPrecise << 98.0;
     QTest::newRow("a notch down")           << 90.0     << -1.0  << !kPrecise << 82.0;
@@ -58,9 +58,9 @@ void CanvasScrollTest::theWheelChangesTheRadiusWithinItsBounds_data()
     QTest::newRow("to the smallest")        << 36.0     << -5.0  << kPrecise  << 35.0;
     QTest::newRow("at the smallest")        << 35.0     << -1.0  << !kPrecise << 35.0;
     QTest::newRow("from beyond the bounds") << 1e9      << -1.0  << !kPrecise << 400.0;
-    QTest::newRow("from no end")            << infinity << -1.0  << !kPrecise << 400.0;
+    QTest::newRow("from infinity")            << infinity << -1.0  << !kPrecise << 400.0;
     QTest::newRow("from below the bounds")  << 1e-300   << 1.0   << !kPrecise << 35.0;
-    QTest::newRow("no way at all")          << 120.0    << 0.0   << !kPrecise << 120.0;
+    QTest::newRow("no movement")          << 120.0    << 0.0   << !kPrecise << 120.0;
     // clang-format on
 }
 
@@ -94,18 +94,18 @@ void CanvasScrollTest::withoutAControllerTheWheelDoesNothing()
     QVERIFY(view.shapes().empty());
 }
 
-void CanvasScrollTest::theRadiusIsThereAtTheNextStart()
+void CanvasScrollTest::theRadiusSurvivesARestart()
 {
     Controller controller;
     controller.perform("ws");
-    // Whatever is held meanwhile.
+    // The modifiers held meanwhile do not matter.
     controller.view().scrollWheel({.distance = 2.0, .isPrecise = false, .modifiers = Modifier::Ctrl});
     controller.view().scrollWheel({.distance = 1.0, .isPrecise = false, .modifiers = Modifier::Shift});
     const AppDelegate next(controller.desktop, controller.defaults);
     QCOMPARE(next.spotRadius(), 114.0);
 }
 
-void CanvasScrollTest::theNextStepOfTheSpotlightShowsIt()
+void CanvasScrollTest::theNextFollowStepShowsTheNewRadius()
 {
     Controller controller;
     controller.desktop.setMouseLocation({500, 400});
@@ -117,22 +117,22 @@ void CanvasScrollTest::theNextStepOfTheSpotlightShowsIt()
     QVERIFY(isClear(500 + 88));
     QVERIFY(!isClear(500 + 94));
     controller.view().scrollWheel(notches(1));
-    // The timer makes that step; the pointer has not moved.
+    // The follow timer shows it; the pointer has not moved.
     QTRY_VERIFY(isClear(500 + 94));
     QVERIFY(!isClear(500 + 102));
     controller.view().scrollWheel(notches(-2));
     QTRY_VERIFY(!isClear(500 + 88));
 }
 
-void CanvasScrollTest::whereNothingCanBeWrittenTheRadiusHoldsForThisRun_data()
+void CanvasScrollTest::withUnwritableSettingsTheRadiusLastsForTheRun_data()
 {
     QTest::addColumn<QString>("obstacle");
     QTest::newRow("the file is read-only") << "read-only file";
     QTest::newRow("a folder has the file's name") << "folder in its place";
-    QTest::newRow("its folder cannot be made") << "file in place of its folder";
+    QTest::newRow("its folder cannot be created") << "file in place of its folder";
 }
 
-void CanvasScrollTest::whereNothingCanBeWrittenTheRadiusHoldsForThisRun()
+void CanvasScrollTest::withUnwritableSettingsTheRadiusLastsForTheRun()
 {
     QFETCH(QString, obstacle);
     QTemporaryDir home;

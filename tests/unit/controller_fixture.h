@@ -18,11 +18,10 @@ inline std::vector<platform::Screen> twoScreens()
             {.name = QStringLiteral("B"), .nativeFrame = {1000, 0, 800, 600}, .scale = 1, .frame = {}}};
 }
 
-/// How fingers scroll, and no wheel does.
+/// Scrolling as fingers on a touchpad do, not in notches of a wheel.
 inline constexpr bool kPrecise = true;
 
-/// A controller with settings of its own on a desktop that only notes what it is asked, and with a clock that
-/// stands still until it is moved.
+/// A controller with its own settings, on a recording desktop, and with a clock that only the test advances.
 class Controller
 {
 public:
@@ -32,7 +31,7 @@ public:
     {
     }
 
-    /// The controller, launched at the first use; until then the settings can be prepared.
+    /// The controller, launched on first use; until then, a test can prepare the settings.
     AppDelegate &app()
     {
         if (!m_app) {
@@ -58,7 +57,7 @@ public:
         view.mouseUp({to, {}});
     }
 
-    /// Begins to draw with auto-fade on from the start.
+    /// Turns drawing on, with auto-fade on from the start.
     void startWithFading()
     {
         defaults.setBool(kAutoFadeKey, true);

@@ -41,7 +41,7 @@ void EditMenuTest::theMenuHasExactlyTheEditingEntries()
                            ? QStringLiteral("-")
                            : action->text() + u' ' + action->shortcut().toString(QKeySequence::PortableText));
     }
-    // A table, one row a line.
+    // A table, one row per line.
     // clang-format off
     const QStringList expected = {
         "Widerrufen Ctrl+Z",

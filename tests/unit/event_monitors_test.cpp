@@ -21,16 +21,16 @@ class EventMonitorsTest : public QObject
 private Q_SLOTS:
     void itListensOnlyForWhatIsNeeded_data();
     void itListensOnlyForWhatIsNeeded();
-    void withoutTheModeAPressMakesNoSurface();
+    void withoutTheModeAPressShowsNoRing();
     void aPressShowsARingAtThePointer();
-    void theColourIsThatOfTheMomentOfTheClick();
+    void aRingKeepsTheColourOfItsClick();
     void twoQuickPressesShowTwoRings();
     void aRingOutlivesItsMode();
     void altAndTheWheelElsewhereChangeTheRadius_data();
     void altAndTheWheelElsewhereChangeTheRadius();
-    void theRadiusIsThereAtTheNextStart();
-    void theRingsGoWithTheController();
-    void whatArrivesAfterTheControllerDoesNothing();
+    void theRadiusSurvivesARestart();
+    void theRingsAreRemovedWithTheController();
+    void eventsAfterTheControllerIsGoneDoNothing();
 };
 
 namespace {
@@ -46,14 +46,14 @@ std::vector<platform::RecordingSurface *> effects(const Controller &controller)
     return controller.desktop.surfaces(SurfaceRole::Effect);
 }
 
-/// What outlives a controller.
-struct Surroundings
+/// What a controller runs in, and what outlives it.
+struct Environment
 {
     platform::RecordingDesktop desktop;
     QTemporaryDir home;
     UserDefaults defaults{home.filePath("settings.ini")};
 
-    std::unique_ptr<AppDelegate> begin()
+    std::unique_ptr<AppDelegate> launch()
     {
         auto app = std::make_unique<AppDelegate>(desktop, defaults);
         app->applicationDidFinishLaunching();
@@ -93,7 +93,7 @@ void EventMonitorsTest::itListensOnlyForWhatIsNeeded()
     QCOMPARE(controller.desktop.eventMonitor().listening(), expected);
 }
 
-void EventMonitorsTest::withoutTheModeAPressMakesNoSurface()
+void EventMonitorsTest::withoutTheModeAPressShowsNoRing()
 {
     Controller controller;
     controller.perform("dks");
@@ -110,7 +110,7 @@ void EventMonitorsTest::aPressShowsARingAtThePointer()
 {
     Controller controller(test::twoScreens());
     controller.perform("k");
-    // On the other screen, and no canvas is in play.
+    // On the other screen, while no canvas is shown.
     controller.desktop.setMouseLocation({1700, 300});
     controller.desktop.eventMonitor().pressLeft();
     QCOMPARE(effects(controller).size(), std::size_t(1));
@@ -123,7 +123,7 @@ void EventMonitorsTest::aPressShowsARingAtThePointer()
     QCOMPARE(effects(controller).front()->frame(), QRectF(1664, 264, 72, 72));
 }
 
-void EventMonitorsTest::theColourIsThatOfTheMomentOfTheClick()
+void EventMonitorsTest::aRingKeepsTheColourOfItsClick()
 {
     Controller controller;
     controller.perform("k");
@@ -234,14 +234,14 @@ void EventMonitorsTest::altAndTheWheelElsewhereChangeTheRadius()
     controller.defaults.setDouble(kSpotRadiusKey, before);
     controller.perform(operations);
     const RecordingEventMonitor &monitor = controller.desktop.eventMonitor();
-    // Also when it was under way as the mode ended.
+    // Delivered even if the monitor no longer listens, like an event on its way when the mode ended.
     monitor.scrollLate({.event = {.distance = distance, .isPrecise = isPrecise, .modifiers = modifiers},
                         .isOverOurs = isOverOurs});
     QCOMPARE(controller.app().spotRadius(), after);
     QCOMPARE(controller.defaults.doubleForKey(kSpotRadiusKey), std::optional(after));
 }
 
-void EventMonitorsTest::theRadiusIsThereAtTheNextStart()
+void EventMonitorsTest::theRadiusSurvivesARestart()
 {
     Controller controller;
     controller.perform("s");
@@ -251,34 +251,34 @@ void EventMonitorsTest::theRadiusIsThereAtTheNextStart()
     QCOMPARE(next.spotRadius(), 114.0);
 }
 
-void EventMonitorsTest::theRingsGoWithTheController()
+void EventMonitorsTest::theRingsAreRemovedWithTheController()
 {
-    Surroundings around;
+    Environment environment;
     {
-        const auto app = around.begin();
+        const auto app = environment.launch();
         app->toggleClicks();
-        around.desktop.eventMonitor().pressLeft();
-        around.desktop.eventMonitor().pressLeft();
+        environment.desktop.eventMonitor().pressLeft();
+        environment.desktop.eventMonitor().pressLeft();
         QCOMPARE(ClickRing::live.rings.size(), std::size_t(2));
     }
     QVERIFY(ClickRing::live.rings.empty());
     QVERIFY(!ClickRing::live.timer);
-    QVERIFY(around.desktop.surfaces(SurfaceRole::Effect).empty());
+    QVERIFY(environment.desktop.surfaces(SurfaceRole::Effect).empty());
 }
 
-void EventMonitorsTest::whatArrivesAfterTheControllerDoesNothing()
+void EventMonitorsTest::eventsAfterTheControllerIsGoneDoNothing()
 {
-    Surroundings around;
+    Environment environment;
     {
-        const auto app = around.begin();
+        const auto app = environment.launch();
         app->toggleClicks();
         app->toggleSpot();
     }
-    around.desktop.takeLog();
-    around.desktop.eventMonitor().pressLeftLate();
-    around.desktop.eventMonitor().scrollLate(altNotches(1));
-    QCOMPARE(around.desktop.takeLog(), QStringList());
-    QVERIFY(!around.defaults.doubleForKey(kSpotRadiusKey));
+    environment.desktop.takeLog();
+    environment.desktop.eventMonitor().pressLeftLate();
+    environment.desktop.eventMonitor().scrollLate(altNotches(1));
+    QCOMPARE(environment.desktop.takeLog(), QStringList());
+    QVERIFY(!environment.defaults.doubleForKey(kSpotRadiusKey));
 }
 
 REGISTER_TEST(EventMonitorsTest)

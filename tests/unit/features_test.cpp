@@ -18,7 +18,7 @@ namespace {
 
 const QString kReason = QStringLiteral("Das bietet diese Sitzung nicht.");
 
-/// What needs a feature: a mode, and the button and menu entry that toggle it.
+/// A mode that needs a feature, and its controls: a button, a menu entry, and the operation of both.
 struct ModeRow
 {
     const char *name;
@@ -29,6 +29,7 @@ struct ModeRow
     bool (AppDelegate::*isOn)() const;
 };
 
+// A table, one row per mode.
 // clang-format off
 constexpr std::array kModes = {
     ModeRow{"spotlight", Feature::FollowingPointer, &Toolbar::btnSpot, "spotlight",
@@ -52,17 +53,17 @@ class FeaturesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatIsNotOfferedIsGreyedAndSaysWhy_data() { addModes(); }
-    void whatIsNotOfferedIsGreyedAndSaysWhy();
-    void whatIsNotOfferedCannotBeSwitchedOn_data() { addModes(); }
-    void whatIsNotOfferedCannotBeSwitchedOn();
-    void aModeEndsWhenItsFeatureGoesAndComesBackOnlyByHand_data() { addModes(); }
-    void aModeEndsWhenItsFeatureGoesAndComesBackOnlyByHand();
+    void aMissingFeatureDisablesItsControlsAndSaysWhy_data() { addModes(); }
+    void aMissingFeatureDisablesItsControlsAndSaysWhy();
+    void aModeWithoutItsFeatureCannotBeTurnedOn_data() { addModes(); }
+    void aModeWithoutItsFeatureCannotBeTurnedOn();
+    void aModeEndsWithItsFeatureAndDoesNotResumeByItself_data() { addModes(); }
+    void aModeEndsWithItsFeatureAndDoesNotResumeByItself();
     void theOtherModesStayAvailable_data() { addModes(); }
     void theOtherModesStayAvailable();
-    void withoutTheWheelElsewhereTheSpotlightOnlySaysWhy();
-    void aPressOnAGreyedButtonNeitherClicksNorDrags();
-    void aGreyedButtonIsPaler();
+    void withoutTheWheelElsewhereTheSpotlightWorksAndSaysWhy();
+    void aPressOnADisabledButtonNeitherClicksNorDrags();
+    void aDisabledButtonIsPaler();
 
 private:
     static void addModes();
@@ -82,7 +83,7 @@ const ModeRow &FeaturesTest::mode()
     return kModes.at(static_cast<std::size_t>(index));
 }
 
-void FeaturesTest::whatIsNotOfferedIsGreyedAndSaysWhy()
+void FeaturesTest::aMissingFeatureDisablesItsControlsAndSaysWhy()
 {
     Controller controller;
     PalButton &button = *(controller.app().toolbar()->*mode().button);
@@ -105,7 +106,7 @@ void FeaturesTest::whatIsNotOfferedIsGreyedAndSaysWhy()
     QCOMPARE(button.toolTip(), tip);
 }
 
-void FeaturesTest::whatIsNotOfferedCannotBeSwitchedOn()
+void FeaturesTest::aModeWithoutItsFeatureCannotBeTurnedOn()
 {
     Controller controller;
     controller.desktop.setLimitation(mode().needs, kReason);
@@ -119,7 +120,7 @@ void FeaturesTest::whatIsNotOfferedCannotBeSwitchedOn()
     QVERIFY(!isOn());
 }
 
-void FeaturesTest::aModeEndsWhenItsFeatureGoesAndComesBackOnlyByHand()
+void FeaturesTest::aModeEndsWithItsFeatureAndDoesNotResumeByItself()
 {
     Controller controller;
     controller.app().statusItem()->menu().trigger(QString::fromLatin1(mode().entry));
@@ -146,7 +147,7 @@ void FeaturesTest::theOtherModesStayAvailable()
     }
 }
 
-void FeaturesTest::withoutTheWheelElsewhereTheSpotlightOnlySaysWhy()
+void FeaturesTest::withoutTheWheelElsewhereTheSpotlightWorksAndSaysWhy()
 {
     Controller controller;
     PalButton &spot = *controller.app().toolbar()->btnSpot;
@@ -158,7 +159,7 @@ void FeaturesTest::withoutTheWheelElsewhereTheSpotlightOnlySaysWhy()
     QCOMPARE(spot.toolTip(), tip + "\n" + kReason);
 }
 
-void FeaturesTest::aPressOnAGreyedButtonNeitherClicksNorDrags()
+void FeaturesTest::aPressOnADisabledButtonNeitherClicksNorDrags()
 {
     Controller controller;
     controller.desktop.setLimitation(Feature::ClicksElsewhere, kReason);
@@ -173,7 +174,7 @@ void FeaturesTest::aPressOnAGreyedButtonNeitherClicksNorDrags()
     QVERIFY(!controller.app().clicksOn());
 }
 
-void FeaturesTest::aGreyedButtonIsPaler()
+void FeaturesTest::aDisabledButtonIsPaler()
 {
     Controller controller;
     const PalButton &button = *controller.app().toolbar()->btnClicks;

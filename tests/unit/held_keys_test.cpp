@@ -12,7 +12,7 @@ namespace {
 constexpr std::uint8_t kEscape = 9;
 constexpr std::uint8_t kZ = 52;
 
-/// As the server writes which keys are held.
+/// The server's bitmap of the held keys.
 std::array<std::uint8_t, 31> map(std::initializer_list<int> keys)
 {
     std::array<std::uint8_t, 31> bytes = {};
@@ -30,14 +30,14 @@ class HeldKeysTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aKeyHeldFromElsewhereCountsOnlyOnceReleased();
+    void aKeyHeldFromElsewhereCountsOnlyAfterItsRelease();
     void otherKeysCountMeanwhile();
-    void aKeyOfOurOwnGoesOnRepeating();
-    void whatWasReleasedElsewhereIsNotHeld();
+    void aKeyPressedInOurWindowKeepsRepeating();
+    void aKeyReleasedElsewhereIsNotHeld();
     void everyKeyHasItsBit();
 };
 
-void HeldKeysTest::aKeyHeldFromElsewhereCountsOnlyOnceReleased()
+void HeldKeysTest::aKeyHeldFromElsewhereCountsOnlyAfterItsRelease()
 {
     HeldKeys keys;
     keys.adopt(map({kEscape}));
@@ -58,23 +58,23 @@ void HeldKeysTest::otherKeysCountMeanwhile()
     QVERIFY(!keys.acceptPress(kEscape));
 }
 
-void HeldKeysTest::aKeyOfOurOwnGoesOnRepeating()
+void HeldKeysTest::aKeyPressedInOurWindowKeepsRepeating()
 {
     HeldKeys keys;
     keys.adopt(map({}));
     QVERIFY(keys.acceptPress(kZ));
-    // As when the pointer comes to the window.
+    // The server also sends this when the pointer enters the window.
     keys.adopt(map({kZ}));
     QVERIFY(keys.acceptPress(kZ));
 }
 
-void HeldKeysTest::whatWasReleasedElsewhereIsNotHeld()
+void HeldKeysTest::aKeyReleasedElsewhereIsNotHeld()
 {
     HeldKeys keys;
     keys.adopt(map({kEscape}));
     keys.adopt(map({}));
     QVERIFY(keys.acceptPress(kEscape));
-    // Nor is it our own for ever: released elsewhere, and pressed there again.
+    // Nor does it stay ours: it was released elsewhere, and pressed there again.
     keys.adopt(map({}));
     keys.adopt(map({kEscape}));
     QVERIFY(!keys.acceptPress(kEscape));

@@ -17,13 +17,13 @@ private Q_SLOTS:
     void theTableIsRegisteredInItsOrder();
     void hotKeysActLikeTheToggles_data();
     void hotKeysActLikeTheToggles();
-    void eachHotKeyHasItsPlaceAndADescription();
-    void escIsAskedForAgainOnlyIfRefused();
+    void eachHotKeyHasItsKeyAndADescription();
+    void escIsRequestedAgainOnlyIfRefused();
     void foreignAndUnknownIdsDoNothing_data();
     void foreignAndUnknownIdsDoNothing();
-    void aRefusedHotKeyLeavesTheOthers();
+    void aRefusedHotKeyDoesNotAffectTheOthers();
     void drawingWhilePinnedMakesThePinnedDrawingEditable();
-    void escEndsTheModesAndLeavesClicksAndRing();
+    void escEndsTheModesButNotClicksAndRing();
     void theToolbarHotKeyHidesAndShowsItWithoutARefresh();
     void hotKeysDoNothingOnceTheControllerIsGone();
 };
@@ -49,7 +49,7 @@ void HotKeysTest::hotKeysActLikeTheToggles_data()
     QTest::addColumn<bool>("clicksOn");
     QTest::addColumn<bool>("pinnedOn");
 
-    // A table, one row a line.
+    // A table, one row per line.
     // clang-format off
     QTest::newRow("D turns drawing on")  << ""   << 1U << true  << false << false << false << false;
     QTest::newRow("D turns drawing off") << "d"  << 1U << false << false << false << false << false;
@@ -76,7 +76,7 @@ void HotKeysTest::hotKeysActLikeTheToggles()
     QTEST(controller.app().pinnedOn(), "pinnedOn");
 }
 
-void HotKeysTest::eachHotKeyHasItsPlaceAndADescription()
+void HotKeysTest::eachHotKeyHasItsKeyAndADescription()
 {
     using platform::PhysicalKey;
     constexpr std::array kKeys = {PhysicalKey::D, PhysicalKey::S, PhysicalKey::W,     PhysicalKey::K,
@@ -96,7 +96,7 @@ void HotKeysTest::eachHotKeyHasItsPlaceAndADescription()
     QCOMPARE(descriptions.removeDuplicates(), 0);
 }
 
-void HotKeysTest::escIsAskedForAgainOnlyIfRefused()
+void HotKeysTest::escIsRequestedAgainOnlyIfRefused()
 {
     using platform::HotKeyState;
     Controller controller;
@@ -123,8 +123,8 @@ void HotKeysTest::foreignAndUnknownIdsDoNothing_data()
     QTest::addColumn<quint32>("number");
 
     QTest::newRow("an id that could not be read") << kHotKeySignature << 0U;
-    QTest::newRow("a number that nobody has") << kHotKeySignature << 7U;
-    QTest::newRow("somebody else's signature") << 0x41414141U << 1U;
+    QTest::newRow("an unknown number") << kHotKeySignature << 7U;
+    QTest::newRow("another signature") << 0x41414141U << 1U;
 }
 
 void HotKeysTest::foreignAndUnknownIdsDoNothing()
@@ -139,7 +139,7 @@ void HotKeysTest::foreignAndUnknownIdsDoNothing()
     QVERIFY(!controller.app().drawOn());
 }
 
-void HotKeysTest::aRefusedHotKeyLeavesTheOthers()
+void HotKeysTest::aRefusedHotKeyDoesNotAffectTheOthers()
 {
     Controller controller;
     controller.desktop.hotKeys().refuse({kHotKeySignature, 1});
@@ -162,7 +162,7 @@ void HotKeysTest::drawingWhilePinnedMakesThePinnedDrawingEditable()
     QCOMPARE(controller.view().shapes().size(), 1U);
 }
 
-void HotKeysTest::escEndsTheModesAndLeavesClicksAndRing()
+void HotKeysTest::escEndsTheModesButNotClicksAndRing()
 {
     Controller controller;
     controller.perform("dwskr");

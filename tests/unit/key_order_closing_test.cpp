@@ -24,7 +24,7 @@ private Q_SLOTS:
 void KeyOrderClosingTest::theCanvasGetsLaterKeys_data()
 {
     QTest::addColumn<Script>("script");
-    // One input a line.
+    // One input per line.
     // clang-format off
     QTest::newRow("whenever they are read") << Script{
         {announced('r', 10), ""},
@@ -89,7 +89,7 @@ void KeyOrderClosingTest::theCanvasGetsLaterKeys_data()
 void KeyOrderClosingTest::repeatsAreDroppedButNotNewPresses_data()
 {
     QTest::addColumn<Script>("script");
-    // One input a line.
+    // One input per line.
     // clang-format off
     QTest::newRow("of the key that closed the field: dropped") << Script{
         {read('r', 10), "Qt"},
@@ -106,21 +106,21 @@ void KeyOrderClosingTest::repeatsAreDroppedButNotNewPresses_data()
         {fieldCloses(), "pause, mark 1"},
         {handedToClosedField('r', 11), "canvas r"},
     };
-    QTest::newRow("a repeat in an earlier field is none in this one") << Script{
+    QTest::newRow("a repeat in an earlier field does not count here") << Script{
         {read('r', 10), "Qt"},
         {read('r', 11), "Qt"},
         {fieldOpens(kNextField), ""},
         {fieldCloses(kCanvas, kNextField), "pause, mark 1 for the next field"},
         {handedToClosedField('r', 11), "canvas r"},
     };
-    QTest::newRow("as many as are remembered") << Script{
+    QTest::newRow("the maximum of remembered repeats") << Script{
         {read('r', 10), "Qt"},
         {read('r', 11), "Qt"},
         {readTimes(kMaxRepeats - 1, 'r', 12), ""},
         {fieldCloses(), "pause, mark 1"},
         {handedToClosedField('r', 11), "withheld"},
     };
-    QTest::newRow("one more than are remembered") << Script{
+    QTest::newRow("one repeat too many") << Script{
         {read('r', 10), "Qt"},
         {read('r', 11), "Qt"},
         {readTimes(kMaxRepeats, 'r', 12), ""},

@@ -1,4 +1,4 @@
-// Scripts for a KeyOrder: inputs, and what it does about each.
+// Scripts for a KeyOrder: inputs, and what it does in response to each.
 #pragma once
 
 #include "platform/x11/input/key_order.h"
@@ -21,8 +21,8 @@ inline constexpr KeyOrder::Window kNextField = 2;
 inline constexpr KeyOrder::Window kCanvas = 10;
 inline constexpr KeyOrder::Window kOtherCanvas = 11;
 
-/// A KeyOrder whose field has the keyboard. Logs what the order asks for, and keeps the events of our
-/// connection while that is paused.
+/// A KeyOrder whose field has the keyboard. Logs what the KeyOrder asks for, and queues the events of our
+/// connection while it is paused.
 class KeyOrderRig : public KeyOrder::Actions
 {
 public:
@@ -36,7 +36,7 @@ public:
 
     QString takeLog() { return std::exchange(m_log, {}).join(QStringLiteral(", ")); }
     void log(const QString &entry) { m_log.append(entry); }
-    /// Qt has asked whether it must leave a key alone.
+    /// The KeyOrder has decided whether Qt may handle a key.
     void logAnswer(bool isIntercepted)
     {
         if (!isIntercepted)
@@ -45,7 +45,7 @@ public:
             log("withheld");
     }
 
-    /// An event comes on our connection.
+    /// An event arrives on our connection.
     void receive(const Input &event)
     {
         if (order.isHolding())
@@ -103,13 +103,13 @@ using Input = KeyOrderRig::Input;
 struct Line
 {
     Input input;
-    /// What the order asks for, and "Qt" for a key that is left to Qt, "withheld" for one that nobody gets
-    /// yet.
+    /// What the KeyOrder asks for; "Qt" for a key that Qt handles; "withheld" for a key that waits or is
+    /// dropped.
     QString output;
 };
 using Script = std::vector<Line>;
 
-/// Plays the script in the column of that name to an order whose field has the keyboard.
+/// Plays the script from the data column "script" to a KeyOrder whose field has the keyboard.
 inline void playScript()
 {
     QFETCH(Script, script);
@@ -129,24 +129,24 @@ inline KeyOrder::Key keyOf(char key, KeyOrder::Time time)
     return {.stamp = {.time = time, .code = static_cast<std::uint8_t>(key)}};
 }
 
-// What comes on our connection.
+// Input on our connection.
 
 inline Input announced(char key, KeyOrder::Time time, int count = 1)
 {
     return [=](KeyOrderRig &rig) {
         for (int i = 0; i < count; ++i)
-            rig.receive([=](KeyOrderRig &on) { on.order.keyAnnounced(keyOf(key, time).stamp); });
+            rig.receive([=](KeyOrderRig &target) { target.order.keyAnnounced(keyOf(key, time).stamp); });
     };
 }
 
-/// A press while `field`, else the field that the order knows of, has the keyboard.
+/// A press while `field` has the keyboard; by default, the field that the KeyOrder knows.
 inline Input press(KeyOrder::Time time, KeyOrder::Window canvas = kCanvas,
                    std::optional<KeyOrder::Window> field = std::nullopt)
 {
     return [=](KeyOrderRig &rig) {
-        rig.receive([=](KeyOrderRig &on) {
-            on.order.handleKeysBefore(time);
-            on.order.holdPress({.time = time, .canvas = canvas}, field.value_or(on.order.field()));
+        rig.receive([=](KeyOrderRig &target) {
+            target.order.handleKeysBefore(time);
+            target.order.holdPress({.time = time, .canvas = canvas}, field.value_or(target.order.field()));
         });
     };
 }
@@ -154,14 +154,14 @@ inline Input press(KeyOrder::Time time, KeyOrder::Window canvas = kCanvas,
 inline Input otherEvent(KeyOrder::Time time)
 {
     return [=](KeyOrderRig &rig) {
-        rig.receive([=](KeyOrderRig &on) {
-            on.order.handleKeysBefore(time);
-            on.log(QString("event of %1").arg(time));
+        rig.receive([=](KeyOrderRig &target) {
+            target.order.handleKeysBefore(time);
+            target.log(QString("event of %1").arg(time));
         });
     };
 }
 
-// What comes on Qt's connection.
+// Input on Qt's connection.
 
 inline Input read(char key, KeyOrder::Time time, KeyOrder::Window window = kField)
 {
@@ -186,7 +186,7 @@ inline Input mark(std::uint32_t number)
     return [=](KeyOrderRig &rig) { rig.order.release(number); };
 }
 
-// What else happens.
+// Other input.
 
 inline Input handedToClosedField(char key, KeyOrder::Time time)
 {

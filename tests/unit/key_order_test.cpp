@@ -29,7 +29,7 @@ private Q_SLOTS:
 void KeyOrderTest::aPressWaitsForTheKeysBeforeIt_data()
 {
     QTest::addColumn<Script>("script");
-    // One input a line.
+    // One input per line.
     // clang-format off
     QTest::newRow("without a press, every key goes to the field") << Script{
         {announced('a', 10), ""},
@@ -43,7 +43,7 @@ void KeyOrderTest::aPressWaitsForTheKeysBeforeIt_data()
         {read('a', 10), "Qt"},
         {mark(1), "stop announcing, press, resume"},
     };
-    QTest::newRow("typed before the press in its millisecond: to the field") << Script{
+    QTest::newRow("typed before the press, in the same millisecond: to the field") << Script{
         {announced('a', 20), ""},
         {press(20), "pause, mark 1"},
         {read('a', 20), "Qt"},
@@ -55,7 +55,7 @@ void KeyOrderTest::aPressWaitsForTheKeysBeforeIt_data()
         {read('b', 21), "withheld"},
         {mark(1), "stop announcing, press, resume, canvas b"},
     };
-    QTest::newRow("typed after the press in its millisecond: to the canvas, after the press") << Script{
+    QTest::newRow("typed after the press, in the same millisecond: to the canvas, after the press") << Script{
         {press(20), "pause, mark 1"},
         {announced('b', 20), ""},
         {read('b', 20), "withheld"},
@@ -145,13 +145,13 @@ void KeyOrderTest::aPressWaitsForTheKeysBeforeIt_data()
         {otherEvent(2), ""},
         {mark(1), "stop announcing, press, resume, canvas b, event of 1, event of 2, canvas c"},
     };
-    QTest::newRow("as many announcements as are remembered") << Script{
+    QTest::newRow("the maximum of remembered announcements") << Script{
         {announced('a', 20), ""},
         {announced('x', 20, kMax - 1), ""},
         {press(20), "pause, mark 1"},
         {read('a', 20), "Qt"},
     };
-    QTest::newRow("one announcement more than are remembered") << Script{
+    QTest::newRow("one announcement too many") << Script{
         {announced('a', 20), ""},
         {announced('x', 20, kMax), ""},
         {press(20), "pause, mark 1"},
@@ -163,7 +163,7 @@ void KeyOrderTest::aPressWaitsForTheKeysBeforeIt_data()
 void KeyOrderTest::theCanvasGetsNoRepeats_data()
 {
     QTest::addColumn<Script>("script");
-    // One input a line.
+    // One input per line.
     // clang-format off
     QTest::newRow("read before the press: to the field") << Script{
         {read('a', 10), "Qt"},
@@ -198,7 +198,7 @@ void KeyOrderTest::theCanvasGetsNoRepeats_data()
 void KeyOrderTest::aHoldEnds_data()
 {
     QTest::addColumn<Script>("script");
-    // One input a line.
+    // One input per line.
     // clang-format off
     QTest::newRow("when the mark does not come back in time") << Script{
         {press(20), "pause, mark 1"},
@@ -238,7 +238,7 @@ void KeyOrderTest::aHoldEnds_data()
 void KeyOrderTest::keysAreAnnouncedWhileAFieldMayGetThem_data()
 {
     QTest::addColumn<Script>("script");
-    // One input a line.
+    // One input per line.
     // clang-format off
     QTest::newRow("until the keyboard goes to another program") << Script{
         {announced('a', 10), ""},

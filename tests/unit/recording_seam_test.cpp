@@ -29,11 +29,11 @@ public:
     void releaseKey(platform::PhysicalKey) override {}
 
     QColor pixel(QPointF place) override { return m_user.pixel(place); }
-    int clicksOfOther() override { return m_user.clicksElsewhere(); }
-    int keysOfOther() override { return m_user.keysElsewhere(); }
-    void forgetOther() override { m_user.forgetElsewhere(); }
-    bool hasOtherTheKeyboard() override { return m_desktop.keyWindow().isEmpty(); }
-    void grabByOther() override { m_desktop.hotKeys().refuse(HotKeyId{1, 1}); }
+    int otherClicks() override { return m_user.clicksElsewhere(); }
+    int otherKeys() override { return m_user.keysElsewhere(); }
+    void forgetOtherInput() override { m_user.forgetElsewhere(); }
+    bool otherHasKeyboard() override { return m_desktop.keyWindow().isEmpty(); }
+    void otherGrabsHotKey() override { m_desktop.hotKeys().refuse(HotKeyId{1, 1}); }
     void setDocks(const QMargins &margins) override { m_desktop.setDocks(margins); }
 
 private:

@@ -13,24 +13,24 @@ class RefreshTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void stepsComeInTheirOrder_data();
-    void stepsComeInTheirOrder();
-    void theOverlayUnderThePointerBecomesKey_data();
-    void theOverlayUnderThePointerBecomesKey();
+    void theStepsOfARefreshAreInOrder_data();
+    void theStepsOfARefreshAreInOrder();
+    void theOverlayUnderThePointerGetsTheKeyboard_data();
+    void theOverlayUnderThePointerGetsTheKeyboard();
     void withoutScreensNothingHappens();
     void escIsRegisteredOnceAndReleasedWithTheSpotlight();
     void escIsTriedAgainAtTheNextRefresh();
-    void everyCanvasIsToldWhereThePointerIs();
+    void everyCanvasGetsThePointerPosition();
     void theRingStaysCentredOnThePointer();
-    void theRingIsPaintedAgainAtTheScaleThatItComesTo();
-    void theRingIsMadeOnceAndKept();
-    void theSpotlightFollowsByItself();
-    void nothingFollowsOnceSpotlightAndRingAreOff();
-    void aStrokeUnderWayIsDroppedWhenDrawingEnds();
-    void aStrokeUnderWaySurvivesPinningAndIsFinishedByTheRelease();
+    void theRingIsRepaintedAtTheScaleOfItsNewScreen();
+    void theRingIsCreatedOnceAndKept();
+    void theSpotlightFollowsThePointerByItself();
+    void followingStopsOnceSpotlightAndRingAreOff();
+    void aStrokeInProgressIsDiscardedWhenDrawingEnds();
+    void aStrokeInProgressSurvivesPinningAndIsFinishedByTheRelease();
 };
 
-void RefreshTest::stepsComeInTheirOrder_data()
+void RefreshTest::theStepsOfARefreshAreInOrder_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("operation");
@@ -61,7 +61,7 @@ void RefreshTest::stepsComeInTheirOrder_data()
         "effect 0: order front; effect 0: move to 472, 372; hot key 99: released");
 }
 
-void RefreshTest::stepsComeInTheirOrder()
+void RefreshTest::theStepsOfARefreshAreInOrder()
 {
     QFETCH(QString, before);
     QFETCH(QString, operation);
@@ -74,12 +74,12 @@ void RefreshTest::stepsComeInTheirOrder()
     QCOMPARE(controller.desktop.takeLog(), steps);
 }
 
-void RefreshTest::theOverlayUnderThePointerBecomesKey_data()
+void RefreshTest::theOverlayUnderThePointerGetsTheKeyboard_data()
 {
     QTest::addColumn<QPointF>("mouse");
     QTest::addColumn<QString>("key");
 
-    // A table, one row a line.
+    // A table, one row per line.
     // clang-format off
     QTest::newRow("on the first screen")               << QPointF(500, 400)    << "overlay 0: make key";
     QTest::newRow("on the second screen")              << QPointF(1400, 500)   << "overlay 1: make key";
@@ -90,7 +90,7 @@ void RefreshTest::theOverlayUnderThePointerBecomesKey_data()
     // clang-format on
 }
 
-void RefreshTest::theOverlayUnderThePointerBecomesKey()
+void RefreshTest::theOverlayUnderThePointerGetsTheKeyboard()
 {
     QFETCH(QPointF, mouse);
     QFETCH(QString, key);
@@ -132,7 +132,7 @@ void RefreshTest::escIsTriedAgainAtTheNextRefresh()
     QCOMPARE(controller.desktop.hotKeys().timesRegistered(kEscHotKey.id()), 1);
 }
 
-void RefreshTest::everyCanvasIsToldWhereThePointerIs()
+void RefreshTest::everyCanvasGetsThePointerPosition()
 {
     Controller controller(test::twoScreens());
     controller.desktop.setMouseLocation({1100, 300});
@@ -153,7 +153,7 @@ void RefreshTest::theRingStaysCentredOnThePointer()
     QCOMPARE(ring.frame(), QRectF(-28, -28, 56, 56));
 }
 
-void RefreshTest::theRingIsPaintedAgainAtTheScaleThatItComesTo()
+void RefreshTest::theRingIsRepaintedAtTheScaleOfItsNewScreen()
 {
     Controller controller({{.name = "A", .nativeFrame = {0, 0, 1000, 800}, .scale = 1, .frame = {}},
                            {.name = "B", .nativeFrame = {1000, 0, 1600, 1200}, .scale = 2, .frame = {}}});
@@ -173,13 +173,13 @@ void RefreshTest::theRingIsPaintedAgainAtTheScaleThatItComesTo()
     controller.app().followPointer();
     QVERIFY(ring.display());
     QCOMPARE(ring.image().size(), QSize(112, 112));
-    // The stroke runs 24 points from the middle, the fill is faint, the corner clear.
+    // The stroke is 24 points from the middle, the fill is faint, and the corner is clear.
     QCOMPARE(qAlpha(ring.image().pixel(56 + 48, 56)), qRound(0.9 * 255));
     QCOMPARE(qAlpha(ring.image().pixel(56, 56)), qRound(0.2 * 255));
     QCOMPARE(qAlpha(ring.image().pixel(2, 2)), 0);
 }
 
-void RefreshTest::theRingIsMadeOnceAndKept()
+void RefreshTest::theRingIsCreatedOnceAndKept()
 {
     Controller controller;
     controller.perform(QStringLiteral("rrr"));
@@ -190,7 +190,7 @@ void RefreshTest::theRingIsMadeOnceAndKept()
     QVERIFY(!controller.desktop.surfaces(SurfaceRole::Effect).at(0)->isVisible());
 }
 
-void RefreshTest::theSpotlightFollowsByItself()
+void RefreshTest::theSpotlightFollowsThePointerByItself()
 {
     Controller controller;
     controller.app().toggleSpot();
@@ -198,7 +198,7 @@ void RefreshTest::theSpotlightFollowsByItself()
     QTRY_COMPARE(controller.view().cursorPoint(), QPointF(640, 480));
 }
 
-void RefreshTest::nothingFollowsOnceSpotlightAndRingAreOff()
+void RefreshTest::followingStopsOnceSpotlightAndRingAreOff()
 {
     Controller controller;
     controller.perform(QStringLiteral("sr"));
@@ -209,7 +209,7 @@ void RefreshTest::nothingFollowsOnceSpotlightAndRingAreOff()
     QVERIFY(!controller.app().isFollowing());
 }
 
-void RefreshTest::aStrokeUnderWayIsDroppedWhenDrawingEnds()
+void RefreshTest::aStrokeInProgressIsDiscardedWhenDrawingEnds()
 {
     Controller controller;
     controller.app().toggleDraw();
@@ -222,7 +222,7 @@ void RefreshTest::aStrokeUnderWayIsDroppedWhenDrawingEnds()
     QVERIFY(controller.app().shapeOrder().empty());
 }
 
-void RefreshTest::aStrokeUnderWaySurvivesPinningAndIsFinishedByTheRelease()
+void RefreshTest::aStrokeInProgressSurvivesPinningAndIsFinishedByTheRelease()
 {
     Controller controller;
     controller.app().toggleDraw();

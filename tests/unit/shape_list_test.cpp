@@ -97,7 +97,7 @@ void ShapeListTest::invisibleShapesAreKeptButNeverFound()
 {
     ShapeList list;
     QVERIFY(list.isEmpty());
-    // An invisible shape is nowhere.
+    // An invisible shape is found nowhere.
     Shape invisible = lineAt({0, 0}, 1);
     invisible.width = 0.0;
     list.append(invisible);

@@ -94,12 +94,12 @@ const std::vector<Situation> kSituations = {
      .stack = {kApplication, kWholeInputOnly, kCanvas, kToolbar},
      .placeOfLowest = above(kApplication)},
 
-    // The order of ours.
+    // The order among our windows.
     {.name = "the toolbar below the canvas",
      .stack = {kApplication, kToolbar, kCanvas},
      .placeOfLowest = above(kApplication),
      .isInOrder = false},
-    {.name = "the order of ours wrong, and no other window",
+    {.name = "our windows in the wrong order, and no other window",
      .stack = {kToolbar, kCanvas},
      .placeOfLowest = kOnTop,
      .isInOrder = false},
@@ -167,7 +167,7 @@ const std::vector<Situation> kSituations = {
      .stack = {kApplication, kUnmappedLocker, kCanvas, kToolbar},
      .placeOfLowest = above(kApplication)},
 
-    // What covers a screen and is no locker.
+    // Windows that cover a screen but are not lockers.
     {.name = "a full-screen application raised above ours",
      .stack = {kCanvas, kToolbar, kFullScreen},
      .placeOfLowest = above(kFullScreen),
@@ -260,9 +260,9 @@ class StackingOrderTest : public QObject
 private Q_SLOTS:
     void eachSituationIsRecognised_data() { addSituations(); }
     void eachSituationIsRecognised();
-    void restackingBringsEachSituationInOrder_data() { addSituations(); }
-    void restackingBringsEachSituationInOrder();
-    void aWindowThatTheServerDoesNotHaveIsNotInOrder();
+    void restackingPutsEachSituationInOrder_data() { addSituations(); }
+    void restackingPutsEachSituationInOrder();
+    void aWindowUnknownToTheServerIsNotInOrder();
 };
 
 void StackingOrderTest::eachSituationIsRecognised()
@@ -275,7 +275,7 @@ void StackingOrderTest::eachSituationIsRecognised()
     QCOMPARE(isInOrder(stack, idsOf(situation.ours)), situation.isInOrder);
 }
 
-void StackingOrderTest::restackingBringsEachSituationInOrder()
+void StackingOrderTest::restackingPutsEachSituationInOrder()
 {
     QFETCH(Situation, situation);
     WindowStack stack{situation.stack, situation.screens, situation.desktop};
@@ -287,7 +287,7 @@ void StackingOrderTest::restackingBringsEachSituationInOrder()
     QVERIFY(isInOrder(stack, idsOf(situation.ours)));
 }
 
-void StackingOrderTest::aWindowThatTheServerDoesNotHaveIsNotInOrder()
+void StackingOrderTest::aWindowUnknownToTheServerIsNotInOrder()
 {
     const WindowStack stack{{kApplication, kCanvas}, {kLeftScreen}, kWholeDesktop};
     QVERIFY(isInOrder(stack, idsOf({kCanvas})));

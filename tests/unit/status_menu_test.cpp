@@ -28,10 +28,10 @@ public:
 
 private Q_SLOTS:
     void bothMenusHaveTheItemsInTheirOrder();
-    void withAnUpdateFeedThereIsAnItemMore_data();
-    void withAnUpdateFeedThereIsAnItemMore();
-    void checkMarksAreTheFlags_data();
-    void checkMarksAreTheFlags();
+    void anUpdateFeedAddsAnItem_data();
+    void anUpdateFeedAddsAnItem();
+    void checkMarksShowTheFlags_data();
+    void checkMarksShowTheFlags();
     void settingsHaveTheirCheckMarksFromTheStart();
     void onlyFlagsHaveCheckMarks();
     void theToolbarItemSaysWhatItWillDo();
@@ -39,9 +39,9 @@ private Q_SLOTS:
     void rebuildingTouchesOnlyWhatChanged();
     void rebuildingKeepsTheSameItems();
     void rebuildingBeforeLaunchDoesNothing();
-    void everyEntryThatDoesSomethingHasANameOfItsOwn();
-    void aNameDoesWhatAClickDoes();
-    void aNameThatThereIsNotDoesNothing();
+    void everyActiveEntryHasAUniqueName();
+    void triggeringANameActsLikeAClick();
+    void anUnknownNameDoesNothing();
 };
 
 void StatusMenuTest::bothMenusHaveTheItemsInTheirOrder()
@@ -54,15 +54,15 @@ void StatusMenuTest::bothMenusHaveTheItemsInTheirOrder()
     QCOMPARE(titles(menuOf(controller).popupMenu()), expected);
 }
 
-void StatusMenuTest::withAnUpdateFeedThereIsAnItemMore_data()
+void StatusMenuTest::anUpdateFeedAddsAnItem_data()
 {
     QTest::addColumn<QString>("feedUrl");
-    // What it says does not matter; without any, the test before this one has the items.
+    // Its text does not matter. The previous test covers the menu without a feed.
     for (const char *feedUrl : {"https://zeigewerk.example/appcast.xml", "nonsense", ""})
         QTest::newRow(feedUrl) << QString::fromLatin1(feedUrl);
 }
 
-void StatusMenuTest::withAnUpdateFeedThereIsAnItemMore()
+void StatusMenuTest::anUpdateFeedAddsAnItem()
 {
     QFETCH(QString, feedUrl);
     Controller controller;
@@ -83,17 +83,17 @@ void StatusMenuTest::withAnUpdateFeedThereIsAnItemMore()
     }
     QCOMPARE(menuOf(updatable).trayMenu().actions().at(17)->shortcut(),
              QKeySequence(QStringLiteral("Ctrl+Q")));
-    // The state goes on to be shown.
+    // The entries still show the state.
     updatable.app().toggleSpot();
     QVERIFY(item(updatable, kSpot).isChecked());
 }
 
-void StatusMenuTest::checkMarksAreTheFlags_data()
+void StatusMenuTest::checkMarksShowTheFlags_data()
 {
     QTest::addColumn<QString>("operations");
     QTest::addColumn<QStringList>("expected");
 
-    // A table, one row a line.
+    // A table, one row per line.
     // clang-format off
     QTest::newRow("nothing on")           << ""       << QStringList{};
     QTest::newRow("drawing")              << "d"      << QStringList{kDraw};
@@ -105,12 +105,12 @@ void StatusMenuTest::checkMarksAreTheFlags_data()
     QTest::newRow("pin")                  << "dp"     << QStringList{kPin};
     QTest::newRow("pin refused")          << "p"      << QStringList{};
     QTest::newRow("pin ended by drawing") << "dpd"    << QStringList{kDraw};
-    QTest::newRow("all that go together") << "dswkr"  << QStringList{kDraw, kSpot, kBoard, kClicks, kRing};
+    QTest::newRow("all modes that can be combined") << "dswkr"  << QStringList{kDraw, kSpot, kBoard, kClicks, kRing};
     QTest::newRow("Esc")                  << "dswkre" << QStringList{kClicks, kRing};
     // clang-format on
 }
 
-void StatusMenuTest::checkMarksAreTheFlags()
+void StatusMenuTest::checkMarksShowTheFlags()
 {
     QFETCH(QString, operations);
     QFETCH(QStringList, expected);
@@ -203,7 +203,7 @@ void StatusMenuTest::rebuildingBeforeLaunchDoesNothing()
     QVERIFY(!QApplication::activePopupWidget());
 }
 
-void StatusMenuTest::everyEntryThatDoesSomethingHasANameOfItsOwn()
+void StatusMenuTest::everyActiveEntryHasAUniqueName()
 {
     Controller controller;
     QStringList names;
@@ -216,7 +216,7 @@ void StatusMenuTest::everyEntryThatDoesSomethingHasANameOfItsOwn()
     QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), names.size());
 }
 
-void StatusMenuTest::aNameDoesWhatAClickDoes()
+void StatusMenuTest::triggeringANameActsLikeAClick()
 {
     Controller controller;
     QVERIFY(menuOf(controller).trigger(QStringLiteral("spotlight")));
@@ -224,12 +224,12 @@ void StatusMenuTest::aNameDoesWhatAClickDoes()
     QVERIFY(controller.app().spotlightOn());
     QVERIFY(menuOf(controller).trigger(QStringLiteral("spotlight")));
     QVERIFY(!controller.app().spotlightOn());
-    // Refused, and so without a check mark.
+    // It is refused, so it has no check mark.
     QVERIFY(menuOf(controller).trigger(QStringLiteral("pin")));
     QCOMPARE(checkedTitles(menuOf(controller).trayMenu()), flagsOn(controller.app()));
 }
 
-void StatusMenuTest::aNameThatThereIsNotDoesNothing()
+void StatusMenuTest::anUnknownNameDoesNothing()
 {
     Controller controller;
     const QStringList before = flagsOn(controller.app());

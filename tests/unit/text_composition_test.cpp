@@ -34,51 +34,51 @@ private Q_SLOTS:
 
 void TextCompositionTest::aPressCommitsTheComposition()
 {
-    Writing on;
-    TextField &field = on.open();
-    on.type(QStringLiteral("a"));
+    Writing writing;
+    TextField &field = writing.open();
+    writing.type(QStringLiteral("a"));
     compose(field, QStringLiteral("にほん"));
-    on.open({400, 400});
-    QCOMPARE(on.texts(), QStringList{"aにほん"});
+    writing.open({400, 400});
+    QCOMPARE(writing.texts(), QStringList{"aにほん"});
 }
 
 void TextCompositionTest::aCompositionIsCommittedOnce()
 {
-    Writing on;
-    TextField &field = on.open();
-    on.type(QStringLiteral("a"));
+    Writing writing;
+    TextField &field = writing.open();
+    writing.type(QStringLiteral("a"));
     for (const QString &shown : {QStringLiteral("n"), QStringLiteral("に")})
         compose(field, shown);
     QCOMPARE(field.text(), QStringLiteral("a"));
     compose(field, {}, QStringLiteral("日"));
     QCOMPARE(field.text(), QStringLiteral("a日"));
-    on.type(QStringLiteral("b"));
-    on.press(Qt::Key_Return);
-    QCOMPARE(on.texts(), QStringList{"a日b"});
+    writing.type(QStringLiteral("b"));
+    writing.press(Qt::Key_Return);
+    QCOMPARE(writing.texts(), QStringList{"a日b"});
 }
 
 void TextCompositionTest::returnCommitsTheComposition()
 {
     // An input method that does not use the key itself.
-    Writing on;
-    compose(on.open(), QStringLiteral("にほん"));
-    on.press(Qt::Key_Return);
-    QVERIFY(on.view().textField() == nullptr);
-    QCOMPARE(on.texts(), QStringList{"にほん"});
+    Writing writing;
+    compose(writing.open(), QStringLiteral("にほん"));
+    writing.press(Qt::Key_Return);
+    QVERIFY(writing.view().textField() == nullptr);
+    QCOMPARE(writing.texts(), QStringList{"にほん"});
 }
 
 void TextCompositionTest::escDiscardsTheComposition()
 {
-    Writing on;
-    compose(on.open(), QStringLiteral("にほん"));
-    on.press(Qt::Key_Escape);
-    QVERIFY(on.view().textField() == nullptr);
-    QCOMPARE(on.texts(), QStringList());
-    QVERIFY(on.app().drawOn());
-    // The next field does not have it either.
-    on.open();
-    on.press(Qt::Key_Return);
-    QCOMPARE(on.texts(), QStringList());
+    Writing writing;
+    compose(writing.open(), QStringLiteral("にほん"));
+    writing.press(Qt::Key_Escape);
+    QVERIFY(writing.view().textField() == nullptr);
+    QCOMPARE(writing.texts(), QStringList());
+    QVERIFY(writing.app().drawOn());
+    // The next field is empty, too.
+    writing.open();
+    writing.press(Qt::Key_Return);
+    QCOMPARE(writing.texts(), QStringList());
 }
 
 void TextCompositionTest::committingACompositionAppendsItsText()

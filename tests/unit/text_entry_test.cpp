@@ -26,33 +26,33 @@ private Q_SLOTS:
 
 void TextEntryTest::aPressOpensAFieldAndGivesItTheKeyboard()
 {
-    Writing on(test::twoScreens());
-    on.open({200, 300}, 1);
-    QCOMPARE(on.desktop.takeLog(), QStringList({"overlay 1: make key", "text field 0: made",
-                                                "text field 0: order front", "text field 0: make key"}));
-    QCOMPARE(on.desktop.keyWindow(), QStringLiteral("text field 0"));
-    const QRectF frame = on.view(1).textWindow()->frame();
+    Writing writing(test::twoScreens());
+    writing.open({200, 300}, 1);
+    QCOMPARE(writing.desktop.takeLog(), QStringList({"overlay 1: make key", "text field 0: made",
+                                                     "text field 0: order front", "text field 0: make key"}));
+    QCOMPARE(writing.desktop.keyWindow(), QStringLiteral("text field 0"));
+    const QRectF frame = writing.view(1).textWindow()->frame();
     QCOMPARE(frame.size(), QSizeF(340, 32));
     QCOMPARE(frame.left(), 1200.0);
     // The text's baseline determines the exact pixel.
     QVERIFY(std::abs(frame.top() - (200 + 272)) <= 0.5);
-    QVERIFY(!on.view(1).current());
-    QVERIFY(on.view(1).shapes().empty());
-    on.view(1).mouseUp({{200, 300}, {}});
-    QVERIFY(on.view(1).shapes().empty());
-    QVERIFY(on.view(1).textField() != nullptr);
+    QVERIFY(!writing.view(1).current());
+    QVERIFY(writing.view(1).shapes().empty());
+    writing.view(1).mouseUp({{200, 300}, {}});
+    QVERIFY(writing.view(1).shapes().empty());
+    QVERIFY(writing.view(1).textField() != nullptr);
 }
 
 void TextEntryTest::returnTurnsTheTextIntoAShape()
 {
-    Writing on;
-    on.open({200, 300});
-    on.type(QStringLiteral("Welt"));
-    on.passTime(7);
-    on.desktop.takeLog();
-    on.press(Qt::Key_Return);
-    QVERIFY(on.view().textField() == nullptr);
-    QCOMPARE(on.view().shapes().size(), 1U);
+    Writing writing;
+    writing.open({200, 300});
+    writing.type(QStringLiteral("Welt"));
+    writing.passTime(7);
+    writing.desktop.takeLog();
+    writing.press(Qt::Key_Return);
+    QVERIFY(writing.view().textField() == nullptr);
+    QCOMPARE(writing.view().shapes().size(), 1U);
     const Shape expected{.tool = Tool::text,
                          .points = {},
                          .start = {202, 276},
@@ -60,170 +60,170 @@ void TextEntryTest::returnTurnsTheTextIntoAShape()
                          .color = kOrange,
                          .width = 5.0,
                          .text = QStringLiteral("Welt"),
-                         .created = on.now};
-    QVERIFY(on.view().shapes().front() == expected);
-    QCOMPARE(on.app().shapeOrder(), std::vector<DrawingView *>{&on.view()});
+                         .created = writing.now};
+    QVERIFY(writing.view().shapes().front() == expected);
+    QCOMPARE(writing.app().shapeOrder(), std::vector<DrawingView *>{&writing.view()});
     // The canvas gets the keyboard before the field closes.
-    QCOMPARE(on.desktop.takeLog(), QStringList({"overlay 0: make key"}));
-    QCOMPARE(on.desktop.keyWindow(), QStringLiteral("overlay 0"));
-    QVERIFY(on.surface().display());
+    QCOMPARE(writing.desktop.takeLog(), QStringList({"overlay 0: make key"}));
+    QCOMPARE(writing.desktop.keyWindow(), QStringLiteral("overlay 0"));
+    QVERIFY(writing.surface().display());
 }
 
 void TextEntryTest::theShapeHasTheColourAndWidthAtTheCommit()
 {
-    Writing on;
-    on.open({10.5, 40.25});
-    on.type(QStringLiteral("a"));
-    on.app().setColor(kNavy);
-    on.app().setLineWidth(9);
-    on.press(Qt::Key_Enter);
-    QCOMPARE(on.view().shapes().size(), 1U);
-    QVERIFY(on.view().shapes().front().color == kNavy);
-    QCOMPARE(on.view().shapes().front().width, 9.0);
-    QCOMPARE(on.view().shapes().front().start, QPointF(12.5, 16.25));
+    Writing writing;
+    writing.open({10.5, 40.25});
+    writing.type(QStringLiteral("a"));
+    writing.app().setColor(kNavy);
+    writing.app().setLineWidth(9);
+    writing.press(Qt::Key_Enter);
+    QCOMPARE(writing.view().shapes().size(), 1U);
+    QVERIFY(writing.view().shapes().front().color == kNavy);
+    QCOMPARE(writing.view().shapes().front().width, 9.0);
+    QCOMPARE(writing.view().shapes().front().start, QPointF(12.5, 16.25));
 }
 
 void TextEntryTest::whiteTextIsBlackOnlyInTheField()
 {
-    Writing on;
-    on.app().setColor(kWhite);
-    QCOMPARE(on.open().palette().color(QPalette::Text), QColor(Qt::black));
-    on.type(QStringLiteral("weiß"));
-    on.press(Qt::Key_Return);
-    QVERIFY(on.view().shapes().front().color == kWhite);
+    Writing writing;
+    writing.app().setColor(kWhite);
+    QCOMPARE(writing.open().palette().color(QPalette::Text), QColor(Qt::black));
+    writing.type(QStringLiteral("weiß"));
+    writing.press(Qt::Key_Return);
+    QVERIFY(writing.view().shapes().front().color == kWhite);
 
     const Color nearlyWhite{1.0, 1.0, 0.999, 1.0};
-    on.app().setColor(nearlyWhite);
-    QVERIFY(on.open().palette().color(QPalette::Text) != QColor(Qt::black));
+    writing.app().setColor(nearlyWhite);
+    QVERIFY(writing.open().palette().color(QPalette::Text) != QColor(Qt::black));
 }
 
 void TextEntryTest::anEmptyFieldLeavesNoShape()
 {
-    Writing on;
-    on.open();
-    on.press(Qt::Key_Return);
-    QVERIFY(on.view().textField() == nullptr);
-    QVERIFY(on.view().shapes().empty());
-    QVERIFY(on.app().shapeOrder().empty());
-    QCOMPARE(on.desktop.keyWindow(), QStringLiteral("overlay 0"));
+    Writing writing;
+    writing.open();
+    writing.press(Qt::Key_Return);
+    QVERIFY(writing.view().textField() == nullptr);
+    QVERIFY(writing.view().shapes().empty());
+    QVERIFY(writing.app().shapeOrder().empty());
+    QCOMPARE(writing.desktop.keyWindow(), QStringLiteral("overlay 0"));
     // Without a field, a commit does nothing.
-    on.desktop.takeLog();
-    on.view().commitTextField();
-    QCOMPARE(on.desktop.takeLog(), QStringList());
+    writing.desktop.takeLog();
+    writing.view().commitTextField();
+    QCOMPARE(writing.desktop.takeLog(), QStringList());
 }
 
 void TextEntryTest::spacesAreText()
 {
-    Writing on;
-    on.open();
-    on.type(QStringLiteral("  "));
-    on.press(Qt::Key_Return);
-    QCOMPARE(on.texts(), QStringList{"  "});
-    on.open();
-    on.type(QStringLiteral(" a "));
-    on.press(Qt::Key_Return);
-    QCOMPARE(on.texts(), QStringList({"  ", " a "}));
+    Writing writing;
+    writing.open();
+    writing.type(QStringLiteral("  "));
+    writing.press(Qt::Key_Return);
+    QCOMPARE(writing.texts(), QStringList{"  "});
+    writing.open();
+    writing.type(QStringLiteral(" a "));
+    writing.press(Qt::Key_Return);
+    QCOMPARE(writing.texts(), QStringList({"  ", " a "}));
 }
 
 void TextEntryTest::escDiscardsTheTextAndKeepsTheModes()
 {
-    Writing on;
-    on.app().toggleBoard();
-    on.open();
-    on.type(QStringLiteral("weg"));
-    on.press(Qt::Key_Escape);
-    QVERIFY(on.view().textField() == nullptr);
-    QVERIFY(on.view().shapes().empty());
-    QVERIFY(on.app().drawOn());
-    QVERIFY(on.app().whiteboardOn());
-    QCOMPARE(on.desktop.keyWindow(), QStringLiteral("overlay 0"));
+    Writing writing;
+    writing.app().toggleBoard();
+    writing.open();
+    writing.type(QStringLiteral("weg"));
+    writing.press(Qt::Key_Escape);
+    QVERIFY(writing.view().textField() == nullptr);
+    QVERIFY(writing.view().shapes().empty());
+    QVERIFY(writing.app().drawOn());
+    QVERIFY(writing.app().whiteboardOn());
+    QCOMPARE(writing.desktop.keyWindow(), QStringLiteral("overlay 0"));
     // The next Esc goes to the canvas.
-    on.view().keyDown({.isEscape = true, .character = 0x1B, .modifiers = {}});
-    QVERIFY(!on.app().interactionOn());
+    writing.view().keyDown({.isEscape = true, .character = 0x1B, .modifiers = {}});
+    QVERIFY(!writing.app().interactionOn());
 }
 
 void TextEntryTest::aPressCommitsTheTextAndOpensTheNextField()
 {
-    Writing on;
-    on.open({100, 100});
-    on.type(QStringLiteral("eins"));
-    TextField &next = on.open({300, 400});
-    QCOMPARE(on.texts(), QStringList{"eins"});
-    QCOMPARE(on.view().shapes().front().start, QPointF(102, 76));
+    Writing writing;
+    writing.open({100, 100});
+    writing.type(QStringLiteral("eins"));
+    TextField &next = writing.open({300, 400});
+    QCOMPARE(writing.texts(), QStringList{"eins"});
+    QCOMPARE(writing.view().shapes().front().start, QPointF(102, 76));
     QCOMPARE(next.text(), QString());
-    on.press(Qt::Key_Return);
-    QCOMPARE(on.texts(), QStringList{"eins"});
+    writing.press(Qt::Key_Return);
+    QCOMPARE(writing.texts(), QStringList{"eins"});
 }
 
 void TextEntryTest::aPressWithAnotherToolCommitsTheTextAndDraws()
 {
-    Writing on;
-    on.open({100, 100});
-    on.type(QStringLiteral("eins"));
-    on.app().setTool(Tool::pen);
-    on.view().mouseDown({{400, 400}, {}});
-    QVERIFY(on.view().textField() == nullptr);
-    QCOMPARE(on.texts(), QStringList{"eins"});
-    QVERIFY(on.view().current().has_value());
-    QCOMPARE(on.desktop.keyWindow(), QStringLiteral("overlay 0"));
+    Writing writing;
+    writing.open({100, 100});
+    writing.type(QStringLiteral("eins"));
+    writing.app().setTool(Tool::pen);
+    writing.view().mouseDown({{400, 400}, {}});
+    QVERIFY(writing.view().textField() == nullptr);
+    QCOMPARE(writing.texts(), QStringList{"eins"});
+    QVERIFY(writing.view().current().has_value());
+    QCOMPARE(writing.desktop.keyWindow(), QStringLiteral("overlay 0"));
 }
 
 void TextEntryTest::undoRemovesTextsInOrderWithOtherShapes()
 {
-    Writing on;
+    Writing writing;
     for (const QString &text : {QStringLiteral("eins"), QStringLiteral("zwei")}) {
-        on.open();
-        on.type(text);
-        on.press(Qt::Key_Return);
+        writing.open();
+        writing.type(text);
+        writing.press(Qt::Key_Return);
     }
-    on.app().setTool(Tool::pen);
-    on.draw(on.view());
-    on.app().undoShape();
-    QCOMPARE(on.texts(), QStringList({"eins", "zwei"}));
-    on.app().undoShape();
-    QCOMPARE(on.texts(), QStringList{"eins"});
+    writing.app().setTool(Tool::pen);
+    writing.draw(writing.view());
+    writing.app().undoShape();
+    QCOMPARE(writing.texts(), QStringList({"eins", "zwei"}));
+    writing.app().undoShape();
+    QCOMPARE(writing.texts(), QStringList{"eins"});
 }
 
 void TextEntryTest::undoOnTheCanvasLeavesTheFieldAlone()
 {
-    Writing on;
-    on.open();
-    on.type(QStringLiteral("eins"));
-    on.press(Qt::Key_Return);
-    on.open();
-    on.type(QStringLiteral("zwei"));
-    on.app().undoShape();
-    QCOMPARE(on.texts(), QStringList());
-    QCOMPARE(on.field().text(), QStringLiteral("zwei"));
+    Writing writing;
+    writing.open();
+    writing.type(QStringLiteral("eins"));
+    writing.press(Qt::Key_Return);
+    writing.open();
+    writing.type(QStringLiteral("zwei"));
+    writing.app().undoShape();
+    QCOMPARE(writing.texts(), QStringList());
+    QCOMPARE(writing.field().text(), QStringLiteral("zwei"));
 }
 
 void TextEntryTest::aTextFadesFromItsCommit()
 {
-    Writing on;
-    on.app().toggleFade();
-    on.open();
-    on.type(QStringLiteral("a"));
-    on.passTime(60);
-    QVERIFY(!on.app().isFadeTimerRunning());
-    on.press(Qt::Key_Return);
-    QVERIFY(on.app().isFadeTimerRunning());
-    on.passTime(4.7);
-    on.app().tickFade();
-    QCOMPARE(on.texts(), QStringList{"a"});
-    on.passTime(0.2);
-    on.app().tickFade();
-    QCOMPARE(on.texts(), QStringList());
+    Writing writing;
+    writing.app().toggleFade();
+    writing.open();
+    writing.type(QStringLiteral("a"));
+    writing.passTime(60);
+    QVERIFY(!writing.app().isFadeTimerRunning());
+    writing.press(Qt::Key_Return);
+    QVERIFY(writing.app().isFadeTimerRunning());
+    writing.passTime(4.7);
+    writing.app().tickFade();
+    QCOMPARE(writing.texts(), QStringList{"a"});
+    writing.passTime(0.2);
+    writing.app().tickFade();
+    QCOMPARE(writing.texts(), QStringList());
 }
 
 void TextEntryTest::withoutAControllerTheTextIsDiscarded()
 {
-    Writing on;
-    on.open();
-    on.type(QStringLiteral("weg"));
-    on.view().app = nullptr;
-    on.press(Qt::Key_Return);
-    QVERIFY(on.view().textField() == nullptr);
-    QVERIFY(on.view().shapes().empty());
+    Writing writing;
+    writing.open();
+    writing.type(QStringLiteral("weg"));
+    writing.view().app = nullptr;
+    writing.press(Qt::Key_Return);
+    QVERIFY(writing.view().textField() == nullptr);
+    QVERIFY(writing.view().shapes().empty());
 }
 
 REGISTER_TEST(TextEntryTest)

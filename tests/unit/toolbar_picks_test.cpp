@@ -28,13 +28,13 @@ void ToolbarPicksTest::pickingAToolMakesTheCanvasInteractive_data()
     QTest::addColumn<QString>("operations");
     QTest::addColumn<bool>("drawOn");
     QTest::addColumn<bool>("whiteboardOn");
-    QTest::newRow("with nothing on it turns drawing on") << "" << true << false;
-    QTest::newRow("with drawing on it only changes the tool") << "d" << true << false;
-    QTest::newRow("on the whiteboard it does not turn drawing on") << "w" << false << true;
-    QTest::newRow("with both on both stay") << "dw" << true << true;
+    QTest::newRow("with nothing on, it turns drawing on") << "" << true << false;
+    QTest::newRow("with drawing on, it only changes the tool") << "d" << true << false;
+    QTest::newRow("on the whiteboard, it does not turn drawing on") << "w" << false << true;
+    QTest::newRow("with both on, both stay on") << "dw" << true << true;
     QTest::newRow("it ends a pin") << "dp" << true << false;
     QTest::newRow("it ends a pin beneath a whiteboard") << "dpw" << true << true;
-    QTest::newRow("with the spotlight alone it turns drawing on") << "s" << true << false;
+    QTest::newRow("with only the spotlight on, it turns drawing on") << "s" << true << false;
 }
 
 void ToolbarPicksTest::pickingAToolMakesTheCanvasInteractive()

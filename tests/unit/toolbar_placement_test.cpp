@@ -1,4 +1,4 @@
-// Where the toolbar stands: at first, when it is dragged, and after a restart.
+// The place of the toolbar: by default, after a drag, and after a restart.
 
 #include "controller_fixture.h"
 #include "registered_test.h"
@@ -28,11 +28,11 @@ std::vector<platform::Screen> onlyFirstScreen()
     return {twoScreens().front()};
 }
 
-void drag(Controller &controller, QPointF from, const std::vector<QPointF> &way)
+void drag(Controller &controller, QPointF from, const std::vector<QPointF> &path)
 {
     ToolbarPlacement &placement = *controller.app().toolbar()->placement;
     placement.dragBegan(from - frameOf(controller).topLeft());
-    for (const QPointF point : way) {
+    for (const QPointF point : path) {
         controller.desktop.setMouseLocation(point);
         placement.dragMoved(point - frameOf(controller).topLeft());
     }
@@ -46,48 +46,48 @@ class ToolbarPlacementTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void atFirstItStandsAtTheRightEdge();
-    void atFirstItKeepsClearOfDocks();
-    void atFirstItStandsOnTheMainScreen();
+    void itsDefaultPlaceIsAtTheRightEdge();
+    void itsDefaultPlaceAvoidsDocks();
+    void itsDefaultPlaceIsOnTheMainScreen();
     void withoutAScreenItStaysWhereItIs();
-    void itFollowsTheDragAndIsRemembered();
-    void theFirstPlaceIsNotRemembered();
-    void aSavedFrameMovesItAndNeverResizesIt();
-    void aSavedFrameThatIsNoneReadsAsNone_data();
-    void aSavedFrameThatIsNoneReadsAsNone();
-    void aPlaceThatNoScreenShowsIsBroughtIntoView_data();
-    void aPlaceThatNoScreenShowsIsBroughtIntoView();
-    void aRescueIsNotRemembered();
+    void aDragMovesItAndSavesItsPlace();
+    void theDefaultPlaceIsNotSaved();
+    void aSavedFrameMovesItButNeverResizesIt();
+    void anInvalidSavedFrameIsIgnored_data();
+    void anInvalidSavedFrameIsIgnored();
+    void anUnreachablePlaceIsBroughtIntoView_data();
+    void anUnreachablePlaceIsBroughtIntoView();
+    void bringingItIntoViewIsNotSaved();
     void itComesBackWithItsScreen();
-    void undraggedItStaysOnItsScreenWhenScreensChange();
-    void undraggedItComesBackWithItsScreen();
-    void whereNothingIsFreeItStandsOnTheWholeScreen();
+    void withoutADragItStaysOnItsScreenWhenScreensChange();
+    void withoutADragItComesBackWithItsScreen();
+    void ifDocksLeaveNothingItIsPlacedOnTheWholeScreen();
     void savedFramesSurviveARoundTrip();
     void draggingByTheBackgroundMovesIt();
-    void aPressThatGoesNowhereIsNoDrag();
+    void aPressWithoutAMoveIsNoDrag();
     void hidingItEndsTheDrag();
 };
 
-void ToolbarPlacementTest::atFirstItStandsAtTheRightEdge()
+void ToolbarPlacementTest::itsDefaultPlaceIsAtTheRightEdge()
 {
     Controller controller;
-    // Centred but for half a point, since windows stand at whole ones.
+    // Centred except for half a point, since windows are placed at whole points.
     QCOMPARE(frameOf(controller), QRectF(QPointF(1000 - 151 - 24, 161), kSize));
 }
 
-void ToolbarPlacementTest::atFirstItKeepsClearOfDocks()
+void ToolbarPlacementTest::itsDefaultPlaceAvoidsDocks()
 {
     Controller controller;
-    // 40 points at the bottom of the screen, 60 at its right.
+    // The docks take 40 points at the bottom of the screen and 60 at its right.
     controller.desktop.setDocks({0, 0, 60, 40});
     QCOMPARE(frameOf(controller), QRectF(QPointF(940 - 151 - 24, 181), kSize));
 }
 
-void ToolbarPlacementTest::atFirstItStandsOnTheMainScreen()
+void ToolbarPlacementTest::itsDefaultPlaceIsOnTheMainScreen()
 {
     Controller controller(twoScreens());
     controller.desktop.setMainScreen(1);
-    // The second screen's upper edge is level with the first one's, so it begins 200 points up.
+    // The upper edges of the screens are aligned, so the second screen begins 200 points up.
     QCOMPARE(frameOf(controller).topLeft(), QPointF(1800 - 151 - 24, 261));
 }
 
@@ -97,7 +97,7 @@ void ToolbarPlacementTest::withoutAScreenItStaysWhereItIs()
     QCOMPARE(frameOf(controller).topLeft(), QPointF(0, 0));
 }
 
-void ToolbarPlacementTest::itFollowsTheDragAndIsRemembered()
+void ToolbarPlacementTest::aDragMovesItAndSavesItsPlace()
 {
     Controller controller(twoScreens());
     const QPointF before = frameOf(controller).topLeft();
@@ -113,7 +113,7 @@ void ToolbarPlacementTest::itFollowsTheDragAndIsRemembered()
              QStringLiteral("B"));
 }
 
-void ToolbarPlacementTest::theFirstPlaceIsNotRemembered()
+void ToolbarPlacementTest::theDefaultPlaceIsNotSaved()
 {
     Controller controller;
     frameOf(controller);
@@ -121,14 +121,14 @@ void ToolbarPlacementTest::theFirstPlaceIsNotRemembered()
     QVERIFY(!controller.defaults.stringForKey(kToolbarFrameKey));
 }
 
-void ToolbarPlacementTest::aSavedFrameMovesItAndNeverResizesIt()
+void ToolbarPlacementTest::aSavedFrameMovesItButNeverResizesIt()
 {
     Controller controller;
     controller.defaults.setString(kToolbarFrameKey, QStringLiteral("100 200 999 111 A"));
     QCOMPARE(frameOf(controller), QRectF(QPointF(100, 200), kSize));
 }
 
-void ToolbarPlacementTest::aSavedFrameThatIsNoneReadsAsNone_data()
+void ToolbarPlacementTest::anInvalidSavedFrameIsIgnored_data()
 {
     QTest::addColumn<QString>("text");
     const std::array texts = {"",
@@ -145,7 +145,7 @@ void ToolbarPlacementTest::aSavedFrameThatIsNoneReadsAsNone_data()
         QTest::newRow(text) << QString::fromLatin1(text);
 }
 
-void ToolbarPlacementTest::aSavedFrameThatIsNoneReadsAsNone()
+void ToolbarPlacementTest::anInvalidSavedFrameIsIgnored()
 {
     QFETCH(QString, text);
     QVERIFY(!SavedFrame::fromString(text));
@@ -154,33 +154,33 @@ void ToolbarPlacementTest::aSavedFrameThatIsNoneReadsAsNone()
     QCOMPARE(frameOf(controller).topLeft(), QPointF(1000 - 151 - 24, 161));
 }
 
-void ToolbarPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView_data()
+void ToolbarPlacementTest::anUnreachablePlaceIsBroughtIntoView_data()
 {
     QTest::addColumn<QString>("saved");
     QTest::addColumn<QPointF>("place");
-    // A table, one row a line.
+    // A table, one row per line.
     // clang-format off
     QTest::newRow("left of every screen")       << "-500 100 151 477 A"  << QPointF(0, 100);
     QTest::newRow("on a screen that is gone")   << "5000 5000 151 477 C" << QPointF(1000 - 151, 800 - 477);
     QTest::newRow("below its screen")           << "1200 -900 151 477 B" << QPointF(1200, 200);
-    QTest::newRow("too little to take hold of") << "960 100 151 477 Z"   << QPointF(1000 - 151, 100);
-    QTest::newRow("enough to take hold of")     << "1750 300 151 477 B"  << QPointF(1750, 300);
+    QTest::newRow("too little to grab") << "960 100 151 477 Z"   << QPointF(1000 - 151, 100);
+    QTest::newRow("enough to grab")     << "1750 300 151 477 B"  << QPointF(1750, 300);
     QTest::newRow("partly below, within reach") << "300 -400 151 477 A"  << QPointF(300, -400);
     // clang-format on
 }
 
-void ToolbarPlacementTest::aPlaceThatNoScreenShowsIsBroughtIntoView()
+void ToolbarPlacementTest::anUnreachablePlaceIsBroughtIntoView()
 {
     QFETCH(QString, saved);
     QFETCH(QPointF, place);
-    // Apart, so that what leaves one does not reach the other.
+    // A saved place on screen "Z" is tested with the first screen only.
     std::vector<platform::Screen> screens = twoScreens();
     Controller controller(saved.endsWith(QLatin1Char('Z')) ? onlyFirstScreen() : screens);
     controller.defaults.setString(kToolbarFrameKey, saved);
     QCOMPARE(frameOf(controller).topLeft(), place);
 }
 
-void ToolbarPlacementTest::aRescueIsNotRemembered()
+void ToolbarPlacementTest::bringingItIntoViewIsNotSaved()
 {
     Controller controller;
     const QString saved = QStringLiteral("5000 5000 151 477 C");
@@ -201,17 +201,17 @@ void ToolbarPlacementTest::itComesBackWithItsScreen()
     QCOMPARE(frameOf(controller).topLeft(), left);
 }
 
-void ToolbarPlacementTest::undraggedItStaysOnItsScreenWhenScreensChange()
+void ToolbarPlacementTest::withoutADragItStaysOnItsScreenWhenScreensChange()
 {
     Controller controller(twoScreens());
     const QPointF first = frameOf(controller).topLeft();
-    // The keyboard has moved to the other screen since, and the toolbar does not follow it.
+    // The toolbar does not follow the keyboard focus to the other screen.
     controller.desktop.setMainScreen(1);
     controller.desktop.changeScreens(twoScreens());
     QCOMPARE(frameOf(controller).topLeft(), first);
 }
 
-void ToolbarPlacementTest::undraggedItComesBackWithItsScreen()
+void ToolbarPlacementTest::withoutADragItComesBackWithItsScreen()
 {
     Controller controller(twoScreens());
     controller.desktop.setMainScreen(1);
@@ -223,7 +223,7 @@ void ToolbarPlacementTest::undraggedItComesBackWithItsScreen()
     QCOMPARE(frameOf(controller).topLeft(), first);
 }
 
-void ToolbarPlacementTest::whereNothingIsFreeItStandsOnTheWholeScreen()
+void ToolbarPlacementTest::ifDocksLeaveNothingItIsPlacedOnTheWholeScreen()
 {
     Controller controller;
     controller.desktop.setDocks({0, 0, 1000, 0});
@@ -245,7 +245,7 @@ void ToolbarPlacementTest::draggingByTheBackgroundMovesIt()
     const QPointF before = frameOf(controller).topLeft();
     Panel &panel = *controller.app().toolbar()->panel;
     const QPoint grip = panel.frameRect().topLeft() + QPoint(5, 60);
-    // The middle of the pixel that is pressed. By the time that the press is heard of, the hand is far away.
+    // The middle of the pressed pixel. When the press is handled, the pointer is already far away.
     const QPointF pressed = before + QPointF(5.5, 477 - 60.5);
     controller.desktop.setMouseLocation({0, 0});
     QTest::mousePress(&panel, Qt::LeftButton, {}, grip);
@@ -256,13 +256,13 @@ void ToolbarPlacementTest::draggingByTheBackgroundMovesIt()
     QVERIFY(!controller.defaults.stringForKey(kToolbarFrameKey));
     QTest::mouseRelease(&panel, Qt::LeftButton, {}, grip);
     QVERIFY(controller.defaults.stringForKey(kToolbarFrameKey));
-    // With the button up the pointer passes without taking the toolbar along.
+    // Without the button, the pointer does not move the toolbar.
     controller.desktop.setMouseLocation({100, 100});
     QTest::mouseMove(&panel, grip);
     QCOMPARE(frameOf(controller).topLeft(), before + QPointF(-20, -30));
 }
 
-void ToolbarPlacementTest::aPressThatGoesNowhereIsNoDrag()
+void ToolbarPlacementTest::aPressWithoutAMoveIsNoDrag()
 {
     Controller controller;
     const QPointF before = frameOf(controller).topLeft();
@@ -281,11 +281,11 @@ void ToolbarPlacementTest::hidingItEndsTheDrag()
     controller.desktop.setMouseLocation(before + QPointF(105.5, 477 - 60.5));
     QTest::mouseMove(&panel, panel.frameRect().center());
     controller.app().toggleToolbar();
-    // Where it had come to is remembered …
+    // The place that it had reached is saved …
     const QPointF left = before + QPointF(100, 0);
     QCOMPARE(SavedFrame::fromString(*controller.defaults.stringForKey(kToolbarFrameKey))->frame.topLeft(),
              left);
-    // … and a pointer that passes later does not take it along.
+    // … and later moves of the pointer do not move it.
     controller.app().toggleToolbar();
     controller.desktop.setMouseLocation({100, 100});
     QTest::mouseMove(&panel, panel.frameRect().center());

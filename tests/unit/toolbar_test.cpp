@@ -49,7 +49,7 @@ const QSize kSeparator(84, 1);
 
 const QList<ToolbarRow> &expectedRows()
 {
-    // A table, one row a line where it fits.
+    // A table, one row per line where it fits.
     // clang-format off
     static const QList<ToolbarRow> rows = {
         {{36, 5}, 0, {"bar"}},

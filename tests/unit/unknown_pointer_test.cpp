@@ -47,7 +47,7 @@ void UnknownPointerTest::theDesktopIsToldWhenSomethingFollowsThePointer_data()
     QTest::addColumn<QString>("operations");
     QTest::addColumn<bool>("follows");
 
-    // A table, one row a line.
+    // A table, one row per line.
     // clang-format off
     QTest::newRow("at the start")            << ""      << false;
     QTest::newRow("spotlight")               << "s"     << true;

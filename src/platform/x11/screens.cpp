@@ -74,7 +74,7 @@ Screens::Screens(Connection &connection)
     m_readAgain.setSingleShot(true);
     m_readAgain.callOnTimeout(this, &Screens::readAgain);
 
-    // Qt sends no signal when the last output is switched off, so listen to the server as well.
+    // Qt sends no signal when the last output is turned off, so listen to the server as well.
     m_firstEvent = xcb_get_extension_data(connection.xcb(), &xcb_randr_id)->first_event;
     xcb_randr_select_input(connection.xcb(), connection.root(),
                            XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |

@@ -97,7 +97,7 @@ QStringList Controls::switchAllOff(RandomChoice &random)
     const auto found = item();
     if (!found)
         return {QStringLiteral("it has no item in the tray, so its modes are unknown")};
-    // Unpinning switches drawing on, so more modes may have to be switched off than were on.
+    // Unpinning turns drawing on, so more modes may have to be turned off than were on.
     constexpr int kMaxSwitches = 12;
     for (int i = 0; i < kMaxSwitches; ++i) {
         const QStringList active = modesOn(*found);
@@ -106,7 +106,7 @@ QStringList Controls::switchAllOff(RandomChoice &random)
         const QString mode = random.of(active);
         switchOff(mode, random);
         if (!eventually([&] { return !modesOn(*found).contains(mode); }))
-            return {QStringLiteral("\"%1\" cannot be switched off").arg(mode)};
+            return {QStringLiteral("\"%1\" cannot be turned off").arg(mode)};
     }
     return {QStringLiteral("still on: ") + modesOn(*found).join(QStringLiteral(", "))};
 }

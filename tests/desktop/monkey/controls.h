@@ -1,4 +1,4 @@
-// The program's modes and the controls that switch them off.
+// The program's modes and the controls that turn them off.
 #pragma once
 
 #include "desktop_changes.h"
@@ -19,8 +19,8 @@ public:
 
     /// Closes the menus of the program and of the window manager.
     void closeMenus();
-    /// Switches off every mode that is on, each by its own control: its hot key or its menu entry. Returns
-    /// what went wrong, if anything.
+    /// Turns off every mode that is on, each by its own control: its hot key or its menu entry. Returns what
+    /// went wrong, if anything.
     QStringList switchAllOff(RandomChoice &random);
     bool isInTray() { return m_desktop.tray().host.items().size() == 1; }
     /// Whether the menu offers to hide the toolbar.

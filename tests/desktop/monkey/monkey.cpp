@@ -31,7 +31,7 @@ QString messagesOf(Program &program)
     return lines.join(u'\n');
 }
 
-/// Whatever else may affect a hot key.
+/// The state that may affect a hot key, for the report of a failure.
 QString describeInputState(DesktopSession &session)
 {
     Client &client = session.client();

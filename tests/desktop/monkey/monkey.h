@@ -26,8 +26,8 @@ struct MonkeyOptions
 };
 
 /// Operates the program on a virtual desktop with two screens, as fast as the program follows. From time to
-/// time it releases all keys and buttons, restores the desktop, switches each mode off by its own control,
-/// and inspects what is left.
+/// time it releases all keys and buttons, restores the desktop, turns each mode off by its own control, and
+/// inspects what is left.
 class Monkey
 {
 public:

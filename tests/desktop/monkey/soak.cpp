@@ -110,7 +110,7 @@ void Soak::switchEverythingOn()
     for (const QString &mode : kModes) {
         tray.click(items.first(), entry(mode).id);
         if (!eventually([&] { return entry(mode).isChecked(); }))
-            failRig(QStringLiteral("%1 cannot be switched on").arg(mode));
+            failRig(QStringLiteral("%1 cannot be turned on").arg(mode));
     }
 }
 
@@ -184,7 +184,7 @@ void Soak::clickAround()
 
 void Soak::switchModes()
 {
-    // Off, pinned and on the whiteboard; then everything is switched on again.
+    // Off, pinned and on the whiteboard; then everything is turned on again.
     for (const Key key : {Key::P, Key::P, Key::W, Key::W, Key::D}) {
         hotKey(key);
         clickAround();

@@ -13,7 +13,7 @@
 namespace zeigewerk::rig {
 
 /// Presents with every feature on, in identical rounds: the mouse moves, draws and clicks at 60 Hz, text is
-/// typed and undone, modes are switched off and on.
+/// typed and undone, modes are turned off and on.
 ///
 /// Memory varies within a round, so it is sampled at the same moments of each round, and the median of the
 /// samples counts for the round. The first tenth of the time is not counted, because caches and the heap

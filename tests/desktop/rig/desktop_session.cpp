@@ -102,7 +102,7 @@ void DesktopSession::makeEnvironment(const QMap<QString, QString> &extra)
 
     const auto folder = [&](const char *variable, const QString &name) {
         if (!home().mkpath(name))
-            failRig(QStringLiteral("cannot make %1").arg(home().filePath(name)));
+            failRig(QStringLiteral("cannot create %1").arg(home().filePath(name)));
         m_environment.insert(QLatin1String(variable), home().filePath(name));
     };
     folder("HOME", QStringLiteral("."));

@@ -53,7 +53,7 @@ std::unique_ptr<Recorder> Recorder::fromEnvironment(const QString &display, cons
     if (folder.isEmpty())
         return nullptr;
     if (!QDir().mkpath(folder))
-        failRig(QString("cannot make %1").arg(folder));
+        failRig(QString("cannot create %1").arg(folder));
     return std::unique_ptr<Recorder>(new Recorder(display, part, unusedPath(QDir(folder))));
 }
 

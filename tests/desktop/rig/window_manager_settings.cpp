@@ -18,7 +18,7 @@ void write(const QDir &home, const QString &name, const QByteArray &content)
 void makeFolder(const QDir &home, const QString &folder)
 {
     if (!home.mkpath(folder))
-        failRig(QStringLiteral("cannot make %1").arg(home.filePath(folder)));
+        failRig(QStringLiteral("cannot create %1").arg(home.filePath(folder)));
 }
 
 } // namespace

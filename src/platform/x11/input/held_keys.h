@@ -7,7 +7,7 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// Recognizes key presses that are not meant for our windows: repeats of keys that were already held when a
+/// Recognises key presses that are not meant for our windows: repeats of keys that were already held when a
 /// window got the keyboard. The server sends repeats to the window that has the keyboard now.
 class HeldKeys
 {

@@ -40,14 +40,14 @@ public:
         Window canvas = kNoWindow;
     };
 
-    /// What the order asks for. Handling a press or a key, and resuming the connection, may call the order
-    /// again.
+    /// What a KeyOrder asks its owner to do. Handling a press or a key, and resuming the connection, may call
+    /// the KeyOrder again.
     class Actions
     {
     public:
         virtual ~Actions() = default;
 
-        /// Has each key announced on our connection.
+        /// Makes the server announce each key on our connection.
         virtual void startAnnouncements() = 0;
         virtual void stopAnnouncements() = 0;
         /// Stops handling what arrives on our connection. Must call `giveUp` if it stays paused for too long.

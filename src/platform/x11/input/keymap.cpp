@@ -17,8 +17,8 @@ bool isLatin(xkb_keysym_t symbol)
     return symbol != XKB_KEY_NoSymbol && symbol <= 0xFF;
 }
 
-/// The Latin letter by which a command such as Ctrl+Z knows the key: that of the first of the user's layouts
-/// that has one there, else `symbol`.
+/// The Latin letter of the key for commands such as Ctrl+Z: the letter in the first of the user's layouts
+/// that has one on this key, else `symbol`.
 xkb_keysym_t latinSymbol(xkb_keymap *keymap, xkb_keycode_t key, xkb_keysym_t symbol)
 {
     for (xkb_layout_index_t layout = 0; layout < xkb_keymap_num_layouts_for_key(keymap, key); ++layout) {

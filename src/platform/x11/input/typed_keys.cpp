@@ -178,7 +178,8 @@ bool TypedKeys::sendMark(xcb_window_t field, std::uint32_t mark)
 
 void TypedKeys::releaseLater(std::uint32_t mark)
 {
-    // Qt hands its windows the keys once it has read everything there is, and runs queued calls after that.
+    // Qt hands the keys to its windows once it has read everything that has arrived, and runs queued calls
+    // after that.
     QMetaObject::invokeMethod(
         this, [this, mark] { m_order.release(mark); }, Qt::QueuedConnection);
 }

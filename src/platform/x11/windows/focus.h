@@ -55,7 +55,7 @@ private:
     bool isDown(xcb_keycode_t key) const;
     bool trySet(xcb_window_t window);
     xcb_window_t topmostClient();
-    /// A dock may be the topmost window, but nobody types into it.
+    /// A dock may be the topmost window, but users do not type into it.
     bool isDock(xcb_window_t window);
     bool isViewable(xcb_window_t window) const;
 

@@ -52,7 +52,7 @@ struct StackPlace
 /// Where the lowest of our windows belongs: above every visible window of other programs, but below screen
 /// lockers and below what is above a screen locker.
 ///
-/// A screen locker is an override-redirect window that covers a whole screen and is no frame of the window
+/// A screen locker is an override-redirect window that covers a whole screen and is not a frame of the window
 /// manager.
 StackPlace placeOfLowest(const WindowStack &stack);
 

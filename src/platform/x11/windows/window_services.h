@@ -12,7 +12,7 @@
 
 namespace zeigewerk::platform::x11 {
 
-/// What surfaces and widget windows need of the desktop. All of it outlives them.
+/// What surfaces and widget windows need from the desktop. All of it outlives them.
 struct WindowServices
 {
     Connection &connection;

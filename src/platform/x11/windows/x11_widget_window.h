@@ -24,10 +24,10 @@ public:
 
     QRectF frame() const override;
     void setFrameOrigin(QPointF origin) override;
-    /// Where its middle would lie outside the screen, and a screen of another scale begins there, the widget
-    /// is cut at the edge: Qt knows one scale for a window.
+    /// If the window's middle would lie on a screen of another scale, the widget is cut off at the edge of
+    /// its own screen: Qt uses one scale for the whole window.
     void setFrameOriginOn(const QRectF &screenFrame, QPointF origin) override;
-    /// By the pointer's place now: the event's was measured before the window last moved.
+    /// Uses the pointer's current place: the event's position was measured before the window last moved.
     void drag(QPointF grip, QPointF position) override;
     bool isVisible() const override { return isShown(); }
     void orderFrontRegardless() override { orderFront(); }

@@ -1,4 +1,4 @@
-// The stand-in for a program that uses the seam to the desktop.
+// Runs the stand-in for a program that uses the seam to the desktop.
 #pragma once
 
 #include "rig.h"
@@ -12,17 +12,17 @@ inline QString factorsOf(const QString &scales)
     return QString("DUMMY0=%1;DUMMY1=%2").arg(scales.section(';', 0, 0), scales.section(';', 1));
 }
 
-/// The stand-in, running: a red slab of 150 x 300 points with an ornament around it.
-class Seam
+/// The running stand-in: a red widget of 150 x 300 points with an ornament around it.
+class SeamStandIn
 {
 public:
-    explicit Seam(DesktopSession &session, const QMap<QString, QString> &environment = {})
+    explicit SeamStandIn(DesktopSession &session, const QMap<QString, QString> &environment = {})
         : m_session(session)
         , m_child(commandOf(session, environment))
     {
     }
 
-    /// What it answers to that line; it has then done what it says.
+    /// Sends the line, and returns the answer once the stand-in has carried it out.
     QString tell(const QString &line)
     {
         QProcess &process = m_child.process();
@@ -44,7 +44,7 @@ public:
         }
         return shown;
     }
-    /// The slab on the screen, without its ornament, in native pixels.
+    /// The widget on the screen, without its ornament, in native pixels.
     QRect red()
     {
         const QImage image = m_session.screenshot().image();

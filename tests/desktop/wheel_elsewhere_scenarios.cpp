@@ -207,6 +207,10 @@ void WheelElsewhereScenarios::overTheCanvasAScrollAxisCountsOnce()
     // Nor does the canvas count the steps elsewhere.
     show.session.keyboard().chord({Key::Ctrl}, Key::D);
     EVENTUALLY(show.hasKeyboard());
+    // The canvas reads the axis when the pointer comes onto it, so a step before that is lost. Once there is
+    // ink, it has.
+    QVERIFY(show.session.pointer().drag({kMiddle, kMiddle + QPoint(20, 0), kMiddle}));
+    EVENTUALLY(show.pixel(kMiddle + QPoint(10, 0)) == kInk);
     QVERIFY(mouse.scroll(-ScrollMouse::kNotch));
     EVENTUALLY(isStored(show, kRadius));
     EVENTUALLY(reaches(show, kRadius));

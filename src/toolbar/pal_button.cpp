@@ -36,8 +36,6 @@ PalButton::PalButton(QWidget *parent, QSize size, const QString &tip)
     setFixedSize(size);
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
-    // Otherwise a press on a disabled button would drag the panel.
-    setAttribute(Qt::WA_NoMousePropagation);
     // The menu belongs to the background: a right click on a button opens none.
     setContextMenuPolicy(Qt::PreventContextMenu);
     setToolTip(tip);

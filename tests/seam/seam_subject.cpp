@@ -110,7 +110,7 @@ QString SeamSubject::tell(const QString &line)
         {"follow",   &SeamSubject::follow},         // on|off
         {"interact", &SeamSubject::interact},       // begin|end
         {"desktop",  &SeamSubject::desktop},        // screens|visible|main|pointer|tray|features
-        {"signals",  &SeamSubject::signalCount},    // screens|features|compositing|tray
+        {"signals",  &SeamSubject::signalCount},    // tray
     };
     // clang-format on
     const QStringList words = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -146,43 +146,37 @@ QString SeamSubject::makeWindow(const Words &words)
     return {};
 }
 
+template <typename Use>
+auto SeamSubject::withNamed(const Words &words, Use use)
+{
+    if (const auto found = m_surfaces.find(words.value(1)); found != m_surfaces.end())
+        return use(*found->second->surface);
+    return use(*m_windows.at(words.value(1))->window);
+}
+
 QString SeamSubject::order(const Words &words)
 {
-    const auto apply = [&](auto &target) {
-        words.value(2) == QLatin1String("front") ? target.orderFrontRegardless() : target.orderOut();
-    };
-    if (const auto found = m_surfaces.find(words.value(1)); found != m_surfaces.end())
-        apply(*found->second->surface);
-    else
-        apply(*m_windows.at(words.value(1))->window);
+    const bool isFront = words.value(2) == QLatin1String("front");
+    withNamed(words, [&](auto &named) { isFront ? named.orderFrontRegardless() : named.orderOut(); });
     return {};
 }
 
 QString SeamSubject::setOrigin(const Words &words)
 {
-    if (const auto found = m_surfaces.find(words.value(1)); found != m_surfaces.end())
-        found->second->surface->setFrameOrigin(pointAt(words, 2));
-    else
-        m_windows.at(words.value(1))->window->setFrameOrigin(pointAt(words, 2));
+    withNamed(words, [&](auto &named) { named.setFrameOrigin(pointAt(words, 2)); });
     return {};
 }
 
 QString SeamSubject::setMouse(const Words &words)
 {
     const bool ignores = words.value(2) == QLatin1String("ignore");
-    if (const auto found = m_surfaces.find(words.value(1)); found != m_surfaces.end())
-        found->second->surface->setIgnoresMouseEvents(ignores);
-    else
-        m_windows.at(words.value(1))->window->setIgnoresMouseEvents(ignores);
+    withNamed(words, [&](auto &named) { named.setIgnoresMouseEvents(ignores); });
     return {};
 }
 
 QString SeamSubject::makeKey(const Words &words)
 {
-    if (const auto found = m_surfaces.find(words.value(1)); found != m_surfaces.end())
-        found->second->surface->makeKey();
-    else
-        m_windows.at(words.value(1))->window->makeKey();
+    withNamed(words, [](auto &named) { named.makeKey(); });
     return {};
 }
 
@@ -204,9 +198,7 @@ QString SeamSubject::damage(const Words &words)
 
 QString SeamSubject::frame(const Words &words)
 {
-    if (const auto found = m_surfaces.find(words.value(1)); found != m_surfaces.end())
-        return text(found->second->surface->frame());
-    return text(m_windows.at(words.value(1))->window->frame());
+    return withNamed(words, [](auto &named) { return text(named.frame()); });
 }
 
 QString SeamSubject::state(const Words &words)

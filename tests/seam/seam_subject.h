@@ -33,6 +33,9 @@ private:
     using Command = QString (SeamSubject::*)(const Words &words);
 
     void listenToDesktop();
+    /// Passes `use` the surface or window with the name in the line.
+    template <typename Use>
+    auto withNamed(const Words &words, Use use);
     QString makeSurface(const Words &words);
     QString makeWindow(const Words &words);
     QString order(const Words &words);

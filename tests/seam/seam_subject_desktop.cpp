@@ -76,9 +76,6 @@ void SeamSubject::listenToDesktop()
     const auto count = [this](const char *name) {
         return [this, key = QString::fromLatin1(name)] { ++m_signals[key]; };
     };
-    QObject::connect(&m_desktop, &Desktop::screensChanged, &m_desktop, count("screens"));
-    QObject::connect(&m_desktop, &Desktop::compositingChanged, &m_desktop, count("compositing"));
-    QObject::connect(&m_desktop, &Desktop::featuresChanged, &m_desktop, count("features"));
     QObject::connect(&m_desktop, &Desktop::trayChanged, &m_desktop, count("tray"));
     QObject::connect(&m_desktop.hotKeys(), &HotKeys::pressed, &m_desktop,
                      [this](HotKeyId id) { m_heard.append(QStringLiteral("hotkey %1").arg(nameOf(id))); });
